@@ -1,0 +1,42 @@
+#pragma once
+
+#include "data/Value.h"
+
+#include <QString>
+
+#include <vector>
+
+namespace tarnwell {
+
+enum class NewRowPosition { First, Last };
+
+/// How a column shows its values. `Fixed`: two decimals, right-aligned. `YesNo`: a check box.
+/// `GeneralDate`: "mm/dd/yy hh:mm".
+enum class ColumnFormat { General, Fixed, YesNo, GeneralDate };
+
+/// How a column is edited. `ButtonOnly` columns are not bound to a field.
+enum class ColumnEdit { Text, CheckBox, ValueList, ButtonOnly, TextWithButton, None };
+
+/// One entry of a value list: what is stored and what is shown.
+struct ListEntry {
+    Value value;
+    QString text;
+};
+
+/// One column of a grid, as data.
+struct GridColumn {
+    QString key;     ///< Field of the recordset; empty or unknown to it for a button column.
+    QString caption;
+    bool visible = true;
+    ColumnFormat format = ColumnFormat::General;
+    ColumnEdit edit = ColumnEdit::Text;
+    int maxLength = 0;          ///< Characters that the editor takes; 0 for no limit.
+    int width = 0;              ///< Pixels at first show; 0 lets the column share what is left.
+    Value defaultValue = {};    ///< Given to a new row; Empty for none.
+    QString tag = {};           ///< Status bar text when the column is entered.
+    QString headerToolTip = {};
+    bool selectable = true;
+    std::vector<ListEntry> valueList = {};
+};
+
+} // namespace tarnwell

@@ -1,0 +1,69 @@
+#pragma once
+
+#include "data/RunTimeError.h"
+
+#include <QString>
+
+#include <memory>
+
+namespace tarnwell {
+
+namespace data {
+class Engine;
+}
+
+/// States of a connection or a recordset.
+enum class ObjectState { Closed = 0, Open = 1 };
+
+/// One connection to one database. Statements are written in the system's own dialect (see `Dialect.h`) and
+/// run one at a time: a second statement behind the first, a schema change, attach or pragma is refused.
+class Connection {
+public:
+    Connection();
+    ~Connection();
+    Connection(const Connection&) = delete;
+    Connection& operator=(const Connection&) = delete;
+
+    /// "Provider=...;Data Source=...;...". Raises ObjectOpen while open.
+    void setConnectionString(const QString& text);
+    [[nodiscard]] const QString& connectionString() const { return m_connectionString; }
+
+    /// Opens the file behind "Data Source". Raises ProviderNotFound, DatabaseNotFound (a missing file is
+    /// never created), DatabaseForeign (not a database, damaged, or without our tables), DatabaseLocked.
+    void Open();
+    /// Closes, even with recordsets open on it; those then raise ObjectClosed.
+    void Close();
+    [[nodiscard]] ObjectState State() const;
+
+    /// Runs a statement that returns no rows. Returns the number of rows touched. Waits for another seat's
+    /// write up to the busy timeout, then raises DatabaseLocked.
+    int Execute(const QString& sql);
+
+    /// Immediate transactions: the wait for another writer happens here. They do not nest.
+    void BeginTrans();
+    void CommitTrans();
+    void RollbackTrans();
+
+    /// The engine below; only `data/` uses it.
+    [[nodiscard]] data::Engine& engine() const;
+
+private:
+    QString m_connectionString;
+    std::shared_ptr<data::Engine> m_engine;
+};
+
+/// Begins a transaction; rolls it back unless `commit` was called.
+class Transaction {
+public:
+    explicit Transaction(Connection& connection);
+    ~Transaction();
+    Transaction(const Transaction&) = delete;
+    Transaction& operator=(const Transaction&) = delete;
+    void commit();
+
+private:
+    Connection& m_connection;
+    bool m_open = true;
+};
+
+} // namespace tarnwell

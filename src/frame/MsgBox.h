@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QString>
+
+#include <functional>
+
+namespace tarnwell {
+
+enum class MessageIcon { None, Critical, Question, Exclamation, Information };
+enum class MessageButtons { Ok, OkCancel, YesNo, YesNoCancel };
+enum class Answer { Ok, Cancel, Yes, No };
+
+/// A message box: what it says and which answer Enter gives.
+struct MessageRequest {
+    QString text;
+    QString title;
+    MessageButtons buttons = MessageButtons::Ok;
+    MessageIcon icon = MessageIcon::None;
+    int defaultButton = 1; ///< 1 is the first.
+};
+
+/// Rules ask their questions through one of these.
+using Ask = std::function<Answer(const MessageRequest&)>;
+
+/// Shows the message and waits for the answer, through whoever presents messages in this process.
+Answer MsgBox(const MessageRequest& request);
+/// The program installs the toolkit's message box; tests a script. Returns the presenter before. Without one
+/// the text goes to standard error and the default button answers.
+Ask setMessagePresenter(Ask presenter);
+
+} // namespace tarnwell

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QString>
+
+namespace tarnwell {
+
+inline constexpr auto jetProvider = "Microsoft.Jet.OLEDB.4.0";
+
+/// Fills the globals from the machine and the settings; writes the defaults on a first start (no "Provider"
+/// value). `programFolder` is the running program's folder. Raises FileAccess when a first start can't write.
+void ReadSettings(const QString& programFolder);
+
+/// The connection string for a provider: the catalog and server for any but the Jet one, else the file.
+[[nodiscard]] QString composeConnectionString(const QString& provider, const QString& dataSource,
+                                              const QString& dataServer, const QString& misc);
+
+/// The login name; empty when it does not fit 24 characters or is not known.
+[[nodiscard]] QString GetLoginName();
+
+/// "Tarnwell: Version 1.0.0".
+[[nodiscard]] QString mainWindowCaption();
+
+} // namespace tarnwell

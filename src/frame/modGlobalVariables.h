@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QString>
+
+namespace tarnwell {
+
+inline QString gRegistryKey;      ///< The settings' key path.
+inline QString gUserName;         ///< Login name; empty when it could not be read.
+inline QString gComputerName;     ///< Kept for reference.
+inline QString gWindowsFolder;    ///< Kept for reference.
+inline QString gAppPath;          ///< The program's folder, without a separator at its end.
+inline QString gConnectionString; ///< What `cnnConnection` opens.
+inline QString gImportPath;       ///< Folder, with a separator at its end; likewise the paths below.
+inline QString gLogPath;
+inline QString gLayoutPath;
+inline QString gDataPath;
+inline QString gReportDataPath;   ///< A file.
+inline bool gHiddenMode = false;  ///< The program runs with its window hidden. Nothing sets it.
+inline bool gBatchMode = false;   ///< Errors are recorded, not shown. Nothing sets it.
+inline int gLastError = 0;        ///< Number of the last error in batch mode.
+
+} // namespace tarnwell

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "frame/MsgBox.h"
+
+#include <initializer_list>
+#include <deque>
+#include <vector>
+
+namespace tarnwell::test {
+
+/// Answers message boxes from a list, in order, and keeps what was shown. A message behind the last answer
+/// gets its default button and fails the test that is running.
+class MessageScript {
+public:
+    explicit MessageScript(std::initializer_list<Answer> answers = {});
+    ~MessageScript();
+    MessageScript(const MessageScript&) = delete;
+    MessageScript& operator=(const MessageScript&) = delete;
+
+    void expect(Answer answer) { m_answers.push_back(answer); }
+    [[nodiscard]] const std::vector<MessageRequest>& shown() const { return m_shown; }
+    /// For rules that ask through a callback.
+    [[nodiscard]] Ask ask();
+
+private:
+    Answer present(const MessageRequest& request);
+
+    std::deque<Answer> m_answers;
+    std::vector<MessageRequest> m_shown;
+    Ask m_before;
+};
+
+} // namespace tarnwell::test

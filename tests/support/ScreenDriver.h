@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QPoint>
+#include <QString>
+#include <QWidget>
+
+#include <functional>
+
+namespace tarnwell::test {
+
+/// Drives a shown window as a person does: real key and mouse events, widgets found by objectName.
+class ScreenDriver {
+public:
+    explicit ScreenDriver(QWidget& window);
+
+    /// The control of that name; fails the test and throws when there is none.
+    template <class T = QWidget>
+    [[nodiscard]] T& find(const QString& name) const {
+        T* found = window().findChild<T*>(name);
+        if (found == nullptr)
+            reportMissing(name);
+        return *found;
+    }
+
+    /// Keys to whatever has the focus.
+    void type(const QString& text) const;
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier, int times = 1) const;
+    void click(const QString& name, QPoint at = {}) const;
+    void doubleClick(const QString& name, QPoint at = {}) const;
+    /// A toolbar button by its caption.
+    void clickToolbar(const QString& caption) const;
+    void focus(const QString& name) const;
+    [[nodiscard]] QString focusedName() const;
+
+    [[nodiscard]] QWidget& window() const { return m_window; }
+
+private:
+    [[noreturn]] static void reportMissing(const QString& name);
+
+    QWidget& m_window;
+};
+
+/// Runs the event loop until the condition holds; false after two seconds.
+[[nodiscard]] bool waitFor(const std::function<bool()>& condition);
+/// Runs a routine once the next modal window is up (before a call that blocks in it).
+void whenModal(std::function<void(QWidget& window)> routine);
+
+} // namespace tarnwell::test

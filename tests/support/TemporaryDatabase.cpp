@@ -1,0 +1,41 @@
+#include "support/TemporaryDatabase.h"
+
+#include "data/DatabaseFile.h"
+#include "data/Schema.h"
+
+namespace tarnwell::test {
+
+QString connectionStringFor(const QString& path) {
+    return QStringLiteral("Provider=Microsoft.Jet.OLEDB.4.0;Data Source=%1;Persist Security Info=False").arg(path);
+}
+
+TemporaryDatabase::TemporaryDatabase() {
+    createDatabase(path());
+    m_connection.setConnectionString(connectionStringFor(path()));
+    m_connection.Open();
+}
+
+QString TemporaryDatabase::path() const { return m_folder.filePath(QStringLiteral("Tarnwell.mdb")); }
+
+std::unique_ptr<Connection> TemporaryDatabase::secondSeat() const {
+    auto seat = std::make_unique<Connection>();
+    seat->setConnectionString(connectionStringFor(path()));
+    seat->Open();
+    return seat;
+}
+
+qint64 TemporaryDatabase::add(const QString& table, const std::vector<std::pair<QString, Value>>& values) {
+    Recordset rows;
+    rows.Open(table, m_connection, CursorType::Dynamic, LockType::Optimistic);
+    rows.AddNew();
+    for (const auto& [column, value] : values)
+        rows.set(column, value);
+    rows.Update();
+    return rows.field(schema::findTable(table)->keyColumn).toLong();
+}
+
+Value TemporaryDatabase::ask(const QString& sql) {
+    return firstValue(m_connection, sql).value_or(Value());
+}
+
+} // namespace tarnwell::test

@@ -1,0 +1,35 @@
+# Sourced by ./run and ./test: the Debian packages that they need, and how to get them.
+
+BUILD_PACKAGES="g++ cmake ninja-build qt6-base-dev libqt6svg6-dev libsqlite3-dev"
+RUN_PACKAGES="libqt6svg6 qt6-qpa-plugins fonts-liberation"
+TEST_PACKAGES="libgtest-dev libbenchmark-dev"
+VIRTUAL_DISPLAY_PACKAGES="xvfb xauth openbox xdotool scrot sqlite3"
+
+say() { printf '== %s\n' "$*"; }
+
+as_root() {
+    if [ "$(id -u)" -eq 0 ]; then "$@"; else sudo "$@"; fi
+}
+
+is_installed() {
+    [ "$(dpkg-query -W -f '${db:Status-Status}' "$1" 2>/dev/null)" = installed ]
+}
+
+install_missing() {
+    missing=
+    for package in "$@"; do
+        is_installed "$package" || missing="$missing $package"
+    done
+    [ -n "$missing" ] || return 0
+    say "Installing:$missing"
+    as_root apt-get update -qq
+    as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends $missing
+}
+
+# build PRESET TARGET...
+build() {
+    preset=$1
+    shift
+    [ -e "build/$preset/build.ninja" ] || cmake --preset "$preset"
+    cmake --build --preset "$preset" --target "$@"
+}

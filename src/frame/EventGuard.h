@@ -24,7 +24,8 @@ void runEvent(Routine&& routine) {
     }
 }
 
-/// A slot whose errors reach the outer handler: connect(button, &QPushButton::clicked, guarded([this] {...})).
+/// A slot whose errors reach the outer handler: connect(button, &QPushButton::clicked, guarded([this]
+/// {...})).
 template <typename Routine>
 [[nodiscard]] auto guarded(Routine routine) {
     return [routine = std::move(routine)](auto&&... arguments) mutable {

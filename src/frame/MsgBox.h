@@ -3,6 +3,7 @@
 #include <QString>
 
 #include <functional>
+#include <span>
 
 namespace tarnwell {
 
@@ -21,6 +22,11 @@ struct MessageRequest {
 
 /// Rules ask their questions through one of these.
 using Ask = std::function<Answer(const MessageRequest&)>;
+
+/// The answers that a set of buttons offers, from the first button to the last.
+[[nodiscard]] std::span<const Answer> answersOf(MessageButtons buttons);
+/// What Enter answers; the nearest button for a number that the message does not have.
+[[nodiscard]] Answer defaultAnswer(const MessageRequest& request);
 
 /// Shows the message and waits for the answer, through whoever presents messages in this process.
 Answer MsgBox(const MessageRequest& request);

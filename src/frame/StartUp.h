@@ -5,6 +5,8 @@
 namespace tarnwell {
 
 inline constexpr auto jetProvider = "Microsoft.Jet.OLEDB.4.0";
+/// What `gRegistryKey` is set to, under the local machine's root.
+inline constexpr auto registryKey = u"Software\\Brenmoor\\Tarnwell";
 
 /// Fills the globals from the machine and the settings; writes the defaults on a first start (no "Provider"
 /// value). `programFolder` is the running program's folder. Raises FileAccess when a first start can't write.
@@ -16,6 +18,12 @@ void ReadSettings(const QString& programFolder);
 
 /// The login name; empty when it does not fit 24 characters or is not known.
 [[nodiscard]] QString GetLoginName();
+
+/// The name if a buffer of 25 characters, the closing NUL among them, holds it; else empty.
+[[nodiscard]] QString fitLoginName(const QString& name);
+
+/// Where the system keeps its own programs; empty elsewhere than on Windows.
+[[nodiscard]] QString GetWindowsFolder();
 
 /// "Tarnwell: Version 1.0.0".
 [[nodiscard]] QString mainWindowCaption();

@@ -31,13 +31,13 @@ public:
 
 /// Key codes that the routines know.
 namespace KeyCode {
-inline constexpr int Tab = 9, Enter = 13, Shift = 16, Control = 17, Alt = 18, Escape = 27, End = 35, Home = 36,
-                     Left = 37, Up = 38, Right = 39, Down = 40, Delete = 46;
+inline constexpr int Tab = 9, Enter = 13, Shift = 16, Control = 17, Alt = 18, Escape = 27, End = 35,
+                     Home = 36, Left = 37, Up = 38, Right = 39, Down = 40, Delete = 46;
 }
 
-/// Chooses the first entry at or after the text in front of the caret (the whole text when the caret is at 0),
-/// and puts the caret behind what was typed; past the last entry, the last one. Returns the index chosen, -1
-/// on an early return or an empty list. Releases of Tab, Shift, Ctrl and Alt do nothing.
+/// Chooses the first entry at or after the text in front of the caret (the whole text when the caret is at
+/// 0), and puts the caret behind what was typed; past the last entry, the last one. Returns the index chosen,
+/// -1 on an early return or an empty list. Releases of Tab, Shift, Ctrl and Alt do nothing.
 int ComboIncrementalSearch(SearchableList& combo, int keyCode, int shift, bool emptyCheck = true);
 
 /// The key of the first row at or after what was typed in front of the caret, 0 for none. The first "#" of

@@ -10,8 +10,8 @@ enum class RegistryRoot { LocalMachine, CurrentUser };
 
 /// Types that the store knows; others are ignored by a write and read as Empty.
 namespace RegistryType {
-inline constexpr int Text = 1;    // REG_SZ
-inline constexpr int Number = 4;  // REG_DWORD
+inline constexpr int Text = 1;   // REG_SZ
+inline constexpr int Number = 4; // REG_DWORD
 } // namespace RegistryType
 
 // Settings: the registry's keys and values, kept in one JSON file under the XDG configuration folder. The

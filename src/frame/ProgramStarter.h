@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+
+namespace tarnwell {
+
+/// Starts a program and returns when it has ended; events are handled meanwhile. Raises FileNotFound (53)
+/// when it can't be started.
+using ProgramStarter = std::function<void(const QString& program, const QStringList& arguments)>;
+
+/// Null restores the machine's own starter. Returns the starter before.
+ProgramStarter setProgramStarter(ProgramStarter starter);
+
+/// Runs the program and waits for its end, with the windows still alive. A program that is not there is told
+/// by a message; any other error goes to `ErrorHandler`.
+void ShellAndWait(const QString& program, const QStringList& arguments);
+
+} // namespace tarnwell

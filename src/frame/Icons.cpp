@@ -1,0 +1,94 @@
+#include "frame/Icons.h"
+
+#include "frame/Theme.h"
+
+#include <QFile>
+#include <QGuiApplication>
+#include <QIconEngine>
+#include <QPainter>
+#include <QPalette>
+#include <QPixmapCache>
+#include <QSvgRenderer>
+
+/// The images are compiled into a static library, whose resources the linker would leave out unasked.
+static void registerImages() {
+    Q_INIT_RESOURCE(resources);
+}
+
+namespace tarnwell {
+
+namespace {
+
+/// The colour in which the images' lines are drawn in their files.
+constexpr auto drawnLineColor = "#6b7785";
+constexpr double disabledOpacity = 0.35;
+
+QColor lineColor() {
+    const QPalette palette = QGuiApplication::palette();
+    return mixed(palette.color(QPalette::Active, QPalette::WindowText), palette.color(QPalette::Window),
+                 0.25);
+}
+
+/// Draws one of our images at any size. It needs no plug-in and follows the palette.
+class LineIconEngine : public QIconEngine {
+public:
+    LineIconEngine(QString path, QByteArray image) : m_path(std::move(path)), m_image(std::move(image)) {}
+
+    void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State /*state*/) override {
+        QByteArray image = m_image;
+        image.replace(drawnLineColor, lineColor().name().toLatin1());
+        const double opacity = painter->opacity();
+        painter->setOpacity(mode == QIcon::Disabled ? opacity * disabledOpacity : opacity);
+        QSvgRenderer(image).render(painter, rect);
+        painter->setOpacity(opacity);
+    }
+
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
+        const QString key = QStringLiteral("%1 %2x%3 %4 %5")
+                                .arg(m_path)
+                                .arg(size.width())
+                                .arg(size.height())
+                                .arg(mode == QIcon::Disabled)
+                                .arg(lineColor().rgb());
+        QPixmap drawn;
+        if (QPixmapCache::find(key, &drawn))
+            return drawn;
+        drawn = QPixmap(size);
+        drawn.fill(Qt::transparent);
+        QPainter painter(&drawn);
+        paint(&painter, QRect(QPoint(), size), mode, state);
+        painter.end();
+        QPixmapCache::insert(key, drawn);
+        return drawn;
+    }
+
+    [[nodiscard]] QIconEngine* clone() const override { return new LineIconEngine(*this); }
+
+private:
+    QString m_path;
+    QByteArray m_image;
+};
+
+QIcon iconAt(const QString& path) {
+    static const bool registered = (registerImages(), true);
+    QFile file(path);
+    if (!registered || !file.open(QIODevice::ReadOnly))
+        return {};
+    return QIcon(new LineIconEngine(path, file.readAll()));
+}
+
+} // namespace
+
+QIcon toolbarIcon(const QString& imageKey) {
+    return iconAt(QStringLiteral(":/icons/toolbar/%1.svg").arg(imageKey));
+}
+
+QIcon barIcon(const QString& imageKey) {
+    return iconAt(QStringLiteral(":/icons/bar/%1.svg").arg(imageKey));
+}
+
+QIcon programIcon() {
+    return iconAt(QStringLiteral(":/icons/tarnwell.svg"));
+}
+
+} // namespace tarnwell

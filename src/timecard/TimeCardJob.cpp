@@ -1,0 +1,52 @@
+#include "timecard/TimeCardJob.h"
+
+#include "data/Recordset.h"
+#include "frame/modFormatFunctions.h"
+
+namespace tarnwell {
+
+std::optional<JobHeader> readJobHeader(Connection& connection, qint64 jobKey) {
+    Recordset job;
+    job.Open("SELECT Job.JobNumber, Job.Name, Contractor.Name FROM Contractor INNER JOIN Job ON "
+             "Contractor.ContractorKey = Job.ContractorKey WHERE JobKey=" +
+                 QString::number(jobKey),
+             connection);
+    if (job.atEnd())
+        return std::nullopt;
+    return JobHeader{.jobNumber = FieldText(job["JobNumber"]),
+                     .name = FieldText(job["Job.Name"]),
+                     .builder = FieldText(job["Contractor.Name"])};
+}
+
+QString lotsOfJob(qint64 jobKey) {
+    return "SELECT * FROM JobLot WHERE JobKey=" + QString::number(jobKey) + " ORDER BY LotBlock";
+}
+
+QString tasksOfLot(const Value& jobLotKey, qint64 codeKey) {
+    return "SELECT *  FROM JobLotTask WHERE jobLotKey = " + FieldText(jobLotKey) +
+           " AND CodeKey=" + QString::number(codeKey) + " ORDER BY Name, ParentKey, Child";
+}
+
+std::vector<KeyedText> readCategories(Connection& connection) {
+    Recordset codes;
+    codes.Open("SELECT * FROM Code WHERE Deleted=0 AND Code1=2 ORDER BY Description", connection);
+    std::vector<KeyedText> items;
+    for (; !codes.atEnd(); codes.MoveNext())
+        items.push_back({.text = FieldText(codes["Description"]), .key = codes["CodeKey"].toLong()});
+    return items;
+}
+
+std::vector<KeyedText> readActiveEmployees(Connection& connection) {
+    Recordset employees;
+    employees.Open("SELECT EmployeeKey, SSN, LastName, FirstName FROM Employee WHERE Inactive=0 "
+                   "ORDER BY SSN",
+                   connection);
+    std::vector<KeyedText> items{{}};
+    for (; !employees.atEnd(); employees.MoveNext())
+        items.push_back({.text = FieldText(employees.field(1)) + u'/' + FieldText(employees.field(2)) + u',' +
+                                 FieldText(employees.field(3)),
+                         .key = employees.field(0).toLong()});
+    return items;
+}
+
+} // namespace tarnwell

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "data/Connection.h"
+#include "data/Value.h"
+
+#include <QString>
+
+#include <optional>
+#include <vector>
+
+namespace tarnwell {
+
+/// What the screen shows of a job.
+struct JobHeader {
+    QString jobNumber;
+    QString name;
+    QString builder;
+};
+
+/// A line of a combo and the key behind it; 0 for none.
+struct KeyedText {
+    QString text;
+    qint64 key = 0;
+};
+
+/// For `LookupKeyByTyping`: the first open job at or after the typed number, which takes the place of "#".
+inline constexpr auto typedJobLookup =
+    "SELECT JobKey FROM Job WHERE isnull(CompletedDate) AND JobNumber>='#' ORDER BY JobNumber";
+
+/// Nothing when the job has gone since it was found.
+[[nodiscard]] std::optional<JobHeader> readJobHeader(Connection& connection, qint64 jobKey);
+
+/// The lots of a job; none for 0.
+[[nodiscard]] QString lotsOfJob(qint64 jobKey);
+/// The tasks of a lot in a category, families together.
+[[nodiscard]] QString tasksOfLot(const Value& jobLotKey, qint64 codeKey);
+inline constexpr auto tasksOfNoLot =
+    "SELECT *  FROM JobLotTask WHERE JobLotKey = 0 ORDER BY Name, ParentKey, Child";
+
+/// The master task categories by name.
+[[nodiscard]] std::vector<KeyedText> readCategories(Connection& connection);
+/// The active employees by social security number, behind a blank first item of key 0.
+[[nodiscard]] std::vector<KeyedText> readActiveEmployees(Connection& connection);
+
+} // namespace tarnwell

@@ -1,1 +1,155 @@
 #include "controls/Combo.h"
+
+#include "controls/KeyCodes.h"
+#include "data/RunTimeError.h"
+#include "frame/EventGuard.h"
+
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QListView>
+#include <QWheelEvent>
+
+#include <algorithm>
+
+namespace tarnwell {
+
+namespace {
+
+constexpr int visibleItems = 20;
+constexpr int shownCharacters = 12;
+
+} // namespace
+
+Combo::Combo(QWidget* parent) : QComboBox(parent), m_items(new ItemModel(this)) {
+    setEditable(true);
+    setCompleter(nullptr);
+    setInsertPolicy(NoInsert);
+    setModel(m_items);
+    setMaxVisibleItems(visibleItems);
+    // The longest entry of a long list is not looked for: the screen's layout gives the width.
+    setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
+    setMinimumContentsLength(shownCharacters);
+    if (auto* list = qobject_cast<QListView*>(view()))
+        list->setUniformItemSizes(true);
+    // Leaving the field with a text that equals an entry would choose that entry.
+    disconnect(lineEdit(), &QLineEdit::editingFinished, this, nullptr);
+    connect(lineEdit(), &QLineEdit::textEdited, this, &Combo::forgetChoice);
+    connect(this, &QComboBox::activated, this, [this](int index) {
+        m_listIndex = index;
+        Q_EMIT clicked();
+    });
+}
+
+void Combo::AddItem(const QString& text, qint64 itemData, int at) {
+    const int position = at < 0 ? ListCount() : at;
+    if (position > ListCount())
+        tarnwell::raise(Failure::InvalidProcedureCall);
+    // The first item of an empty list would choose itself.
+    const bool first = ListCount() == 0;
+    const QString before = currentText();
+    m_items->insert(position, {text, itemData});
+    if (first) {
+        QComboBox::setCurrentIndex(-1);
+        setEditText(before);
+    } else if (position <= m_listIndex) {
+        ++m_listIndex;
+    }
+}
+
+void Combo::setItems(std::vector<ListItem> items) {
+    m_items->setItems(std::move(items));
+    m_listIndex = -1;
+    QComboBox::setCurrentIndex(-1);
+    setEditText({});
+}
+
+void Combo::Clear() {
+    setItems({});
+}
+
+int Combo::ListCount() const {
+    return static_cast<int>(m_items->items().size());
+}
+
+QString Combo::List(int index) const {
+    return index >= 0 && index < ListCount() ? m_items->items()[static_cast<std::size_t>(index)].first
+                                             : QString();
+}
+
+void Combo::setListIndex(int index) {
+    if (index < -1 || index >= ListCount())
+        tarnwell::raise(Failure::InvalidProperty);
+    fireEvent([&] { choose(index); });
+}
+
+void Combo::choose(int index) {
+    m_listIndex = index;
+    QComboBox::setCurrentIndex(index);
+    // The same index again: the text may have been typed over.
+    setEditText(List(index));
+    Q_EMIT clicked();
+}
+
+qint64 Combo::ItemData(int index) const {
+    if (index < 0 || index >= ListCount())
+        tarnwell::raise(Failure::InvalidProperty);
+    return m_items->items()[static_cast<std::size_t>(index)].second;
+}
+
+void Combo::setText(const QString& text) {
+    forgetChoice();
+    setEditText(text);
+}
+
+void Combo::forgetChoice() {
+    m_listIndex = -1;
+}
+
+int Combo::SelStart() const {
+    return lineEdit()->hasSelectedText() ? lineEdit()->selectionStart() : lineEdit()->cursorPosition();
+}
+
+void Combo::setSelStart(int caret) {
+    lineEdit()->setCursorPosition(caret);
+}
+
+void Combo::step(int by) {
+    const int next = std::clamp(m_listIndex + by, 0, ListCount() - 1);
+    if (next != m_listIndex)
+        choose(next);
+}
+
+void Combo::keyPressEvent(QKeyEvent* event) {
+    int keyCode = keyCodeOf(*event);
+    Q_EMIT keyDown(keyCode, shiftStateOf(*event));
+    if (keyCode == 0) {
+        event->accept();
+        return;
+    }
+    const bool plain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+    const int by = event->key() == Qt::Key_Up         ? -1
+                   : event->key() == Qt::Key_Down     ? 1
+                   : event->key() == Qt::Key_PageUp   ? -visibleItems
+                   : event->key() == Qt::Key_PageDown ? visibleItems
+                                                      : 0;
+    if (plain && by != 0 && ListCount() > 0)
+        step(by);
+    else
+        QComboBox::keyPressEvent(event);
+}
+
+void Combo::keyReleaseEvent(QKeyEvent* event) {
+    QComboBox::keyReleaseEvent(event);
+    // A key that is held down is released once.
+    if (!event->isAutoRepeat())
+        Q_EMIT keyUp(keyCodeOf(*event), shiftStateOf(*event));
+}
+
+void Combo::wheelEvent(QWheelEvent* event) {
+    if (hasFocus())
+        QComboBox::wheelEvent(event);
+    else
+        event->ignore();
+}
+
+} // namespace tarnwell

@@ -1,44 +1,55 @@
 #pragma once
 
+#include "controls/ItemModel.h"
 #include "frame/modGeneral.h"
 
 #include <QComboBox>
 
 namespace tarnwell {
 
-/// A drop-down combo with a typed text and item data. Every choice, by mouse, key or code, fires `clicked`,
-/// also when the index stays the same.
+/// A drop-down combo with a typed text and item data. Every choice, by mouse, key or code, fires `clicked`
+/// once, also when the index stays the same. Typing chooses nothing: it leaves the text without an index.
 class Combo : public QComboBox, public SearchableList {
     Q_OBJECT
 
 public:
     explicit Combo(QWidget* parent = nullptr);
 
+    /// `at` is the new item's index, -1 for the end. Neither the text nor what is chosen changes.
     void AddItem(const QString& text, qint64 itemData = 0, int at = -1);
+    /// Replaces all items at once; nothing is chosen then.
+    void setItems(std::vector<ListItem> items);
     void Clear();
-    [[nodiscard]] int ListCount() const override { return count(); }
-    [[nodiscard]] QString List(int index) const override { return itemText(index); }
+    [[nodiscard]] int ListCount() const override;
+    [[nodiscard]] QString List(int index) const override;
     [[nodiscard]] int ListIndex() const { return m_listIndex; }
+    /// Raises InvalidProperty (380) below -1 and past the end. An error of the click routine comes back here.
     void setListIndex(int index) override;
     /// Raises InvalidProperty (380) for an index that is not in the list.
     [[nodiscard]] qint64 ItemData(int index) const;
     [[nodiscard]] QString Text() const override { return currentText(); }
+    /// Shows a text; an entry of the same text is not chosen by it.
     void setText(const QString& text);
     [[nodiscard]] int SelStart() const override;
     void setSelStart(int caret) override;
 
 Q_SIGNALS:
     void clicked();
+    /// Codes as in `KeyCode`; setting `keyCode` to 0 swallows the key.
     void keyDown(int& keyCode, int shift);
     void keyUp(int keyCode, int shift);
 
 protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
 
 private:
+    void choose(int index);
+    void step(int by);
+    void forgetChoice();
+
+    ItemModel* m_items;
     int m_listIndex = -1;
 };
 

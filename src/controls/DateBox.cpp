@@ -1,1 +1,102 @@
 #include "controls/DateBox.h"
+
+#include "controls/DayArrows.h"
+#include "data/RunTimeError.h"
+#include "frame/EventGuard.h"
+#include "frame/RunTime.h"
+
+#include <QEvent>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLineEdit>
+
+namespace tarnwell {
+
+namespace {
+
+constexpr int longestDateText = 30;
+constexpr int upper = 0, rest = 1;
+
+} // namespace
+
+DateBox::DateBox(Arrows arrows, QWidget* parent) : QWidget(parent), m_edit(new QLineEdit(this)) {
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(1);
+    row->addWidget(m_edit);
+    m_edit->setMaxLength(longestDateText);
+    m_edit->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    m_edit->installEventFilter(this);
+    setFocusProxy(m_edit);
+    connect(m_edit, &QLineEdit::textChanged, this, &DateBox::changed);
+    if (arrows == Arrows::None)
+        return;
+    auto* bar = new DayArrows(this);
+    bar->setFocusPolicy(Qt::NoFocus);
+    bar->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
+    row->addWidget(bar);
+    connect(bar, &DayArrows::valueChanged, this, guarded([this, bar](int value) {
+                if (value == rest)
+                    return;
+                turn(value == upper ? 1 : -1);
+                bar->setValue(rest);
+            }));
+}
+
+Value DateBox::value() const {
+    const QString shown = m_edit->text();
+    if (shown.trimmed().isEmpty())
+        return Value::null();
+    if (m_date.isValid() && shown == m_dateText)
+        return m_date;
+    if (const DateTime typed = dateFromText(shown); typed.isValid())
+        return typed;
+    return shown;
+}
+
+void DateBox::setValue(const Value& value) {
+    if (value.kind() != Value::Kind::Date) {
+        setText(value.isNull() ? QString() : value.toText());
+        return;
+    }
+    m_date = value.toDate();
+    m_dateText = Format(value, QStringLiteral("mm/dd/yy"));
+    m_edit->setText(m_dateText);
+}
+
+QString DateBox::text() const {
+    return m_edit->text();
+}
+
+void DateBox::setText(const QString& text) {
+    m_date = {};
+    m_edit->setText(text);
+}
+
+void DateBox::addDays(int days) {
+    const Value now = value();
+    if (now.isNull())
+        return;
+    DateTime moment = CDate(now);
+    moment.date = moment.date.addDays(days);
+    setValue(moment);
+}
+
+/// The box's own keys and arrows leave a text that is no date alone.
+void DateBox::turn(int days) {
+    if (value().kind() == Value::Kind::Date)
+        addDays(days);
+}
+
+bool DateBox::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == m_edit && event->type() == QEvent::KeyPress) {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        if (key->key() == Qt::Key_Up || key->key() == Qt::Key_Down) {
+            runEvent([&] { turn(key->key() == Qt::Key_Up ? 1 : -1); });
+            return true;
+        }
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+} // namespace tarnwell

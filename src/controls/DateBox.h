@@ -8,7 +8,10 @@ class QLineEdit;
 
 namespace tarnwell {
 
-/// A date typed as mm/dd/yy, with up and down arrows on demand. One QLineEdit inside takes the focus.
+class DayArrows;
+
+/// A date typed as mm/dd/yy; the Up and Down keys, and arrows on demand, go a day on and back. One QLineEdit
+/// inside takes the focus.
 class DateBox : public QWidget {
     Q_OBJECT
 
@@ -16,8 +19,10 @@ public:
     enum class Arrows { None, Beside };
     explicit DateBox(Arrows arrows, QWidget* parent = nullptr);
 
-    /// Null when empty, the date when the text is one, else the text as typed.
+    /// Null when empty, the date when the text is one, else the text as typed. A date that was set and not
+    /// typed over comes back whole, with its century and its time.
     [[nodiscard]] Value value() const;
+    /// Empty and Null show nothing; a text shows as it is.
     void setValue(const Value& value);
     [[nodiscard]] QString text() const;
     void setText(const QString& text);
@@ -28,8 +33,15 @@ public:
 Q_SIGNALS:
     void changed();
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
+    void turn(int days);
+
     QLineEdit* m_edit;
+    DateTime m_date; ///< What was set, as long as the text is still its own.
+    QString m_dateText;
 };
 
 } // namespace tarnwell

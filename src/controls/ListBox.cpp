@@ -1,1 +1,86 @@
 #include "controls/ListBox.h"
+
+#include "data/RunTimeError.h"
+#include "frame/EventGuard.h"
+
+#include <QApplication>
+#include <QFontDatabase>
+#include <QKeyEvent>
+
+namespace tarnwell {
+
+ListBox::ListBox(Pitch pitch, QWidget* parent) : QListWidget(parent) {
+    setUniformItemSizes(true);
+    setEditTriggers(NoEditTriggers);
+    setTabKeyNavigation(false);
+    if (pitch == Pitch::Fixed)
+        setFont(fixedPitchFont());
+    connect(this, &QListWidget::itemClicked, this, [this] { Q_EMIT clicked(); });
+    connect(this, &QListWidget::itemDoubleClicked, this, [this] { Q_EMIT doubleClick(); });
+}
+
+void ListBox::AddItem(const QString& text, qint64 itemData) {
+    auto* line = new QListWidgetItem(text);
+    line->setData(Qt::UserRole, itemData);
+    addItem(line);
+}
+
+void ListBox::setItems(const std::vector<ListItem>& items) {
+    setUpdatesEnabled(false);
+    clear();
+    for (const auto& [text, itemData] : items)
+        AddItem(text, itemData);
+    setUpdatesEnabled(true);
+}
+
+void ListBox::Clear() {
+    clear();
+}
+
+int ListBox::ListIndex() const {
+    const QListWidgetItem* line = currentItem();
+    return line != nullptr && line->isSelected() ? currentRow() : -1;
+}
+
+void ListBox::setListIndex(int index) {
+    if (index < -1 || index >= count())
+        tarnwell::raise(Failure::InvalidProperty);
+    setCurrentRow(index);
+    if (index < 0)
+        clearSelection();
+    fireEvent([this] { Q_EMIT clicked(); });
+}
+
+qint64 ListBox::ItemData(int index) const {
+    if (index < 0 || index >= count())
+        tarnwell::raise(Failure::InvalidProperty);
+    return item(index)->data(Qt::UserRole).toLongLong();
+}
+
+void ListBox::keyPressEvent(QKeyEvent* event) {
+    if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && ListIndex() >= 0) {
+        Q_EMIT doubleClick();
+        return;
+    }
+    const int before = ListIndex();
+    QListWidget::keyPressEvent(event);
+    if (ListIndex() != before)
+        Q_EMIT clicked();
+}
+
+QFont fixedPitchFont() {
+    static const QString family = [] {
+        const QStringList installed = QFontDatabase::families();
+        for (const auto* name : {"Courier New", "Liberation Mono", "Cousine"})
+            if (installed.contains(QLatin1String(name)))
+                return QString::fromLatin1(name);
+        return QFontDatabase::systemFont(QFontDatabase::FixedFont).family();
+    }();
+    QFont font = QApplication::font();
+    font.setFamily(family);
+    font.setStyleHint(QFont::TypeWriter);
+    font.setFixedPitch(true);
+    return font;
+}
+
+} // namespace tarnwell

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "controls/ItemModel.h"
+
 #include <QListWidget>
 
 namespace tarnwell {
@@ -13,18 +15,25 @@ public:
     explicit ListBox(Pitch pitch = Pitch::Proportional, QWidget* parent = nullptr);
 
     void AddItem(const QString& text, qint64 itemData = 0);
+    /// Replaces all lines and repaints once; nothing is chosen then.
+    void setItems(const std::vector<ListItem>& items);
     void Clear();
     [[nodiscard]] int ListCount() const { return count(); }
     /// The current and selected line, or -1.
     [[nodiscard]] int ListIndex() const;
-    /// Fires `clicked`, also when the index stays the same.
+    /// Fires `clicked`, also when the index stays the same. -1 takes the choice away. Raises InvalidProperty
+    /// (380) for an index that is not in the list. An error of the click routine comes back here.
     void setListIndex(int index);
+    /// Raises InvalidProperty (380) for an index that is not in the list.
     [[nodiscard]] qint64 ItemData(int index) const;
 
 Q_SIGNALS:
     void clicked();
     /// A double click on a line, or Enter.
     void doubleClick();
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
 };
 
 /// "Courier New" or a font of the same metrics, at the desktop's size.

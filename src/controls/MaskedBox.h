@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controls/KeyCodes.h"
 #include "frame/modGeneral.h"
 
 #include <QLineEdit>
@@ -15,7 +16,12 @@ public:
     /// `limit` in characters, 0 for none.
     explicit MaskedBox(int limit = 0, QWidget* parent = nullptr);
 
+    /// "##/##/##", "(000) 000-0000": each '#' and '0' takes a digit, anything else stands as it is. An open
+    /// place shows as '_' and is left out of `text()`. Empty for no mask.
+    void setMask(const QString& mask);
+
     [[nodiscard]] QString Text() const override { return text(); }
+    /// Start of the selection, else the caret.
     [[nodiscard]] int SelStart() const override;
     void setSelStart(int caret) override;
 
@@ -30,10 +36,5 @@ protected:
     void keyReleaseEvent(QKeyEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
 };
-
-/// The code of a key event as the screens know it.
-[[nodiscard]] int keyCodeOf(const QKeyEvent& event);
-/// 1 Shift, 2 Ctrl, 4 Alt.
-[[nodiscard]] int shiftStateOf(const QKeyEvent& event);
 
 } // namespace tarnwell

@@ -59,4 +59,14 @@ void stopProgram(const std::exception& error) {
                              QStringLiteral("Internal error: ") + QString::fromUtf8(error.what())));
 }
 
+void detail::stopProgramFor(const std::exception_ptr& error) {
+    try {
+        std::rethrow_exception(error);
+    } catch (const RunTimeError& known) {
+        stopProgram(known);
+    } catch (const std::exception& unknown) {
+        stopProgram(unknown);
+    }
+}
+
 } // namespace tarnwell

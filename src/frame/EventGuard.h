@@ -3,6 +3,7 @@
 #include "data/RunTimeError.h"
 
 #include <exception>
+#include <type_traits>
 #include <utility>
 
 namespace tarnwell {
@@ -12,24 +13,56 @@ namespace tarnwell {
 [[noreturn]] void stopProgram(const RunTimeError& error);
 [[noreturn]] void stopProgram(const std::exception& error);
 
-/// Runs an event routine. No error crosses into the toolkit.
+namespace detail {
+/// Where the error of a routine goes while our own code fires its event; null while the toolkit does.
+inline std::exception_ptr* errorOfFiredEvent = nullptr;
+[[noreturn]] void stopProgramFor(const std::exception_ptr& error);
+} // namespace detail
+
+/// Runs an event routine. No error crosses into the toolkit: it goes to the outer handler or, when code of
+/// ours fired the event, back to that code.
 template <typename Routine>
 void runEvent(Routine&& routine) {
+    // What happens inside the routine's own message boxes and modal screens is fired by the toolkit again.
+    std::exception_ptr* const fired = std::exchange(detail::errorOfFiredEvent, nullptr);
+    std::exception_ptr error;
     try {
         std::forward<Routine>(routine)();
-    } catch (const RunTimeError& error) {
-        stopProgram(error);
-    } catch (const std::exception& error) {
-        stopProgram(error);
+    } catch (const std::exception&) {
+        error = std::current_exception();
     }
+    detail::errorOfFiredEvent = fired;
+    if (error == nullptr)
+        return;
+    if (fired == nullptr)
+        detail::stopProgramFor(error);
+    if (*fired == nullptr)
+        *fired = error;
 }
 
-/// A slot whose errors reach the outer handler: connect(button, &QPushButton::clicked, guarded([this]
-/// {...})).
+/// Fires an event from code (a list index that is set, a focus that is moved): the error of a routine that it
+/// runs is thrown here, so that the handlers of the calling code see it.
+template <typename Emission>
+void fireEvent(Emission&& emission) {
+    std::exception_ptr error;
+    std::exception_ptr* const outer = std::exchange(detail::errorOfFiredEvent, &error);
+    std::forward<Emission>(emission)();
+    detail::errorOfFiredEvent = outer;
+    if (error != nullptr)
+        std::rethrow_exception(error);
+}
+
+/// A slot whose errors reach the outer handler; it may leave the signal's arguments out:
+/// connect(button, &QPushButton::clicked, guarded([this] { cmdApplyTask_Click(); })).
 template <typename Routine>
 [[nodiscard]] auto guarded(Routine routine) {
     return [routine = std::move(routine)](auto&&... arguments) mutable {
-        runEvent([&] { routine(std::forward<decltype(arguments)>(arguments)...); });
+        runEvent([&] {
+            if constexpr (std::is_invocable_v<Routine&, decltype(arguments)...>)
+                routine(std::forward<decltype(arguments)>(arguments)...);
+            else
+                routine();
+        });
     };
 }
 

@@ -1,0 +1,75 @@
+#include "controls/DayArrows.h"
+
+#include <QContextMenuEvent>
+#include <QProxyStyle>
+#include <QStyleOptionFocusRect>
+#include <QStylePainter>
+#include <QWheelEvent>
+
+namespace tarnwell {
+
+namespace {
+
+constexpr int rest = 1;
+
+/// Gives the bar's height to the two arrows, whatever it is, and none to a slider.
+class ArrowsOnly : public QProxyStyle {
+public:
+    using QProxyStyle::QProxyStyle;
+
+    [[nodiscard]] QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option,
+                                       SubControl part, const QWidget* widget) const override {
+        if (control != CC_ScrollBar)
+            return QProxyStyle::subControlRect(control, option, part, widget);
+        const QRect whole = option->rect;
+        const int upper = whole.height() / 2;
+        switch (part) {
+        case SC_ScrollBarSubLine:
+            return {whole.left(), whole.top(), whole.width(), upper};
+        case SC_ScrollBarAddLine:
+            return {whole.left(), whole.top() + upper, whole.width(), whole.height() - upper};
+        default:
+            return {};
+        }
+    }
+};
+
+} // namespace
+
+DayArrows::DayArrows(QWidget* parent) : QScrollBar(Qt::Vertical, parent) {
+    auto* style = new ArrowsOnly;
+    style->setParent(this);
+    setStyle(style);
+    setRange(0, 2);
+    setPageStep(1);
+    setValue(rest);
+    setFocusPolicy(Qt::StrongFocus);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+}
+
+QSize DayArrows::sizeHint() const {
+    return {QScrollBar::sizeHint().width(), fontMetrics().height() + 10};
+}
+
+void DayArrows::paintEvent(QPaintEvent* event) {
+    QScrollBar::paintEvent(event);
+    if (!hasFocus())
+        return;
+    QStylePainter painter(this);
+    QStyleOptionFocusRect option;
+    option.initFrom(this);
+    painter.drawPrimitive(QStyle::PE_FrameFocusRect, option);
+}
+
+void DayArrows::wheelEvent(QWheelEvent* event) {
+    if (hasFocus())
+        QScrollBar::wheelEvent(event);
+    else
+        event->ignore();
+}
+
+void DayArrows::contextMenuEvent(QContextMenuEvent* event) {
+    event->accept();
+}
+
+} // namespace tarnwell

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QScrollBar>
+
+namespace tarnwell {
+
+/// A vertical scroll bar that is nothing but its two arrows. It rests at 1; the upper arrow gives 0, the
+/// lower one 2, and whoever listens to `valueChanged` sets it back to 1.
+class DayArrows : public QScrollBar {
+    Q_OBJECT
+
+public:
+    explicit DayArrows(QWidget* parent = nullptr);
+
+    [[nodiscard]] QSize sizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+};
+
+} // namespace tarnwell

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QAbstractListModel>
+#include <QString>
+
+#include <utility>
+#include <vector>
+
+namespace tarnwell {
+
+/// A text and the number behind it.
+using ListItem = std::pair<QString, qint64>;
+
+/// The entries of a drop-down list, kept flat: twenty thousand of them are filled and dropped at once.
+/// The number stands in Qt::UserRole.
+class ItemModel : public QAbstractListModel {
+    Q_OBJECT
+
+public:
+    using QAbstractListModel::QAbstractListModel;
+
+    void setItems(std::vector<ListItem> items);
+    /// `at` from 0 to the count.
+    void insert(int at, ListItem item);
+    [[nodiscard]] const std::vector<ListItem>& items() const { return m_items; }
+
+    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
+
+private:
+    std::vector<ListItem> m_items;
+};
+
+} // namespace tarnwell

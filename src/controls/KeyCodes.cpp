@@ -1,0 +1,56 @@
+#include "controls/KeyCodes.h"
+
+#include "frame/modGeneral.h"
+
+#include <QKeyEvent>
+
+#include <algorithm>
+#include <array>
+
+namespace tarnwell {
+
+namespace {
+
+struct NamedKey {
+    int key;
+    int code;
+};
+
+constexpr int backspace = 8, capsLock = 20, pageUp = 33, pageDown = 34, insert = 45, firstFunctionKey = 112;
+/// A key that has no code of its own still is a key: 0 would mean that it was swallowed.
+constexpr int unknownKey = 255;
+
+constexpr std::array namedKeys{
+    NamedKey{Qt::Key_Tab, KeyCode::Tab},       NamedKey{Qt::Key_Backtab, KeyCode::Tab},
+    NamedKey{Qt::Key_Return, KeyCode::Enter},  NamedKey{Qt::Key_Enter, KeyCode::Enter},
+    NamedKey{Qt::Key_Shift, KeyCode::Shift},   NamedKey{Qt::Key_Control, KeyCode::Control},
+    NamedKey{Qt::Key_Alt, KeyCode::Alt},       NamedKey{Qt::Key_AltGr, KeyCode::Alt},
+    NamedKey{Qt::Key_Escape, KeyCode::Escape}, NamedKey{Qt::Key_End, KeyCode::End},
+    NamedKey{Qt::Key_Home, KeyCode::Home},     NamedKey{Qt::Key_Left, KeyCode::Left},
+    NamedKey{Qt::Key_Up, KeyCode::Up},         NamedKey{Qt::Key_Right, KeyCode::Right},
+    NamedKey{Qt::Key_Down, KeyCode::Down},     NamedKey{Qt::Key_Delete, KeyCode::Delete},
+    NamedKey{Qt::Key_Backspace, backspace},    NamedKey{Qt::Key_CapsLock, capsLock},
+    NamedKey{Qt::Key_PageUp, pageUp},          NamedKey{Qt::Key_PageDown, pageDown},
+    NamedKey{Qt::Key_Insert, insert},
+};
+
+} // namespace
+
+int keyCodeOf(const QKeyEvent& event) {
+    const int key = event.key();
+    if (key >= Qt::Key_Space && key <= Qt::Key_AsciiTilde)
+        return key;
+    if (key >= Qt::Key_F1 && key <= Qt::Key_F16)
+        return firstFunctionKey + (key - Qt::Key_F1);
+    const auto* const found = std::find_if(namedKeys.begin(), namedKeys.end(),
+                                           [key](const NamedKey& named) { return named.key == key; });
+    return found != namedKeys.end() ? found->code : unknownKey;
+}
+
+int shiftStateOf(const QKeyEvent& event) {
+    const Qt::KeyboardModifiers held = event.modifiers();
+    return (held.testFlag(Qt::ShiftModifier) ? 1 : 0) | (held.testFlag(Qt::ControlModifier) ? 2 : 0) |
+           (held.testFlag(Qt::AltModifier) ? 4 : 0);
+}
+
+} // namespace tarnwell

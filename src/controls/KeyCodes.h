@@ -1,0 +1,12 @@
+#pragma once
+
+class QKeyEvent;
+
+namespace tarnwell {
+
+/// The code of a key event as the screens know it (`KeyCode`): letters and digits by their capital character.
+[[nodiscard]] int keyCodeOf(const QKeyEvent& event);
+/// 1 Shift, 2 Ctrl, 4 Alt.
+[[nodiscard]] int shiftStateOf(const QKeyEvent& event);
+
+} // namespace tarnwell

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QLabel>
+
+namespace tarnwell {
+
+/// A label named `name`. Its mnemonic moves the focus to `buddy`, which takes the text as its accessible
+/// name.
+[[nodiscard]] QLabel* label(const QString& text, const QString& name, QWidget* buddy = nullptr);
+
+} // namespace tarnwell

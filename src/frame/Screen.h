@@ -1,24 +1,36 @@
 #pragma once
 
+#include "frame/Forms.h"
 #include "frame/modFormRoutines.h"
 
 #include <QMainWindow>
 #include <QPointer>
 
 #include <functional>
-#include <map>
 #include <vector>
 
-class QLabel;
+class QEventLoop;
+class QPushButton;
 class QToolBar;
 
 namespace tarnwell {
 
+class ActiveControl;
+class StatusBar;
+
 /// A form: the life that all share, its active control, its toolbar and status bar.
 ///
-/// `Show` loads the form at first use: `Form_Load` builds the controls into `canvas()` with a Qt layout for the
-/// design size; after it the layout is dropped and `ResizeForm` rules, with toolbar and status bar docked at
-/// full width. An error in an event routine reaches the outer handler.
+/// `Show` loads the form at first use: `Form_Load` builds the controls into `canvas()` with a Qt layout for
+/// the design size; after it the layouts of the canvas and of its group boxes are dropped and `ResizeForm`
+/// rules, with toolbar and status bar docked at full width. Forms are made by `theForm` or `new`: an unloaded
+/// form deletes itself once the event that unloaded it (for a modal one: the event that showed it) is
+/// through, so that whoever showed it can still read its fields.
+///
+/// `Form_Activate` runs when the window becomes active for the first time after it was shown, and when it
+/// becomes active again after another form was. Coming back from a message box or another program doesn't
+/// count.
+///
+/// An error in an event routine reaches the outer handler, unless code with a handler fired the event.
 class Screen : public QMainWindow {
     Q_OBJECT
 
@@ -30,18 +42,25 @@ public:
     Screen(const QString& name, const QString& caption, std::vector<Part> parts);
     ~Screen() override;
 
+    /// Loads the form without showing it; nothing if it is loaded. An error of `Form_Load` comes back here
+    /// and leaves the form unloaded.
+    void Load();
     /// Loads the form if it is not, shows it with `owner` as its owner and raises it. Modal: returns when the
-    /// form is hidden or unloaded.
+    /// form is hidden or unloaded. A form that is shown already is raised only.
     void Show(Modality modality, QWidget* owner);
     void Hide();
-    /// `Form_Unload`, then the form is closed and forgotten; the next use makes it anew.
+    /// `Form_Unload`, then the form is closed and forgotten; the next use makes it anew. An error of
+    /// `Form_Unload` comes back here and leaves the form loaded.
     void Unload();
-    [[nodiscard]] bool isLoaded() const { return m_loaded; }
+    [[nodiscard]] bool isLoaded() const { return m_life == Life::Loaded || m_life == Life::Unloading; }
+    /// The form had its life; only its fields can still be read.
+    [[nodiscard]] bool isUnloaded() const { return m_life == Life::Unloaded; }
 
     /// The control that has the focus, an open editor counting as its grid; kept while another window or a
     /// message has it. Null when none.
-    [[nodiscard]] QWidget* ActiveControl() const { return m_activeControl; }
-    /// Moves the focus to a control (a composite hands it to its editor).
+    [[nodiscard]] QWidget* ActiveControl() const;
+    /// Moves the focus to a control (a composite hands it to its editor). The got routine of the control that
+    /// is active already runs again.
     void SetFocus(QWidget* control);
 
     /// Panel 1 of the status bar.
@@ -59,51 +78,49 @@ protected:
     /// Closing by the title bar; unloads. A dialog that hides itself overrides it.
     virtual void closeRequested() { Unload(); }
 
-    /// Names a control (its objectName) and gives it its tool tip, which panel 1 shows when it takes the focus.
+    /// Names a control (its objectName) and gives it its tool tip, which panel 1 shows when it takes the
+    /// focus.
     void nameControl(QWidget* control, const QString& name, const QString& toolTip = {});
     /// Runs when the control becomes the active one; replaces the tool tip in panel 1.
     void onGotFocus(QWidget* control, std::function<void()> routine);
     void onLostFocus(QWidget* control, std::function<void()> routine);
-    /// Size of the canvas at which the form opens.
+    /// The control's tool tip in panel 1.
+    void showToolTip(const QWidget* control);
+    /// Gives a built toolbar button another caption and tool tip.
+    void setToolbarButton(const QString& key, const QString& caption, const QString& toolTip);
+    /// Enter in a control that has no use for it presses the default button, Escape the cancel button.
+    void setDefaultButton(QPushButton* button);
+    void setCancelButton(QPushButton* button);
+    /// Size of the canvas at which the form opens; without it the layout's size.
     void setDesignSize(QSize size);
 
     void closeEvent(QCloseEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
-    void changeEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     bool event(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     friend void BuildToolbar(Screen& form, ButtonMask mask);
+    enum class Life { New, Loading, Loaded, Unloading, Unloaded };
 
-    void load();
-    void focusMoved(QWidget* now);
-    [[nodiscard]] QWidget* controlOf(QWidget* widget) const;
+    void addToolbar();
+    void takeDesign();
+    void placeOn(const QWidget* owner);
+    void waitForClose(QWidget* owner);
+    void endModal();
 
-    struct FocusRule {
-        std::function<void()> got;
-        std::function<void()> lost;
-    };
+    Life m_life = Life::New;
     QWidget* m_canvas;
     QToolBar* m_toolbar = nullptr;
-    QLabel* m_panel1 = nullptr;
-    QPointer<QWidget> m_activeControl;
-    std::map<const QWidget*, FocusRule> m_focusRules;
+    StatusBar* m_statusBar = nullptr;
+    tarnwell::ActiveControl* m_focus;
+    QPointer<QPushButton> m_defaultButton;
+    QPointer<QPushButton> m_cancelButton;
     ControlPositions m_positions;
     QSize m_designSize;
-    bool m_loaded = false;
-    bool m_activated = false;
+    QEventLoop* m_modalLoop = nullptr;
+    bool m_placed = false;
+    bool m_activateDue = false;
 };
-
-/// The forms that are loaded, in the order of their loading; the main window is the first.
-[[nodiscard]] const std::vector<Screen*>& loadedForms();
-
-/// The one instance of a screen, made at first use and again after it was unloaded.
-template <class Form>
-[[nodiscard]] Form& theForm() {
-    static QPointer<Form> instance;
-    if (instance.isNull())
-        instance = new Form;
-    return *instance;
-}
 
 } // namespace tarnwell

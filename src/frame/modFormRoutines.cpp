@@ -1,1 +1,160 @@
 #include "frame/modFormRoutines.h"
+
+#include "data/RunTimeError.h"
+#include "frame/EventGuard.h"
+#include "frame/Icons.h"
+#include "frame/Screen.h"
+
+#include <QComboBox>
+#include <QGroupBox>
+#include <QScrollBar>
+#include <QToolBar>
+#include <QToolButton>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace tarnwell {
+
+namespace {
+
+constexpr int lastSeparatedGroup = 4;
+
+constexpr std::array buttonTable{
+    ToolbarButton{1, 0x10, "Exit", "Exit", "Exit", "Exit Form"},
+    ToolbarButton{1, 0x8, "Save", "Save", "Save", "Save Record"},
+    ToolbarButton{1, 0x40000, "Wizard", "Wiz", "Wizard", "Help Wizard"},
+    ToolbarButton{2, 0x2, "Add", "Add", "Add", "Add Record"},
+    ToolbarButton{2, 0x4, "Remove", "Del", "Remove", "Delete Record"},
+    ToolbarButton{2, 0x2000000, "RemoveQuestion", "Del Q", "RemoveQuestion", "Delete Question"},
+    ToolbarButton{2, 0x4000000, "RemoveAnswer", "Del A", "RemoveAnswer", "Delete Answer"},
+    ToolbarButton{2, 0x8000000, "RemoveList", "Del L", "RemoveList", "Delete from List"},
+    ToolbarButton{2, 0x800, "AddSame", "Same", "AddSame", "Add Same Record"},
+    ToolbarButton{3, 0x80, "BOF", "BOF", "BFile", "Goto Beginning of File"},
+    ToolbarButton{3, 0x100, "Previous", "Prev", "PRecord", "Previous Record"},
+    ToolbarButton{3, 0x200, "Next", "Next", "NRecord", "Next Record"},
+    ToolbarButton{3, 0x400, "EOF", "EOF", "EFile", "Goto End of File"},
+    ToolbarButton{4, 0x20, "Info", "Info", "Info", "Information"},
+    ToolbarButton{4, 0x40, "Find", "Find", "Lookup", "Find Record"},
+    ToolbarButton{4, 0x20000, "Group", "Group", "Group", "Option Group"},
+    ToolbarButton{4, 0x80000, "Download", "Down", "Download", "Download"},
+    ToolbarButton{4, 0x100000, "Upload", "Upload", "Upload", "Upload"},
+    ToolbarButton{4, 0x800000, "Website", "Web", "Website", "Load Website"},
+    ToolbarButton{5, 0x2000, "Cut", "Cut", "Cut", "Cut Data"},
+    ToolbarButton{5, 0x4000, "Paste", "Paste", "Paste", "Paste Data"},
+    ToolbarButton{5, 0x8000, "Undo", "Undo", "Undo", "Undo Change"},
+    ToolbarButton{5, 0x1000, "Print", "Print", "Print", "Print Data"},
+    ToolbarButton{5, 0x400000, "PrintPreview", "Prevw", "PrintPreview", "Preview Print Data"},
+    ToolbarButton{5, 0x10000, "Copy", "Copy", "Copy", "Copy Data"},
+    ToolbarButton{5, 0x200000, "Void", "Void", "Void", "Void Entry"},
+    ToolbarButton{5, 0x1000000, "Refresh", "Refresh", "Refresh", "Refresh Page"},
+};
+
+QToolBar& toolbarOf(const Screen& form) {
+    if (form.toolbar() == nullptr)
+        raise(Failure::NoSuchMember, QStringLiteral("Toolbar1"));
+    return *form.toolbar();
+}
+
+ButtonMask bitOfKey(const QString& key) {
+    const auto* const found =
+        std::find_if(buttonTable.begin(), buttonTable.end(),
+                     [&](const ToolbarButton& row) { return key == QLatin1String(row.key); });
+    return found != buttonTable.end() ? found->bit : 0;
+}
+
+QToolButton* makeButton(const ToolbarButton& row, QToolBar& toolbar) {
+    auto* button = new QToolButton(&toolbar);
+    button->setObjectName(QLatin1String(row.key));
+    button->setText(QLatin1String(row.caption));
+    button->setIcon(toolbarIcon(QLatin1String(row.imageKey)));
+    button->setToolTip(QLatin1String(row.toolTip));
+    button->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+    button->setAutoRaise(true);
+    button->setFocusPolicy(Qt::NoFocus);
+    // The widest caption of the table, so that buttons stand evenly and a caption may change.
+    button->setMinimumWidth(button->fontMetrics().horizontalAdvance(QStringLiteral("Refresh")) + 12);
+    return button;
+}
+
+/// The children that are controls of the form: group boxes are looked into, composite controls are not.
+void storeChildren(ControlPositions& positions, const QWidget& container, QSizeF form) {
+    for (QWidget* control : container.findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+        if (control->isWindow())
+            continue;
+        const QRectF place = control->geometry();
+        positions.push_back({.control = control,
+                             .width = static_cast<float>(place.width()),
+                             .widthShare = static_cast<float>(place.width() / form.width()),
+                             .height = static_cast<float>(place.height()),
+                             .heightShare = static_cast<float>(place.height() / form.height()),
+                             .topShare = static_cast<float>(place.top() / form.height()),
+                             .leftShare = static_cast<float>(place.left() / form.width())});
+        if (qobject_cast<QGroupBox*>(control) != nullptr)
+            storeChildren(positions, *control, form);
+    }
+}
+
+} // namespace
+
+std::span<const ToolbarButton> toolbarButtons() {
+    return buttonTable;
+}
+
+void BuildToolbar(Screen& form, ButtonMask mask) {
+    QToolBar& toolbar = toolbarOf(form);
+    int groupWithButtons = 0;
+    for (const ToolbarButton& row : buttonTable) {
+        if ((mask & row.bit) == 0)
+            continue;
+        if (groupWithButtons != 0 && groupWithButtons != row.group)
+            toolbar.addSeparator();
+        groupWithButtons = row.group;
+        QToolButton* button = makeButton(row, toolbar);
+        QObject::connect(button, &QToolButton::clicked, &form,
+                         guarded([&form, button] { form.Toolbar1_ButtonClick(button->text()); }));
+        toolbar.addWidget(button);
+    }
+    if (groupWithButtons != 0 && groupWithButtons <= lastSeparatedGroup)
+        toolbar.addSeparator();
+}
+
+void EnableToolbar(Screen& form, ButtonMask wanted, ButtonMask& current) {
+    if (wanted == current)
+        return;
+    QToolBar& toolbar = toolbarOf(form);
+    for (QAction* action : toolbar.actions())
+        if (auto* button = qobject_cast<QToolButton*>(toolbar.widgetForAction(action)))
+            button->setEnabled((wanted & bitOfKey(button->objectName())) != 0);
+    current = wanted;
+}
+
+void StoreFormPositions(ControlPositions& positions, QWidget& canvas) {
+    positions.clear();
+    storeChildren(positions, canvas, canvas.size());
+}
+
+void ResizeForm(const ControlPositions& positions, QWidget& canvas) {
+    const auto formWidth = static_cast<float>(canvas.width());
+    const auto formHeight = static_cast<float>(canvas.height());
+    for (const ControlPosition& position : positions) {
+        if (position.control == nullptr)
+            continue;
+        float width = formWidth * position.widthShare;
+        float height = formHeight * position.heightShare;
+        const float left = formWidth * position.leftShare;
+        const float top = formHeight * position.topShare;
+        if (qobject_cast<QComboBox*>(position.control) != nullptr)
+            height = position.height;
+        else if (const auto* bar = qobject_cast<QScrollBar*>(position.control)) {
+            if (bar->orientation() == Qt::Vertical)
+                width = std::min(width, position.width);
+            else
+                height = std::min(height, position.height);
+        }
+        position.control->setGeometry(qRound(left), qRound(top), qRound(width), qRound(height));
+    }
+}
+
+} // namespace tarnwell

@@ -1,12 +1,18 @@
 #include "support/ScreenDriver.h"
 
-#include <gtest/gtest.h>
+#include "frame/Screen.h"
 
+#include <QAbstractButton>
+#include <QAbstractItemView>
+#include <QAbstractScrollArea>
 #include <QApplication>
+#include <QComboBox>
 #include <QTest>
 #include <QTimer>
 #include <QToolButton>
+#include <QWindow>
 
+#include <gtest/gtest.h>
 #include <stdexcept>
 
 namespace tarnwell::test {
@@ -18,16 +24,38 @@ QWidget& keyTarget(QWidget& window) {
     return focused != nullptr ? *focused : window;
 }
 
-/// A composite takes clicks where it shows its rows.
-QWidget& mouseTarget(QWidget& control) {
-    auto* viewport = control.findChild<QWidget*>(QStringLiteral("qt_scrollarea_viewport"));
-    return viewport != nullptr ? *viewport : control;
+/// A composite takes clicks where it shows its rows, a tick box on its box.
+struct Target {
+    QWidget& widget;
+    QPoint point;
+};
+
+Target mouseTarget(QWidget& control, QPoint at) {
+    auto* area = qobject_cast<QAbstractScrollArea*>(&control);
+    QWidget& widget = area != nullptr ? *area->viewport() : control;
+    const auto* button = qobject_cast<QAbstractButton*>(&control);
+    const bool box = button != nullptr && (control.inherits("QCheckBox") || control.inherits("QRadioButton"));
+    const QPoint middle = box ? QPoint(8, control.height() / 2) : widget.rect().center();
+    return {widget, at.isNull() ? middle : at};
+}
+
+/// A press at its place in the window, as the desktop sends it: whatever is there takes it.
+using Send = void (*)(QWindow*, Qt::MouseButton, Qt::KeyboardModifiers, QPoint, int);
+
+void clickAt(QWidget& control, QPoint at, Send send) {
+    const Target target = mouseTarget(control, at);
+    QWidget* window = control.window();
+    send(window->windowHandle(), Qt::LeftButton, Qt::NoModifier, target.widget.mapTo(window, target.point),
+         -1);
 }
 
 } // namespace
 
 ScreenDriver::ScreenDriver(QWidget& window) : m_window(window) {
-    window.show();
+    if (auto* screen = qobject_cast<Screen*>(&window))
+        screen->Show(Screen::Modality::Modeless, nullptr);
+    else
+        window.show();
     window.activateWindow();
     EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
 }
@@ -47,23 +75,25 @@ void ScreenDriver::press(Qt::Key key, Qt::KeyboardModifiers modifiers, int times
 }
 
 void ScreenDriver::click(const QString& name, QPoint at) const {
-    QTest::mouseClick(&mouseTarget(find(name)), Qt::LeftButton, Qt::NoModifier, at);
+    clickAt(find(name), at, &QTest::mouseClick);
 }
 
 void ScreenDriver::doubleClick(const QString& name, QPoint at) const {
-    QTest::mouseDClick(&mouseTarget(find(name)), Qt::LeftButton, Qt::NoModifier, at);
+    clickAt(find(name), at, &QTest::mouseDClick);
 }
 
 void ScreenDriver::clickToolbar(const QString& caption) const {
     for (auto* button : m_window.findChildren<QToolButton*>())
         if (button->text() == caption) {
-            QTest::mouseClick(button, Qt::LeftButton);
+            clickAt(*button, {}, &QTest::mouseClick);
             return;
         }
     reportMissing(caption);
 }
 
-void ScreenDriver::focus(const QString& name) const { find(name).setFocus(Qt::OtherFocusReason); }
+void ScreenDriver::focus(const QString& name) const {
+    find(name).setFocus(Qt::OtherFocusReason);
+}
 
 QString ScreenDriver::focusedName() const {
     for (QWidget* widget = QApplication::focusWidget(); widget != nullptr; widget = widget->parentWidget())
@@ -72,7 +102,30 @@ QString ScreenDriver::focusedName() const {
     return {};
 }
 
-bool waitFor(const std::function<bool()>& condition) { return QTest::qWaitFor(condition, 2000); }
+void ScreenDriver::choose(const QString& name, const QString& text) const {
+    auto& combo = find<QComboBox>(name);
+    const int index = combo.findText(text);
+    if (index < 0)
+        reportMissing(text);
+    click(name, QPoint(combo.width() - 8, combo.height() / 2));
+    QAbstractItemView* list = combo.view();
+    if (!QTest::qWaitFor([list] { return list->isVisible(); }))
+        reportMissing(text);
+    const QModelIndex line = combo.model()->index(index, combo.modelColumn());
+    list->scrollTo(line);
+    clickAt(*list, list->visualRect(line).center(), &QTest::mouseClick);
+}
+
+void ScreenDriver::clickLine(const QString& name, int row) const {
+    auto& list = find<QAbstractItemView>(name);
+    const QModelIndex line = list.model()->index(row, 0);
+    list.scrollTo(line);
+    clickAt(list, list.visualRect(line).center(), &QTest::mouseClick);
+}
+
+bool waitFor(const std::function<bool()>& condition) {
+    return QTest::qWaitFor(condition, 2000);
+}
 
 void whenModal(std::function<void(QWidget&)> routine) {
     auto* timer = new QTimer(qApp);

@@ -11,6 +11,7 @@ namespace tarnwell::test {
 /// Drives a shown window as a person does: real key and mouse events, widgets found by objectName.
 class ScreenDriver {
 public:
+    /// Shows the window (a screen by its own `Show`, modeless) and waits until it is the active one.
     explicit ScreenDriver(QWidget& window);
 
     /// The control of that name; fails the test and throws when there is none.
@@ -25,8 +26,13 @@ public:
     /// Keys to whatever has the focus.
     void type(const QString& text) const;
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier, int times = 1) const;
+    /// At a place in the control (in a grid's or list's rows), else in its middle or on its tick box.
     void click(const QString& name, QPoint at = {}) const;
     void doubleClick(const QString& name, QPoint at = {}) const;
+    /// Opens a combo's list and clicks the entry.
+    void choose(const QString& name, const QString& text) const;
+    /// A line of a list, or of a grid in its first column, from 0.
+    void clickLine(const QString& name, int row) const;
     /// A toolbar button by its caption.
     void clickToolbar(const QString& caption) const;
     void focus(const QString& name) const;

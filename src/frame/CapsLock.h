@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QObject>
+
+namespace tarnwell {
+
+/// Whether Caps Lock is on. The toolkit can't be asked: the keys tell it, so it is known from the first
+/// letter typed on, and taken for off before.
+class CapsLock : public QObject {
+    Q_OBJECT
+
+public:
+    /// All windows share the one keyboard.
+    [[nodiscard]] static CapsLock& instance();
+    [[nodiscard]] bool isOn() const { return m_on; }
+
+Q_SIGNALS:
+    void changed();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    explicit CapsLock(QObject* application);
+
+    bool m_on = false;
+};
+
+} // namespace tarnwell

@@ -1,0 +1,58 @@
+#include "frame/Forms.h"
+
+#include "data/RunTimeError.h"
+#include "frame/EventGuard.h"
+#include "frame/Screen.h"
+
+#include <algorithm>
+
+namespace tarnwell {
+
+namespace {
+
+std::vector<Screen*>& forms() {
+    static std::vector<Screen*> loaded;
+    return loaded;
+}
+
+/// Raises SubscriptOutOfRange (9) past the end.
+Screen& formAt(std::size_t index) {
+    if (index >= forms().size())
+        raise(Failure::SubscriptOutOfRange);
+    return *forms()[index];
+}
+
+} // namespace
+
+const std::vector<Screen*>& loadedForms() {
+    return forms();
+}
+
+void registerForm(Screen& form) {
+    forms().push_back(&form);
+}
+
+void forgetForm(Screen& form) {
+    std::erase(forms(), &form);
+}
+
+void CloseAllForms() {
+    const std::size_t count = forms().size();
+    for (std::size_t index = 0; index < count; ++index) {
+        try {
+            formAt(index).Unload();
+        } catch (const RunTimeError&) {
+            // The told routine goes on with its next form; `unloadRemainingForms` meets the form again.
+            continue;
+        }
+    }
+}
+
+void unloadRemainingForms() {
+    const std::vector<Screen*> left = forms();
+    for (auto form = left.rbegin(); form != left.rend(); ++form)
+        if (std::find(forms().begin(), forms().end(), *form) != forms().end())
+            runEvent([form] { (*form)->Unload(); });
+}
+
+} // namespace tarnwell

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QLabel>
+#include <QStatusBar>
+#include <QTimer>
+
+namespace tarnwell {
+
+/// A line that shows as much of its text as it has room for, with dots at the end. `text()` is the whole.
+class ElidedLabel : public QLabel {
+    Q_OBJECT
+
+public:
+    using QLabel::QLabel;
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+};
+
+/// `StatusBar1` with its three panels: free text, "CAPS" while Caps Lock is on, the clock.
+class StatusBar : public QStatusBar {
+    Q_OBJECT
+
+public:
+    explicit StatusBar(QWidget* parent = nullptr);
+
+    void setText(const QString& text);
+    [[nodiscard]] QString text() const { return m_text->text(); }
+
+private:
+    void showTime();
+    void showCapsLock();
+
+    ElidedLabel* m_text;
+    QLabel* m_capsLock;
+    QLabel* m_clock;
+    QTimer m_nextMinute;
+};
+
+} // namespace tarnwell

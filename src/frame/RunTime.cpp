@@ -3,7 +3,7 @@
 #include "data/RunTimeError.h"
 #include "frame/RunTimeDecimal.h"
 
-#include <QByteArrayView>
+#include <QStringView>
 #include <QVarLengthArray>
 
 #include <cmath>
@@ -17,17 +17,17 @@ class NumberReader {
 public:
     explicit NumberReader(QStringView text) : m_text(text) {}
 
-    [[nodiscard]] QByteArrayView read() {
+    [[nodiscard]] QStringView read() {
         readSign();
         bool hasDigits = readDigits();
         if (next() == u'.') {
-            take('.');
+            take(u'.');
             hasDigits = readDigits() || hasDigits;
         }
         if (!hasDigits)
             return {};
         readExponent();
-        return {m_number.constData(), m_number.size()};
+        return m_number;
     }
 
 private:
@@ -39,7 +39,7 @@ private:
     [[nodiscard]] static bool isBlank(char16_t code) {
         return code == u' ' || code == u'\t' || code == u'\n' || code == u'\r';
     }
-    void take(char character) {
+    void take(char16_t character) {
         m_number.append(character);
         ++m_at;
     }
@@ -47,13 +47,13 @@ private:
         const char16_t sign = next();
         if (sign != u'-' && sign != u'+')
             return false;
-        take(static_cast<char>(sign));
+        take(sign);
         return true;
     }
     bool readDigits() {
         const qsizetype before = m_number.size();
         for (char16_t digit = next(); digit >= u'0' && digit <= u'9'; digit = next())
-            take(static_cast<char>(digit));
+            take(digit);
         return m_number.size() > before;
     }
     void readExponent() {
@@ -61,7 +61,7 @@ private:
         const char16_t letter = next();
         if (letter != u'E' && letter != u'e' && letter != u'D' && letter != u'd')
             return;
-        take('e');
+        take(u'e');
         readSign();
         if (!readDigits())
             m_number.resize(mantissa); // "12 each" is 12
@@ -69,14 +69,14 @@ private:
 
     QStringView m_text;
     qsizetype m_at = 0;
-    QVarLengthArray<char, 64> m_number;
+    QVarLengthArray<char16_t, 64> m_number;
 };
 
 } // namespace
 
 double Val(const QString& text) {
     NumberReader reader(text);
-    const QByteArrayView digits = reader.read();
+    const QStringView digits = reader.read();
     if (digits.isEmpty())
         return 0;
     // Too small a number comes back as 0, too big a one as infinity; neither depends on the locale.

@@ -49,6 +49,10 @@ void stopProgram(const RunTimeError& error) {
         show(error);
     for (const RunTimeError& each : errors)
         record(each);
+    endProgram();
+}
+
+void endProgram() {
     DataEnvironment::close();
     std::fflush(nullptr);
     std::_Exit(EXIT_FAILURE);

@@ -8,6 +8,9 @@
 
 namespace tarnwell {
 
+/// Closes the database and ends the process at once with exit code 1; no form is unloaded.
+[[noreturn]] void endProgram();
+
 /// The program's one outer handler, for an error that no routine caught: shows the run time's message,
 /// records it in the error log, closes the database and ends the process with exit code 1.
 [[noreturn]] void stopProgram(const RunTimeError& error);

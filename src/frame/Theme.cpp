@@ -17,17 +17,19 @@ QColor mixed(const QColor& base, const QColor& other, double share) {
             channel(base.blue(), other.blue())};
 }
 
-QPalette refined(QPalette palette) {
-    const QColor base = palette.color(QPalette::Active, QPalette::Base);
-    const QColor text = palette.color(QPalette::Active, QPalette::Text);
-    const bool dark = base.lightness() < darkLightness;
-    palette.setColor(QPalette::Link, dark ? linkOnDark : linkOnLight);
-    palette.setColor(QPalette::LinkVisited, dark ? linkOnDark : linkOnLight);
-    palette.setColor(QPalette::PlaceholderText, mixed(text, base, 0.45));
-    const QColor highlight = palette.color(QPalette::Active, QPalette::Highlight);
-    palette.setColor(QPalette::Inactive, QPalette::Highlight, mixed(base, highlight, 0.35));
-    palette.setColor(QPalette::Inactive, QPalette::HighlightedText, text);
-    return palette;
+QPalette refinements(const QPalette& desktop) {
+    const QColor base = desktop.color(QPalette::Active, QPalette::Base);
+    const QColor text = desktop.color(QPalette::Active, QPalette::Text);
+    const QColor highlight = desktop.color(QPalette::Active, QPalette::Highlight);
+    const QColor link = base.lightness() < darkLightness ? linkOnDark : linkOnLight;
+    QPalette refined = desktop;
+    refined.setResolveMask(0);
+    refined.setColor(QPalette::Link, link);
+    refined.setColor(QPalette::LinkVisited, link);
+    refined.setColor(QPalette::PlaceholderText, mixed(text, base, 0.45));
+    refined.setColor(QPalette::Inactive, QPalette::Highlight, mixed(base, highlight, 0.35));
+    refined.setColor(QPalette::Inactive, QPalette::HighlightedText, text);
+    return refined;
 }
 
 } // namespace tarnwell

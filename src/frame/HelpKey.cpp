@@ -1,0 +1,33 @@
+#include "frame/HelpKey.h"
+
+#include "frame/EventGuard.h"
+#include "frame/HelpWindow.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QWidget>
+
+namespace tarnwell {
+
+HelpKey::HelpKey(QObject* parent) : QObject(parent) {
+    QCoreApplication::instance()->installEventFilter(this);
+}
+
+bool HelpKey::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::KeyPress || !watched->isWidgetType())
+        return false;
+    const auto* key = static_cast<QKeyEvent*>(event);
+    if (key->key() != Qt::Key_F1 || key->modifiers() != Qt::NoModifier)
+        return false;
+    const QWidget* front = static_cast<QWidget*>(watched)->window();
+    runEvent([&] { HelpWindow::open(front->objectName()); });
+    return true;
+}
+
+void sendHelpKey() {
+    QWidget* front = QApplication::activeWindow();
+    if (front != nullptr)
+        QCoreApplication::postEvent(front, new QKeyEvent(QEvent::KeyPress, Qt::Key_F1, Qt::NoModifier));
+}
+
+} // namespace tarnwell

@@ -1,0 +1,89 @@
+#include "frame/MessagePresenter.h"
+
+#include "frame/MousePointer.h"
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QPointer>
+#include <QPushButton>
+
+#include <array>
+
+namespace tarnwell {
+
+namespace {
+
+struct AnswerButton {
+    Answer answer;
+    QMessageBox::StandardButton button;
+    const char* caption;
+};
+
+constexpr std::array<AnswerButton, 4> answerButtons{{
+    {Answer::Ok, QMessageBox::Ok, "OK"},
+    {Answer::Cancel, QMessageBox::Cancel, "Cancel"},
+    {Answer::Yes, QMessageBox::Yes, "&Yes"},
+    {Answer::No, QMessageBox::No, "&No"},
+}};
+
+const AnswerButton& buttonOf(Answer answer) {
+    return answerButtons[static_cast<std::size_t>(answer)];
+}
+
+QMessageBox::Icon toolkitIcon(MessageIcon icon) {
+    switch (icon) {
+    case MessageIcon::Critical:
+        return QMessageBox::Critical;
+    case MessageIcon::Question:
+        return QMessageBox::Question;
+    case MessageIcon::Exclamation:
+        return QMessageBox::Warning;
+    case MessageIcon::Information:
+        return QMessageBox::Information;
+    case MessageIcon::None:
+        break;
+    }
+    return QMessageBox::NoIcon;
+}
+
+void fill(QMessageBox& box, const MessageRequest& request) {
+    box.setObjectName(QStringLiteral("msgBox"));
+    box.setWindowTitle(request.title);
+    box.setTextFormat(Qt::PlainText);
+    box.setText(request.text);
+    box.setIcon(toolkitIcon(request.icon));
+    box.setTextInteractionFlags(Qt::TextSelectableByMouse);
+    const auto answers = answersOf(request.buttons);
+    for (const Answer answer : answers)
+        box.addButton(buttonOf(answer).button)->setText(QLatin1String(buttonOf(answer).caption));
+    box.setDefaultButton(buttonOf(defaultAnswer(request)).button);
+    box.setEscapeButton(buttonOf(answers.back()).button);
+}
+
+void showMousePointer(bool hourGlass) {
+    if (hourGlass)
+        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    else
+        QGuiApplication::restoreOverrideCursor();
+}
+
+} // namespace
+
+Answer presentMessage(const MessageRequest& request) {
+    // The window in front may go while the message waits, and takes the box along.
+    const QPointer<QMessageBox> box = new QMessageBox(QApplication::activeWindow());
+    fill(*box, request);
+    const int chosen = box->exec();
+    delete box.data();
+    for (const AnswerButton& each : answerButtons)
+        if (each.button == chosen)
+            return each.answer;
+    return answersOf(request.buttons).back();
+}
+
+void installPresenters() {
+    setMessagePresenter(presentMessage);
+    setMousePointerPresenter(showMousePointer);
+}
+
+} // namespace tarnwell

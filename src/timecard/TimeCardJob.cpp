@@ -32,7 +32,7 @@ std::vector<KeyedText> readCategories(Connection& connection) {
     codes.Open("SELECT * FROM Code WHERE Deleted=0 AND Code1=2 ORDER BY Description", connection);
     std::vector<KeyedText> items;
     for (; !codes.atEnd(); codes.MoveNext())
-        items.push_back({.text = FieldText(codes["Description"]), .key = codes["CodeKey"].toLong()});
+        items.emplace_back(FieldText(codes["Description"]), codes["CodeKey"].toLong());
     return items;
 }
 
@@ -43,9 +43,9 @@ std::vector<KeyedText> readActiveEmployees(Connection& connection) {
                    connection);
     std::vector<KeyedText> items{{}};
     for (; !employees.atEnd(); employees.MoveNext())
-        items.push_back({.text = FieldText(employees.field(1)) + u'/' + FieldText(employees.field(2)) + u',' +
-                                 FieldText(employees.field(3)),
-                         .key = employees.field(0).toLong()});
+        items.emplace_back(FieldText(employees.field(1)) + u'/' + FieldText(employees.field(2)) + u',' +
+                               FieldText(employees.field(3)),
+                           employees.field(0).toLong());
     return items;
 }
 

@@ -6,6 +6,7 @@
 #include <QString>
 
 #include <optional>
+#include <utility>
 #include <vector>
 
 namespace tarnwell {
@@ -18,10 +19,7 @@ struct JobHeader {
 };
 
 /// A line of a combo and the key behind it; 0 for none.
-struct KeyedText {
-    QString text;
-    qint64 key = 0;
-};
+using KeyedText = std::pair<QString, qint64>;
 
 /// For `LookupKeyByTyping`: the first open job at or after the typed number, which takes the place of "#".
 inline constexpr auto typedJobLookup =

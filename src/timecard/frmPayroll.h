@@ -1,0 +1,117 @@
+#pragma once
+
+#include "frame/Screen.h"
+#include "timecard/PaymentRules.h"
+#include "timecard/PayrollFocus.h"
+#include "timecard/TaskHistory.h"
+
+#include <functional>
+#include <memory>
+
+class QCheckBox;
+class QLabel;
+class QLayout;
+class QPushButton;
+
+namespace tarnwell {
+
+class Combo;
+class DateBox;
+class DayArrows;
+class Grid;
+class ListBox;
+class MaskedBox;
+class NoteBox;
+class Recordset;
+
+/// Time card entry: a job, one of its lots, a category and a task are chosen, and an employee is paid for it.
+/// Every link of that chain reloads the next. The screen writes nothing but payments.
+class frmPayroll : public Screen, private PayrollState {
+    Q_OBJECT
+
+public:
+    frmPayroll();
+    ~frmPayroll() override;
+
+    /// Shows the payment that is selected in `lstTaskHistory`, modally.
+    using TaskNotes = std::function<void(frmPayroll& caller)>;
+    /// What a double click in the history opens; without one it does nothing.
+    static void setTaskNotes(TaskNotes opener);
+
+    /// The key of the payment that is selected in the history; 0 for none.
+    [[nodiscard]] qint64 selectedPaymentKey() const;
+    /// Lists the selected task's payments anew, with its figures and what is left to pay.
+    void LoadTaskHistory();
+
+protected:
+    void Form_Load() override;
+    void Form_Unload() override;
+    void Toolbar1_ButtonClick(const QString& caption) override;
+
+private:
+    // frmPayrollLayout.cpp
+    void makeControls();
+    void nameControls();
+    [[nodiscard]] QLayout* jobRow();
+    [[nodiscard]] QLayout* taskColumn();
+    [[nodiscard]] QLayout* paymentColumn();
+    [[nodiscard]] QWidget* timecardEntry();
+    [[nodiscard]] QWidget* taskEntry();
+    [[nodiscard]] QLayout* figures();
+    void orderTabs();
+
+    void connectControls();
+    void applyFocusRule(const PayrollFocusRule& rule);
+
+    void LoadJob();
+    void LoadEmployeeHistory();
+    void FindEmployee();
+    void FindJob();
+    void cmbType_Click();
+    void jgJobLots_RowColChange();
+    void jgTasks_RowColChange();
+    void lstTaskHistory_DblClick();
+    void MskField_KeyUp(int keyCode);
+    void vscrCompleted_Change();
+    void cmdApplyTask_Click();
+    void txtField_DblClick();
+
+    [[nodiscard]] PaymentSelection selection() const;
+    void showPayment(PaymentResult result);
+    void trapped(const std::function<void()>& routine);
+    [[nodiscard]] std::function<bool()> runAgain() const;
+
+    [[nodiscard]] bool isJobEmpty() const override;
+    [[nodiscard]] bool areLotsEmpty() const override;
+    [[nodiscard]] bool areTasksOpen() const override;
+    [[nodiscard]] bool areTasksEmpty() const override;
+    [[nodiscard]] bool hasTask() const override;
+
+    MaskedBox* m_jobNumber = nullptr; // MskField(2)
+    MaskedBox* m_jobName = nullptr;   // MskField(1)
+    MaskedBox* m_builder = nullptr;   // MskField(4)
+    MaskedBox* m_price = nullptr;     // txtField(0)
+    Grid* jgJobLots = nullptr;
+    Grid* jgTasks = nullptr;
+    Combo* cmbType = nullptr;
+    Combo* cmbEmployees = nullptr;
+    QCheckBox* chkUseTaskEmployee = nullptr;
+    DateBox* rebCompleted = nullptr;
+    DayArrows* vscrCompleted = nullptr;
+    NoteBox* rchNote = nullptr;
+    QPushButton* cmdApplyTask = nullptr;
+    ListBox* lstTaskHistory = nullptr;
+    ListBox* lstEmployeeHistory = nullptr;
+    QLabel* m_totalPaid = nullptr;  // lblFieldLabel(12)
+    QLabel* m_difference = nullptr; // lblFieldLabel(5)
+
+    qint64 JobKey = 0;
+    std::unique_ptr<Recordset> LotRecordset;  ///< None until the first job.
+    std::unique_ptr<Recordset> TaskRecordset; ///< Likewise.
+    ButtonMask ToolbarMask = 0;
+    PaymentFigures m_figures;
+    bool m_binding = false; ///< A grid's rows are being replaced: its row change is not the user's.
+    bool m_trapped = false; ///< A payment is under way; a second press waits for nothing.
+};
+
+} // namespace tarnwell

@@ -1,0 +1,259 @@
+#include "controls/Combo.h"
+#include "controls/DateBox.h"
+#include "controls/DayArrows.h"
+#include "controls/Grid.h"
+#include "controls/Label.h"
+#include "controls/ListBox.h"
+#include "controls/MaskedBox.h"
+#include "controls/NoteBox.h"
+#include "timecard/frmPayroll.h"
+
+#include <QCheckBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+// The screen as it is seen: texts, columns, places and the order of Tab.
+
+namespace tarnwell {
+
+namespace {
+
+constexpr QSize designSize(1180, 640);
+constexpr int margin = 12, spacing = 8, columnGap = 16;
+constexpr int jobNumberWidth = 170, priceWidth = 120, dateWidth = 110;
+constexpr int lotRows = 2, taskRows = 3; // Shares of the height.
+constexpr int leftShare = 11, rightShare = 10;
+constexpr int noteHeight = 58;
+constexpr double figureScale = 1.35;
+
+constexpr auto jobToolTip = "Press Add or Find to get job number";
+constexpr auto lotExcludeToolTip = "Exclude Job Lot from dependency check in payroll";
+
+std::vector<GridColumn> lotColumns() {
+    return {{.key = "JobLotKey", .caption = "JobKey", .visible = false},
+            {.key = "JobKey", .caption = "JobKey", .visible = false},
+            {.key = "LotBlock", .caption = "Lot/Block", .maxLength = 10, .width = 110},
+            {.key = "PlanName", .caption = "Plan Name", .maxLength = 20, .width = 180},
+            {.key = "Address", .caption = "Address", .maxLength = 50},
+            {.key = "ContractorPlanKey", .caption = "", .visible = false},
+            {.key = "ExcludeDependencyCheck",
+             .caption = "Exclude",
+             .visible = false,
+             .format = ColumnFormat::YesNo,
+             .edit = ColumnEdit::CheckBox,
+             .headerToolTip = lotExcludeToolTip}};
+}
+
+std::vector<GridColumn> taskColumns() {
+    return {{.key = "MasterTaskKey", .caption = "MasterTaskKey", .visible = false},
+            {.key = "JobLotKey", .caption = "JobLotKey", .visible = false},
+            {.key = "CodeKey", .caption = "CodeKey", .visible = false},
+            {.key = "JobLotTaskKey", .caption = "JobLotTaskKey", .visible = false},
+            {.key = "Name", .caption = "Name", .maxLength = 50},
+            {.key = "MasterPrice", .caption = "Price", .format = ColumnFormat::Fixed, .width = 110},
+            {.key = "ExcludeDependency", .caption = "ExcludeDependency", .visible = false},
+            {.key = "EmployeeKey", .caption = "EmployeeKey", .visible = false}};
+}
+
+QLabel* fieldLabel(int index, const QString& text, QWidget* buddy = nullptr) {
+    return label(text, QStringLiteral("lblFieldLabel(%1)").arg(index), buddy);
+}
+
+Grid* readOnlyGrid(QWidget* parent, std::vector<GridColumn> columns) {
+    auto* grid = new Grid(parent);
+    grid->setColumns(std::move(columns));
+    grid->setAllowEdit(false);
+    grid->setAllowAdd(false);
+    grid->setAllowDelete(false);
+    return grid;
+}
+
+/// A field that only shows; it can be reached to read and copy a long text.
+MaskedBox* shownField(QWidget* parent) {
+    auto* field = new MaskedBox(0, parent);
+    field->setReadOnly(true);
+    return field;
+}
+
+} // namespace
+
+void frmPayroll::makeControls() {
+    setDesignSize(designSize);
+    // No limit on what is typed: a type-ahead goes on behind a number that fills its column.
+    m_jobNumber = new MaskedBox(0, canvas());
+    m_jobName = shownField(canvas());
+    m_builder = shownField(canvas());
+    jgJobLots = readOnlyGrid(canvas(), lotColumns());
+    jgTasks = readOnlyGrid(canvas(), taskColumns());
+    cmbType = new Combo(canvas());
+    cmbEmployees = new Combo(canvas());
+    chkUseTaskEmployee = new QCheckBox(canvas());
+    rebCompleted = new DateBox(DateBox::Arrows::None, canvas());
+    // The date's own keys do their work; a click leaves the focus where it is.
+    vscrCompleted = new DayArrows(canvas());
+    vscrCompleted->setFocusPolicy(Qt::NoFocus);
+    m_price = new MaskedBox(0, canvas());
+    m_price->setText("0.00");
+    m_price->setAlignment(Qt::AlignRight);
+    rchNote = new NoteBox(canvas());
+    cmdApplyTask = new QPushButton("&Apply Payment", canvas());
+    lstTaskHistory = new ListBox(ListBox::Pitch::Proportional, canvas());
+    lstEmployeeHistory = new ListBox(ListBox::Pitch::Proportional, canvas());
+    nameControls();
+
+    auto* form = new QVBoxLayout(canvas());
+    form->setContentsMargins(margin, margin, margin, margin);
+    form->setSpacing(spacing);
+    form->addLayout(jobRow());
+    auto* columns = new QHBoxLayout;
+    columns->setSpacing(columnGap);
+    columns->addLayout(taskColumn(), leftShare);
+    columns->addLayout(paymentColumn(), rightShare);
+    form->addLayout(columns, 1);
+    orderTabs();
+}
+
+void frmPayroll::nameControls() {
+    auto* boundPrice = new MaskedBox(0, canvas());
+    boundPrice->hide();
+    auto* secondDateLabel = fieldLabel(3, "Completed:");
+    secondDateLabel->setParent(canvas());
+    secondDateLabel->hide();
+    const struct {
+        QWidget* control;
+        const char* name;
+        const char* toolTip;
+    } controls[] = {
+        {cmbType, "cmbType", "Select Category to Display Tasks"},
+        {lstEmployeeHistory, "lstEmployeeHistory", ""},
+        {chkUseTaskEmployee, "chkUseTaskEmployee",
+         "Use assigned task employee instead of the selected employee"},
+        {rebCompleted, "rebCompleted", "Enter date for task completed"},
+        {vscrCompleted, "vscrCompleted", ""},
+        {cmbEmployees, "cmbEmployees", "Select employee to add to tasks"},
+        {m_jobNumber, "MskField(2)", jobToolTip},
+        {m_jobName, "MskField(1)", jobToolTip},
+        {m_builder, "MskField(4)", ""},
+        {boundPrice, "MskField(8)", ""},
+        {lstTaskHistory, "lstTaskHistory", ""},
+        {m_price, "txtField(0)", "Enter price for task or Double-Click to auto add price"},
+        {cmdApplyTask, "cmdApplyTask", "Press to add task entry to history"},
+        {rchNote, "rchNote", "Enter any notes for task"},
+        {jgTasks, "jgTasks", "Select task to pay"},
+        {jgJobLots, "jgJobLots", "Select the lot/block to display tasks to pay"},
+    };
+    for (const auto& [control, name, toolTip] : controls)
+        nameControl(control, name, toolTip);
+    m_jobName->setAccessibleName("Job Name");
+    jgJobLots->setAccessibleName("Lots");
+    vscrCompleted->setAccessibleName("Completed: day on or back");
+}
+
+QLayout* frmPayroll::jobRow() {
+    auto* row = new QHBoxLayout;
+    row->setSpacing(spacing);
+    m_jobNumber->setFixedWidth(jobNumberWidth);
+    row->addWidget(fieldLabel(0, "Job:", m_jobNumber));
+    row->addWidget(m_jobNumber);
+    row->addWidget(m_jobName, 1);
+    row->addSpacing(columnGap - spacing);
+    row->addWidget(fieldLabel(2, "Builder:", m_builder));
+    row->addWidget(m_builder, 1);
+    return row;
+}
+
+QLayout* frmPayroll::taskColumn() {
+    auto* column = new QVBoxLayout;
+    column->setSpacing(spacing);
+    column->addWidget(jgJobLots, lotRows);
+    auto* category = new QHBoxLayout;
+    category->setSpacing(spacing);
+    category->addWidget(label("&Category:", "lblField(0)", cmbType));
+    category->addWidget(cmbType, 1);
+    column->addLayout(category);
+    column->addWidget(fieldLabel(10, "Task:", jgTasks));
+    column->addWidget(jgTasks, taskRows);
+    return column;
+}
+
+QLayout* frmPayroll::paymentColumn() {
+    auto* column = new QVBoxLayout;
+    column->setSpacing(spacing);
+    column->addWidget(timecardEntry());
+    column->addWidget(taskEntry());
+    column->addLayout(figures());
+    column->addWidget(fieldLabel(4, "Task History:", lstTaskHistory));
+    column->addWidget(lstTaskHistory, 3);
+    column->addWidget(fieldLabel(13, "Employee History:", lstEmployeeHistory));
+    column->addWidget(lstEmployeeHistory, 2);
+    return column;
+}
+
+QWidget* frmPayroll::timecardEntry() {
+    auto* frame = new QGroupBox("&Timecard Entry");
+    frame->setObjectName("Frame1");
+    auto* grid = new QGridLayout(frame);
+    grid->setSpacing(spacing);
+    grid->addWidget(fieldLabel(9, "Employee:", cmbEmployees), 0, 0);
+    grid->addWidget(cmbEmployees, 0, 1, 1, 5);
+    rebCompleted->setFixedWidth(dateWidth);
+    grid->addWidget(fieldLabel(1, "Completed:", rebCompleted), 1, 0);
+    grid->addWidget(rebCompleted, 1, 1);
+    grid->addWidget(vscrCompleted, 1, 2);
+    grid->setColumnStretch(3, 1);
+    grid->addWidget(fieldLabel(14, "Use Task Employee:", chkUseTaskEmployee), 1, 4);
+    grid->addWidget(chkUseTaskEmployee, 1, 5);
+    return frame;
+}
+
+QWidget* frmPayroll::taskEntry() {
+    auto* frame = new QGroupBox("Task &Entry");
+    frame->setObjectName("fraTask");
+    auto* grid = new QGridLayout(frame);
+    grid->setSpacing(spacing);
+    m_price->setFixedWidth(priceWidth);
+    grid->addWidget(fieldLabel(7, "Task Price:", m_price), 0, 0);
+    grid->addWidget(m_price, 0, 1);
+    grid->setColumnStretch(2, 1);
+    grid->addWidget(cmdApplyTask, 0, 3);
+    rchNote->setFixedHeight(noteHeight);
+    grid->addWidget(fieldLabel(8, "Note:", rchNote), 1, 0, Qt::AlignTop);
+    grid->addWidget(rchNote, 1, 1, 1, 3);
+    return frame;
+}
+
+QLayout* frmPayroll::figures() {
+    auto* grid = new QGridLayout;
+    grid->setContentsMargins(margin, 0, margin, 0);
+    grid->setSpacing(spacing);
+    m_totalPaid = fieldLabel(12, "0.00");
+    m_difference = fieldLabel(5, "0.00");
+    for (QLabel* figure : {m_totalPaid, m_difference}) {
+        QFont font = figure->font();
+        font.setPointSizeF(font.pointSizeF() * figureScale);
+        font.setBold(true);
+        figure->setFont(font);
+        figure->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    }
+    grid->addWidget(fieldLabel(11, "Total paid for task:"), 0, 0);
+    grid->addWidget(m_totalPaid, 0, 1);
+    grid->addWidget(fieldLabel(6, "Difference paid for task:"), 0, 3);
+    grid->addWidget(m_difference, 0, 4);
+    grid->setColumnMinimumWidth(2, columnGap);
+    grid->setColumnStretch(1, 1);
+    grid->setColumnStretch(4, 1);
+    return grid;
+}
+
+/// The way of one payment, then what is only read.
+void frmPayroll::orderTabs() {
+    QWidget* const order[] = {m_jobNumber,        jgJobLots,          cmbType,   jgTasks,  cmbEmployees,
+                              chkUseTaskEmployee, rebCompleted,       m_price,   rchNote,  cmdApplyTask,
+                              lstTaskHistory,     lstEmployeeHistory, m_jobName, m_builder};
+    for (std::size_t i = 1; i < std::size(order); ++i)
+        setTabOrder(order[i - 1], order[i]);
+}
+
+} // namespace tarnwell

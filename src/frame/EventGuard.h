@@ -49,7 +49,12 @@ template <typename Emission>
 void fireEvent(Emission&& emission) {
     std::exception_ptr error;
     std::exception_ptr* const outer = std::exchange(detail::errorOfFiredEvent, &error);
-    std::forward<Emission>(emission)();
+    try {
+        std::forward<Emission>(emission)();
+    } catch (const std::exception&) { // of the firing code itself; a routine's own error came first
+        if (error == nullptr)
+            error = std::current_exception();
+    }
     detail::errorOfFiredEvent = outer;
     if (error != nullptr)
         std::rethrow_exception(error);

@@ -1,3 +1,4 @@
+#include "data/RunTimeError.h"
 #include "frame/RunTime.h"
 #include "frame/RunTimeDecimal.h"
 
@@ -139,14 +140,16 @@ bool isDateFormat(QStringView format) {
 
 // ---- values
 
+/// Nothing for text that is no number.
 std::optional<double> numberOf(const Value& value) {
-    if (value.kind() != Value::Kind::Text)
+    try {
         return value.toDouble();
-    bool isNumber = false;
-    const double number = value.toText().toDouble(&isNumber);
-    return isNumber && std::isfinite(number) ? std::optional(number) : std::nullopt;
+    } catch (const RunTimeError&) {
+        return std::nullopt;
+    }
 }
 
+/// Nothing for text that is no date.
 std::optional<DateTime> momentOf(const Value& value) {
     if (value.kind() != Value::Kind::Text)
         return value.toDate();

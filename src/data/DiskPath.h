@@ -5,7 +5,7 @@
 namespace tarnwell {
 
 /// The stored path as this disk spells it: the platform's separator, and each part found without regard to
-/// case where the disk has case. A path that leads nowhere comes back with only its separators changed.
+/// case where the disk has case. What leads nowhere keeps its spelling; only its separators change.
 [[nodiscard]] QString pathOnDisk(const QString& storedPath);
 
 } // namespace tarnwell

@@ -38,28 +38,28 @@ enum class Failure {
     InvalidProperty,      // 380: invalid property value
     NoSuchMember,         // 438
     // recordset and connection
-    NoCurrentRecord,    // 3021
-    WrongArguments,     // 3001
-    NotAllowed,         // 3219: operation is not allowed in this context
-    NotUpdatable,       // 3251
-    ItemNotFound,       // 3265
-    WrongType,          // 3421
-    ObjectClosed,       // 3704
-    ObjectOpen,         // 3705
-    ProviderNotFound,   // 3706
+    NoCurrentRecord,  // 3021
+    WrongArguments,   // 3001
+    NotAllowed,       // 3219: operation is not allowed in this context
+    NotUpdatable,     // 3251
+    ItemNotFound,     // 3265
+    WrongType,        // 3421
+    ObjectClosed,     // 3704
+    ObjectOpen,       // 3705
+    ProviderNotFound, // 3706
     // provider
-    SyntaxError,        // -2147217900
-    NoSuchTable,        // -2147217865
-    NoSuchColumn,       // -2147217904
-    Constraint,         // -2147217873
-    RowChanged,         // -2147217864
-    RowDeleted,         // -2147217885
-    PermissionDenied,   // -2147217911: read-only file, forbidden statement
-    DataOverflow,       // -2147217833
-    DatabaseLocked,     // -2147467259
-    DatabaseNotFound,   // -2147467259
-    DatabaseForeign,    // -2147467259: not a database, or not one of ours
-    DatabaseFailure,    // -2147467259: anything else that the engine reports
+    SyntaxError,      // -2147217900
+    NoSuchTable,      // -2147217865
+    NoSuchColumn,     // -2147217904
+    Constraint,       // -2147217873
+    RowChanged,       // -2147217864
+    RowDeleted,       // -2147217885
+    PermissionDenied, // -2147217911: read-only file, forbidden statement
+    DataOverflow,     // -2147217833
+    DatabaseLocked,   // -2147467259
+    DatabaseNotFound, // -2147467259
+    DatabaseForeign,  // -2147467259: not a database, or not one of ours
+    DatabaseFailure,  // -2147467259: anything else that the engine reports
 };
 
 /// `detail` completes the table's text: a name, a path or the engine's own words.

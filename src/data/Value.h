@@ -34,8 +34,7 @@ public:
     template <std::same_as<bool> B>
     Value(B yes) : m_data(yes) {}
     template <std::integral I>
-        requires(!std::same_as<I, bool>)
-    Value(I number) : m_data(static_cast<qint64>(number)) {}
+    requires(!std::same_as<I, bool>) Value(I number) : m_data(static_cast<qint64>(number)) {}
     Value(double number) : m_data(number) {}
     Value(const DateTime& moment) : m_data(moment) {}
     Value(QString text) : m_data(std::move(text)) {}
@@ -50,7 +49,7 @@ public:
     /// Long, Double or YesNo: a value of a number type, whatever its text looks like.
     [[nodiscard]] bool isNumber() const;
 
-    /// Halves round to even, as the run time rounds.
+    /// Halves round to even, as the run time rounds. Double, Date and Text must fit 32 bits.
     [[nodiscard]] qint64 toLong() const;
     [[nodiscard]] double toDouble() const;
     [[nodiscard]] bool toBool() const;
@@ -74,6 +73,9 @@ private:
 /// A date as text: "01/15/02", "1/15/2002", "01/15/02 14:30", "2002-01-15 14:30:00". Two-digit years
 /// 00 to 29 are 2000 to 2029, 30 to 99 are 1930 to 1999. Invalid result when the text is no date.
 [[nodiscard]] DateTime dateFromText(const QString& text);
+
+/// A date as a date column stores it: "YYYY-MM-DD HH:MM:SS", so that the texts sort as the dates do.
+[[nodiscard]] QString storedDateText(const DateTime& moment);
 
 /// Orders two values as an ascending sort does: Empty and Null first, numbers by size, text without case.
 [[nodiscard]] int compareValues(const Value& a, const Value& b);

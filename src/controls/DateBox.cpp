@@ -28,6 +28,7 @@ DateBox::DateBox(Arrows arrows, QWidget* parent) : QWidget(parent), m_edit(new Q
     m_edit->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     m_edit->installEventFilter(this);
     setFocusProxy(m_edit);
+    setFocusPolicy(Qt::StrongFocus); // A label's mnemonic passes over a buddy without.
     connect(m_edit, &QLineEdit::textChanged, this, &DateBox::changed);
     if (arrows == Arrows::None)
         return;

@@ -3,6 +3,7 @@
 #include "data/Value.h"
 
 #include <QString>
+#include <QStringList>
 #include <QStringView>
 
 #include <optional>
@@ -19,7 +20,7 @@ enum class OnDelete { Cascade, Refuse };
 struct Column {
     QString name;
     ColumnType type;
-    int length = 0;            ///< Text: what the screens limit it to, 0 for no limit. Not enforced here.
+    int length = 0; ///< Text: what the screens limit it to, 0 for no limit. Not enforced here.
     std::optional<Value> defaultValue; ///< None: Null.
     bool notNull = false;
 };
@@ -58,5 +59,9 @@ struct InitialRow {
 };
 /// `Code` rows (employee types, non-linked option names) and `ReportDefinition` rows of a new database.
 [[nodiscard]] std::span<const InitialRow> initialRows();
+
+/// The statements that make the tables, relations, indexes and triggers in an empty SQLite file, in order.
+/// Plain types only, so that any SQLite client can open the file. Relations need foreign keys switched on.
+[[nodiscard]] QStringList createStatements();
 
 } // namespace tarnwell::schema

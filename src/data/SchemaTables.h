@@ -1,0 +1,15 @@
+#pragma once
+
+#include "data/Schema.h"
+
+#include <vector>
+
+namespace tarnwell::schema::detail {
+
+/// The catalogue itself: every table with its columns, relations and indexes, parents first.
+[[nodiscard]] std::vector<Table> makeTables();
+
+/// The rows of a new database.
+[[nodiscard]] std::vector<InitialRow> makeInitialRows();
+
+} // namespace tarnwell::schema::detail

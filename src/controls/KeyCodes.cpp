@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <string_view>
 
 namespace tarnwell {
 
@@ -34,12 +35,29 @@ constexpr std::array namedKeys{
     NamedKey{Qt::Key_Insert, insert},
 };
 
+/// Characters of the upper row and the two blocks of punctuation keys, plain and shifted in turn. Their own
+/// numbers would be those of other keys: '%' that of Left, '.' that of Delete.
+constexpr std::string_view shiftedDigits = ")!@#$%^&*(", firstBlock = ";:=+,<-_.>/?`~",
+                           secondBlock = "[{\\|]}'\"";
+constexpr int firstBlockCode = 186, secondBlockCode = 219;
+
+int printableKeyCode(int key) {
+    const char character = static_cast<char>(key);
+    if (const auto at = shiftedDigits.find(character); at != std::string_view::npos)
+        return '0' + static_cast<int>(at);
+    if (const auto at = firstBlock.find(character); at != std::string_view::npos)
+        return firstBlockCode + static_cast<int>(at / 2);
+    if (const auto at = secondBlock.find(character); at != std::string_view::npos)
+        return secondBlockCode + static_cast<int>(at / 2);
+    return key;
+}
+
 } // namespace
 
 int keyCodeOf(const QKeyEvent& event) {
     const int key = event.key();
     if (key >= Qt::Key_Space && key <= Qt::Key_AsciiTilde)
-        return key;
+        return printableKeyCode(key);
     if (key >= Qt::Key_F1 && key <= Qt::Key_F16)
         return firstFunctionKey + (key - Qt::Key_F1);
     const auto* const found = std::find_if(namedKeys.begin(), namedKeys.end(),

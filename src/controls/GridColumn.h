@@ -21,22 +21,35 @@ enum class ColumnEdit { Text, CheckBox, ValueList, ButtonOnly, TextWithButton, N
 struct ListEntry {
     Value value;
     QString text;
+
+    friend bool operator==(const ListEntry&, const ListEntry&) = default;
 };
 
 /// One column of a grid, as data.
 struct GridColumn {
-    QString key;     ///< Field of the recordset; empty or unknown to it for a button column.
+    QString key; ///< Field of the recordset; empty or unknown to it for a button column.
     QString caption;
     bool visible = true;
     ColumnFormat format = ColumnFormat::General;
     ColumnEdit edit = ColumnEdit::Text;
-    int maxLength = 0;          ///< Characters that the editor takes; 0 for no limit.
-    int width = 0;              ///< Pixels at first show; 0 lets the column share what is left.
-    Value defaultValue = {};    ///< Given to a new row; Empty for none.
-    QString tag = {};           ///< Status bar text when the column is entered.
+    int maxLength = 0;       ///< Characters that the editor takes; 0 for no limit.
+    int width = 0;           ///< Pixels at first show; 0 lets the column share what is left.
+    Value defaultValue = {}; ///< Given to a new row; Empty for none.
+    QString tag = {};        ///< Status bar text when the column is entered.
     QString headerToolTip = {};
     bool selectable = true;
     std::vector<ListEntry> valueList = {};
+
+    friend bool operator==(const GridColumn&, const GridColumn&) = default;
 };
+
+/// The cells are check boxes.
+[[nodiscard]] bool showsCheckBox(const GridColumn& column);
+/// The cells carry a button that raises `buttonClick`.
+[[nodiscard]] bool hasButton(const GridColumn& column);
+/// The cells are edited as text, typed or chosen from a list.
+[[nodiscard]] bool takesText(const GridColumn& column);
+/// The current cell can stand here.
+[[nodiscard]] bool isStop(const GridColumn& column);
 
 } // namespace tarnwell

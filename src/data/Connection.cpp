@@ -1,1 +1,100 @@
 #include "data/Connection.h"
+
+#include "data/Engine.h"
+
+#include <QStringList>
+
+namespace tarnwell {
+
+namespace {
+
+const QString servedProvider = QStringLiteral("Microsoft.Jet.OLEDB.4.0");
+
+/// The value of one key of a connection string; empty when it is not there. Of two the last one counts.
+QString connectionValue(const QString& text, QLatin1String key) {
+    QString value;
+    for (const QString& part : text.split(QLatin1Char(';'))) {
+        const qsizetype equals = part.indexOf(QLatin1Char('='));
+        if (equals >= 0 && part.first(equals).trimmed().compare(key, Qt::CaseInsensitive) == 0)
+            value = part.sliced(equals + 1).trimmed();
+    }
+    const bool isQuoted =
+        value.size() > 1 && value.front() == QLatin1Char('"') && value.back() == value.front();
+    return isQuoted ? value.sliced(1, value.size() - 2) : value;
+}
+
+} // namespace
+
+Connection::Connection() = default;
+
+Connection::~Connection() {
+    Close();
+}
+
+void Connection::setConnectionString(const QString& text) {
+    if (State() == ObjectState::Open)
+        raise(Failure::ObjectOpen);
+    m_connectionString = text;
+}
+
+void Connection::Open() {
+    if (State() == ObjectState::Open)
+        raise(Failure::ObjectOpen);
+    const QString provider = connectionValue(m_connectionString, QLatin1String("Provider"));
+    if (provider.compare(servedProvider, Qt::CaseInsensitive) != 0)
+        raise(Failure::ProviderNotFound, provider);
+    m_engine = std::make_shared<data::Engine>(
+        connectionValue(m_connectionString, QLatin1String("Data Source")), m_busyTimeout);
+}
+
+void Connection::Close() {
+    if (m_engine != nullptr)
+        m_engine->close();
+    m_engine.reset();
+}
+
+ObjectState Connection::State() const {
+    return m_engine != nullptr ? ObjectState::Open : ObjectState::Closed;
+}
+
+int Connection::Execute(const QString& sql) {
+    return engine().execute(engine().translate(sql));
+}
+
+void Connection::BeginTrans() {
+    engine().begin();
+}
+
+void Connection::CommitTrans() {
+    engine().commit();
+}
+
+void Connection::RollbackTrans() {
+    engine().rollback();
+}
+
+data::Engine& Connection::engine() const {
+    return *sharedEngine();
+}
+
+const std::shared_ptr<data::Engine>& Connection::sharedEngine() const {
+    if (m_engine == nullptr)
+        raise(Failure::ObjectClosed);
+    return m_engine;
+}
+
+Transaction::Transaction(Connection& connection) : m_connection(connection) {
+    m_connection.BeginTrans();
+}
+
+Transaction::~Transaction() {
+    if (m_open && m_connection.State() == ObjectState::Open)
+        m_connection.engine().abandonTransaction();
+}
+
+void Transaction::commit() {
+    m_connection.CommitTrans();
+    m_open = false;
+}
+
+} // namespace tarnwell

@@ -4,6 +4,7 @@
 
 #include <QString>
 
+#include <chrono>
 #include <memory>
 
 namespace tarnwell {
@@ -28,6 +29,9 @@ public:
     void setConnectionString(const QString& text);
     [[nodiscard]] const QString& connectionString() const { return m_connectionString; }
 
+    /// How long a write waits for another seat; 5 seconds unless set before `Open`.
+    void setBusyTimeout(std::chrono::milliseconds wait) { m_busyTimeout = wait; }
+
     /// Opens the file behind "Data Source". Raises ProviderNotFound, DatabaseNotFound (a missing file is
     /// never created), DatabaseForeign (not a database, damaged, or without our tables), DatabaseLocked.
     void Open();
@@ -39,16 +43,19 @@ public:
     /// write up to the busy timeout, then raises DatabaseLocked.
     int Execute(const QString& sql);
 
-    /// Immediate transactions: the wait for another writer happens here. They do not nest.
+    /// Immediate transactions: the wait for another writer happens here. They do not nest: a second begin,
+    /// and an end without one, raise NotAllowed.
     void BeginTrans();
     void CommitTrans();
     void RollbackTrans();
 
     /// The engine below; only `data/` uses it.
     [[nodiscard]] data::Engine& engine() const;
+    [[nodiscard]] const std::shared_ptr<data::Engine>& sharedEngine() const;
 
 private:
     QString m_connectionString;
+    std::chrono::milliseconds m_busyTimeout{5000};
     std::shared_ptr<data::Engine> m_engine;
 };
 

@@ -1,1 +1,141 @@
 #include "data/DatabaseFile.h"
+
+#include "data/DiskPath.h"
+#include "data/FileReplacement.h"
+#include "data/OpenDatabase.h"
+#include "data/RunTimeError.h"
+#include "data/Schema.h"
+
+#include <QByteArrayList>
+#include <QDir>
+#include <QFileInfo>
+
+#include <chrono>
+#include <set>
+
+namespace tarnwell {
+
+namespace {
+
+using data::SqliteHandle;
+using data::SqliteStatement;
+
+constexpr std::chrono::milliseconds busyTimeout{5000};
+
+QByteArray quoted(const QString& name) {
+    return '"' + name.toUtf8() + '"';
+}
+
+void insertInitialRow(const SqliteHandle& handle, const schema::InitialRow& row) {
+    QByteArrayList names;
+    QByteArrayList values;
+    for (const auto& [column, value] : row.values) {
+        names << quoted(column);
+        values << "?";
+    }
+    SqliteStatement statement = handle.prepare("INSERT INTO " + quoted(row.table) + " (" + names.join(',') +
+                                               ") VALUES (" + values.join(',') + ')');
+    int parameter = 0;
+    for (const auto& [column, value] : row.values)
+        statement.bind(++parameter, value);
+    statement.run();
+}
+
+void fillNewDatabase(const QString& path) {
+    const SqliteHandle handle(path, SqliteHandle::Access::Create);
+    handle.run("BEGIN");
+    for (const QString& sql : schema::createStatements())
+        handle.run(sql.toUtf8());
+    for (const schema::InitialRow& row : schema::initialRows())
+        insertInitialRow(handle, row);
+    handle.run("COMMIT");
+    handle.run("PRAGMA journal_mode=WAL");
+}
+
+QStringList linesOf(SqliteStatement statement) {
+    QStringList lines;
+    while (statement.step())
+        lines << statement.textAt(0);
+    return lines;
+}
+
+QStringList engineProblems(const SqliteHandle& handle) {
+    QStringList lines = linesOf(handle.prepare("PRAGMA integrity_check"));
+    lines.removeAll(QStringLiteral("ok"));
+    return lines;
+}
+
+/// "JobLot 5: there is no Job 77 for JobKey".
+QString danglingText(const SqliteHandle& handle, const schema::Table& table, const schema::Relation& relation,
+                     qint64 key) {
+    SqliteStatement value = handle.prepare("SELECT " + quoted(relation.column) + " FROM " +
+                                           quoted(table.name) + " WHERE " + quoted(table.keyColumn) + "=?");
+    value.bind(1, key);
+    const QString missing = value.step() ? value.textAt(0) : QString();
+    return QStringLiteral("%1 %2: there is no %3 %4 for %5")
+        .arg(table.name, QString::number(key), relation.parentTable, missing, relation.column);
+}
+
+QStringList relationProblems(const SqliteHandle& handle) {
+    QStringList lines;
+    SqliteStatement check = handle.prepare("PRAGMA foreign_key_check");
+    // One row of the answer for each broken relation of a row: table, row, parent, number of the relation.
+    while (check.step()) {
+        const schema::Table* table = schema::findTable(check.textAt(0));
+        for (const schema::Relation& relation : table->relations)
+            if (relation.parentTable.compare(check.textAt(2), Qt::CaseInsensitive) == 0)
+                lines << danglingText(handle, *table, relation, check.integerAt(1));
+    }
+    return lines;
+}
+
+void requireSound(const QString& path) {
+    const QStringList problems = integrityProblems(path);
+    if (!problems.isEmpty())
+        raise(Failure::DatabaseForeign, QStringLiteral("%1 (%2)").arg(path, problems.front()));
+}
+
+} // namespace
+
+void createDatabase(const QString& path) {
+    const QString target = pathOnDisk(path);
+    data::FileReplacement file(target);
+    if (QFileInfo::exists(target))
+        raise(Failure::FileAccess, target);
+    fillNewDatabase(file.temporaryPath());
+    file.moveIntoPlace(data::FileReplacement::Existing::Keep);
+}
+
+void backupDatabase(const QString& source, const QString& target, bool overwrite) {
+    const QString from = pathOnDisk(source);
+    const QString to = pathOnDisk(target);
+    const bool exists = QFileInfo::exists(to);
+    const bool same = exists && QFileInfo(from).canonicalFilePath() == QFileInfo(to).canonicalFilePath();
+    if (same || (exists && !overwrite))
+        raise(Failure::FileAccess, to);
+    const SqliteHandle handle = data::openOurDatabase(from, busyTimeout);
+    data::FileReplacement file(to);
+    SqliteStatement copy = handle.prepare("VACUUM INTO ?1");
+    copy.bind(1, file.temporaryPath());
+    copy.run();
+    requireSound(file.temporaryPath());
+    if (exists)
+        data::FileReplacement::retireDatabase(to);
+    file.moveIntoPlace(overwrite ? data::FileReplacement::Existing::Replace
+                                 : data::FileReplacement::Existing::Keep);
+}
+
+QStringList integrityProblems(const QString& path) {
+    const SqliteHandle handle = data::openOurDatabase(path, busyTimeout);
+    try {
+        const QStringList problems = engineProblems(handle);
+        // A damaged file has no rows on whose keys one could rely.
+        return problems.isEmpty() ? relationProblems(handle) : problems;
+    } catch (const RunTimeError& error) {
+        if (!handle.foundDamage())
+            throw;
+        return {error.description()};
+    }
+}
+
+} // namespace tarnwell

@@ -19,10 +19,14 @@ enum class LockType { ReadOnly = 1, Pessimistic = 2, Optimistic = 3 };
 
 /// Rows of a statement, walked by a current position, and written through when the lock type allows it.
 ///
-/// Rows are fetched as they are walked; `RecordCount`, `MoveLast`, `Filter`, `Find` and any write on the
-/// connection fetch what is missing, so that later writes never change what was opened. A recordset opened
+/// Rows are fetched as they are walked; `RecordCount`, `MoveLast`, `Filter`, `Find`, any write on the
+/// connection and the next statement on it fetch what is missing, so that later writes never change what was
+/// opened, and no half-read recordset hides another seat's work from the others. A recordset opened
 /// `Dynamic` fetches nothing until a row is asked for: opening a table by its name to add one row costs one
 /// row. Columns are found by name without regard to case; where two tables share a name, by "Job.Name".
+///
+/// A move, a filter and AddNew first write what is pending, as Update does; Close, Requery and Delete drop
+/// it.
 ///
 /// Field reads raise NoCurrentRecord (3021) at BOF or EOF, ItemNotFound (3265) for an unknown column,
 /// RowDeleted when the current row was deleted; everything raises ObjectClosed (3704) while closed.
@@ -56,11 +60,13 @@ public:
     [[nodiscard]] int RecordCount() const;
     /// 1 for the first row; -1 at BOF, EOF or on a deleted row.
     [[nodiscard]] int AbsolutePosition() const;
+    /// Beyond the last row is EOF; below 1 raises WrongArguments.
     void setAbsolutePosition(int position);
     [[nodiscard]] int PageSize() const;
     void setPageSize(int rows);
     [[nodiscard]] int PageCount() const;
     [[nodiscard]] int AbsolutePage() const;
+    /// To the first row of the page; raises WrongArguments when there is no such page.
     void setAbsolutePage(int page);
 
     /// "Column op value" joined by AND and OR; = <> < > <= >= LIKE ('*' or '%' at the ends); empty text
@@ -68,7 +74,7 @@ public:
     void setFilter(const QString& criteria);
     [[nodiscard]] const QString& Filter() const;
     /// Moves to the next row (the current one included, after skipping `skip` rows) that meets one
-    /// comparison; EOF when none does.
+    /// comparison; EOF when none does, BOF going backward. Raises NoCurrentRecord at BOF or EOF.
     void Find(const QString& criteria, int skip = 0, bool backward = false);
     /// A second position over the same rows: what one writes the other sees.
     [[nodiscard]] Recordset Clone() const;
@@ -107,6 +113,8 @@ public:
 
 private:
     struct State_;
+    [[nodiscard]] State_& open() const; ///< Raises ObjectClosed.
+
     std::unique_ptr<State_> m_state;
 };
 

@@ -1,0 +1,128 @@
+#include "data/Engine.h"
+
+#include "data/OpenDatabase.h"
+#include "data/RowStore.h"
+#include "data/RunTimeError.h"
+
+#include <limits>
+#include <sqlite3.h>
+
+namespace tarnwell::data {
+
+namespace {
+
+/// Statements that come through a connection read and write rows and do nothing else.
+int authorize(void*, int action, const char*, const char*, const char*, const char*) {
+    switch (action) {
+    case SQLITE_SELECT:
+    case SQLITE_READ:
+    case SQLITE_FUNCTION:
+    case SQLITE_RECURSIVE:
+    case SQLITE_INSERT:
+    case SQLITE_UPDATE:
+    case SQLITE_DELETE:
+    case SQLITE_TRANSACTION:
+        return SQLITE_OK;
+    default:
+        return SQLITE_DENY;
+    }
+}
+
+} // namespace
+
+Engine::Engine(const QString& path, std::chrono::milliseconds busyTimeout)
+    : m_handle(openOurDatabase(path, busyTimeout)), m_cache(m_handle.get()) {
+    sqlite3_set_authorizer(m_handle.get(), authorize, nullptr);
+}
+
+Engine::~Engine() {
+    close();
+}
+
+void Engine::close() {
+    m_open = false;
+    m_inTransaction = false;
+    for (RowStore* reader : m_readers)
+        reader->abandon();
+    m_readers.clear();
+    m_cache.close();
+    m_handle.close();
+}
+
+int Engine::execute(const Translation& translation) {
+    completeReaders();
+    StatementLease statement = lease(translation.shape->sql);
+    int parameter = 0;
+    for (const Value& value : translation.parameters)
+        statement->bind(++parameter, value);
+    statement->run();
+    if (translation.shape->kind == StatementKind::Select)
+        return 0;
+    return static_cast<int>(
+        std::min<qint64>(sqlite3_changes64(m_handle.get()), std::numeric_limits<int>::max()));
+}
+
+void Engine::begin() {
+    if (m_inTransaction)
+        raise(Failure::NotAllowed, QStringLiteral("A transaction is open already."));
+    completeReaders();
+    lease("BEGIN IMMEDIATE")->run();
+    m_inTransaction = true;
+}
+
+void Engine::commit() {
+    if (!m_inTransaction)
+        raise(Failure::NotAllowed, QStringLiteral("No transaction is open."));
+    if (sqlite3_get_autocommit(m_handle.get()) != 0) {
+        // A full disk or a failing one makes the engine roll back by itself.
+        m_inTransaction = false;
+        raise(Failure::DatabaseFailure, QStringLiteral("The transaction was rolled back after a failure."));
+    }
+    lease("COMMIT")->run();
+    m_inTransaction = false;
+}
+
+void Engine::rollback() {
+    if (!m_inTransaction)
+        raise(Failure::NotAllowed, QStringLiteral("No transaction is open."));
+    completeReaders();
+    m_inTransaction = false;
+    if (sqlite3_get_autocommit(m_handle.get()) == 0)
+        lease("ROLLBACK")->run();
+}
+
+void Engine::abandonTransaction() noexcept {
+    m_inTransaction = false;
+    if (m_open && sqlite3_get_autocommit(m_handle.get()) == 0)
+        sqlite3_exec(m_handle.get(), "ROLLBACK", nullptr, nullptr, nullptr);
+}
+
+void Engine::removeReader(const RowStore& reader) {
+    std::erase(m_readers, &reader);
+}
+
+void Engine::completeReaders() {
+    const std::vector<RowStore*> readers = m_readers;
+    for (RowStore* reader : readers)
+        reader->completeRead();
+}
+
+WriteScope::WriteScope(Engine& engine) : m_engine(engine), m_own(!engine.inTransaction()) {
+    if (m_own)
+        m_engine.begin();
+    else
+        m_engine.completeReaders();
+}
+
+WriteScope::~WriteScope() {
+    if (m_own)
+        m_engine.abandonTransaction();
+}
+
+void WriteScope::commit() {
+    if (m_own)
+        m_engine.commit();
+    m_own = false;
+}
+
+} // namespace tarnwell::data

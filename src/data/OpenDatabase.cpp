@@ -1,0 +1,78 @@
+#include "data/OpenDatabase.h"
+
+#include "data/DiskPath.h"
+#include "data/RunTimeError.h"
+#include "data/Schema.h"
+
+#include <QFileInfo>
+
+#include <sqlite3.h>
+
+namespace tarnwell::data {
+
+namespace {
+
+using Access = SqliteHandle::Access;
+
+/// A read-only file in a folder without its log beside it can only be read as one that nobody changes.
+Access accessFor(const QFileInfo& file) {
+    if (file.isWritable())
+        return Access::ReadWrite;
+    const bool hasLog = QFileInfo::exists(file.filePath() + QStringLiteral("-wal"));
+    return hasLog || QFileInfo(file.path()).isWritable() ? Access::ReadOnly : Access::Immutable;
+}
+
+/// The first of our columns that the database does not have; nothing when it has all.
+QString missingColumn(sqlite3* handle) {
+    for (const schema::Table& table : schema::tables()) {
+        const QByteArray tableName = table.name.toUtf8();
+        for (const schema::Column& column : table.columns)
+            if (sqlite3_table_column_metadata(handle, "main", tableName.constData(),
+                                              column.name.toUtf8().constData(), nullptr, nullptr, nullptr,
+                                              nullptr, nullptr) != SQLITE_OK)
+                return table.name + QLatin1Char('.') + column.name;
+    }
+    return {};
+}
+
+/// Reads the catalogue, which is where a file that is no database shows.
+void requireOurs(const SqliteHandle& handle, const QString& path) {
+    (void)handle.prepare("SELECT 1 FROM sqlite_schema").step();
+    const QString missing = missingColumn(handle.get());
+    if (!missing.isEmpty())
+        raise(Failure::DatabaseForeign, QStringLiteral("%1 (%2)").arg(path, missing));
+}
+
+void protect(sqlite3* handle) {
+    sqlite3_db_config(handle, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+    sqlite3_db_config(handle, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+    sqlite3_db_config(handle, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
+    sqlite3_db_config(handle, SQLITE_DBCONFIG_ENABLE_FKEY, 1, nullptr);
+}
+
+} // namespace
+
+SqliteHandle openOurDatabase(const QString& path, std::chrono::milliseconds busyTimeout) {
+    const QFileInfo file(pathOnDisk(path));
+    if (!file.isFile())
+        raise(Failure::DatabaseNotFound, path);
+    const Access access = accessFor(file);
+    SqliteHandle handle(file.filePath(), access);
+    sqlite3_busy_timeout(handle.get(), static_cast<int>(busyTimeout.count()));
+    try {
+        requireOurs(handle, path);
+        handle.run("PRAGMA cache_size=-16000");
+        if (access == Access::ReadWrite) {
+            handle.run("PRAGMA journal_mode=WAL");
+            handle.run("PRAGMA synchronous=FULL");
+        }
+    } catch (const RunTimeError&) {
+        if (handle.foundDamage())
+            raise(Failure::DatabaseForeign, path); // the engine's words do not say which file
+        throw;
+    }
+    protect(handle.get());
+    return handle;
+}
+
+} // namespace tarnwell::data

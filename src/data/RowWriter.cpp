@@ -1,0 +1,243 @@
+#include "data/RowWriter.h"
+
+#include "data/RunTimeError.h"
+
+#include <QByteArrayList>
+
+#include <algorithm>
+#include <cstring>
+#include <sqlite3.h>
+
+namespace tarnwell::data {
+
+namespace {
+
+QByteArray quoted(const QString& name) {
+    return '"' + name.toUtf8() + '"';
+}
+
+bool sameCell(const Cell& a, const Cell& b) {
+    if (a.kind != b.kind)
+        return false;
+    switch (a.kind) {
+    case Value::Kind::Empty:
+    case Value::Kind::Null:
+        return true;
+    case Value::Kind::Text:
+        return a.length == b.length && std::memcmp(a.text, b.text, a.length) == 0;
+    case Value::Kind::Double:
+        return a.real == b.real;
+    default:
+        return a.number == b.number;
+    }
+}
+
+QByteArray storedName(const ResultColumns& columns, int column) {
+    return quoted(columns.at(column).stored()->name);
+}
+
+/// `"Name","Price"` of shown columns.
+QByteArray nameList(const ResultColumns& columns, std::span<const int> shown) {
+    QByteArrayList names;
+    for (const int column : shown)
+        names << storedName(columns, column);
+    return names.join(',');
+}
+
+QByteArray whereKey(const KeyTable& table, std::size_t parameter) {
+    return " WHERE " + quoted(table.table->keyColumn) + "=?" +
+           QByteArray::number(static_cast<qulonglong>(parameter));
+}
+
+QByteArray insertText(const ResultColumns& columns, const KeyTable& table,
+                      std::span<const ColumnChange> changes) {
+    QByteArray returning = quoted(table.table->keyColumn);
+    if (!table.columns.empty())
+        returning += ',' + nameList(columns, table.columns);
+    const QByteArray into = "INSERT INTO " + quoted(table.table->name);
+    if (changes.empty())
+        return into + " DEFAULT VALUES RETURNING " + returning;
+    QByteArrayList names;
+    QByteArrayList values;
+    for (const ColumnChange& change : changes) {
+        names << storedName(columns, change.column);
+        values << "?";
+    }
+    return into + " (" + names.join(',') + ") VALUES (" + values.join(',') + ") RETURNING " + returning;
+}
+
+/// The recordset's own query, narrowed to one key.
+QByteArray narrowedText(const TranslatedShape& shape, int width, const KeyTable& table,
+                        std::size_t parameters) {
+    QByteArrayList names;
+    for (int i = 0; i < width; ++i)
+        names << 'c' + QByteArray::number(i);
+    return "WITH r(" + names.join(',') + ") AS (" + shape.sqlWithKeys + ") SELECT * FROM r WHERE c" +
+           QByteArray::number(table.keyCell) + "=?" +
+           QByteArray::number(static_cast<qulonglong>(parameters + 1));
+}
+
+} // namespace
+
+RowWriter::RowWriter(RowStore& store) : m_store(store), m_columns(store.columns()) {}
+
+void RowWriter::update(RowId row, std::span<const ColumnChange> changes) {
+    if (changes.empty())
+        return;
+    WriteScope scope(m_store.engine());
+    for (const KeyTable& table : m_columns.keyTables()) {
+        std::vector<ColumnChange> own;
+        std::ranges::copy_if(changes, std::back_inserter(own), [&](const ColumnChange& change) {
+            return m_columns.keyTableOf(change.column) == &table;
+        });
+        if (own.empty())
+            continue;
+        requireUnchanged(row, table);
+        writeColumns(row, table, own);
+    }
+    scope.commit();
+    showChanges(row, changes);
+}
+
+RowId RowWriter::insert(std::span<const ColumnChange> changes) {
+    const KeyTable& table = tableForInsert(changes);
+    WriteScope scope(m_store.engine());
+    StatementLease statement = m_store.engine().lease(insertText(m_columns, table, changes));
+    int parameter = 0;
+    for (const ColumnChange& change : changes)
+        statement->bind(++parameter, change.value);
+    (void)statement->step();
+    const RowId row = m_store.addRow(table.keyCell);
+    try {
+        readGenerated(statement, row, table);
+        statement->run();
+        const bool allShown =
+            std::ssize(table.columns) + 1 >= m_columns.count() && m_columns.keyTables().size() == 1;
+        if (!allShown)
+            readThroughQuery(row, table);
+        scope.commit();
+    } catch (const RunTimeError&) {
+        m_store.dropLastAdded();
+        throw;
+    }
+    return row;
+}
+
+void RowWriter::remove(RowId row) {
+    const KeyTable& table = mainTable();
+    WriteScope scope(m_store.engine());
+    requireUnchanged(row, table);
+    StatementLease statement =
+        m_store.engine().lease("DELETE FROM " + quoted(table.table->name) + whereKey(table, 1));
+    statement->bind(1, keyOf(row, table));
+    statement->run();
+    scope.commit();
+    m_store.markDeleted(row);
+}
+
+qint64 RowWriter::keyOf(RowId row, const KeyTable& table) const {
+    const Value key = m_store.value(row, table.keyCell);
+    if (key.isNull()) // the side of an outer join that has no row
+        raise(Failure::NotUpdatable, table.table->name);
+    return key.toLong();
+}
+
+void RowWriter::requireUnchanged(RowId row, const KeyTable& table) {
+    const QByteArray names = table.columns.empty() ? QByteArray("1") : nameList(m_columns, table.columns);
+    StatementLease statement =
+        m_store.engine().lease("SELECT " + names + " FROM " + quoted(table.table->name) + whereKey(table, 1));
+    statement->bind(1, keyOf(row, table));
+    if (!statement->step())
+        raise(Failure::RowDeleted);
+    TextArena texts;
+    const std::span<const Cell> known = m_store.cells(row);
+    for (std::size_t i = 0; i < table.columns.size(); ++i) {
+        const auto column = static_cast<std::size_t>(table.columns[i]);
+        const Cell now =
+            cellFromColumn(statement->get(), static_cast<int>(i), m_columns.types()[column], texts);
+        if (!sameCell(known[column], now))
+            raise(Failure::RowChanged);
+    }
+}
+
+void RowWriter::writeColumns(RowId row, const KeyTable& table, std::span<const ColumnChange> changes) {
+    QByteArrayList assignments;
+    for (const ColumnChange& change : changes)
+        assignments << storedName(m_columns, change.column) + "=?";
+    StatementLease statement =
+        m_store.engine().lease("UPDATE " + quoted(table.table->name) + " SET " + assignments.join(',') +
+                               whereKey(table, changes.size() + 1));
+    int parameter = 0;
+    for (const ColumnChange& change : changes)
+        statement->bind(++parameter, change.value);
+    statement->bind(++parameter, keyOf(row, table));
+    statement->run();
+}
+
+const KeyTable& RowWriter::mainTable() const {
+    const KeyTable* table = m_columns.mainTable();
+    if (table == nullptr)
+        raise(Failure::NotUpdatable, QStringLiteral("More than one table may be meant."));
+    return *table;
+}
+
+const KeyTable& RowWriter::tableForInsert(std::span<const ColumnChange> changes) const {
+    if (changes.empty())
+        return mainTable();
+    const KeyTable* table = m_columns.keyTableOf(changes.front().column);
+    const bool oneTable = std::ranges::all_of(
+        changes, [&](const ColumnChange& change) { return m_columns.keyTableOf(change.column) == table; });
+    if (!oneTable)
+        raise(Failure::NotUpdatable, QStringLiteral("The new record belongs to more than one table."));
+    return *table;
+}
+
+/// The key and the columns that the INSERT returns, with the defaults of those that were not set.
+void RowWriter::readGenerated(StatementLease& statement, RowId row, const KeyTable& table) {
+    const std::span<Cell> cells = m_store.cells(row);
+    const auto read = [&](int resultColumn, int cell) {
+        const auto at = static_cast<std::size_t>(cell);
+        cells[at] = cellFromColumn(statement->get(), resultColumn, m_columns.types()[at], m_store.texts());
+    };
+    read(0, table.keyCell);
+    for (std::size_t i = 0; i < table.columns.size(); ++i)
+        read(static_cast<int>(i) + 1, table.columns[i]);
+    for (int i = 0; i < m_columns.count(); ++i)
+        if (m_columns.at(i).table == table.table && m_columns.at(i).tableColumn >= 0 &&
+            m_columns.at(i).stored()->type == schema::ColumnType::Key)
+            read(0, i);
+}
+
+/// Columns of other tables and computed ones. A row that the query does not select keeps Null there.
+void RowWriter::readThroughQuery(RowId row, const KeyTable& table) {
+    const Translation& translation = m_store.translation();
+    StatementLease statement = m_store.engine().lease(
+        narrowedText(*translation.shape, m_columns.width(), table, translation.parameters.size()));
+    int parameter = 0;
+    for (const Value& value : translation.parameters)
+        statement->bind(++parameter, value);
+    statement->bind(++parameter, keyOf(row, table));
+    if (!statement->step())
+        return;
+    const std::span<Cell> cells = m_store.cells(row);
+    for (std::size_t i = 0; i < cells.size(); ++i)
+        cells[i] =
+            cellFromColumn(statement->get(), static_cast<int>(i), m_columns.types()[i], m_store.texts());
+}
+
+/// Of joined tables one stored row may stand behind several rows of the result.
+void RowWriter::showChanges(RowId row, std::span<const ColumnChange> changes) {
+    for (const ColumnChange& change : changes) {
+        m_store.setValue(row, change.column, change.value);
+        if (m_columns.keyTables().size() < 2)
+            continue;
+        const KeyTable& table = *m_columns.keyTableOf(change.column);
+        const Value key = m_store.value(row, table.keyCell);
+        m_store.forEachRow([&](RowId other) {
+            if (m_store.value(other, table.keyCell) == key)
+                m_store.setValue(other, change.column, change.value);
+        });
+    }
+}
+
+} // namespace tarnwell::data

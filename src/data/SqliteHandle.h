@@ -1,0 +1,64 @@
+#pragma once
+
+#include "data/Value.h"
+
+#include <QByteArray>
+#include <QString>
+
+#include <memory>
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+namespace tarnwell::data {
+
+/// One prepared statement of the engine's own language. Must not outlive its handle.
+class SqliteStatement {
+public:
+    /// Raises SyntaxError, NoSuchTable, NoSuchColumn, and PermissionDenied for what the connection refuses;
+    /// SyntaxError also for text behind the first statement.
+    SqliteStatement(sqlite3* handle, const QByteArray& sql);
+
+    /// Parameters count from 1. Empty is stored as Null.
+    void bind(int parameter, const Value& value);
+    /// True when it stands on a row, false at its end; there it has let go of its locks.
+    bool step();
+    /// Runs to its end, whatever it returns.
+    void run();
+    void reset() noexcept;
+    [[nodiscard]] sqlite3_stmt* get() const { return m_statement.get(); }
+    [[nodiscard]] qint64 integerAt(int column) const;
+    [[nodiscard]] QString textAt(int column) const;
+
+private:
+    struct Finalizer {
+        void operator()(sqlite3_stmt* statement) const noexcept;
+    };
+    std::unique_ptr<sqlite3_stmt, Finalizer> m_statement;
+};
+
+/// An open database file.
+class SqliteHandle {
+public:
+    enum class Access { ReadWrite, ReadOnly, Immutable, Create };
+
+    /// Does not look into the file yet: what is wrong with it shows at the first statement.
+    SqliteHandle(const QString& path, Access access);
+
+    [[nodiscard]] sqlite3* get() const { return m_handle.get(); }
+    [[nodiscard]] SqliteStatement prepare(const QByteArray& sql) const { return {m_handle.get(), sql}; }
+    void run(const QByteArray& sql) const { prepare(sql).run(); }
+    void close() noexcept { m_handle.reset(); }
+
+    /// What the last failed statement found: a file that is damaged or no database at all, or one in use.
+    [[nodiscard]] bool foundDamage() const;
+    [[nodiscard]] bool foundBusy() const;
+
+private:
+    struct Closer {
+        void operator()(sqlite3* handle) const noexcept;
+    };
+    std::unique_ptr<sqlite3, Closer> m_handle;
+};
+
+} // namespace tarnwell::data

@@ -1,0 +1,220 @@
+#include "support/RaisedNumber.h"
+#include "support/TemporaryDatabase.h"
+
+#include <QFile>
+
+#include <atomic>
+#include <gtest/gtest.h>
+#include <thread>
+
+namespace tarnwell::test {
+
+namespace {
+
+int openingFails(const QString& connectionString) {
+    Connection connection;
+    connection.setConnectionString(connectionString);
+    const int number = raisedNumber([&] { connection.Open(); });
+    EXPECT_EQ(connection.State() == ObjectState::Open, number == 0);
+    return number;
+}
+
+QString fileWith(const TemporaryDatabase& database, const QByteArray& content) {
+    const QString path = database.folder() + QStringLiteral("/other.mdb");
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(content);
+    return path;
+}
+
+TEST(Opening, RefusesWhatItCannotServe) {
+    const TemporaryDatabase database;
+    EXPECT_EQ(openingFails(QStringLiteral("Provider=SQLOLEDB.1;Data Source=") + database.path()), 3706);
+    EXPECT_EQ(openingFails({}), 3706);
+    EXPECT_EQ(openingFails(QStringLiteral("provider=microsoft.jet.oledb.4.0; DATA SOURCE = \"%1\" ;x=y")
+                               .arg(database.path())),
+              0);
+}
+
+TEST(Opening, NeverMakesAMissingFile) {
+    const TemporaryDatabase database;
+    const QString path = database.folder() + QStringLiteral("/missing.mdb");
+    EXPECT_EQ(openingFails(connectionStringFor(path)), -2147467259);
+    EXPECT_FALSE(QFile::exists(path));
+    EXPECT_EQ(openingFails(connectionStringFor({})), -2147467259);
+    EXPECT_EQ(openingFails(connectionStringFor(database.folder())), -2147467259);
+}
+
+TEST(Opening, LeavesForeignFilesAsTheyAre) {
+    const TemporaryDatabase database;
+    for (const QByteArray& content : {QByteArray(), QByteArray("no database"), QByteArray(8192, 'x')}) {
+        const QString path = fileWith(database, content);
+        Connection connection;
+        connection.setConnectionString(connectionStringFor(path));
+        EXPECT_TRUE(raisedText([&] { connection.Open(); }).contains(path));
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        EXPECT_EQ(file.readAll(), content);
+    }
+}
+
+TEST(Opening, NamesADamagedCatalogue) {
+    TemporaryDatabase database;
+    database.connection().Close();
+    QFile file(database.path());
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    ASSERT_TRUE(file.seek(110));
+    file.write(QByteArray(1500, '\x7f'));
+    file.close();
+    EXPECT_EQ(openingFails(connectionStringFor(database.path())), -2147467259);
+}
+
+TEST(Opening, TakesOneConnectionOnce) {
+    TemporaryDatabase database;
+    EXPECT_EQ(raisedNumber([&] { database.connection().Open(); }), 3705);
+    EXPECT_EQ(raisedNumber([&] { database.connection().setConnectionString({}); }), 3705);
+    database.connection().Close();
+    EXPECT_EQ(raisedNumber([&] { database.run(QStringLiteral("DELETE FROM MasterTask")); }), 3704);
+    database.connection().Close();
+    database.connection().Open();
+    EXPECT_EQ(database.connection().State(), ObjectState::Open);
+}
+
+TEST(Statement, RunsAloneAndOnlyOnRows) {
+    TemporaryDatabase database;
+    database.add(QStringLiteral("MasterTask"), {{QStringLiteral("Name"), "Elm"}});
+    for (const char* sql :
+         {"DELETE FROM MasterTask; DELETE FROM Code",
+          "UPDATE MasterTask SET Name='x' WHERE MasterTaskKey=1;DELETE FROM MasterTask",
+          "DROP TABLE MasterTask", "CREATE TABLE T (a)", "ATTACH 'x.db' AS x", "PRAGMA foreign_keys=OFF",
+          "VACUUM", "BEGIN", "", "SELECT", "DELETE FROM MasterTask WHERE Name='O'Neil'"}) {
+        EXPECT_NE(raisedNumber([&] { database.run(QString::fromLatin1(sql)); }), 0) << sql;
+        EXPECT_EQ(database.ask(QStringLiteral("SELECT Name FROM MasterTask")), Value("Elm")) << sql;
+    }
+    EXPECT_NE(raisedNumber([&] { database.run(QStringLiteral("DELETE FROM sqlite_master")); }), 0);
+}
+
+struct FailingStatement {
+    const char* sql;
+    int number;
+};
+
+TEST(Statement, RaisesTheProvidersNumbers) {
+    TemporaryDatabase database;
+    constexpr FailingStatement statements[] = {
+        {"SELECT * FRM MasterTask", -2147217900},
+        {"SELECT * FROM Jobs", -2147217865},
+        {"Jobs", -2147217865},
+        {"SELECT Nowhere FROM MasterTask", -2147217904},
+        {"UPDATE MasterTask SET Nowhere=1", -2147217904},
+        {"INSERT INTO MasterTask (Nowhere) VALUES (1)", -2147217904},
+        {"INSERT INTO JobLot (JobKey) VALUES (77)", -2147217873},
+        {"INSERT INTO MasterTask (MasterTaskKey, Name) SELECT 1, 'a' UNION ALL SELECT 1, 'b'", -2147217873},
+    };
+    for (const FailingStatement& statement : statements) {
+        Recordset rows;
+        EXPECT_EQ(raisedNumber([&] { rows.Open(QString::fromLatin1(statement.sql), database.connection()); }),
+                  statement.number)
+            << statement.sql;
+        EXPECT_EQ(rows.State(), ObjectState::Closed);
+    }
+    EXPECT_EQ(database.ask(QStringLiteral("SELECT COUNT(*) FROM MasterTask")), Value(0));
+}
+
+TEST(Statement, CountsTheRowsItTouched) {
+    TemporaryDatabase database;
+    for (const char* name : {"Elm", "Oak", "Ash"})
+        database.add(QStringLiteral("MasterTask"), {{QStringLiteral("Name"), name}});
+    EXPECT_EQ(database.connection().Execute(
+                  QStringLiteral("UPDATE MasterTask SET CustomTask='Y' WHERE Name<>'oak'")),
+              2);
+    EXPECT_EQ(database.connection().Execute(QStringLiteral("DELETE FROM MasterTask WHERE Name='x'")), 0);
+}
+
+TEST(Relation, TakesChildrenAlongOrRefuses) {
+    TemporaryDatabase database;
+    const qint64 builder = database.add(QStringLiteral("Contractor"), {});
+    const qint64 job = database.add(QStringLiteral("Job"), {{QStringLiteral("ContractorKey"), builder}});
+    const qint64 lot = database.add(QStringLiteral("JobLot"), {{QStringLiteral("JobKey"), job}});
+    const qint64 task = database.add(QStringLiteral("JobLotTask"), {{QStringLiteral("JobLotKey"), lot}});
+    const qint64 employee = database.add(QStringLiteral("Employee"), {});
+    database.add(QStringLiteral("JobTaskEmployee"),
+                 {{QStringLiteral("JobLotTaskKey"), task}, {QStringLiteral("EmployeeKey"), employee}});
+    const QString text = raisedText([&] { database.run(QStringLiteral("DELETE FROM Job")); });
+    EXPECT_TRUE(text.contains(QStringLiteral("other records refer to it"))) << text.toStdString();
+    EXPECT_EQ(database.ask(QStringLiteral("SELECT COUNT(*) FROM JobLotTask")), Value(1));
+    database.run(QStringLiteral("DELETE FROM JobTaskEmployee"));
+    database.run(QStringLiteral("DELETE FROM Job"));
+    EXPECT_EQ(database.ask(QStringLiteral("SELECT COUNT(*) FROM JobLotTask")), Value(0));
+}
+
+TEST(Transactions, KeepAllOrNothing) {
+    TemporaryDatabase database;
+    const auto count = [&] { return database.ask(QStringLiteral("SELECT COUNT(*) FROM MasterTask")); };
+    {
+        const Transaction transaction(database.connection());
+        database.add(QStringLiteral("MasterTask"), {});
+        EXPECT_EQ(raisedNumber([&] { database.connection().BeginTrans(); }), 3219);
+    }
+    EXPECT_EQ(count(), Value(0));
+    Transaction transaction(database.connection());
+    database.add(QStringLiteral("MasterTask"), {});
+    // A failing write inside takes back itself alone.
+    EXPECT_NE(raisedNumber([&] {
+                  database.add(QStringLiteral("JobLot"), {{QStringLiteral("JobKey"), 77}});
+              }),
+              0);
+    transaction.commit();
+    EXPECT_EQ(count(), Value(1));
+    EXPECT_EQ(raisedNumber([&] { database.connection().CommitTrans(); }), 3219);
+    EXPECT_EQ(raisedNumber([&] { database.connection().RollbackTrans(); }), 3219);
+}
+
+TEST(Transactions, RolledBackByClosing) {
+    TemporaryDatabase database;
+    database.connection().BeginTrans();
+    database.add(QStringLiteral("MasterTask"), {});
+    database.connection().Close();
+    database.connection().Open();
+    EXPECT_EQ(database.ask(QStringLiteral("SELECT COUNT(*) FROM MasterTask")), Value(0));
+    EXPECT_EQ(raisedNumber([&] { database.connection().BeginTrans(); }), 0);
+}
+
+TEST(TwoSeats, TheSecondWriterGivesUpAfterItsWait) {
+    TemporaryDatabase database;
+    Connection other;
+    other.setConnectionString(connectionStringFor(database.path()));
+    other.setBusyTimeout(std::chrono::milliseconds(1));
+    other.Open();
+    const Transaction held(database.connection());
+    database.add(QStringLiteral("MasterTask"), {});
+    EXPECT_EQ(raisedNumber([&] { (void)other.Execute(QStringLiteral("DELETE FROM MasterTask")); }),
+              -2147467259);
+    EXPECT_EQ(raisedNumber([&] { other.BeginTrans(); }), -2147467259);
+    EXPECT_EQ(firstValue(other, QStringLiteral("SELECT COUNT(*) FROM MasterTask")), Value(0));
+}
+
+TEST(TwoSeats, WaitForEachOther) {
+    TemporaryDatabase database;
+    const auto other = database.secondSeat();
+    std::atomic<bool> writes = false;
+    int number = -1;
+    Transaction held(database.connection());
+    std::thread waiting([&] {
+        writes = true;
+        number = raisedNumber(
+            [&] { (void)other->Execute(QStringLiteral("INSERT INTO MasterTask (Name) VALUES ('B')")); });
+    });
+    while (!writes)
+        std::this_thread::yield();
+    for (int i = 0; i < 2000; ++i)
+        database.run(QStringLiteral("INSERT INTO MasterTask (Name) VALUES ('A')"));
+    held.commit();
+    waiting.join();
+    EXPECT_EQ(number, 0);
+    EXPECT_EQ(database.ask(QStringLiteral("SELECT COUNT(*) FROM MasterTask")), Value(2001));
+}
+
+} // namespace
+
+} // namespace tarnwell::test

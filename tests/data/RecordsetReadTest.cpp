@@ -1,0 +1,281 @@
+#include "support/RaisedNumber.h"
+#include "support/TemporaryDatabase.h"
+
+#include <gtest/gtest.h>
+
+namespace tarnwell::test {
+
+namespace {
+
+class RecordsetRead : public ::testing::Test {
+protected:
+    /// Tasks named by the list, in that order.
+    void addTasks(std::initializer_list<const char*> names) {
+        for (const char* name : names)
+            database.add(QStringLiteral("MasterTask"), {{QStringLiteral("Name"), name}});
+    }
+
+    Recordset& open(const char* sql, CursorType cursor = CursorType::Static) {
+        rows = Recordset();
+        rows.Open(QString::fromUtf8(sql), database.connection(), cursor);
+        return rows;
+    }
+
+    /// The names from the current row to the end, joined.
+    QString walked() {
+        QString text;
+        for (; !rows.atEnd(); rows.MoveNext())
+            text += rows.field(QStringLiteral("Name")).toText();
+        return text;
+    }
+
+    QString seen(const Recordset& view) {
+        QString text;
+        for (int row = 1; view.hasRow(row); ++row)
+            text += view.valueAt(row, view.FieldIndex(QStringLiteral("Name"))).toText();
+        return text;
+    }
+
+    TemporaryDatabase database;
+    Recordset rows;
+};
+
+TEST_F(RecordsetRead, TypesValuesByTheCatalogue) {
+    database.add(QStringLiteral("Employee"), {{QStringLiteral("LastName"), ""},
+                                              {QStringLiteral("Inactive"), true},
+                                              {QStringLiteral("DateofHire"), "02/03/99"}});
+    database.add(QStringLiteral("MasterTask"), {{QStringLiteral("MasterPrice"), 1e308}});
+    open("SELECT EmployeeKey, LastName, FirstName, Inactive, DateofHire, COUNT(*) AS N FROM Employee");
+    EXPECT_EQ(rows[QStringLiteral("EmployeeKey")], Value(1));
+    EXPECT_EQ(rows[QStringLiteral("LASTNAME")], Value(""));
+    EXPECT_EQ(rows[QStringLiteral("firstname")], Value::null());
+    EXPECT_EQ(rows[QStringLiteral("Inactive")], Value(true));
+    EXPECT_EQ(rows[QStringLiteral("DateofHire")], Value(DateTime{QDate(1999, 2, 3)}));
+    EXPECT_EQ(rows[QStringLiteral("n")], Value(1));
+    EXPECT_EQ(database.ask(QStringLiteral("SELECT MasterPrice FROM MasterTask")), Value(1e308));
+    EXPECT_EQ(database.ask(QStringLiteral("SELECT MasterPrice FROM MasterTask WHERE MasterPrice=0")),
+              Value());
+}
+
+TEST_F(RecordsetRead, KeepsALongNoteAndItsCharacters) {
+    const QString note = QStringLiteral("Größe 'ж' \n").repeated(10'000);
+    database.add(QStringLiteral("Employee"), {{QStringLiteral("Information"), note}});
+    EXPECT_EQ(database.ask(QStringLiteral("SELECT Information FROM Employee")), Value(note));
+}
+
+TEST_F(RecordsetRead, QualifiesOnlySharedNames) {
+    const qint64 builder = database.add(QStringLiteral("Contractor"), {{QStringLiteral("Name"), "Brook"}});
+    database.add(QStringLiteral("Job"),
+                 {{QStringLiteral("Name"), "Elm"}, {QStringLiteral("ContractorKey"), builder}});
+    open("SELECT Job.Name, Contractor.Name, JobNumber, [Address 1] FROM Job INNER JOIN Contractor "
+         "ON Job.ContractorKey = Contractor.ContractorKey");
+    EXPECT_EQ(rows.FieldName(0), QStringLiteral("Job.Name"));
+    EXPECT_EQ(rows[QStringLiteral("job.name")], Value("Elm"));
+    EXPECT_EQ(rows[QStringLiteral("Contractor.Name")], Value("Brook"));
+    EXPECT_EQ(rows.FieldName(2), QStringLiteral("JobNumber"));
+    EXPECT_EQ(rows[QStringLiteral("Job.JobNumber")], Value::null());
+    EXPECT_GE(rows.FieldIndex(QStringLiteral("Address 1")), 0);
+    EXPECT_EQ(rows.FieldIndex(QStringLiteral("Nowhere")), -1);
+    EXPECT_EQ(raisedNumber([&] { (void)rows[QStringLiteral("Name")]; }), 3265);
+}
+
+TEST_F(RecordsetRead, FetchesOnlyAsFarAsItIsWalked) {
+    // The third row cannot be computed, so that whoever fetches it fails.
+    addTasks({"1", "2", "broken", "4"});
+    open("SELECT json(Name) AS Name FROM MasterTask ORDER BY MasterTaskKey");
+    EXPECT_EQ(rows[QStringLiteral("Name")], Value("1"));
+    EXPECT_TRUE(rows.hasRow(2));
+    EXPECT_EQ(rows.valueAt(2, 0), Value("2"));
+    rows.MoveNext();
+    EXPECT_NE(raisedNumber([&] { (void)rows.RecordCount(); }), 0);
+    EXPECT_EQ(rows[QStringLiteral("Name")], Value("2"));
+}
+
+TEST_F(RecordsetRead, DynamicFetchesNothingBeforeTheFirstLook) {
+    addTasks({"A"});
+    open("SELECT Name FROM MasterTask ORDER BY MasterTaskKey", CursorType::Dynamic);
+    Recordset fixed;
+    fixed.Open(QStringLiteral("SELECT Name FROM MasterTask ORDER BY MasterTaskKey"), database.connection());
+    const auto other = database.secondSeat();
+    (void)other->Execute(QStringLiteral("INSERT INTO MasterTask (Name) VALUES ('B')"));
+    EXPECT_EQ(walked(), QStringLiteral("AB"));
+    EXPECT_EQ(fixed.RecordCount(), 1);
+}
+
+TEST_F(RecordsetRead, AWriteBehindAHalfReadRecordsetNeitherFailsNorShows) {
+    addTasks({"A", "B", "C"});
+    open("SELECT Name FROM MasterTask ORDER BY MasterTaskKey");
+    const auto other = database.secondSeat();
+    (void)other->Execute(QStringLiteral("UPDATE MasterTask SET Name='X'"));
+    database.run(QStringLiteral("DELETE FROM MasterTask WHERE MasterTaskKey=3"));
+    EXPECT_EQ(walked(), QStringLiteral("ABC"));
+    rows.Requery();
+    EXPECT_EQ(walked(), QStringLiteral("XX"));
+}
+
+TEST_F(RecordsetRead, AHalfReadRecordsetHidesNothingFromTheNext) {
+    addTasks({"A", "B"});
+    open("SELECT Name FROM MasterTask ORDER BY MasterTaskKey");
+    (void)database.secondSeat()->Execute(QStringLiteral("UPDATE MasterTask SET Name='X'"));
+    EXPECT_EQ(database.ask(QStringLiteral("SELECT Name FROM MasterTask")), Value("X"));
+    EXPECT_EQ(walked(), QStringLiteral("AB"));
+}
+
+TEST_F(RecordsetRead, TwoOfOneStatementDoNotDisturbEachOther) {
+    addTasks({"A", "B"});
+    open("SELECT Name FROM MasterTask WHERE MasterTaskKey=1 OR MasterTaskKey>0 ORDER BY MasterTaskKey");
+    Recordset second;
+    second.Open(
+        QStringLiteral(
+            "SELECT Name FROM MasterTask WHERE MasterTaskKey=2 OR MasterTaskKey>1 ORDER BY MasterTaskKey"),
+        database.connection());
+    EXPECT_EQ(second.field(0), Value("B"));
+    EXPECT_EQ(walked(), QStringLiteral("AB"));
+}
+
+TEST_F(RecordsetRead, MovesAndStopsAtItsEnds) {
+    addTasks({"A", "B", "C"});
+    open("SELECT Name FROM MasterTask ORDER BY MasterTaskKey");
+    EXPECT_FALSE(rows.atBeginning());
+    rows.MovePrevious();
+    EXPECT_TRUE(rows.atBeginning());
+    EXPECT_EQ(raisedNumber([&] { rows.MovePrevious(); }), 3021);
+    EXPECT_EQ(raisedNumber([&] { (void)rows.field(0); }), 3021);
+    rows.Move(2);
+    EXPECT_EQ(rows.field(0), Value("B"));
+    rows.Move(9);
+    EXPECT_TRUE(rows.atEnd());
+    EXPECT_EQ(raisedNumber([&] { rows.MoveNext(); }), 3021);
+    rows.MoveLast();
+    EXPECT_EQ(rows.AbsolutePosition(), 3);
+    rows.setAbsolutePosition(1);
+    EXPECT_EQ(walked(), QStringLiteral("ABC"));
+    EXPECT_EQ(rows.AbsolutePosition(), -1);
+    open("SELECT Name FROM MasterTask WHERE MasterTaskKey=0");
+    EXPECT_TRUE(rows.atBeginning() && rows.atEnd());
+    rows.MoveLast();
+    EXPECT_EQ(rows.RecordCount(), 0);
+}
+
+TEST_F(RecordsetRead, CountsPages) {
+    addTasks({"A", "B", "C", "D", "E"});
+    open("SELECT Name FROM MasterTask ORDER BY MasterTaskKey");
+    EXPECT_EQ(rows.PageSize(), 10);
+    rows.setPageSize(2);
+    EXPECT_EQ(rows.PageCount(), 3);
+    rows.setAbsolutePage(3);
+    EXPECT_EQ(rows.field(0), Value("E"));
+    EXPECT_EQ(rows.AbsolutePage(), 3);
+    EXPECT_EQ(raisedNumber([&] { rows.setAbsolutePage(4); }), 3001);
+}
+
+struct FilterCase {
+    const char* criteria;
+    const char* names;
+};
+
+TEST_F(RecordsetRead, FiltersByEveryComparison) {
+    const auto add = [&](const char* name, const Value& price, bool deleted, const Value& code) {
+        database.add(QStringLiteral("MasterTask"), {{QStringLiteral("Name"), name},
+                                                    {QStringLiteral("MasterPrice"), price},
+                                                    {QStringLiteral("Deleted"), deleted},
+                                                    {QStringLiteral("CodeKey"), code}});
+    };
+    add("Roof", 10, false, 1);
+    add("O'Hara", 2.5, true, 2);
+    add("roofing", Value::null(), false, 2);
+    open("SELECT Name, MasterPrice, Deleted, CodeKey FROM MasterTask ORDER BY MasterTaskKey");
+    constexpr FilterCase cases[] = {
+        {"CodeKey=2", "O'Hararoofing"},
+        {"codekey <> 2", "Roof"},
+        {"Name='ROOF'", "Roof"},
+        {"Name LIKE 'roof*'", "Roofroofing"},
+        {"Name like '%ing'", "roofing"},
+        {"Name like '*OO*'", "Roofroofing"},
+        {"Name='O''Hara'", "O'Hara"},
+        {"MasterPrice>2.5", "Roof"},
+        {"MasterPrice<=10 AND Deleted=0", "Roof"},
+        {"MasterPrice=Null", "roofing"},
+        {"MasterPrice<>Null", "RoofO'Hara"},
+        {"Deleted=True", "O'Hara"},
+        {"Deleted=-1 OR CodeKey=1", "RoofO'Hara"},
+        {"CodeKey=1 OR CodeKey=2 AND Deleted=0", "Roofroofing"},
+        {"(CodeKey=1 OR CodeKey=2) AND [Deleted]=True", "O'Hara"},
+        {"", "RoofO'Hararoofing"},
+    };
+    for (const FilterCase& entry : cases) {
+        rows.setFilter(QString::fromLatin1(entry.criteria));
+        EXPECT_EQ(walked(), QString::fromLatin1(entry.names)) << entry.criteria;
+        EXPECT_EQ(seen(rows), QString::fromLatin1(entry.names)) << entry.criteria;
+    }
+    rows.setFilter(QStringLiteral("CodeKey=1"));
+    for (const char* criteria :
+         {"CodeKey=", "CodeKey", "Name='x", "CodeKey=1 AND", "CodeKey=1)", "=1", "CodeKey=x"})
+        EXPECT_EQ(raisedNumber([&] { rows.setFilter(QString::fromLatin1(criteria)); }), 3001) << criteria;
+    EXPECT_EQ(raisedNumber([&] { rows.setFilter(QStringLiteral("Nowhere=1")); }), 3265);
+    EXPECT_EQ(rows.Filter(), QStringLiteral("CodeKey=1"));
+    rows.Requery();
+    EXPECT_EQ(rows.RecordCount(), 1);
+}
+
+TEST_F(RecordsetRead, FiltersDates) {
+    database.add(QStringLiteral("Employee"),
+                 {{QStringLiteral("LastName"), "A"}, {QStringLiteral("DateofHire"), "01/15/02"}});
+    database.add(QStringLiteral("Employee"),
+                 {{QStringLiteral("LastName"), "B"}, {QStringLiteral("DateofHire"), "11/02/01"}});
+    open("SELECT LastName AS Name, DateofHire FROM Employee");
+    rows.setFilter(QStringLiteral("DateofHire >= #01/01/02#"));
+    EXPECT_EQ(walked(), QStringLiteral("A"));
+    rows.setFilter(QStringLiteral("DateofHire = '11/2/2001'"));
+    EXPECT_EQ(walked(), QStringLiteral("B"));
+}
+
+TEST_F(RecordsetRead, FindsForwardAndBackward) {
+    addTasks({"A", "B", "A", "C"});
+    open("SELECT Name, MasterTaskKey FROM MasterTask ORDER BY MasterTaskKey");
+    rows.Find(QStringLiteral("Name='a'"));
+    EXPECT_EQ(rows.AbsolutePosition(), 1);
+    rows.Find(QStringLiteral("Name='a'"), 1);
+    EXPECT_EQ(rows.AbsolutePosition(), 3);
+    rows.Find(QStringLiteral("MasterTaskKey<3"), 0, true);
+    EXPECT_EQ(rows.AbsolutePosition(), 2);
+    EXPECT_EQ(raisedNumber([&] { rows.Find(QStringLiteral("MasterTaskKey=1 AND Name='A'")); }), 3001);
+    rows.Find(QStringLiteral("Name='x'"));
+    EXPECT_TRUE(rows.atEnd());
+    EXPECT_EQ(raisedNumber([&] { rows.Find(QStringLiteral("Name='A'")); }), 3021);
+}
+
+TEST_F(RecordsetRead, ACloneMovesAlone) {
+    addTasks({"A", "B"});
+    open("SELECT Name FROM MasterTask ORDER BY MasterTaskKey");
+    rows.setFilter(QStringLiteral("Name='B'"));
+    Recordset clone = rows.Clone();
+    EXPECT_EQ(clone.field(0), Value("A"));
+    clone.MoveLast();
+    rows.Close();
+    EXPECT_EQ(clone.field(0), Value("B"));
+    EXPECT_EQ(clone.RecordCount(), 2);
+}
+
+TEST_F(RecordsetRead, SaysThatItIsClosed) {
+    EXPECT_EQ(raisedNumber([&] { (void)rows.atEnd(); }), 3704);
+    EXPECT_EQ(raisedNumber([&] { rows.Close(); }), 3704);
+    addTasks({"A", "B"});
+    open("SELECT Name FROM MasterTask");
+    EXPECT_EQ(raisedNumber([&] { rows.Open(QStringLiteral("MasterTask"), database.connection()); }), 3705);
+    database.connection().Close();
+    EXPECT_EQ(rows.State(), ObjectState::Closed);
+    EXPECT_EQ(raisedNumber([&] { (void)rows.field(0); }), 3704);
+    database.connection().Open();
+    rows.Open(QStringLiteral("MasterTask"), database.connection());
+    EXPECT_EQ(rows.RecordCount(), 2);
+    rows.Close();
+    rows.Open(QStringLiteral("DELETE FROM MasterTask"), database.connection(), CursorType::Dynamic,
+              LockType::Optimistic);
+    EXPECT_EQ(rows.State(), ObjectState::Closed);
+    EXPECT_EQ(database.ask(QStringLiteral("SELECT COUNT(*) FROM MasterTask")), Value(0));
+}
+
+} // namespace
+
+} // namespace tarnwell::test

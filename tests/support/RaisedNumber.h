@@ -1,0 +1,36 @@
+#pragma once
+
+#include "data/RunTimeError.h"
+
+#include <QString>
+
+namespace tarnwell::test {
+
+/// The number that a failure carries.
+[[nodiscard]] inline int numberOf(Failure failure) {
+    return makeError(failure).number();
+}
+
+/// The number of the error that the routine raises; 0 when it raises none.
+template <class Routine>
+[[nodiscard]] int raisedNumber(Routine routine) {
+    try {
+        routine();
+    } catch (const RunTimeError& error) {
+        return error.number();
+    }
+    return 0;
+}
+
+/// The description of the error that the routine raises; empty when it raises none.
+template <class Routine>
+[[nodiscard]] QString raisedText(Routine routine) {
+    try {
+        routine();
+    } catch (const RunTimeError& error) {
+        return error.description();
+    }
+    return {};
+}
+
+} // namespace tarnwell::test

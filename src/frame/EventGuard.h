@@ -20,6 +20,15 @@ namespace detail {
 /// Where the error of a routine goes while our own code fires its event; null while the toolkit does.
 inline std::exception_ptr* errorOfFiredEvent = nullptr;
 [[noreturn]] void stopProgramFor(const std::exception_ptr& error);
+
+/// Calls a slot with the signal's arguments, or with none where it takes none.
+template <typename Routine, typename... Arguments>
+void callSlot(Routine& routine, Arguments&&... arguments) {
+    if constexpr (std::is_invocable_v<Routine&, Arguments...>)
+        routine(std::forward<Arguments>(arguments)...);
+    else
+        routine();
+}
 } // namespace detail
 
 /// Runs an event routine. No error crosses into the toolkit: it goes to the outer handler or, when code of
@@ -65,12 +74,7 @@ void fireEvent(Emission&& emission) {
 template <typename Routine>
 [[nodiscard]] auto guarded(Routine routine) {
     return [routine = std::move(routine)](auto&&... arguments) mutable {
-        runEvent([&] {
-            if constexpr (std::is_invocable_v<Routine&, decltype(arguments)...>)
-                routine(std::forward<decltype(arguments)>(arguments)...);
-            else
-                routine();
-        });
+        runEvent([&] { detail::callSlot(routine, std::forward<decltype(arguments)>(arguments)...); });
     };
 }
 

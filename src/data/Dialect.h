@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/Schema.h"
 #include "data/Value.h"
 
 #include <QString>
@@ -16,11 +17,15 @@ enum class StatementKind { Select, Insert, Update, Delete };
 /// A statement of the system's dialect in the engine's words. The literals of the text are parameters, so
 /// that statements which differ by a key or a typed text share one shape.
 struct TranslatedShape {
-    QByteArray sql;                ///< UTF-8, with ?1, ?2, ... where the literals stood.
-    QByteArray sqlWithKeys;        ///< Select only: with the key of every table added at the end.
-    std::vector<QString> keyTables; ///< The tables whose keys `sqlWithKeys` adds, in that order. Empty when the
-                                    ///< rows stand for no stored row (DISTINCT, aggregates, GROUP BY, UNION).
+    QByteArray sql;         ///< UTF-8, with ?1, ?2, ... where the literals stood.
+    QByteArray sqlWithKeys; ///< Select only: with the key of every table added at the end of its columns.
+    /// The tables whose keys `sqlWithKeys` adds, in that order. Empty when the rows stand for no stored row
+    /// (DISTINCT, aggregates, GROUP BY, UNION).
+    std::vector<QString> keyTables;
     std::vector<std::pair<QString, QString>> tables; ///< Alias (or name) and table of the FROM part.
+    /// Position and type of the columns MIN(x) and MAX(x), whose type the engine does not tell.
+    std::vector<std::pair<int, schema::ColumnType>> computedTypes;
+    std::vector<int> patterns; ///< Parameters, from 1, that stand behind LIKE.
     StatementKind kind = StatementKind::Select;
 };
 

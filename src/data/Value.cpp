@@ -55,7 +55,7 @@ std::optional<double> wholeNumber(const QString& text) {
     const auto [stop, error] = std::from_chars(begin, end, number);
     if (stop != end || error == std::errc::invalid_argument)
         return std::nullopt;
-    if (error == std::errc::result_out_of_range && std::abs(std::strtod(digits.c_str(), nullptr)) > 1)
+    if (error == std::errc::result_out_of_range && QString::fromStdString(digits).toDouble() != 0.0)
         raise(Failure::Overflow);
     return number;
 }

@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <array>
 #include <cctype>
+#include <ranges>
+#include <span>
 #include <sqlite3.h>
 #include <string_view>
 
@@ -14,12 +16,25 @@ namespace tarnwell::data {
 
 namespace {
 
-/// Dates are stored as text that sorts: "2002-01-15 14:30:00".
-std::array<char, 20> storedDate(const DateTime& moment) {
-    std::array<char, 20> text{};
-    std::snprintf(text.data(), text.size(), "%04d-%02d-%02d %02d:%02d:%02d", moment.date.year() % 10000,
-                  moment.date.month() % 100, moment.date.day() % 100, moment.time.hour() % 100,
-                  moment.time.minute() % 100, moment.time.second() % 100);
+/// Writes the lowest digits of a number, as many as there is room for.
+void writeDigits(std::span<char> room, int number) {
+    for (char& digit : room | std::views::reverse) {
+        digit = static_cast<char>('0' + number % 10);
+        number /= 10;
+    }
+}
+
+/// Dates are stored as text that sorts.
+std::array<char, 19> storedDate(const DateTime& moment) {
+    std::array<char, 19> text{};
+    std::ranges::copy(std::string_view("0000-00-00 00:00:00"), text.begin());
+    const std::span<char> room(text);
+    writeDigits(room.subspan(0, 4), moment.date.year());
+    writeDigits(room.subspan(5, 2), moment.date.month());
+    writeDigits(room.subspan(8, 2), moment.date.day());
+    writeDigits(room.subspan(11, 2), moment.time.hour());
+    writeDigits(room.subspan(14, 2), moment.time.minute());
+    writeDigits(room.subspan(17, 2), moment.time.second());
     return text;
 }
 
@@ -41,7 +56,7 @@ int bindValue(sqlite3_stmt* statement, int parameter, const Value& value) {
         return sqlite3_bind_double(statement, parameter, value.toDouble());
     case Value::Kind::Date: {
         const auto text = storedDate(value.toDate());
-        return sqlite3_bind_text(statement, parameter, text.data(), static_cast<int>(text.size()) - 1,
+        return sqlite3_bind_text(statement, parameter, text.data(), static_cast<int>(text.size()),
                                  SQLITE_TRANSIENT);
     }
     case Value::Kind::Text:

@@ -59,6 +59,8 @@ void ResultColumns::readColumns(sqlite3_stmt* statement, const TranslatedShape& 
         if (i < m_count)
             m_columns.push_back(std::move(column));
     }
+    for (const auto& [position, type] : shape.computedTypes)
+        m_types[static_cast<std::size_t>(position)] = type;
 }
 
 void ResultColumns::addKeyTables(const TranslatedShape& shape) {

@@ -57,6 +57,20 @@ TEST_F(RecordsetRead, TypesValuesByTheCatalogue) {
               Value());
 }
 
+// The first and last day of a chart are dates, not the texts in which the file stores them.
+TEST_F(RecordsetRead, TypesExtremesAsTheirColumn) {
+    open("SELECT COUNT(*), MIN(Occured), MAX(LogKey) FROM EmployeeLog");
+    EXPECT_TRUE(rows.field(1).isNull());
+    const qint64 employee = database.add(QStringLiteral("Employee"), {{QStringLiteral("Inactive"), false}});
+    const DateTime moment{QDate(2002, 1, 15), QTime(14, 30)};
+    database.add(QStringLiteral("EmployeeLog"),
+                 {{QStringLiteral("EmployeeKey"), employee}, {QStringLiteral("Occured"), moment}});
+    open("SELECT COUNT(*), MIN(Occured), MAX(LogKey) FROM EmployeeLog");
+    EXPECT_EQ(rows.field(0), Value(1));
+    EXPECT_EQ(rows.field(1), Value(moment));
+    EXPECT_EQ(rows.field(2), Value(1));
+}
+
 TEST_F(RecordsetRead, KeepsALongNoteAndItsCharacters) {
     const QString note = QStringLiteral("Größe 'ж' \n").repeated(10'000);
     database.add(QStringLiteral("Employee"), {{QStringLiteral("Information"), note}});

@@ -27,8 +27,8 @@ struct ListEntry {
 
 /// One column of a grid, as data.
 struct GridColumn {
-    QString key; ///< Field of the recordset; empty or unknown to it for a button column.
-    QString caption;
+    QString key = {}; ///< Field of the recordset; empty or unknown to it for a button column.
+    QString caption = {};
     bool visible = true;
     ColumnFormat format = ColumnFormat::General;
     ColumnEdit edit = ColumnEdit::Text;

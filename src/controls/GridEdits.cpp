@@ -1,0 +1,116 @@
+#include "controls/GridEditor.h"
+#include "controls/GridParts.h"
+#include "data/RunTimeError.h"
+#include "frame/EventGuard.h"
+#include "frame/MsgBox.h"
+
+#include <QLineEdit>
+#include <QScopedValueRollback>
+
+namespace tarnwell {
+
+bool Grid::Parts::beginEdit() {
+    if (delegate->editor() != nullptr || !model->isEditable(row, column) || !takesText(model->column(column)))
+        return false;
+    grid.edit(model->index(row, column - 1));
+    return delegate->editor() != nullptr;
+}
+
+bool Grid::Parts::editorChanged() const {
+    return delegate->editor() != nullptr && lineOf(delegate->editor())->text() != delegate->textBefore();
+}
+
+void Grid::Parts::abandonEdit() {
+    QWidget* editor = delegate->editor();
+    if (editor == nullptr)
+        return;
+    delegate->forgetEditor();
+    grid.closeEditor(editor, QAbstractItemDelegate::NoHint);
+}
+
+bool Grid::Parts::finishEdit(Asked asked) {
+    if (refusing)
+        return false;
+    if (!editorChanged()) {
+        abandonEdit();
+        return true;
+    }
+    const int edited = column;
+    const ParsedCell parsed =
+        parseCell(model->column(edited), model->valueList(edited), lineOf(delegate->editor())->text());
+    if (parsed.refusal.isEmpty()) {
+        abandonEdit();
+        store(edited, parsed.value);
+        return true;
+    }
+    if (asked == Asked::ByProgram)
+        tarnwell::raise(Failure::WrongType, parsed.refusal);
+    toRefuse = false;
+    const QScopedValueRollback<bool> guard(refusing, true);
+    MsgBox(
+        {.text = parsed.refusal, .title = model->column(edited).caption, .icon = MessageIcon::Exclamation});
+    if (QWidget* editor = delegate->editor()) {
+        editor->setFocus();
+        lineOf(editor)->selectAll();
+    }
+    return false;
+}
+
+/// Runs inside the toolkit's change of focus, where no message may come up: a refusal is shown after it.
+void Grid::Parts::editorLeft() {
+    if (refusing)
+        return;
+    const bool taken = !editorChanged() || parseCell(model->column(column), model->valueList(column),
+                                                     lineOf(delegate->editor())->text())
+                                               .refusal.isEmpty();
+    if (taken)
+        finishEdit(Asked::ByUser);
+    else {
+        toRefuse = true;
+        QMetaObject::invokeMethod(&grid, guarded([this] {
+            if (toRefuse)
+                finishEdit(Asked::ByUser);
+        }),
+                                  Qt::QueuedConnection);
+    }
+}
+
+void Grid::Parts::beginRow() {
+    if (model->pending().isActive())
+        return;
+    model->beginPending(row);
+    Q_EMIT grid.rowBegun();
+}
+
+void Grid::Parts::store(int toColumn, const Value& value) {
+    beginRow();
+    model->setPending(toColumn, value);
+    Q_EMIT grid.afterColUpdate(toColumn);
+}
+
+bool Grid::Parts::toggle() {
+    if (!model->isEditable(row, column) || !showsCheckBox(model->column(column)))
+        return false;
+    store(column, !isYes(model->cellValue(row, column)));
+    return true;
+}
+
+bool Grid::Parts::clearCell() {
+    if (!model->isEditable(row, column) || !takesText(model->column(column)))
+        return false;
+    if (model->editText(row, column).isEmpty())
+        return true;
+    const ParsedCell parsed = parseCell(model->column(column), model->valueList(column), {});
+    store(column, parsed.value);
+    return true;
+}
+
+bool Grid::Parts::pressButton() {
+    if (row < 0 || !model->hasColumn(column) || !hasButton(model->column(column)))
+        return false;
+    if (finishEdit(Asked::ByUser))
+        Q_EMIT grid.buttonClick(column);
+    return true;
+}
+
+} // namespace tarnwell

@@ -54,8 +54,11 @@ void fill(QMessageBox& box, const MessageRequest& request) {
     box.setIcon(toolkitIcon(request.icon));
     box.setTextInteractionFlags(Qt::TextSelectableByMouse);
     const auto answers = answersOf(request.buttons);
-    for (const Answer answer : answers)
-        box.addButton(buttonOf(answer).button)->setText(QLatin1String(buttonOf(answer).caption));
+    for (const Answer answer : answers) {
+        QPushButton* button = box.addButton(buttonOf(answer).button);
+        button->setText(QLatin1String(buttonOf(answer).caption));
+        button->setIcon({});
+    }
     box.setDefaultButton(buttonOf(defaultAnswer(request)).button);
     box.setEscapeButton(buttonOf(answers.back()).button);
 }

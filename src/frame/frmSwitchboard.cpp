@@ -19,6 +19,7 @@
 #include <QLabel>
 #include <QLocale>
 #include <QMenuBar>
+#include <QTimer>
 
 #include <algorithm>
 #include <array>
@@ -79,11 +80,16 @@ const ScreenEntry* screenFor(const QString& key) {
     return found == screens().end() ? nullptr : &*found;
 }
 
+/// The main window may be closed while the editor is open, so the wait stands on no slot of its own.
+void showErrorLogSoon() {
+    QTimer::singleShot(0, QCoreApplication::instance(), guarded(showErrorLog));
+}
+
 /// What an entry does that shows no screen.
 const std::map<QString, void (*)()>& ownActions() {
     static const std::map<QString, void (*)()> actions = {
         {QStringLiteral("mnuDeleteErrorLog"), deleteErrorLog},
-        {QStringLiteral("mnuErrorLog"), showErrorLog},
+        {QStringLiteral("mnuErrorLog"), showErrorLogSoon},
         {QStringLiteral("mnuContents"), sendHelpKey},
     };
     return actions;

@@ -1,0 +1,119 @@
+#include "frame/Icons.h"
+#include "frame/MessagePresenter.h"
+#include "frame/Theme.h"
+#include "support/ScreenDriver.h"
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace tarnwell::test {
+
+namespace {
+
+struct MessageCase {
+    const char* name;
+    MessageButtons buttons;
+    int defaultButton;
+    Qt::Key key;
+    Answer answer;
+};
+
+class MessageKeys : public ::testing::TestWithParam<MessageCase> {};
+
+/// Mean lightness of what an icon draws; its transparent part does not count.
+double lightness(const QIcon& icon, QIcon::Mode mode = QIcon::Normal) {
+    const QImage image = icon.pixmap(QSize(32, 32), 1.0, mode).toImage();
+    double sum = 0;
+    double weight = 0;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x) {
+            const QColor color = image.pixelColor(x, y);
+            sum += color.lightnessF() * color.alphaF();
+            weight += color.alphaF();
+        }
+    return weight > 0 ? sum / weight : -1;
+}
+
+} // namespace
+
+TEST_P(MessageKeys, KeyGivesTheAnswer) {
+    const MessageCase& given = GetParam();
+    whenModal([&](QWidget& box) { QTest::keyClick(&box, given.key); });
+    const Answer answer = presentMessage({.text = "Pay this employee again?",
+                                          .title = "Payment Error!",
+                                          .buttons = given.buttons,
+                                          .defaultButton = given.defaultButton});
+    EXPECT_EQ(answer, given.answer);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Keys, MessageKeys,
+    ::testing::Values(
+        MessageCase{"EnterTakesTheFirst", MessageButtons::YesNo, 1, Qt::Key_Return, Answer::Yes},
+        MessageCase{"EnterTakesTheSecond", MessageButtons::YesNo, 2, Qt::Key_Return, Answer::No},
+        MessageCase{"EscapeIsNo", MessageButtons::YesNo, 1, Qt::Key_Escape, Answer::No},
+        MessageCase{"EscapeIsCancel", MessageButtons::OkCancel, 1, Qt::Key_Escape, Answer::Cancel},
+        MessageCase{"EscapeIsCancelOfThree", MessageButtons::YesNoCancel, 1, Qt::Key_Escape, Answer::Cancel},
+        MessageCase{"EscapeIsOk", MessageButtons::Ok, 1, Qt::Key_Escape, Answer::Ok}),
+    [](const auto& tested) { return tested.param.name; });
+
+TEST(Message, ShowsTextTitleIconAndButtonsToTheLetter) {
+    const QString text = "Price <b>entered</b> & more\nContinue paying task?";
+    QStringList captions;
+    whenModal([&](QWidget& front) {
+        auto& box = dynamic_cast<QMessageBox&>(front);
+        EXPECT_EQ(box.objectName(), "msgBox");
+        EXPECT_EQ(box.text(), text);
+        EXPECT_EQ(box.textFormat(), Qt::PlainText);
+        EXPECT_EQ(box.windowTitle(), "Payment Error!");
+        EXPECT_EQ(box.icon(), QMessageBox::Critical);
+        for (const QAbstractButton* button : box.buttons())
+            captions << button->text();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&front));
+        QTest::keyClick(&front, Qt::Key_Y, Qt::AltModifier);
+    });
+    EXPECT_EQ(presentMessage({.text = text,
+                              .title = "Payment Error!",
+                              .buttons = MessageButtons::YesNo,
+                              .icon = MessageIcon::Critical}),
+              Answer::Yes);
+    captions.sort();
+    EXPECT_EQ(captions, (QStringList{"&No", "&Yes"}));
+}
+
+TEST(Icons, EveryImageThatScreensAskForIsThere) {
+    for (const char* key : {"Add",    "RemoveList", "AddSame", "BFile",   "Cut",   "EFile",        "Exit",
+                            "Help",   "Info",       "Lookup",  "NRecord", "Paste", "PRecord",      "Print",
+                            "Remove", "Save",       "Undo",    "Copy",    "Group", "PrintPreview", "Upload"})
+        EXPECT_GE(lightness(toolbarIcon(key)), 0) << key;
+    for (const char* key :
+         {"icoExit", "icoBuilder", "icoEmployee", "icoJob", "icoReport", "icoTimecard", "icoCode",
+          "icoInventory", "icoCustomer", "icoWebSite", "icoOptions", "icoUpload", "icoDownload"})
+        EXPECT_GE(lightness(barIcon(key)), 0) << key;
+    EXPECT_TRUE(toolbarIcon("Wizard").isNull());
+}
+
+TEST(Icons, LinesFollowThePalette) {
+    const QPalette before = QApplication::palette();
+    const QIcon icon = toolbarIcon("Lookup");
+    QApplication::setPalette(QPalette(Qt::white));
+    const double onLight = lightness(icon);
+    QApplication::setPalette(QPalette(QColor(0x30, 0x30, 0x30)));
+    EXPECT_GT(lightness(icon), onLight + 0.2);
+    QApplication::setPalette(before);
+}
+
+TEST(Theme, LinksCanBeReadOnLightAndDark) {
+    for (const QColor base : {QColor(Qt::white), QColor(0x20, 0x20, 0x20)}) {
+        QPalette desktop;
+        desktop.setColor(QPalette::Base, base);
+        const QColor link = refinements(desktop).color(QPalette::Link);
+        EXPECT_GT(qAbs(link.lightness() - base.lightness()), 90) << base.name().toStdString();
+    }
+}
+
+} // namespace tarnwell::test

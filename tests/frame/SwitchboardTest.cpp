@@ -1,0 +1,214 @@
+#include "frame/DataEnvironment.h"
+#include "frame/frmSwitchboard.h"
+#include "frame/modGlobalVariables.h"
+#include "frame/modRegistry.h"
+#include "support/MessageScript.h"
+#include "support/ScreenDriver.h"
+#include "support/TemporaryDatabase.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QFile>
+#include <QLabel>
+#include <QMenuBar>
+#include <QTest>
+#include <QToolButton>
+
+#include <gtest/gtest.h>
+
+namespace tarnwell::test {
+
+namespace {
+
+QStringList unloaded;
+
+template <int Number>
+class frmEntry : public Screen {
+public:
+    frmEntry() : Screen(QStringLiteral("frmEntry%1").arg(Number), "Entry", {}) {}
+
+protected:
+    void Form_Load() override { setDesignSize({200, 100}); }
+    void Form_Unload() override { unloaded << objectName(); }
+};
+
+void setting(const char* name, const QString& value) {
+    WriteRegistryValue(RegistryRoot::LocalMachine, QStringLiteral("Software\\Brenmoor\\Tarnwell"),
+                       QLatin1String(name), RegistryType::Text, value);
+}
+
+/// Time Card, Builder and Reports stand; the other screens do not.
+struct SwitchboardTest : ::testing::Test {
+    static void SetUpTestSuite() {
+        ::testing::FLAGS_gtest_death_test_style = "threadsafe";
+        using enum Screen::Modality;
+        frmSwitchboard::registerScreen(
+            {"frmPayroll", Modeless, []() -> Screen& { return theForm<frmEntry<1>>(); }});
+        frmSwitchboard::registerScreen(
+            {"frmBuilder", Modeless, []() -> Screen& { return theForm<frmEntry<2>>(); }});
+        frmSwitchboard::registerScreen(
+            {"mnuReport", Modal, []() -> Screen& { return theForm<frmEntry<3>>(); }});
+    }
+
+    SwitchboardTest() {
+        unloaded.clear();
+        setSettingsFile(database.folder() + "/settings.json");
+        setting("Provider", "Microsoft.Jet.OLEDB.4.0");
+        setting("DataSource", database.path());
+        setting("LogPath", database.folder() + "/");
+    }
+    ~SwitchboardTest() override {
+        unloadRemainingForms();
+        DataEnvironment::close();
+        setSettingsFile({});
+    }
+
+    static frmSwitchboard& start() {
+        auto& window = theForm<frmSwitchboard>();
+        window.Show(Screen::Modality::Modeless, nullptr);
+        EXPECT_TRUE(waitFor([&] { return window.isActiveWindow(); }));
+        return window;
+    }
+    static QString shownDatabase(const QWidget& window) {
+        return window.findChild<QLabel*>("lblDatabase")->text();
+    }
+
+    TemporaryDatabase database;
+};
+
+using SwitchboardDeathTest = SwitchboardTest;
+
+} // namespace
+
+TEST_F(SwitchboardTest, BarHasItsItemsInOrderAndOnlyStandingScreensAreEnabled) {
+    const auto& window = start();
+    const std::vector<std::tuple<QString, QString, QString, bool>> expected = {
+        {"mnuExit", "Exit", "Exit Application", true},
+        {"frmBuilder", "Builder", "Builder Entry", true},
+        {"frmEmployee", "Employee", "Employee Entry", false},
+        {"frmJobs", "Jobs", "Jobs Entry", false},
+        {"mnuReport", "Reports", "Launch Report Module", true},
+        {"frmPayroll", "Time Card", "Timecard Entry", true},
+        {"frmMasterCodes", "Master Codes", "Master Code Entry", false},
+        {"frmMasterTasks", "Master Tasks", "Master Task Entry", false},
+    };
+    std::vector<std::tuple<QString, QString, QString, bool>> shown;
+    for (const auto* item : window.findChild<QWidget*>("nagMenu")->findChildren<QToolButton*>()) {
+        shown.emplace_back(item->objectName(), item->text(), item->toolTip(), item->isEnabled());
+        EXPECT_FALSE(item->icon().isNull()) << item->objectName().toStdString();
+    }
+    EXPECT_EQ(shown, expected);
+}
+
+TEST_F(SwitchboardTest, MenusCarryTheirNamesAndCaptions) {
+    const auto& window = start();
+    QStringList shown;
+    for (const QAction* menu : window.menuBar()->actions()) {
+        shown << menu->objectName() + " " + menu->text();
+        for (const QAction* entry : window.findChild<QMenu*>(menu->objectName())->actions())
+            shown << "- " + entry->objectName() + " " + entry->text() +
+                         (entry->isEnabled() ? "" : " (disabled)");
+    }
+    const QStringList expected = {"mnuFile &File",
+                                  "- mnuExit E&xit",
+                                  "mnuTools &Tools",
+                                  "- mnuDeleteErrorLog &Delete Error Log",
+                                  "- mnuOptions &Options (disabled)",
+                                  "mnuView &View",
+                                  "- mnuErrorLog &Error Log",
+                                  "mnuHelp &Help",
+                                  "- mnuContents &Contents",
+                                  "- mnuAbout &About (disabled)"};
+    EXPECT_EQ(shown, expected);
+}
+
+TEST_F(SwitchboardTest, OpensTheDatabaseAtItsFirstActivationAndNotBefore) {
+    auto& window = theForm<frmSwitchboard>();
+    window.Load();
+    EXPECT_EQ(gConnectionString, "Provider=Microsoft.Jet.OLEDB.4.0;Data Source=" + database.path());
+    EXPECT_EQ(shownDatabase(window), "");
+    start();
+    EXPECT_EQ(shownDatabase(window), database.path());
+}
+
+TEST_F(SwitchboardTest, ShowsAScreenOnceAndBringsItUpAgain) {
+    auto& window = start();
+    const ScreenDriver driver(window);
+    driver.click("frmPayroll");
+    driver.click("frmBuilder");
+    driver.click("frmPayroll");
+    EXPECT_EQ(loadedForms(),
+              (std::vector<Screen*>{&window, &theForm<frmEntry<1>>(), &theForm<frmEntry<2>>()}));
+    EXPECT_TRUE(waitFor([] { return theForm<frmEntry<1>>().isActiveWindow(); }));
+}
+
+TEST_F(SwitchboardTest, ShowsAModalScreenModal) {
+    const ScreenDriver driver(start());
+    QString modal;
+    whenModal([&](QWidget& front) {
+        modal = front.objectName();
+        front.close();
+    });
+    driver.click("mnuReport");
+    EXPECT_EQ(modal, "frmEntry3");
+}
+
+TEST_F(SwitchboardTest, ArrowsPassOverWhatIsDisabledAndEnterOpens) {
+    auto& window = start();
+    const ScreenDriver driver(window);
+    EXPECT_EQ(driver.focusedName(), "frmBuilder") << "Enter on a fresh window must not end the program";
+    driver.press(Qt::Key_Down);
+    EXPECT_EQ(driver.focusedName(), "mnuReport");
+    driver.press(Qt::Key_End);
+    EXPECT_EQ(driver.focusedName(), "frmPayroll");
+    driver.press(Qt::Key_Down);
+    EXPECT_EQ(driver.focusedName(), "frmPayroll");
+    driver.press(Qt::Key_Return);
+    EXPECT_EQ(loadedForms().back()->objectName(), "frmEntry1");
+}
+
+TEST_F(SwitchboardTest, ClosingUnloadsEveryForm) {
+    auto& window = start();
+    const QPointer<frmSwitchboard> gone(&window);
+    const ScreenDriver driver(window);
+    driver.click("frmPayroll");
+    driver.click("frmBuilder");
+    window.activateWindow();
+    window.findChild<QAction*>("mnuExit")->trigger();
+    unloaded.sort();
+    EXPECT_EQ(unloaded, (QStringList{"frmEntry1", "frmEntry2"}));
+    EXPECT_TRUE(loadedForms().empty());
+    EXPECT_TRUE(waitFor([&] { return gone.isNull(); }));
+}
+
+TEST_F(SwitchboardTest, DeletesTheErrorLogOfTheSettingsFolder) {
+    const QString log = database.folder() + "/ErrorLog.txt";
+    ASSERT_TRUE(QFile(log).open(QIODevice::WriteOnly));
+    const auto& window = start();
+    const MessageScript script{Answer::Ok};
+    window.findChild<QAction*>("mnuDeleteErrorLog")->trigger();
+    EXPECT_FALSE(QFile::exists(log));
+}
+
+TEST_F(SwitchboardDeathTest, AMissingErrorLogEndsTheProgram) {
+    const auto deleteMissingLog = [] { start().findChild<QAction*>("mnuDeleteErrorLog")->trigger(); };
+    EXPECT_EXIT(
+        {
+            setMessagePresenter({});
+            deleteMissingLog();
+        },
+        ::testing::ExitedWithCode(1), "Run-time error '53'");
+}
+
+TEST_F(SwitchboardDeathTest, AFailedConnectionShowsTheErrorAndEndsTheProgram) {
+    setting("DataSource", database.folder() + "/elsewhere.mdb");
+    EXPECT_EXIT(
+        {
+            setMessagePresenter({});
+            start();
+        },
+        ::testing::ExitedWithCode(1), "Error # -2147467259 was generated by");
+    EXPECT_FALSE(QFile::exists(database.folder() + "/elsewhere.mdb"));
+}
+
+} // namespace tarnwell::test

@@ -196,13 +196,15 @@ QString numberText(double number) {
     const int decimals = count - 1 - exponent;
     std::string result = number < 0 ? "-" : "";
     if (exponent >= SignificantDigits || decimals > SignificantDigits) {
-        result += digits.substr(0, 1) + (count > 1 ? "." + digits.substr(1) : "");
+        result += digits.front();
+        if (count > 1)
+            result.append(1, '.').append(digits, 1);
         const int size = std::abs(exponent);
-        result += (exponent < 0 ? "E-" : "E+") + std::string(size < 10 ? "0" : "") + std::to_string(size);
+        result.append(exponent < 0 ? "E-" : "E+").append(size < 10 ? "0" : "").append(std::to_string(size));
     } else if (decimals <= 0) {
         result += digits + std::string(static_cast<std::size_t>(-decimals), '0');
     } else if (exponent < 0) {
-        result += "0." + std::string(static_cast<std::size_t>(-exponent - 1), '0') + digits;
+        result.append("0.").append(static_cast<std::size_t>(-exponent - 1), '0').append(digits);
     } else {
         const auto whole = static_cast<std::size_t>(exponent) + 1;
         result += digits.substr(0, whole) + "." + digits.substr(whole);

@@ -19,6 +19,8 @@
 #include <QToolBar>
 #include <QUrl>
 
+#include <utility>
+
 namespace tarnwell {
 
 namespace {
@@ -168,10 +170,10 @@ void HelpWindow::open(const QString& page) {
                 .icon = MessageIcon::Exclamation});
         return;
     }
-    // A modal window blocks all others but those that it owns.
+    // A modal window blocks all others but those that it owns. The window that goes may be handling the key.
     QWidget* modal = QApplication::activeModalWidget();
     if (!openWindow().isNull() && openWindow()->parentWidget() != modal)
-        delete openWindow().data();
+        closeOpen();
     if (openWindow().isNull())
         openWindow() = new HelpWindow(modal);
     openWindow()->turnTo(known);
@@ -181,8 +183,8 @@ void HelpWindow::open(const QString& page) {
 }
 
 void HelpWindow::closeOpen() {
-    if (!openWindow().isNull())
-        openWindow()->close();
+    if (const QPointer<HelpWindow> window = std::exchange(openWindow(), nullptr); !window.isNull())
+        window->close();
 }
 
 } // namespace tarnwell

@@ -34,37 +34,41 @@ class LineIconEngine : public QIconEngine {
 public:
     LineIconEngine(QString path, QByteArray image) : m_path(std::move(path)), m_image(std::move(image)) {}
 
-    void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State /*state*/) override {
-        QByteArray image = m_image;
-        image.replace(drawnLineColor, lineColor().name().toLatin1());
-        const double opacity = painter->opacity();
-        painter->setOpacity(mode == QIcon::Disabled ? opacity * disabledOpacity : opacity);
-        QSvgRenderer(image).render(painter, rect);
-        painter->setOpacity(opacity);
+    void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state) override {
+        const double scale = painter->device()->devicePixelRatio();
+        painter->drawPixmap(rect, pixmap(rect.size() * scale, mode, state));
     }
 
-    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State /*state*/) override {
+        const QColor line = lineColor();
         const QString key = QStringLiteral("%1 %2x%3 %4 %5")
                                 .arg(m_path)
                                 .arg(size.width())
                                 .arg(size.height())
                                 .arg(mode == QIcon::Disabled)
-                                .arg(lineColor().rgb());
+                                .arg(line.rgb());
         QPixmap drawn;
-        if (QPixmapCache::find(key, &drawn))
-            return drawn;
-        drawn = QPixmap(size);
-        drawn.fill(Qt::transparent);
-        QPainter painter(&drawn);
-        paint(&painter, QRect(QPoint(), size), mode, state);
-        painter.end();
-        QPixmapCache::insert(key, drawn);
+        if (!QPixmapCache::find(key, &drawn)) {
+            drawn = draw(size, line, mode == QIcon::Disabled ? disabledOpacity : 1);
+            QPixmapCache::insert(key, drawn);
+        }
         return drawn;
     }
 
     [[nodiscard]] QIconEngine* clone() const override { return new LineIconEngine(*this); }
 
 private:
+    [[nodiscard]] QPixmap draw(const QSize& size, const QColor& line, double opacity) const {
+        QByteArray image = m_image;
+        image.replace(drawnLineColor, line.name().toLatin1());
+        QPixmap drawn(size);
+        drawn.fill(Qt::transparent);
+        QPainter painter(&drawn);
+        painter.setOpacity(opacity);
+        QSvgRenderer(image).render(&painter, QRect(QPoint(), size));
+        return drawn;
+    }
+
     QString m_path;
     QByteArray m_image;
 };

@@ -19,7 +19,6 @@
 #include <QLabel>
 #include <QLocale>
 #include <QMenuBar>
-#include <QTimer>
 
 #include <algorithm>
 #include <array>
@@ -33,6 +32,7 @@ namespace {
 constexpr QSize designSize(900, 560);
 constexpr int welcomeMargin = 48;
 constexpr int programIconExtent = 64;
+constexpr int pathLines = 3; ///< Room for a long path of the database.
 const QString exitKey = QStringLiteral("mnuExit");
 
 struct BarItem {
@@ -80,16 +80,11 @@ const ScreenEntry* screenFor(const QString& key) {
     return found == screens().end() ? nullptr : &*found;
 }
 
-/// The main window may be closed while the editor is open, so the wait stands on no slot of its own.
-void showErrorLogSoon() {
-    QTimer::singleShot(0, QCoreApplication::instance(), guarded(showErrorLog));
-}
-
 /// What an entry does that shows no screen.
 const std::map<QString, void (*)()>& ownActions() {
     static const std::map<QString, void (*)()> actions = {
         {QStringLiteral("mnuDeleteErrorLog"), deleteErrorLog},
-        {QStringLiteral("mnuErrorLog"), showErrorLogSoon},
+        {QStringLiteral("mnuErrorLog"), showErrorLog},
         {QStringLiteral("mnuContents"), sendHelpKey},
     };
     return actions;
@@ -141,7 +136,12 @@ void frmSwitchboard::buildMenus() {
         QAction* action = menu->addAction(QLatin1String(entry.caption));
         action->setObjectName(name);
         action->setEnabled(isAvailable(name));
-        connect(action, &QAction::triggered, this, guarded([this, name] { choose(name); }));
+        // The window may be closed while an own action waits, so that runs on no slot of the window.
+        if (const auto own = ownActions().find(name); own != ownActions().end())
+            connect(action, &QAction::triggered, QCoreApplication::instance(), guarded(own->second),
+                    Qt::QueuedConnection);
+        else
+            connect(action, &QAction::triggered, this, guarded([this, name] { choose(name); }));
     }
 }
 
@@ -178,6 +178,8 @@ QVBoxLayout* frmSwitchboard::welcome() {
     nameControl(m_database, QStringLiteral("lblDatabase"));
     m_database->setTextInteractionFlags(Qt::TextSelectableByMouse);
     m_database->setWordWrap(true);
+    m_database->setAlignment(Qt::AlignTop);
+    m_database->setMinimumHeight(pathLines * m_database->fontMetrics().lineSpacing());
     QLabel* keys = label(1);
     keys->setText(QStringLiteral("Press Alt and an underlined letter to open an item, F1 for help."));
     keys->setWordWrap(true);
@@ -223,8 +225,6 @@ void frmSwitchboard::Form_Unload() {
 void frmSwitchboard::choose(const QString& key) {
     if (key == exitKey)
         Unload();
-    else if (const auto action = ownActions().find(key); action != ownActions().end())
-        action->second();
     else if (const ScreenEntry* screen = screenFor(key); screen != nullptr)
         screen->form().Show(screen->modality, this);
 }

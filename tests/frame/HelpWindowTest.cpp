@@ -68,6 +68,10 @@ TEST_F(HelpWindowTest, CanBeUsedInFrontOfAModalWindow) {
     driver.press(Qt::Key_F1);
     ASSERT_NE(openHelp(), nullptr);
     EXPECT_EQ(openHelp()->parentWidget(), &dialog);
+    dialog.hide();
+    ScreenDriver(*openHelp()).press(Qt::Key_F1);
+    ASSERT_NE(openHelp(), nullptr);
+    EXPECT_EQ(openHelp()->parentWidget(), nullptr);
 }
 
 TEST_F(HelpWindowTest, ListAndPageFollowEachOther) {

@@ -187,11 +187,14 @@ TEST_F(SwitchboardTest, DeletesTheErrorLogOfTheSettingsFolder) {
     const auto& window = start();
     const MessageScript script{Answer::Ok};
     window.findChild<QAction*>("mnuDeleteErrorLog")->trigger();
-    EXPECT_FALSE(QFile::exists(log));
+    EXPECT_TRUE(waitFor([&] { return !QFile::exists(log); }));
 }
 
 TEST_F(SwitchboardDeathTest, AMissingErrorLogEndsTheProgram) {
-    const auto deleteMissingLog = [] { start().findChild<QAction*>("mnuDeleteErrorLog")->trigger(); };
+    const auto deleteMissingLog = [] {
+        start().findChild<QAction*>("mnuDeleteErrorLog")->trigger();
+        QCoreApplication::processEvents();
+    };
     EXPECT_EXIT(
         {
             setMessagePresenter({});

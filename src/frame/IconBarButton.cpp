@@ -37,7 +37,7 @@ IconBarButton::IconBarButton(const IconBarItem& item, QWidget* parent)
 
 QSize IconBarButton::sizeHint() const {
     const int textWidth = fontMetrics().horizontalAdvance(text());
-    return {3 * margin + iconExtent + gap + textWidth, iconExtent + margin};
+    return {4 * margin + iconExtent + gap + textWidth, iconExtent + margin};
 }
 
 void IconBarButton::paintBackground(QPainter& painter) const {

@@ -29,8 +29,8 @@ namespace tarnwell {
 
 namespace {
 
-constexpr QSize designSize(900, 560);
-constexpr int welcomeMargin = 48;
+constexpr QSize designSize(840, 460);
+constexpr int welcomeMargin = 40;
 constexpr int programIconExtent = 64;
 constexpr int pathLines = 3; ///< Room for a long path of the database.
 const QString exitKey = QStringLiteral("mnuExit");

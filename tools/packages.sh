@@ -1,6 +1,6 @@
 # Sourced by ./run and ./test: the Debian packages that they need, and how to get them.
 
-BUILD_PACKAGES="g++ cmake ninja-build qt6-base-dev libqt6svg6-dev libsqlite3-dev"
+BUILD_PACKAGES="g++ cmake ninja-build qt6-base-dev qt6-svg-dev libsqlite3-dev"
 RUN_PACKAGES="libqt6svg6 qt6-qpa-plugins fonts-liberation"
 TEST_PACKAGES="libgtest-dev libbenchmark-dev"
 VIRTUAL_DISPLAY_PACKAGES="xvfb xauth openbox xdotool scrot sqlite3"

@@ -165,7 +165,8 @@ void Screen::Unload() {
         deleteLater();
 }
 
-/// Takes the layout's places at the design size for the form's own, and does without it from then on.
+/// Takes the layout's places at the design size for the form's own, and does without it and its limits from
+/// then on.
 void Screen::takeDesign() {
     for (auto* control : m_canvas->findChildren<QWidget*>())
         control->ensurePolished();
@@ -177,6 +178,10 @@ void Screen::takeDesign() {
     layOut(*m_canvas);
     StoreFormPositions(m_positions, *m_canvas);
     dropLayouts(*m_canvas);
+    for (const ControlPosition& position : m_positions) {
+        position.control->setMinimumSize(0, 0);
+        position.control->setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+    }
     m_canvas->setMinimumSize(m_designSize);
     resize(sizeHint());
     m_canvas->setMinimumSize(0, 0);

@@ -10,6 +10,7 @@
 #include <QWheelEvent>
 
 #include <algorithm>
+#include <utility>
 
 namespace tarnwell {
 
@@ -119,7 +120,13 @@ void Combo::step(int by) {
         choose(next);
 }
 
+void Combo::hidePopup() {
+    m_closedList = view()->isVisible();
+    QComboBox::hidePopup();
+}
+
 void Combo::keyPressEvent(QKeyEvent* event) {
+    m_closedList = false;
     int keyCode = keyCodeOf(*event);
     Q_EMIT keyDown(keyCode, shiftStateOf(*event));
     if (keyCode == 0) {
@@ -140,8 +147,8 @@ void Combo::keyPressEvent(QKeyEvent* event) {
 
 void Combo::keyReleaseEvent(QKeyEvent* event) {
     QComboBox::keyReleaseEvent(event);
-    // A key that is held down is released once.
-    if (!event->isAutoRepeat())
+    // A key that is held down is released once; the one that chose from the list must not search.
+    if (!event->isAutoRepeat() && !std::exchange(m_closedList, false))
         Q_EMIT keyUp(keyCodeOf(*event), shiftStateOf(*event));
 }
 

@@ -33,6 +33,8 @@ public:
     [[nodiscard]] int SelStart() const override;
     void setSelStart(int caret) override;
 
+    void hidePopup() override;
+
 Q_SIGNALS:
     void clicked();
     /// Codes as in `KeyCode`; setting `keyCode` to 0 swallows the key.
@@ -51,6 +53,7 @@ private:
 
     ItemModel* m_items;
     int m_listIndex = -1;
+    bool m_closedList = false; ///< The next release is of the key that closed the list.
 };
 
 } // namespace tarnwell

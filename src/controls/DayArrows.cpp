@@ -6,11 +6,14 @@
 #include <QStylePainter>
 #include <QWheelEvent>
 
+#include <algorithm>
+
 namespace tarnwell {
 
 namespace {
 
 constexpr int rest = 1;
+constexpr int leastWidth = 18;
 
 /// Gives the bar's height to the two arrows, whatever it is, and none to a slider.
 class ArrowsOnly : public QProxyStyle {
@@ -48,7 +51,7 @@ DayArrows::DayArrows(QWidget* parent) : QScrollBar(Qt::Vertical, parent) {
 }
 
 QSize DayArrows::sizeHint() const {
-    return {QScrollBar::sizeHint().width(), fontMetrics().height() + 10};
+    return {std::max(QScrollBar::sizeHint().width(), leastWidth), fontMetrics().height() + 10};
 }
 
 void DayArrows::paintEvent(QPaintEvent* event) {

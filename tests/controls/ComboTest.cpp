@@ -5,6 +5,7 @@
 #include "frame/EventGuard.h"
 #include "support/ScreenDriver.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QLineEdit>
 #include <QTest>
@@ -135,6 +136,19 @@ TEST_F(ComboTest, TypeAheadKeepsTheCaretBehindWhatWasTyped) {
     EXPECT_EQ(combo->SelStart(), 4);
     driver.press(Qt::Key_Shift);
     EXPECT_TRUE(chosen.empty());
+}
+
+TEST_F(ComboTest, TheKeyThatChoosesFromTheListDoesNotSearchAgain) {
+    searchOnKeyUp();
+    const ScreenDriver driver(window);
+    driver.press(Qt::Key_F4);
+    ASSERT_TRUE(waitFor([this] { return combo->view()->isVisible(); }));
+    QTest::keyClick(combo->view(), Qt::Key_Down);
+    QTest::keyPress(combo->view(), Qt::Key_Return);
+    QTest::keyRelease(combo, Qt::Key_Return);
+    EXPECT_EQ(chosen.size(), 1U);
+    driver.type("r");
+    EXPECT_EQ(combo->Text(), "Roof");
 }
 
 TEST_F(ComboTest, TypeAheadInAnEmptyListChoosesNothing) {

@@ -22,6 +22,7 @@ struct ToolbarButton {
     const char* caption;
     const char* imageKey;
     const char* toolTip;
+    const char* shortcut = ""; ///< Presses the button from the keyboard, since it takes no focus.
 };
 
 /// All buttons in their left-to-right order.

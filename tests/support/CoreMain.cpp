@@ -1,7 +1,7 @@
-#include <gtest/gtest.h>
-
 #include <QCoreApplication>
 #include <QStandardPaths>
+
+#include <gtest/gtest.h>
 
 int main(int argc, char** argv) {
     ::testing::InitGoogleTest(&argc, argv);

@@ -7,7 +7,9 @@ namespace tarnwell::test {
 MessageScript::MessageScript(std::initializer_list<Answer> answers)
     : m_answers(answers), m_before(setMessagePresenter(ask())) {}
 
-MessageScript::~MessageScript() { setMessagePresenter(m_before); }
+MessageScript::~MessageScript() {
+    setMessagePresenter(m_before);
+}
 
 Ask MessageScript::ask() {
     return [this](const MessageRequest& request) { return present(request); };

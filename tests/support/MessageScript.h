@@ -2,8 +2,8 @@
 
 #include "frame/MsgBox.h"
 
-#include <initializer_list>
 #include <deque>
+#include <initializer_list>
 #include <vector>
 
 namespace tarnwell::test {

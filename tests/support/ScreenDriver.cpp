@@ -131,7 +131,7 @@ void whenModal(std::function<void(QWidget&)> routine) {
     auto* timer = new QTimer(qApp);
     QObject::connect(timer, &QTimer::timeout, timer, [timer, routine = std::move(routine)] {
         QWidget* modal = QApplication::activeModalWidget();
-        if (modal == nullptr)
+        if (modal == nullptr || !modal->isActiveWindow())
             return;
         timer->deleteLater();
         timer->stop();

@@ -48,7 +48,7 @@ private:
 
 /// Runs the event loop until the condition holds; false after two seconds.
 [[nodiscard]] bool waitFor(const std::function<bool()>& condition);
-/// Runs a routine once the next modal window is up (before a call that blocks in it).
+/// Runs a routine once the next modal window is up and active (before a call that blocks in it).
 void whenModal(std::function<void(QWidget& window)> routine);
 
 } // namespace tarnwell::test

@@ -6,7 +6,8 @@
 namespace tarnwell::test {
 
 QString connectionStringFor(const QString& path) {
-    return QStringLiteral("Provider=Microsoft.Jet.OLEDB.4.0;Data Source=%1;Persist Security Info=False").arg(path);
+    return QStringLiteral("Provider=Microsoft.Jet.OLEDB.4.0;Data Source=%1;Persist Security Info=False")
+        .arg(path);
 }
 
 TemporaryDatabase::TemporaryDatabase() {
@@ -15,7 +16,9 @@ TemporaryDatabase::TemporaryDatabase() {
     m_connection.Open();
 }
 
-QString TemporaryDatabase::path() const { return m_folder.filePath(QStringLiteral("Tarnwell.mdb")); }
+QString TemporaryDatabase::path() const {
+    return m_folder.filePath(QStringLiteral("Tarnwell.mdb"));
+}
 
 std::unique_ptr<Connection> TemporaryDatabase::secondSeat() const {
     auto seat = std::make_unique<Connection>();

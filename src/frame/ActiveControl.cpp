@@ -84,7 +84,7 @@ void ActiveControl::moveTo(QWidget* control) {
         m_interrupted = false;
         m_mouseMove = m_lastReason == Qt::MouseFocusReason;
     }
-    const QPointer<QWidget> old = m_active;
+    const QWidget* const old = m_active;
     const bool leaves = m_entered && old != nullptr;
     m_active = control;
     m_entered = false;

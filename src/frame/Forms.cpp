@@ -49,10 +49,10 @@ void CloseAllForms() {
 }
 
 void unloadRemainingForms() {
-    const std::vector<Screen*> left = forms();
-    for (auto form = left.rbegin(); form != left.rend(); ++form)
-        if (std::find(forms().begin(), forms().end(), *form) != forms().end())
-            runEvent([form] { (*form)->Unload(); });
+    const std::vector<Screen*> left(forms().rbegin(), forms().rend());
+    for (Screen* form : left)
+        if (std::ranges::find(forms(), form) != forms().end())
+            runEvent([form] { form->Unload(); });
 }
 
 } // namespace tarnwell

@@ -11,6 +11,7 @@ constexpr QLatin1String Close(")");
 constexpr QLatin1String Equals("=");
 constexpr QLatin1String Differs("<>");
 
+/// A parenthesis starts a condition where one is expected; that of a call does not.
 bool startsCondition(const SqlTokens& tokens, int before) {
     const Token& token = tokens.at(before);
     switch (token.keyword) {
@@ -63,6 +64,7 @@ std::optional<Flag> flagAt(const SqlTokens& tokens, int at) {
     return std::nullopt;
 }
 
+/// A bare IS NULL is what an index answers; a comparison with a computed yes/no would read every row.
 void rewriteIsNull(SqlTokens& tokens, int at) {
     const int close = tokens.at(at + 1).partner;
     const Token& comparison = tokens.at(close + 1);
@@ -94,6 +96,7 @@ bool sameColumn(const SqlTokens& tokens, int a, int b, int length) {
     return true;
 }
 
+/// Only between its own parentheses is such a chain whole: no AND can take one of its terms away.
 void rewriteKeyList(SqlTokens& tokens, int open) {
     const int close = tokens.at(open).partner;
     const int first = open + 1;

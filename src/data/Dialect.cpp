@@ -14,6 +14,7 @@ namespace tarnwell::data {
 
 namespace {
 
+// A statement longer than this lists marked keys: it is not sent twice, and its shape would push out others.
 constexpr qsizetype LongestCachedStatement = 4000;
 constexpr std::size_t MostShapes = 1000;
 
@@ -62,6 +63,7 @@ bool isAggregate(const SqlTokens& tokens, int at) {
     }
 }
 
+/// Whether each row of a select stands for one stored row of each of its tables.
 bool rowsAreStored(const SqlTokens& tokens, const StatementTables& tables) {
     if (tables.from() < 0 || tables.hasDerivedRows() || tokens.at(1).is(Keyword::Distinct))
         return false;
@@ -115,6 +117,7 @@ std::shared_ptr<const TranslatedShape> translateShape(QStringView text) {
     SqlTokens tokens(text);
     dropSemicolon(tokens);
     if (tokens.size() == 1 && tokens.at(0).isName()) {
+        // The name alone opens the table.
         const std::u16string rows =
             u"SELECT * FROM [" + tokens.at(0).name().toString().toStdU16String() + u"]";
         return translateShape(rows);

@@ -65,6 +65,7 @@ InitialRow reportRow(const Report& report) {
 
 std::vector<InitialRow> makeInitialRows() {
     std::vector<InitialRow> rows;
+    rows.reserve(employeeTypes.size() + optionNames.size() + reports.size());
     for (const char* type : employeeTypes)
         rows.push_back(codeRow(EmployeeTypeList, type));
     for (const char* name : optionNames)

@@ -76,6 +76,7 @@ constexpr std::array keywords{
 };
 static_assert(std::ranges::is_sorted(keywords, {}, &KeywordEntry::word));
 
+/// Looked up once for each word; from there on words are compared as numbers.
 Keyword keywordOf(QStringView word) {
     static constexpr qsizetype LongestKeyword = 9;
     if (word.size() > LongestKeyword)
@@ -146,7 +147,7 @@ private:
         if (kind == TokenKind::Word)
             while (isWordCharacter(here(length)))
                 ++length;
-        if (kind == TokenKind::Number)
+        if (kind == TokenKind::Number) // A sign belongs to it behind an exponent's letter only.
             while (isWordCharacter(here(length)) || here(length) == u'.' ||
                    ((here(length) == u'+' || here(length) == u'-') && (here(length - 1) | 0x20) == u'e'))
                 ++length;
@@ -162,6 +163,7 @@ private:
     qsizetype m_at = 0;
 };
 
+/// Names are plain nearly always, and then need no conversion of their own.
 void append(QByteArray& out, QStringView text) {
     const bool plain = std::ranges::all_of(text, [](QChar c) { return c.unicode() < 128; });
     if (!plain) {
@@ -219,7 +221,8 @@ int SqlTokens::find(Keyword wanted) const {
 
 QByteArray SqlTokens::write(int begin, int end) const {
     QByteArray out;
-    out.reserve((end - begin) * 12);
+    static constexpr qsizetype UsualTokenLength = 12;
+    out.reserve((end - begin) * UsualTokenLength);
     for (int i = begin; i < end; ++i) {
         const Token& token = at(i);
         out += token.before;

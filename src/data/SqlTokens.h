@@ -78,6 +78,7 @@ struct Token {
     [[nodiscard]] QStringView name() const {
         return kind == TokenKind::Bracketed ? text.sliced(1, text.size() - 2) : text;
     }
+    /// Leaves the token out of what is written.
     void drop() { instead = ""; }
 };
 

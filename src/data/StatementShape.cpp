@@ -11,12 +11,14 @@ namespace {
 
 enum class CharClass : unsigned char { Refused, Blank, Letter, Digit, Point, Symbol, Quote, Hash, Bracket };
 
+/// What is not named here is refused: among it the engine's own signs for parameters, which would take up the
+/// places of ours, and its quotes for names.
 constexpr std::array<CharClass, 128> makeClasses() {
     std::array<CharClass, 128> classes{};
-    for (const char blank : {' ', '\t', '\r', '\n'})
-        classes[static_cast<std::size_t>(blank)] = CharClass::Blank;
-    for (const char symbol : {'(', ')', ',', '*', '+', '-', '/', '=', '<', '>', '&', ';'})
-        classes[static_cast<std::size_t>(symbol)] = CharClass::Symbol;
+    for (const unsigned char blank : {' ', '\t', '\r', '\n'})
+        classes[blank] = CharClass::Blank;
+    for (const unsigned char symbol : {'(', ')', ',', '*', '+', '-', '/', '=', '<', '>', '&', ';'})
+        classes[symbol] = CharClass::Symbol;
     for (std::size_t i = 'A'; i <= 'Z'; ++i)
         classes[i] = classes[i + ('a' - 'A')] = CharClass::Letter;
     for (std::size_t i = '0'; i <= '9'; ++i)
@@ -29,11 +31,13 @@ constexpr std::array<CharClass, 128> makeClasses() {
     return classes;
 }
 
+/// Letters of other scripts are letters of names.
 CharClass classOf(char16_t character) {
     static constexpr auto classes = makeClasses();
     return character < classes.size() ? classes[character] : CharClass::Letter;
 }
 
+/// Copies runs of text between literals whole; only at a literal does it do more than look.
 class Scanner {
 public:
     Scanner(QStringView sql, Numbers numbers, std::u16string& shape)
@@ -138,6 +142,7 @@ private:
             ++m_at;
     }
 
+    /// Numbers too long for a whole one become decimal ones, as the engine reads them.
     static Value wholeNumber(QStringView digits) {
         static constexpr qsizetype SafeDigits = 18;
         if (digits.size() > SafeDigits)

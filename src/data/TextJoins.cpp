@@ -22,6 +22,7 @@ bool endsOperand(const Token& token) {
            token.is(Keyword::True) || token.is(Keyword::False);
 }
 
+/// An operand is a literal, a name with its qualifier, a call, or what stands in parentheses.
 class Joiner {
 public:
     Joiner(SqlTokens& tokens, const StatementTables& tables) : m_tokens(tokens), m_tables(tables) {}
@@ -36,6 +37,7 @@ public:
         }
     }
 
+    /// "&" binds weaker than "+": an operand of it is a whole chain of sums.
     void rewriteAmpersand() {
         for (int i = 1; i + 1 < m_tokens.size(); ++i) {
             if (!m_tokens.at(i).is(Ampersand) || !endsOperand(m_tokens.at(i - 1)))
@@ -76,6 +78,7 @@ private:
         return begin;
     }
 
+    /// Counts and sums are numbers whatever they are of; other calls have the type of what they are given.
     [[nodiscard]] bool isText(int begin, int end) const {
         const Token& first = m_tokens.at(begin);
         if (first.kind == TokenKind::TextMark)

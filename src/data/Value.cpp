@@ -41,12 +41,15 @@ std::optional<double> wholeNumber(const QString& text) {
     std::string digits;
     for (const QChar character : text.trimmed()) {
         const ushort code = character.unicode();
-        const bool exponentSign = !digits.empty() && (digits.back() == 'e' || digits.back() == 'E');
-        if ((code >= '0' && code <= '9') || code == '.' || ((code == 'e' || code == 'E') && !digits.empty()))
+        const bool behindExponent = !digits.empty() && (digits.back() | 0x20) == 'e';
+        const bool digit =
+            (code >= '0' && code <= '9') || code == '.' || ((code | 0x20) == 'e' && !digits.empty());
+        const bool sign = (code == '-' || code == '+') && (digits.empty() || behindExponent);
+        const bool passedOver =
+            (code == '$' && (digits.empty() || digits == "-")) || (code == ',' && !digits.empty());
+        if (digit || sign)
             digits += static_cast<char>(code);
-        else if ((code == '-' || code == '+') && (digits.empty() || exponentSign))
-            digits += static_cast<char>(code);
-        else if (!((code == '$' && digits.size() <= 1) || (code == ',' && !digits.empty())))
+        else if (!passedOver)
             return std::nullopt;
     }
     const char* begin = digits.data() + (digits.starts_with('+') ? 1 : 0);

@@ -3,7 +3,6 @@
 #include "frame/EventGuard.h"
 #include "frame/Icons.h"
 #include "frame/MsgBox.h"
-#include "frame/Theme.h"
 
 #include <QApplication>
 #include <QFile>
@@ -131,19 +130,17 @@ void HelpWindow::followPage(const QUrl& source) {
     for (int row = 0; row < m_contents->count(); ++row)
         if (m_contents->item(row)->data(Qt::UserRole).toString() == page)
             m_contents->setCurrentRow(row);
-    drawTables();
+    spaceTables();
 }
 
 /// Markdown knows no table style, and the toolkit's own draws every line twice.
-void HelpWindow::drawTables() {
-    const QColor line = mixed(palette().color(QPalette::Base), palette().color(QPalette::Text), 0.25);
+void HelpWindow::spaceTables() {
     for (QTextFrame* frame : m_page->document()->rootFrame()->childFrames()) {
         auto* table = qobject_cast<QTextTable*>(frame);
         if (table == nullptr)
             continue;
         QTextTableFormat format = table->format();
-        format.setBorderCollapse(true);
-        format.setBorderBrush(line);
+        format.setBorder(0);
         format.setCellPadding(cellPadding);
         format.setTopMargin(tableMargin);
         format.setBottomMargin(tableMargin);

@@ -35,7 +35,7 @@ private:
     void fillContents();
     void turnTo(const QString& page);
     void followPage(const QUrl& source);
-    void drawTables();
+    void spaceTables();
 
     QListWidget* m_contents;
     QTextBrowser* m_page;

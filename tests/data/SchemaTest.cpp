@@ -20,8 +20,7 @@ protected:
               "INSERT INTO ContractorPlan VALUES (1, 1, 'Ranch')",
               "INSERT INTO ContractorPlanTask (ContractorPlanKey, Name) VALUES (1, 'Tape')",
               "INSERT INTO ContractorTaskOption VALUES (1, 1, 'Bay', 10)",
-              "INSERT INTO Code (Code1, Code2, Description) VALUES (5, 1, 'Trim'), (5, 2, 'Trim'), (2, 1, "
-              "'Tape')",
+              "INSERT INTO Code (Code1, Code2) VALUES (5, 1), (5, 2), (2, 1)",
               "INSERT INTO ContractorOptionGroup (ContractorKey, CodeKey) VALUES (1, 1)",
               "INSERT INTO Job (JobKey, JobNumber, ContractorKey) VALUES (1, '100', 2)",
               "INSERT INTO JobLot (JobLotKey, JobKey) VALUES (1, 1)",

@@ -119,8 +119,6 @@ void backupDatabase(const QString& source, const QString& target, bool overwrite
     copy.bind(1, file.temporaryPath());
     copy.run();
     requireSound(file.temporaryPath());
-    if (exists)
-        data::FileReplacement::retireDatabase(to);
     file.moveIntoPlace(overwrite ? data::FileReplacement::Existing::Replace
                                  : data::FileReplacement::Existing::Keep);
 }

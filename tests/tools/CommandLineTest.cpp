@@ -1,0 +1,98 @@
+#include "ToolRun.h"
+#include "support/TemporaryDatabase.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <gtest/gtest.h>
+
+namespace tarnwell::test {
+namespace {
+
+struct Usage {
+    const char* arguments; // Blanks between them.
+    const char* says;
+};
+
+class WrongArguments : public testing::TestWithParam<Usage> {};
+
+TEST_P(WrongArguments, AreToldOnOneLineAndEndWithTwo) {
+    const ToolResult result =
+        runToolWith(QString::fromLatin1(GetParam().arguments).split(QLatin1Char(' '), Qt::SkipEmptyParts));
+    EXPECT_EQ(result.code, 2);
+    EXPECT_TRUE(result.out.isEmpty());
+    EXPECT_EQ(result.err,
+              QStringLiteral("tarnwell-db: %1\nTry 'tarnwell-db --help'.\n").arg(GetParam().says));
+}
+
+INSTANTIATE_TEST_SUITE_P(Usage, WrongArguments,
+                         testing::Values(Usage{"", "no command given"},
+                                         Usage{"mend a.mdb", "unknown command 'mend'"},
+                                         Usage{"create", "create needs FILE"},
+                                         Usage{"create a b", "create needs FILE"},
+                                         Usage{"backup a", "backup needs FILE TO"},
+                                         Usage{"restore a", "restore needs BACKUP FILE"},
+                                         Usage{"check a --overwrite", "check takes no --overwrite"},
+                                         Usage{"create a --seed 3", "create takes no --scale and no --seed"},
+                                         Usage{"sample a --scale huge", "unknown scale 'huge'"},
+                                         Usage{"sample a --seed x", "the seed 'x' is no number"},
+                                         Usage{"create a --quick", "Unknown option 'quick'."}));
+
+TEST(CommandLine, HelpNamesEveryCommandAndScale) {
+    const ToolResult result = runToolWith({"--help"});
+    EXPECT_EQ(result.code, 0);
+    EXPECT_TRUE(result.err.isEmpty());
+    for (const char* word : {"create", "sample", "check", "backup", "restore", "small", "office", "large",
+                             "--overwrite", "--scale", "--seed", "2026-11-01"})
+        EXPECT_TRUE(result.out.contains(QLatin1String(word))) << word;
+}
+
+class ExistingTarget : public testing::TestWithParam<const char*> {};
+
+TEST_P(ExistingTarget, IsKeptUnlessToldToOverwrite) {
+    TemporaryDatabase source;
+    const QString target = QDir(source.folder()).filePath(QStringLiteral("target.mdb"));
+    const QByteArray precious("not to be lost");
+    QFile file(target);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(precious);
+    file.close();
+
+    QStringList arguments{QString::fromLatin1(GetParam())};
+    if (arguments.front() == QLatin1String("backup") || arguments.front() == QLatin1String("restore"))
+        arguments << source.path();
+    arguments << target;
+    const ToolResult refused = runToolWith(arguments);
+    EXPECT_EQ(refused.code, 1);
+    EXPECT_EQ(refused.err.count(QLatin1Char('\n')), 1);
+    EXPECT_TRUE(refused.err.contains(target));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(file.readAll(), precious);
+    file.close();
+
+    const ToolResult done = runToolWith(arguments << "--overwrite");
+    EXPECT_EQ(done.code, 0) << done.err.toStdString();
+    EXPECT_EQ(runToolWith({"check", target}).code, 0);
+    const QStringList leftovers = QDir(source.folder()).entryList({"target.mdb?*"});
+    EXPECT_TRUE(leftovers.isEmpty()) << leftovers.join(' ').toStdString();
+}
+
+INSTANTIATE_TEST_SUITE_P(Commands, ExistingTarget, testing::Values("create", "sample", "backup", "restore"));
+
+TEST(CommandLine, AMissingFileIsTheFaultOfOneLine) {
+    const QTemporaryDir folder;
+    const QString missing = folder.filePath(QStringLiteral("none.mdb"));
+    const QStringList commands[] = {{"check", missing},
+                                    {"backup", missing, folder.filePath("copy.mdb")},
+                                    {"restore", missing, folder.filePath("copy.mdb")},
+                                    {"create", folder.filePath("no folder/new.mdb")}};
+    for (const QStringList& command : commands) {
+        const ToolResult result = runToolWith(command);
+        EXPECT_EQ(result.code, 1) << command.front().toStdString();
+        EXPECT_EQ(result.err.count(QLatin1Char('\n')), 1) << result.err.toStdString();
+    }
+    EXPECT_TRUE(QDir(folder.path()).isEmpty());
+}
+
+} // namespace
+} // namespace tarnwell::test

@@ -19,6 +19,7 @@ bool HelpKey::eventFilter(QObject* watched, QEvent* event) {
     const auto* key = static_cast<QKeyEvent*>(event);
     if (key->key() != Qt::Key_F1 || key->modifiers() != Qt::NoModifier)
         return false;
+    // A control inside a form counts as its form.
     const QWidget* front = static_cast<QWidget*>(watched)->window();
     runEvent([&] { HelpWindow::open(front->objectName()); });
     return true;

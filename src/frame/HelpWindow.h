@@ -32,7 +32,9 @@ private:
     explicit HelpWindow(QWidget* owner);
 
     void buildActions();
+    /// One line for every link of the contents page.
     void fillContents();
+    /// Nothing when the page is shown already, so that list and page can follow each other.
     void turnTo(const QString& page);
     void followPage(const QUrl& source);
     void spaceTables();

@@ -15,6 +15,7 @@ namespace {
 
 constexpr int margin = 8;
 constexpr int captionGap = 6;
+/// On a tall window the items stay together at the top.
 constexpr int largestItemHeight = 56;
 
 } // namespace

@@ -29,8 +29,12 @@ class IconBar : public QWidget {
 public:
     explicit IconBar(QWidget* parent = nullptr);
 
+    /// The caption above the items; also the bar's accessible name.
     void setGroup(const QString& caption, const QString& toolTip);
+    /// Adds an enabled item below the others.
     void addItem(const IconBarItem& item);
+    /// A disabled item is shown pale, keeps its tool tip and is passed over by the keys. An unknown key does
+    /// nothing.
     void setItemEnabled(const QString& key, bool enabled);
     /// Gives the focus to the first enabled item from `position` (0 is the first) on.
     void focusFirst(int position);
@@ -38,6 +42,7 @@ public:
     [[nodiscard]] QSize sizeHint() const override;
 
 Q_SIGNALS:
+    /// By mouse, key or underlined letter.
     void itemClicked(const QString& key);
 
 protected:
@@ -46,6 +51,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    /// Whether the key was one of the bar's own.
     [[nodiscard]] bool handleKey(IconBarButton* from, int key);
     /// The first enabled item from the position on, in the direction of the step.
     void focusFrom(int position, int step);

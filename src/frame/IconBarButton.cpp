@@ -28,7 +28,9 @@ IconBarButton::IconBarButton(const IconBarItem& item, QWidget* parent)
     setIconSize({iconExtent, iconExtent});
     setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     setAutoRaise(true);
+    // A click opens a screen; the focus stays where the keyboard left it.
     setFocusPolicy(Qt::TabFocus);
+    // The text holds no "&", so the toolkit makes no shortcut of it.
     setShortcut(QKeySequence::mnemonic(item.label));
     QFont large = font();
     large.setPointSizeF(large.pointSizeF() * 1.1);

@@ -20,16 +20,19 @@ namespace tarnwell {
 namespace {
 
 /// The colour in which the images' lines are drawn in their files.
+/// Every other colour is an accent that has contrast on light and dark.
 constexpr auto drawnLineColor = "#6b7785";
 constexpr double disabledOpacity = 0.35;
 
+/// A little softer than text: an icon's lines are bolder than letters.
 QColor lineColor() {
     const QPalette palette = QGuiApplication::palette();
     return mixed(palette.color(QPalette::Active, QPalette::WindowText), palette.color(QPalette::Window),
                  0.25);
 }
 
-/// Draws one of our images at any size. It needs no plug-in and follows the palette.
+/// Draws one of our images at any size, once for each size and colour. It needs no plug-in and follows the
+/// palette.
 class LineIconEngine : public QIconEngine {
 public:
     LineIconEngine(QString path, QByteArray image) : m_path(std::move(path)), m_image(std::move(image)) {}

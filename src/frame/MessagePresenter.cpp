@@ -13,6 +13,7 @@ namespace tarnwell {
 
 namespace {
 
+/// In the order of `Answer`. The toolkit would translate and decorate its own captions.
 struct AnswerButton {
     Answer answer;
     QMessageBox::StandardButton button;

@@ -35,6 +35,7 @@ constexpr int programIconExtent = 64;
 constexpr int pathLines = 3; ///< Room for a long path of the database.
 const QString exitKey = QStringLiteral("mnuExit");
 
+/// `label` is the caption with its underlined letter; the letters of the menus are taken.
 struct BarItem {
     const char* key;
     const char* caption;
@@ -54,6 +55,7 @@ constexpr std::array<BarItem, 8> barItems{{
     {"frmMasterTasks", "Master Tasks", "&Master Tasks", "Master Task Entry", "icoCode"},
 }};
 
+/// Entries of one menu stand together; its first entry makes the menu.
 struct MenuEntry {
     const char* menu;
     const char* menuCaption;
@@ -94,6 +96,7 @@ bool isAvailable(const QString& key) {
     return key == exitKey || ownActions().contains(key) || screenFor(key) != nullptr;
 }
 
+/// A text in `scale` times the desktop's size.
 QLabel* label(double scale, bool strong = false) {
     auto* made = new QLabel;
     QFont font = made->font();
@@ -198,6 +201,7 @@ QVBoxLayout* frmSwitchboard::welcome() {
 }
 
 void frmSwitchboard::Form_Activate() {
+    // The date may have changed while another form was in front.
     m_today->setText(QLocale().toString(Today().date, QLocale::LongFormat));
     if (m_activatedBefore)
         return;

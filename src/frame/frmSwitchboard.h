@@ -40,16 +40,20 @@ protected:
     void Form_Unload() override;
 
 private:
+    /// Menus and icon bar are built from tables; both end in `choose` or in an action of their own.
     void buildMenus();
     void buildIconBar();
     void layOut();
     [[nodiscard]] QVBoxLayout* welcome();
+    /// Ends the program when the connection fails: without one no screen can work.
     void openDatabase();
+    /// Shows the screen that is registered for the key, or unloads the window for "mnuExit".
     void choose(const QString& key);
 
     IconBar* m_iconBar = nullptr;
     QLabel* m_today = nullptr;
     QLabel* m_database = nullptr;
+    /// The window's only state: the first activation has run.
     bool m_activatedBefore = false;
 };
 

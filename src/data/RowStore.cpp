@@ -1,7 +1,5 @@
 #include "data/RowStore.h"
 
-#include "data/RunTimeError.h"
-
 #include <algorithm>
 #include <sqlite3.h>
 
@@ -52,8 +50,13 @@ RowId RowStore::addRow(int keyCell) {
 }
 
 void RowStore::completeRead() {
-    if (m_started)
+    if (!m_started)
+        return;
+    try {
         (void)fetchedCount();
+    } catch (const RunTimeError& error) {
+        m_failure = error; // told to whoever walks this recordset, not to whoever made it read
+    }
 }
 
 void RowStore::abandon() {
@@ -68,8 +71,11 @@ bool RowStore::fetchTo(RowId row) {
 }
 
 bool RowStore::fetchOne() {
-    if (!m_statement)
+    if (!m_statement) {
+        if (m_failure)
+            throw *m_failure;
         return false;
+    }
     try {
         if (!m_started)
             start();
@@ -79,8 +85,9 @@ bool RowStore::fetchOne() {
                 return false;
             }
         } while (standsOnAddedRow());
-    } catch (const RunTimeError&) {
-        finish(); // stepping on would begin again at the first row
+    } catch (const RunTimeError& error) {
+        m_failure = error; // stepping on would begin again at the first row
+        finish();
         throw;
     }
     const std::span<Cell> row = m_fetched.append();

@@ -3,8 +3,10 @@
 #include "data/Cell.h"
 #include "data/Engine.h"
 #include "data/ResultColumns.h"
+#include "data/RunTimeError.h"
 
 #include <memory>
+#include <optional>
 #include <unordered_set>
 
 namespace tarnwell::data {
@@ -59,7 +61,7 @@ public:
     void markDeleted(RowId row) { m_deleted.insert(row); }
     [[nodiscard]] TextArena& texts() { return m_texts; }
 
-    /// Fetches the rest if fetching has begun.
+    /// Fetches the rest if fetching has begun; a failure shows when somebody walks there.
     void completeRead();
     /// Stops reading: the connection goes away.
     void abandon();
@@ -75,6 +77,7 @@ private:
     Translation m_translation;
     StatementLease m_statement; ///< Empty once all rows are here.
     bool m_started = false;
+    std::optional<RunTimeError> m_failure; ///< What ended the reading before all rows were here.
     std::shared_ptr<const ResultColumns> m_columns;
     TextArena m_texts;
     CellRows m_fetched;

@@ -1,3 +1,4 @@
+#include "data/SqliteHandle.h"
 #include "support/RaisedNumber.h"
 #include "support/TemporaryDatabase.h"
 
@@ -5,7 +6,9 @@
 
 #include <atomic>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 #include <thread>
+#include <unistd.h>
 
 namespace tarnwell::test {
 
@@ -67,6 +70,54 @@ TEST(Opening, NamesADamagedCatalogue) {
     file.write(QByteArray(1500, '\x7f'));
     file.close();
     EXPECT_EQ(openingFails(connectionStringFor(database.path())), -2147467259);
+}
+
+TEST(Opening, SaysThatSomebodyHoldsTheFileForItself) {
+    TemporaryDatabase database;
+    database.connection().Close();
+    const data::SqliteHandle holder(database.path(), data::SqliteHandle::Access::ReadWrite);
+    holder.run("PRAGMA locking_mode=EXCLUSIVE");
+    holder.run("BEGIN EXCLUSIVE");
+    database.connection().setBusyTimeout(std::chrono::milliseconds(1));
+    const QString text = raisedText([&] { database.connection().Open(); });
+    EXPECT_TRUE(text.startsWith(makeError(Failure::DatabaseLocked).description())) << text.toStdString();
+}
+
+/// The tests may run as root, whom no permission stops.
+class WithoutPrivileges {
+public:
+    WithoutPrivileges() : m_user(::geteuid()) {
+        if (m_user == 0) {
+            EXPECT_EQ(::setresuid(nobody, nobody, 0), 0);
+        }
+    }
+    ~WithoutPrivileges() { EXPECT_EQ(::setresuid(m_user, m_user, m_user), 0); }
+    WithoutPrivileges(const WithoutPrivileges&) = delete;
+    WithoutPrivileges& operator=(const WithoutPrivileges&) = delete;
+
+private:
+    static constexpr uid_t nobody = 65534;
+    uid_t m_user;
+};
+
+TEST(Opening, ReadsAFileThatItCannotWrite) {
+    for (const ::mode_t folderMode : {0755, 0777, 0555}) {
+        TemporaryDatabase database;
+        database.add(QStringLiteral("MasterTask"), {{QStringLiteral("Name"), "Elm"}});
+        database.connection().Close();
+        ASSERT_EQ(::chmod(database.path().toUtf8().constData(), 0444), 0);
+        ASSERT_EQ(::chmod(database.folder().toUtf8().constData(), folderMode), 0);
+        {
+            const WithoutPrivileges reader;
+            database.connection().Open();
+            EXPECT_EQ(database.ask(QStringLiteral("SELECT Name FROM MasterTask")), Value("Elm"));
+            EXPECT_EQ(raisedNumber([&] { database.run(QStringLiteral("DELETE FROM MasterTask")); }),
+                      -2147217911);
+            EXPECT_EQ(raisedNumber([&] { database.add(QStringLiteral("MasterTask"), {}); }), -2147217911);
+            database.connection().Close();
+        }
+        ASSERT_EQ(::chmod(database.folder().toUtf8().constData(), 0755), 0);
+    }
 }
 
 TEST(Opening, TakesOneConnectionOnce) {

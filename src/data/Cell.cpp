@@ -13,8 +13,8 @@ namespace {
 using schema::ColumnType;
 
 constexpr qint64 millisecondsPerDay = 86'400'000;
-constexpr std::size_t largestTextBlock = 64 * 1024;
-constexpr std::size_t cellBlockBytes = 16 * 1024;
+constexpr std::size_t largestTextBlock = 65'536;
+constexpr std::size_t cellBlockBytes = 16'384; ///< Small enough for a one-row answer to cost little.
 
 Cell nullCell() {
     return {{.number = 0}, 0, Value::Kind::Null};
@@ -75,11 +75,12 @@ Cell integerCell(sqlite3_value* value, std::optional<ColumnType> type) {
 } // namespace
 
 const char* TextArena::keep(const char* text, std::size_t size) {
+    if (size == 0)
+        return ""; // the empty text is no missing one
     if (size > m_left)
         addBlock(size);
     char* kept = m_next;
-    if (size > 0)
-        std::memcpy(kept, text, size);
+    std::memcpy(kept, text, size);
     m_next += size;
     m_left -= size;
     return kept;
@@ -112,6 +113,7 @@ std::span<Cell> CellRows::row(int index) {
 }
 
 Cell cellFromColumn(sqlite3_stmt* statement, int column, std::optional<ColumnType> type, TextArena& texts) {
+    // One look at the value instead of a call for its type and another for its content.
     sqlite3_value* value = sqlite3_column_value(statement, column);
     switch (sqlite3_value_type(value)) {
     case SQLITE_INTEGER:

@@ -32,9 +32,10 @@ Value date(const Value& value, const QString& name) {
     const DateTime moment = isText || value.kind() == Value::Kind::Date
                                 ? (isText ? dateFromText(value.toText()) : value.toDate())
                                 : DateTime();
-    if (!moment.isValid())
+    if (!moment.isValid() || moment.date.year() < 0 || moment.date.year() > 9999)
         raise(Failure::WrongType, name);
-    return moment;
+    // Whole seconds are stored; a fraction would make the row look changed by somebody else.
+    return DateTime{moment.date, QTime(moment.time.hour(), moment.time.minute(), moment.time.second())};
 }
 
 template <class Limit>

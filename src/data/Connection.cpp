@@ -8,6 +8,7 @@ namespace tarnwell {
 
 namespace {
 
+/// The name under which the settings know the database file; there is no other engine yet.
 const QString servedProvider = QStringLiteral("Microsoft.Jet.OLEDB.4.0");
 
 /// The value of one key of a connection string; empty when it is not there. Of two the last one counts.

@@ -27,6 +27,7 @@ constexpr std::array<std::pair<const char*, Operator>, 7> operators{{
 /// So many operands wait at most while criteria are worked out.
 constexpr int deepestNesting = 32;
 
+/// Reads from the left, one routine for each level: OR joins what AND joins what compares.
 class Reader {
 public:
     Reader(const QString& criteria, const ResultColumns& columns)

@@ -99,6 +99,7 @@ void requireSound(const QString& path) {
 
 void createDatabase(const QString& path) {
     const QString target = pathOnDisk(path);
+    // First the folder, so that a missing one is named as such.
     data::FileReplacement file(target);
     if (QFileInfo::exists(target))
         raise(Failure::FileAccess, target);
@@ -115,6 +116,7 @@ void backupDatabase(const QString& source, const QString& target, bool overwrite
         raise(Failure::FileAccess, to);
     const SqliteHandle handle = data::openOurDatabase(from, busyTimeout);
     data::FileReplacement file(to);
+    // A copy as of one moment, whatever others write meanwhile.
     SqliteStatement copy = handle.prepare("VACUUM INTO ?1");
     copy.bind(1, file.temporaryPath());
     copy.run();

@@ -52,9 +52,7 @@ void Engine::close() {
 int Engine::execute(const Translation& translation) {
     completeReaders();
     StatementLease statement = lease(translation.shape->sql);
-    int parameter = 0;
-    for (const Value& value : translation.parameters)
-        statement->bind(++parameter, value);
+    statement->bindAll(translation.parameters);
     statement->run();
     if (translation.shape->kind == StatementKind::Select)
         return 0;

@@ -43,6 +43,7 @@ void requireOurs(const SqliteHandle& handle, const QString& path) {
         raise(Failure::DatabaseForeign, QStringLiteral("%1 (%2)").arg(path, missing));
 }
 
+/// A file made by others may hold views and triggers; they may not call what has effects.
 void protect(sqlite3* handle) {
     sqlite3_db_config(handle, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
     sqlite3_db_config(handle, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);

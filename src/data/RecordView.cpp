@@ -102,10 +102,12 @@ void RecordView::resolveFirst() {
         moveTo(0);
 }
 
+/// Otherwise a row's number is its name, and no list is needed.
 bool RecordView::isListed() const {
     return !m_filter.isEmpty() || m_store->addedCount() > 0 || m_store->deletedCount() > 0;
 }
 
+/// Rows change their number only by what was added or deleted since, here or through a clone.
 void RecordView::updateList() {
     const auto isVisible = [this](RowId row) {
         return !m_store->isDeleted(row) && m_filter.passes(*m_store, row);

@@ -17,7 +17,8 @@ struct Recordset::State_ {
     State_(std::shared_ptr<data::Engine> openEngine, std::shared_ptr<data::RowStore> store, bool isUpdatable)
         : engine(std::move(openEngine)), view(std::move(store)), updatable(isUpdatable) {}
 
-    std::shared_ptr<data::Engine> engine; ///< Must outlive the rows, whose statements it prepared.
+    // The engine must outlive the rows, whose statements it prepared.
+    std::shared_ptr<data::Engine> engine;
     data::RecordView view;
     bool updatable;
     CursorType cursor = CursorType::Static;
@@ -56,6 +57,7 @@ struct Recordset::State_ {
         return row;
     }
 
+    /// A row being added never became the view's current one, so forgetting it is all.
     void cancel() {
         adding = false;
         pending.clear();
@@ -99,6 +101,7 @@ void Recordset::Open(const QString& source, Connection& connection, CursorType c
     const bool writable = updatable && !store->columns().keyTables().empty();
     auto state = std::make_unique<State_>(engine, std::move(store), writable);
     state->cursor = cursor;
+    // A fixed set begins now; a dynamic one begins when somebody looks.
     if (cursor != CursorType::Dynamic)
         (void)state->view.current();
     m_state = std::move(state);
@@ -130,6 +133,8 @@ bool Recordset::atBeginning() const {
 bool Recordset::atEnd() const {
     return !open().adding && open().view.atEnd();
 }
+
+// Every move first writes what is pending; when that fails, the position stays.
 
 void Recordset::MoveFirst() {
     open().write();
@@ -262,6 +267,7 @@ Value Recordset::field(const QString& name) const {
 Value Recordset::field(int index) const {
     State_& state = open();
     state.requireColumn(index);
+    // What is set is read back before it is written, as the screens' own rules do.
     if (state.isEditing()) {
         const auto set = std::ranges::find(state.pending, index, &ColumnChange::column);
         if (set != state.pending.end())

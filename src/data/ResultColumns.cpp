@@ -31,7 +31,8 @@ bool refersTo(const schema::Table& from, const schema::Table& to) {
 } // namespace
 
 const schema::Column* ResultColumn::stored() const {
-    return tableColumn < 0 ? nullptr : &table->columns[static_cast<std::size_t>(tableColumn)];
+    return table == nullptr || tableColumn < 0 ? nullptr
+                                               : &table->columns[static_cast<std::size_t>(tableColumn)];
 }
 
 ResultColumns::ResultColumns(sqlite3_stmt* statement, const TranslatedShape& shape, bool withKeys) {
@@ -92,6 +93,7 @@ void ResultColumns::qualifySharedNames() {
 }
 
 int ResultColumns::find(QStringView name) const {
+    // Most callers write the name as the catalogue does; only a few need the folding of case.
     for (int i = 0; i < m_count; ++i)
         if (at(i).name == name)
             return i;

@@ -103,9 +103,8 @@ void RowStore::start() {
     if (!m_engine->inTransaction())
         m_engine->completeReaders();
     m_started = true;
-    int parameter = 0;
-    for (const Value& value : m_translation.parameters)
-        m_statement->bind(++parameter, value);
+    m_statement->bindAll(m_translation.parameters);
+    // A row that was added before the first look is stored by now: it must not come twice.
     for (int i = 0; i < m_added.size(); ++i)
         m_addedBefore.insert(value(firstAddedRow + i, m_addedKeyCell).toLong());
 }

@@ -16,6 +16,7 @@ QByteArray quoted(const QString& name) {
     return '"' + name.toUtf8() + '"';
 }
 
+/// Equal to the last bit: a change of case alone is somebody's work as well.
 bool sameCell(const Cell& a, const Cell& b) {
     if (a.kind != b.kind)
         return false;
@@ -44,9 +45,8 @@ QByteArray nameList(const ResultColumns& columns, std::span<const int> shown) {
     return names.join(',');
 }
 
-QByteArray whereKey(const KeyTable& table, std::size_t parameter) {
-    return " WHERE " + quoted(table.table->keyColumn) + "=?" +
-           QByteArray::number(static_cast<qulonglong>(parameter));
+QByteArray whereKey(const KeyTable& table, std::ptrdiff_t parameter) {
+    return " WHERE " + quoted(table.table->keyColumn) + "=?" + QByteArray::number(qint64{parameter});
 }
 
 QByteArray insertText(const ResultColumns& columns, const KeyTable& table,
@@ -66,15 +66,20 @@ QByteArray insertText(const ResultColumns& columns, const KeyTable& table,
     return into + " (" + names.join(',') + ") VALUES (" + values.join(',') + ") RETURNING " + returning;
 }
 
+void bindChanges(StatementLease& statement, std::span<const ColumnChange> changes) {
+    int parameter = 0;
+    for (const ColumnChange& change : changes)
+        statement->bind(++parameter, change.value);
+}
+
 /// The recordset's own query, narrowed to one key.
 QByteArray narrowedText(const TranslatedShape& shape, int width, const KeyTable& table,
-                        std::size_t parameters) {
+                        std::ptrdiff_t parameters) {
     QByteArrayList names;
     for (int i = 0; i < width; ++i)
         names << 'c' + QByteArray::number(i);
     return "WITH r(" + names.join(',') + ") AS (" + shape.sqlWithKeys + ") SELECT * FROM r WHERE c" +
-           QByteArray::number(table.keyCell) + "=?" +
-           QByteArray::number(static_cast<qulonglong>(parameters + 1));
+           QByteArray::number(table.keyCell) + "=?" + QByteArray::number(qint64{parameters + 1});
 }
 
 } // namespace
@@ -96,6 +101,7 @@ void RowWriter::update(RowId row, std::span<const ColumnChange> changes) {
         writeColumns(row, table, own);
     }
     scope.commit();
+    // Only now: a refused write leaves the store as it was read, to be tried again.
     showChanges(row, changes);
 }
 
@@ -103,17 +109,13 @@ RowId RowWriter::insert(std::span<const ColumnChange> changes) {
     const KeyTable& table = tableForInsert(changes);
     WriteScope scope(m_store.engine());
     StatementLease statement = m_store.engine().lease(insertText(m_columns, table, changes));
-    int parameter = 0;
-    for (const ColumnChange& change : changes)
-        statement->bind(++parameter, change.value);
-    (void)statement->step();
+    bindChanges(statement, changes);
+    (void)statement->step(); // its one row is the new one, as stored
     const RowId row = m_store.addRow(table.keyCell);
     try {
         readGenerated(statement, row, table);
-        statement->run();
-        const bool allShown =
-            std::ssize(table.columns) + 1 >= m_columns.count() && m_columns.keyTables().size() == 1;
-        if (!allShown)
+        statement->run(); // to its end, without which nothing is committed
+        if (!isWhollyFrom(table))
             readThroughQuery(row, table);
         scope.commit();
     } catch (const RunTimeError&) {
@@ -166,12 +168,17 @@ void RowWriter::writeColumns(RowId row, const KeyTable& table, std::span<const C
         assignments << storedName(m_columns, change.column) + "=?";
     StatementLease statement =
         m_store.engine().lease("UPDATE " + quoted(table.table->name) + " SET " + assignments.join(',') +
-                               whereKey(table, changes.size() + 1));
-    int parameter = 0;
-    for (const ColumnChange& change : changes)
-        statement->bind(++parameter, change.value);
-    statement->bind(++parameter, keyOf(row, table));
+                               whereKey(table, std::ssize(changes) + 1));
+    bindChanges(statement, changes);
+    statement->bind(static_cast<int>(changes.size()) + 1, keyOf(row, table));
     statement->run();
+}
+
+bool RowWriter::isWhollyFrom(const KeyTable& table) const {
+    for (int i = 0; i < m_columns.count(); ++i)
+        if (m_columns.at(i).table != table.table || m_columns.at(i).stored() == nullptr)
+            return false;
+    return true;
 }
 
 const KeyTable& RowWriter::mainTable() const {
@@ -212,11 +219,9 @@ void RowWriter::readGenerated(StatementLease& statement, RowId row, const KeyTab
 void RowWriter::readThroughQuery(RowId row, const KeyTable& table) {
     const Translation& translation = m_store.translation();
     StatementLease statement = m_store.engine().lease(
-        narrowedText(*translation.shape, m_columns.width(), table, translation.parameters.size()));
-    int parameter = 0;
-    for (const Value& value : translation.parameters)
-        statement->bind(++parameter, value);
-    statement->bind(++parameter, keyOf(row, table));
+        narrowedText(*translation.shape, m_columns.width(), table, std::ssize(translation.parameters)));
+    statement->bindAll(translation.parameters);
+    statement->bind(static_cast<int>(translation.parameters.size()) + 1, keyOf(row, table));
     if (!statement->step())
         return;
     const std::span<Cell> cells = m_store.cells(row);

@@ -30,6 +30,7 @@ private:
     [[nodiscard]] qint64 keyOf(RowId row, const KeyTable& table) const;
     void requireUnchanged(RowId row, const KeyTable& table);
     void writeColumns(RowId row, const KeyTable& table, std::span<const ColumnChange> changes);
+    [[nodiscard]] bool isWhollyFrom(const KeyTable& table) const;
     [[nodiscard]] const KeyTable& mainTable() const;
     [[nodiscard]] const KeyTable& tableForInsert(std::span<const ColumnChange> changes) const;
     void readGenerated(StatementLease& statement, RowId row, const KeyTable& table);

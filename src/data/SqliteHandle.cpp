@@ -7,8 +7,6 @@
 #include <algorithm>
 #include <array>
 #include <cctype>
-#include <ranges>
-#include <span>
 #include <sqlite3.h>
 #include <string_view>
 
@@ -18,10 +16,8 @@ namespace {
 
 /// Writes the lowest digits of a number, as many as there is room for.
 void writeDigits(std::span<char> room, int number) {
-    for (char& digit : room | std::views::reverse) {
-        digit = static_cast<char>('0' + number % 10);
-        number /= 10;
-    }
+    for (auto digit = room.rbegin(); digit != room.rend(); ++digit, number /= 10)
+        *digit = static_cast<char>('0' + number % 10);
 }
 
 /// Dates are stored as text that sorts.
@@ -109,6 +105,12 @@ SqliteStatement::SqliteStatement(sqlite3* handle, const QByteArray& sql) {
 void SqliteStatement::bind(int parameter, const Value& value) {
     if (bindValue(get(), parameter, value) != SQLITE_OK)
         raiseSqliteError(sqlite3_db_handle(get()), sqlite3_sql(get()));
+}
+
+void SqliteStatement::bindAll(std::span<const Value> values) {
+    int parameter = 0;
+    for (const Value& value : values)
+        bind(++parameter, value);
 }
 
 bool SqliteStatement::step() {

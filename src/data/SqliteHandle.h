@@ -6,6 +6,7 @@
 #include <QString>
 
 #include <memory>
+#include <span>
 
 struct sqlite3;
 struct sqlite3_stmt;
@@ -21,6 +22,8 @@ public:
 
     /// Parameters count from 1. Empty is stored as Null.
     void bind(int parameter, const Value& value);
+    /// Binds the first parameters, in order.
+    void bindAll(std::span<const Value> values);
     /// True when it stands on a row, false at its end; there it has let go of its locks.
     bool step();
     /// Runs to its end, whatever it returns.

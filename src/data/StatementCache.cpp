@@ -11,6 +11,8 @@ constexpr std::size_t maximumIdle = 160;
 
 } // namespace
 
+// A statement in use is not in the cache, so that a second recordset of the same text gets one of its own.
+
 std::unique_ptr<PreparedStatement> StatementCache::take(const QByteArray& sql) {
     const auto found = m_idle.find(sql);
     if (found == m_idle.end())

@@ -53,6 +53,24 @@ TEST_F(RecordsetWrite, ReadsKeyAndDefaultsOfANewRowBack) {
     EXPECT_EQ(ask("SELECT Name FROM MasterTask WHERE MasterTaskKey=1 AND Deleted=0"), Value("Roof"));
 }
 
+TEST_F(RecordsetWrite, ANewRowComputesWhatTheStatementComputes) {
+    open("SELECT Name, MasterPrice*2 AS Twice, MasterPrice FROM MasterTask");
+    rows.AddNew();
+    rows.set(QStringLiteral("MasterPrice"), 4);
+    rows.Update();
+    EXPECT_EQ(rows[QStringLiteral("Twice")], Value(8.0));
+}
+
+TEST_F(RecordsetWrite, AFractionOfASecondIsNobodysChange) {
+    database.add(QStringLiteral("Employee"), {});
+    open("SELECT DateofHire FROM Employee");
+    for (int i = 0; i < 2; ++i) {
+        rows.set(0, DateTime{QDate(2024, 2, 29), QTime(8, 30, 15, 250)});
+        rows.Update();
+    }
+    EXPECT_EQ(rows.field(0), Value(DateTime{QDate(2024, 2, 29), QTime(8, 30, 15)}));
+}
+
 TEST_F(RecordsetWrite, NeverGivesAFreedKeyAgain) {
     addTask("A", 1);
     database.run(QStringLiteral("DELETE FROM MasterTask"));

@@ -52,8 +52,9 @@ void frmFastSearch::Form_Load() {
     connect(lstItems, &ListBox::doubleClick, this, [this] { cmdSelect_Click(); });
     connect(cmdSelect, &QPushButton::clicked, this, [this] { cmdSelect_Click(); });
     connect(cmdCancel, &QPushButton::clicked, this, [this] { Hide(); });
-    m_typed->installEventFilter(this);
-    lstItems->installEventFilter(this);
+    for (auto* control : canvas()->findChildren<QWidget*>())
+        if (control->focusPolicy() != Qt::NoFocus)
+            control->installEventFilter(this);
 }
 
 void frmFastSearch::layOut() {
@@ -147,37 +148,30 @@ void frmFastSearch::MskField_KeyDown(int& keyCode) {
 
 bool frmFastSearch::eventFilter(QObject* watched, QEvent* event) {
     const bool key = event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease;
-    return (key && takeEnter(*static_cast<QKeyEvent*>(event))) || Screen::eventFilter(watched, event);
+    return (key && takesKey(watched, *static_cast<QKeyEvent*>(event))) || Screen::eventFilter(watched, event);
 }
 
-/// Enter takes the chosen row, else the first one. The dialog closes when the key comes up: a release that
-/// the caller's field received would be a key of its own there, and look its job up again.
-bool frmFastSearch::takeEnter(const QKeyEvent& event) {
-    if (!isEnter(event) || lstItems->ListCount() == 0)
+/// Escape cancels; Enter presses the button that has the focus, else takes the chosen row or the first one.
+/// Both act when the key comes up: a release that the caller's field received would be a key of its own
+/// there, and look its job up again.
+bool frmFastSearch::takesKey(QObject* watched, const QKeyEvent& event) {
+    auto* button = qobject_cast<QPushButton*>(watched);
+    if (event.key() == Qt::Key_Escape)
+        button = cmdCancel;
+    else if (!isEnter(event))
+        return false;
+    else if (button == nullptr && lstItems->ListCount() > 0)
+        button = cmdSelect;
+    if (button == nullptr)
         return false;
     if (event.type() == QEvent::KeyPress) {
         m_closingKey = event.key();
-        if (lstItems->ListIndex() < 0)
+        if (button == cmdSelect && watched != cmdSelect && lstItems->ListIndex() < 0)
             lstItems->setListIndex(0);
     } else if (m_closingKey == event.key() && !event.isAutoRepeat()) {
-        cmdSelect_Click();
+        button->click();
     }
     return true;
-}
-
-void frmFastSearch::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Escape || isEnter(*event))
-        m_closingKey = event->key();
-    else
-        Screen::keyPressEvent(event);
-}
-
-void frmFastSearch::keyReleaseEvent(QKeyEvent* event) {
-    auto* button = event->key() == Qt::Key_Escape ? cmdCancel : qobject_cast<QPushButton*>(focusWidget());
-    if (event->key() == m_closingKey && button != nullptr && !event->isAutoRepeat())
-        button->click();
-    else
-        Screen::keyReleaseEvent(event);
 }
 
 void frmFastSearch::cmdSelect_Click() {

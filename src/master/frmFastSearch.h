@@ -32,8 +32,6 @@ protected:
     void Form_Activate() override;
     void closeRequested() override { Hide(); }
     bool eventFilter(QObject* watched, QEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
-    void keyReleaseEvent(QKeyEvent* event) override;
 
 private:
     static constexpr int optionLimit = 6;
@@ -41,7 +39,7 @@ private:
     void layOut();
     void startClean();
     void showOptions(const SearchKind& kind);
-    [[nodiscard]] bool takeEnter(const QKeyEvent& event);
+    [[nodiscard]] bool takesKey(QObject* watched, const QKeyEvent& event);
     void MskField_KeyUp();
     void MskField_KeyDown(int& keyCode);
     void cmdSelect_Click();

@@ -1,0 +1,140 @@
+#include "controls/ListBox.h"
+#include "controls/MaskedBox.h"
+#include "frame/DataEnvironment.h"
+#include "frame/modGlobalVariables.h"
+#include "master/FastSearch.h"
+#include "master/frmFastSearch.h"
+#include "support/MessageScript.h"
+#include "support/ScreenDriver.h"
+#include "support/TemporaryDatabase.h"
+
+#include <QRadioButton>
+
+#include <gtest/gtest.h>
+
+using namespace tarnwell;
+using namespace tarnwell::test;
+
+namespace {
+
+class FastSearchScreen : public ::testing::Test {
+protected:
+    void SetUp() override {
+        caller.show();
+        gAppPath = db.folder();
+        gConnectionString = connectionStringFor(db.path());
+        for (const char* name : {"Adams", "Baker", "Young"})
+            keys.push_back(db.add("Employee", {{"SSN", "1"}, {"LastName", name}, {"FirstName", "Zoe"}}));
+    }
+    void TearDown() override {
+        theForm<frmFastSearch>().Unload();
+        DataEnvironment::close();
+    }
+
+    /// Shows the dialog, lets `use` handle it, and returns the key that it reports.
+    qint64 show(int type, std::function<void(const ScreenDriver&)> use) {
+        auto& form = theForm<frmFastSearch>();
+        form.searchType = type;
+        whenModal([use = std::move(use)](QWidget& dialog) { use(ScreenDriver(dialog)); });
+        form.Show(Screen::Modality::Modal, &caller);
+        EXPECT_FALSE(form.isVisible());
+        return selectedKeyNumber(form.selectedKey());
+    }
+
+    QWidget caller;
+    TemporaryDatabase db;
+    std::vector<qint64> keys;
+};
+
+} // namespace
+
+TEST_F(FastSearchScreen, TheWaysToChooseARow) {
+    const std::vector<std::function<void(const ScreenDriver&)>> ways = {
+        [](const ScreenDriver& search) { search.press(Qt::Key_Return); },
+        [](const ScreenDriver& search) {
+            search.press(Qt::Key_Down);
+            EXPECT_EQ(search.focusedName(), "lstItems");
+            search.press(Qt::Key_Return);
+        },
+        [](const ScreenDriver& search) {
+            search.click("lstItems", {20, 8});
+            search.click("cmdSelect", {8, 8});
+        },
+        [](const ScreenDriver& search) {
+            search.doubleClick("lstItems", {20, 8});
+        }};
+    for (const auto& way : ways)
+        EXPECT_EQ(show(SearchType::Employee,
+                       [&](const ScreenDriver& search) {
+                           search.type("b");
+                           way(search);
+                       }),
+                  keys[1]);
+}
+
+TEST_F(FastSearchScreen, TheWaysToLeaveWithoutARow) {
+    const std::vector<std::function<void(const ScreenDriver&)>> ways = {
+        [](const ScreenDriver& search) { search.press(Qt::Key_Escape); },
+        [](const ScreenDriver& search) {
+            search.click("cmdCancel", {8, 8});
+        },
+        [](const ScreenDriver& search) {
+            search.click("cmdSelect", {8, 8});
+        },
+        [](const ScreenDriver& search) { search.window().close(); }};
+    for (const auto& way : ways)
+        EXPECT_EQ(show(SearchType::Employee,
+                       [&](const ScreenDriver& search) {
+                           search.type("b");
+                           way(search);
+                       }),
+                  0);
+}
+
+TEST_F(FastSearchScreen, EachShowingStartsCleanWithTheKindsOptions) {
+    show(SearchType::Employee, [](const ScreenDriver& search) {
+        search.click("optSearch(1)", {8, 8});
+        search.focus("MskField(0)");
+        search.type("z");
+        EXPECT_EQ(search.find<ListBox>("lstItems").ListCount(), 3);
+        search.press(Qt::Key_Return);
+    });
+    const qint64 none = show(SearchType::Builder, [](const ScreenDriver& search) {
+        EXPECT_EQ(search.window().windowTitle(), "Builder Search");
+        EXPECT_EQ(search.focusedName(), "MskField(0)");
+        EXPECT_EQ(search.find<MaskedBox>("MskField(0)").text(), "");
+        EXPECT_EQ(search.find<ListBox>("lstItems").ListCount(), 0);
+        EXPECT_TRUE(search.find<QRadioButton>("optSearch(0)").isChecked());
+        EXPECT_EQ(search.find<QRadioButton>("optSearch(1)").text(), "Address 1");
+        EXPECT_TRUE(search.find<QRadioButton>("optSearch(2)").isHidden());
+        search.press(Qt::Key_Escape);
+    });
+    EXPECT_EQ(none, 0);
+}
+
+TEST_F(FastSearchScreen, AnotherOptionSearchesAtTheNextKey) {
+    show(SearchType::Employee, [](const ScreenDriver& search) {
+        auto& list = search.find<ListBox>("lstItems");
+        search.type("y");
+        EXPECT_EQ(list.ListCount(), 1);
+        search.click("optSearch(1)", {8, 8});
+        EXPECT_EQ(list.ListCount(), 1);
+        search.focus("MskField(0)");
+        search.press(Qt::Key_Left);
+        EXPECT_EQ(list.ListCount(), 3);
+        search.press(Qt::Key_Escape);
+    });
+}
+
+TEST_F(FastSearchScreen, AQuoteStopsTheProgram) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    EXPECT_EXIT(
+        {
+            setMessagePresenter([](const MessageRequest& request) {
+                qWarning("%s", qPrintable(request.text));
+                return Answer::Ok;
+            });
+            show(SearchType::Employee, [](const ScreenDriver& search) { search.type("'"); });
+        },
+        ::testing::ExitedWithCode(1), "2147217900");
+}

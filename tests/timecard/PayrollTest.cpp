@@ -1,0 +1,351 @@
+#include "controls/Combo.h"
+#include "controls/DateBox.h"
+#include "controls/Grid.h"
+#include "controls/ListBox.h"
+#include "controls/MaskedBox.h"
+#include "controls/NoteBox.h"
+#include "frame/DataEnvironment.h"
+#include "frame/RunTime.h"
+#include "frame/modGlobalVariables.h"
+#include "support/MessageScript.h"
+#include "support/ScreenDriver.h"
+#include "timecard/TimeCardData.h"
+#include "timecard/frmPayroll.h"
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTest>
+#include <QToolButton>
+
+#include <gtest/gtest.h>
+
+using namespace tarnwell;
+using namespace tarnwell::test;
+
+namespace {
+
+class Payroll : public ::testing::Test {
+protected:
+    void SetUp() override {
+        gAppPath = data.db.folder();
+        gConnectionString = connectionStringFor(data.db.path());
+        setClock([] { return DateTime{QDate(2024, 12, 31)}; });
+        data.addJob("2002", "Oak Rise");
+        data.addJob("1500", "Closed", DateTime{QDate(2024, 1, 1)});
+        data.addTask("Beams", 40.0, data.framing);
+    }
+    void TearDown() override {
+        if (driver)
+            form().Unload();
+        DataEnvironment::close();
+        setClock(nullptr);
+    }
+
+    frmPayroll& form() { return theForm<frmPayroll>(); }
+    void open() {
+        form().Show(Screen::Modality::Modeless, nullptr);
+        driver.emplace(form());
+    }
+    /// Job 1001, its first lot, the category Framing and its first task, "Beams".
+    void openJob() {
+        open();
+        driver->focus("MskField(2)");
+        driver->type("1");
+        driver->find<Combo>("cmbType").setListIndex(1);
+    }
+    void choose(const char* employee) {
+        driver->focus("cmbEmployees");
+        driver->find<Combo>("cmbEmployees").lineEdit()->selectAll();
+        driver->type(employee);
+    }
+    void apply() { driver->click("cmdApplyTask", {5, 5}); }
+
+    QString text(const QString& name) { return driver->find<MaskedBox>(name).text(); }
+    QString figure(const QString& name) { return driver->find<QLabel>(name).text(); }
+    bool findEnabled() {
+        for (auto* button : form().findChildren<QToolButton*>())
+            if (button->text() == "Find")
+                return button->isEnabled();
+        return false;
+    }
+    QStringList lines(const QString& name) {
+        QStringList texts;
+        auto& list = driver->find<ListBox>(name);
+        for (int i = 0; i < list.ListCount(); ++i)
+            texts.append(list.item(i)->text());
+        return texts;
+    }
+
+    TimeCardData data;
+    MessageScript script;
+    std::optional<ScreenDriver> driver;
+};
+
+} // namespace
+
+TEST_F(Payroll, OpensWithoutAJobAndWithTheBlankEmployee) {
+    open();
+    EXPECT_EQ(form().windowTitle(), "Timecards");
+    EXPECT_EQ(driver->find<Grid>("jgJobLots").RowCount(), 0);
+    EXPECT_EQ(driver->find<Combo>("cmbEmployees").ListIndex(), 0);
+    EXPECT_EQ(driver->find<Combo>("cmbEmployees").Text(), "");
+    EXPECT_EQ(driver->find<DateBox>("rebCompleted").text(), "12/31/24");
+    EXPECT_EQ(text("txtField(0)"), "0.00");
+    EXPECT_TRUE(driver->find<MaskedBox>("MskField(8)").isHidden());
+}
+
+TEST_F(Payroll, TypingFindsTheJobAndKeepsTheCaret) {
+    open();
+    driver->focus("MskField(2)");
+    auto& field = driver->find<MaskedBox>("MskField(2)");
+    driver->type("1");
+    EXPECT_EQ(field.text(), "1001");
+    EXPECT_EQ(field.SelStart(), 1);
+    EXPECT_EQ(text("MskField(1)"), "Elm Court");
+    EXPECT_EQ(text("MskField(4)"), "Abel Homes");
+    EXPECT_EQ(driver->find<Grid>("jgJobLots").RowCount(), 1);
+    driver->type("1");
+    EXPECT_EQ(field.text(), "2002") << "the closed job 1500 is not offered";
+    EXPECT_EQ(field.SelStart(), 2);
+    driver->press(Qt::Key_Left);
+    EXPECT_EQ(field.text(), "2002");
+    EXPECT_EQ(field.SelStart(), 1);
+    driver->press(Qt::Key_End);
+    EXPECT_EQ(field.text(), "") << "End empties the job";
+    driver->type("1");
+    EXPECT_EQ(field.text(), "1001");
+    driver->press(Qt::Key_Home);
+    EXPECT_EQ(field.text(), "");
+    EXPECT_EQ(driver->find<Grid>("jgJobLots").RowCount(), 0);
+    driver->type("9");
+    EXPECT_EQ(field.text(), "") << "nothing stands behind the last job";
+}
+
+TEST_F(Payroll, AnEmptiedJobFieldKeepsTheGrids) {
+    openJob();
+    driver->focus("MskField(2)");
+    driver->find<MaskedBox>("MskField(2)").selectAll();
+    driver->press(Qt::Key_Delete);
+    EXPECT_EQ(text("MskField(2)"), "");
+    EXPECT_EQ(driver->find<Grid>("jgJobLots").RowCount(), 1);
+    driver->click("jgTasks", {20, 10});
+    EXPECT_EQ(driver->focusedName(), "MskField(2)");
+}
+
+TEST_F(Payroll, AQuoteInTheJobFieldIsShownAsAnError) {
+    open();
+    driver->focus("MskField(2)");
+    script.expect(Answer::Ok);
+    driver->type("'");
+    EXPECT_EQ(script.shown().size(), 1u);
+    EXPECT_EQ(text("MskField(2)"), "");
+}
+
+TEST_F(Payroll, ControlsRefuseTheFocusUntilTheChainIsThere) {
+    struct Case {
+        const char* job; // Typed; empty for none.
+        const char* control;
+        const char* restsOn;
+    };
+    const Case cases[] = {
+        {"", "jgJobLots", "MskField(2)"},
+        {"", "cmbType", "MskField(2)"},
+        {"", "jgTasks", "MskField(2)"},
+        {"", "txtField(0)", "MskField(2)"},
+        {"", "cmdApplyTask", "MskField(2)"},
+        {"", "cmbEmployees", "cmbEmployees"},
+        {"2", "jgJobLots", "jgJobLots"},
+        {"2", "cmbType", "jgJobLots"},
+        {"2", "jgTasks", "jgJobLots"},
+        {"2", "txtField(0)", "MskField(2)"},
+        {"2", "cmdApplyTask", "jgJobLots"},
+        {"2", "rchNote", "MskField(2)"},
+        {"1", "cmdApplyTask", "jgTasks"},
+        {"1", "cmbType", "cmbType"},
+        {"1", "chkUseTaskEmployee", "chkUseTaskEmployee"},
+        {"1", "rchNote", "MskField(2)"},
+    };
+    open();
+    for (const Case& c : cases) {
+        driver->focus("MskField(2)");
+        driver->press(Qt::Key_Home);
+        driver->type(c.job);
+        driver->focus("lstTaskHistory");
+        driver->click(c.control, {6, 6});
+        EXPECT_EQ(driver->focusedName(), c.restsOn) << c.control << " with job " << c.job;
+    }
+}
+
+TEST_F(Payroll, TabGoesTheWayOfAPayment) {
+    openJob();
+    driver->focus("MskField(2)");
+    QStringList way;
+    for (int i = 0; i < 9; ++i) {
+        driver->press(Qt::Key_Tab);
+        way.append(driver->focusedName());
+    }
+    EXPECT_EQ(way, (QStringList{"jgJobLots", "cmbType", "jgTasks", "cmbEmployees", "chkUseTaskEmployee",
+                                "rebCompleted", "txtField(0)", "rchNote", "cmdApplyTask"}));
+}
+
+TEST_F(Payroll, FindIsEnabledExactlyWhereItFinds) {
+    openJob();
+    const std::pair<const char*, bool> cases[] = {{"MskField(2)", true},  {"jgJobLots", false},
+                                                  {"cmbEmployees", true}, {"jgTasks", false},
+                                                  {"MskField(2)", true},  {"txtField(0)", false}};
+    for (const auto& [control, enabled] : cases) {
+        driver->focus(control);
+        EXPECT_EQ(findEnabled(), enabled) << control;
+        EXPECT_EQ(form().statusText(), driver->find(control).toolTip());
+    }
+}
+
+TEST_F(Payroll, FindServesTheActiveControl) {
+    open();
+    driver->focus("cmbEmployees");
+    whenModal([](QWidget& dialog) {
+        const ScreenDriver search(dialog);
+        EXPECT_EQ(dialog.windowTitle(), "Employee Search");
+        search.type("b");
+        search.press(Qt::Key_Return);
+    });
+    driver->clickToolbar("Find");
+    EXPECT_EQ(driver->find<Combo>("cmbEmployees").Text(), "222-22-2222/Baker,Bob");
+
+    driver->focus("MskField(2)");
+    whenModal([](QWidget& dialog) {
+        const ScreenDriver search(dialog);
+        EXPECT_EQ(dialog.windowTitle(), "Job Search");
+        search.click("optSearch(2)", {8, 8});
+        search.focus("MskField(0)");
+        search.type("1");
+        search.press(Qt::Key_Down);
+        search.press(Qt::Key_Return);
+    });
+    driver->clickToolbar("Find");
+    EXPECT_EQ(text("MskField(2)"), "1500") << "the dialog also reaches closed jobs";
+}
+
+TEST_F(Payroll, APaymentMovesTheFiguresAndKeepsTheSelection) {
+    openJob();
+    EXPECT_EQ(text("txtField(0)"), "40.00");
+    choose("2");
+    driver->focus("txtField(0)");
+    driver->press(Qt::Key_A, Qt::ControlModifier);
+    driver->type("15");
+    driver->focus("rchNote");
+    driver->type("rear");
+    apply();
+    EXPECT_EQ(lines("lstTaskHistory"), (QStringList{"12/31/24 | 222-22-2222 | 15.00", "Baker,Bob"}));
+    EXPECT_EQ(figure("lblFieldLabel(12)"), "15.00");
+    EXPECT_EQ(figure("lblFieldLabel(5)"), "25.00");
+    EXPECT_EQ(text("txtField(0)"), "25.00");
+    EXPECT_EQ(driver->find<NoteBox>("rchNote").text(), "");
+    EXPECT_EQ(driver->find<Combo>("cmbEmployees").Text(), "222-22-2222/Baker,Bob");
+    EXPECT_EQ(driver->focusedName(), "jgTasks");
+    EXPECT_EQ(data.db.ask("SELECT Note FROM JobTaskEmployee"), Value("rear"));
+}
+
+TEST_F(Payroll, APressMeetsAllThreeWarnings) {
+    data.db.add("CategoryDependency", {{"CategoryKey", data.framing}, {"DependentKey", data.footings}});
+    data.addTask("Trench", 10.0, data.footings);
+    openJob();
+    choose("111");
+    script.expect(Answer::Yes);
+    apply();
+    driver->focus("txtField(0)");
+    driver->type("1");
+    for (int i = 0; i < 3; ++i)
+        script.expect(Answer::Yes);
+    apply();
+    EXPECT_EQ(script.shown().size(), 4u);
+    EXPECT_EQ(lines("lstTaskHistory").size(), 4);
+    EXPECT_EQ(lines("lstEmployeeHistory"), QStringList{"12/31/24 | Employee paid twice for same job/task"});
+}
+
+TEST_F(Payroll, GapsSendTheFocusToThem) {
+    openJob();
+    apply();
+    EXPECT_EQ(driver->focusedName(), "cmbEmployees");
+    driver->focus("txtField(0)");
+    driver->press(Qt::Key_A, Qt::ControlModifier);
+    driver->press(Qt::Key_Delete);
+    apply();
+    EXPECT_EQ(driver->focusedName(), "txtField(0)");
+    EXPECT_EQ(data.count("JobTaskEmployee"), 0);
+}
+
+TEST_F(Payroll, ATaskRowRefillsThePriceAndKeepsTheNote) {
+    openJob();
+    driver->focus("rchNote");
+    driver->type("later");
+    driver->focus("jgTasks");
+    driver->press(Qt::Key_Down);
+    EXPECT_EQ(text("txtField(0)"), "100.00");
+    EXPECT_EQ(driver->find<NoteBox>("rchNote").text(), "later");
+    driver->focus("txtField(0)");
+    driver->type("7");
+    driver->doubleClick("txtField(0)", {5, 5});
+    EXPECT_EQ(text("txtField(0)"), "100.00");
+}
+
+TEST_F(Payroll, TheArrowsGoOverTheEndOfTheYear) {
+    open();
+    auto& arrows = driver->find("vscrCompleted");
+    driver->click("vscrCompleted", {arrows.width() / 2, 3});
+    EXPECT_EQ(driver->find<DateBox>("rebCompleted").text(), "01/01/25");
+    driver->click("vscrCompleted", {arrows.width() / 2, arrows.height() - 3});
+    EXPECT_EQ(driver->find<DateBox>("rebCompleted").text(), "12/31/24");
+    driver->find<DateBox>("rebCompleted").setText("");
+    driver->click("vscrCompleted", {arrows.width() / 2, 3});
+    EXPECT_EQ(driver->find<DateBox>("rebCompleted").text(), "");
+}
+
+TEST_F(Payroll, ALogRowStandsWhenTheComboHasNoChoice) {
+    data.db.run("UPDATE JobLotTask SET EmployeeKey=" + QString::number(data.bob));
+    openJob();
+    driver->click("chkUseTaskEmployee", {6, 6});
+    apply();
+    EXPECT_EQ(data.count("JobTaskEmployee"), 1);
+    driver->find<Combo>("cmbEmployees").setText("nobody");
+    driver->focus("txtField(0)");
+    driver->type("0");
+    script.expect(Answer::Yes);
+    script.expect(Answer::Ok);
+    apply();
+    EXPECT_EQ(data.count("EmployeeLog"), 1);
+    EXPECT_EQ(data.count("JobTaskEmployee"), 1);
+}
+
+TEST_F(Payroll, ADoubleClickInTheHistoryOpensThePayment) {
+    const qint64 payment = data.addPayment(data.task, data.ann, 10);
+    openJob();
+    driver->focus("jgTasks");
+    driver->press(Qt::Key_Down);
+    qint64 opened = 0;
+    frmPayroll::setTaskNotes([&](frmPayroll& caller) {
+        opened = caller.selectedPaymentKey();
+        data.db.run("DELETE FROM JobTaskEmployee");
+    });
+    auto& list = driver->find<ListBox>("lstTaskHistory");
+    driver->click("lstTaskHistory", list.visualItemRect(list.item(1)).center());
+    driver->doubleClick("lstTaskHistory", list.visualItemRect(list.item(1)).center());
+    frmPayroll::setTaskNotes(nullptr);
+    EXPECT_EQ(opened, payment);
+    EXPECT_TRUE(lines("lstTaskHistory").isEmpty());
+}
+
+TEST_F(Payroll, FocusInTheNoteBeforeAnyJobStopsTheProgram) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    EXPECT_EXIT(
+        {
+            setMessagePresenter([](const MessageRequest& request) {
+                qWarning("%s", qPrintable(request.text));
+                return Answer::Ok;
+            });
+            open();
+            driver->click("rchNote", {6, 6});
+        },
+        ::testing::ExitedWithCode(1), "3704");
+}

@@ -1,0 +1,80 @@
+#!/bin/sh
+# first-payment.sh BIN: starts the program in BIN on a virtual display, makes one payment on its sample database
+# with keys and a click, meets its warnings, prints the rows that it wrote and saves a picture beside the program.
+# Ends non-zero when no payment came of it.
+set -eu
+bin=$(cd "$1" && pwd)
+database=$bin/data/Tarnwell.mdb
+picture=$bin/first-payment.png
+work=$(mktemp -d)
+
+say() { printf '== %s\n' "$*"; }
+fail() {
+    say "$*"
+    exit 1
+}
+ask() { sqlite3 -readonly "$database" "$1"; }
+list() { sqlite3 -readonly -header -column "$database" "$1"; }
+clean_up() {
+    kill $program $manager $display 2>/dev/null || true
+    rm -rf "$work"
+}
+wait_for_window() {
+    timeout 30 xdotool search --sync --onlyvisible --name "$1" >/dev/null || fail "The window \"$1\" did not come"
+    sleep 0.3
+}
+press() { xdotool key --delay 60 "$@"; }
+write() { xdotool type --delay 60 "$1"; }
+
+# A free display picks its own number; the settings are this run's own, so that the user's stay as they are.
+program= manager= display=
+trap clean_up EXIT
+mkfifo "$work/number"
+Xvfb -displayfd 3 -screen 0 1280x800x24 3>"$work/number" 2>/dev/null &
+display=$!
+read -r number <"$work/number"
+export DISPLAY=":$number" XDG_CONFIG_HOME="$work/config" XDG_RUNTIME_DIR="$work"
+openbox 2>/dev/null &
+manager=$!
+
+before=$(ask "SELECT IFNULL(MAX(JobTaskEmployee), 0) FROM JobTaskEmployee")
+logged=$(ask "SELECT IFNULL(MAX(LogKey), 0) FROM EmployeeLog")
+"$bin/tarnwell" &
+program=$!
+wait_for_window "Tarnwell: Version"
+press alt+c
+timecards=$(timeout 30 xdotool search --sync --onlyvisible --name '^Timecards$') || fail "Time Card did not open"
+sleep 0.5
+
+say "Job 26-1009, its first lot, category Cabinets"
+write 26-1009
+eval "$(xdotool getwindowgeometry --shell "$timecards")"
+xdotool mousemove --window "$timecards" $((WIDTH * 3 / 10)) $((HEIGHT * 18 / 100)) click 1
+press alt+c
+write cab
+say "Employee 910-36-9198, 25.00"
+press Tab Tab Tab
+write 910-36
+press alt+e Tab
+press ctrl+a
+write 25
+press alt+a
+while timeout 3 xdotool search --sync --onlyvisible --name '^Payment Error!$' >/dev/null 2>&1; do
+    sleep 0.5
+    say "A warning comes; the answer is Yes"
+    scrot -o "$bin/first-payment-warning.png"
+    press alt+y
+    sleep 0.5
+done
+sleep 0.5
+scrot -o "$picture"
+
+say "Payments written:"
+list "SELECT p.JobTaskEmployee, t.Name AS Task, e.SSN, e.LastName, p.Price, p.Completed FROM JobTaskEmployee p
+JOIN JobLotTask t USING (JobLotTaskKey) JOIN Employee e ON e.EmployeeKey = p.EmployeeKey
+WHERE p.JobTaskEmployee > $before"
+say "Log rows written:"
+list "SELECT LogKey, Occured, Problem FROM EmployeeLog WHERE LogKey > $logged"
+say "Picture: $picture"
+[ "$(ask "SELECT COUNT(*) FROM JobTaskEmployee WHERE JobTaskEmployee > $before")" -ge 1 ] ||
+    fail "No payment was written"

@@ -51,7 +51,7 @@ write 26-1009
 eval "$(xdotool getwindowgeometry --shell "$timecards")"
 xdotool mousemove --window "$timecards" $((WIDTH * 3 / 10)) $((HEIGHT * 18 / 100)) click 1
 press alt+c
-write cab
+write Cab
 say "Employee 910-36-9198, 25.00"
 press Tab Tab Tab
 write 910-36

@@ -120,13 +120,8 @@ void Combo::step(int by) {
         choose(next);
 }
 
-void Combo::hidePopup() {
-    m_closedList = view()->isVisible();
-    QComboBox::hidePopup();
-}
-
 void Combo::keyPressEvent(QKeyEvent* event) {
-    m_closedList = false;
+    m_pressed.insert(event->nativeScanCode());
     int keyCode = keyCodeOf(*event);
     Q_EMIT keyDown(keyCode, shiftStateOf(*event));
     if (keyCode == 0) {
@@ -147,8 +142,11 @@ void Combo::keyPressEvent(QKeyEvent* event) {
 
 void Combo::keyReleaseEvent(QKeyEvent* event) {
     QComboBox::keyReleaseEvent(event);
-    // A key that is held down is released once; the one that chose from the list must not search.
-    if (!event->isAutoRepeat() && !std::exchange(m_closedList, false))
+    if (event->isAutoRepeat())
+        return;
+    // The key that brought the focus here, or chose from the open list, went down elsewhere: it must not search.
+    const bool pressedHere = m_pressed.erase(event->nativeScanCode()) > 0;
+    if (pressedHere)
         Q_EMIT keyUp(keyCodeOf(*event), shiftStateOf(*event));
 }
 

@@ -5,6 +5,8 @@
 
 #include <QComboBox>
 
+#include <set>
+
 namespace tarnwell {
 
 /// A drop-down combo with a typed text and item data. Every choice, by mouse, key or code, fires `clicked`
@@ -33,8 +35,6 @@ public:
     [[nodiscard]] int SelStart() const override;
     void setSelStart(int caret) override;
 
-    void hidePopup() override;
-
 Q_SIGNALS:
     void clicked();
     /// Codes as in `KeyCode`; setting `keyCode` to 0 swallows the key.
@@ -53,7 +53,7 @@ private:
 
     ItemModel* m_items;
     int m_listIndex = -1;
-    bool m_closedList = false; ///< The next release is of the key that closed the list.
+    std::set<quint32> m_pressed; ///< Scan codes of the keys that went down here.
 };
 
 } // namespace tarnwell

@@ -19,9 +19,15 @@ clean_up() {
     kill $program $manager $display 2>/dev/null || true
     rm -rf "$work"
 }
-wait_for_window() {
-    timeout 30 xdotool search --sync --onlyvisible --name "$1" >/dev/null || fail "The window \"$1\" did not come"
-    sleep 0.3
+# window NAME TENTHS: the id of the window with that name, waited for.
+window() {
+    tenths=$2
+    while [ "$tenths" -gt 0 ]; do
+        xdotool search --onlyvisible --name "$1" 2>/dev/null && return 0
+        sleep 0.1
+        tenths=$((tenths - 1))
+    done
+    return 1
 }
 press() { xdotool key --delay 60 "$@"; }
 write() { xdotool type --delay 60 "$1"; }
@@ -34,16 +40,17 @@ Xvfb -displayfd 3 -screen 0 1280x800x24 3>"$work/number" 2>/dev/null &
 display=$!
 read -r number <"$work/number"
 export DISPLAY=":$number" XDG_CONFIG_HOME="$work/config" XDG_RUNTIME_DIR="$work"
-openbox 2>/dev/null &
+openbox >/dev/null 2>&1 &
 manager=$!
 
 before=$(ask "SELECT IFNULL(MAX(JobTaskEmployee), 0) FROM JobTaskEmployee")
 logged=$(ask "SELECT IFNULL(MAX(LogKey), 0) FROM EmployeeLog")
 "$bin/tarnwell" &
 program=$!
-wait_for_window "Tarnwell: Version"
+window '^Tarnwell: Version' 300 >/dev/null || fail "The main window did not come"
+sleep 0.5
 press alt+c
-timecards=$(timeout 30 xdotool search --sync --onlyvisible --name '^Timecards$') || fail "Time Card did not open"
+timecards=$(window '^Timecards$' 100) || fail "Time Card did not open"
 sleep 0.5
 
 say "Job 26-1009, its first lot, category Cabinets"
@@ -53,13 +60,12 @@ xdotool mousemove --window "$timecards" $((WIDTH * 3 / 10)) $((HEIGHT * 18 / 100
 press alt+c
 write Cab
 say "Employee 910-36-9198, 25.00"
-press Tab Tab Tab
+press Tab Tab
 write 910-36
-press alt+e Tab
-press ctrl+a
+press alt+e ctrl+a
 write 25
 press alt+a
-while timeout 3 xdotool search --sync --onlyvisible --name '^Payment Error!$' >/dev/null 2>&1; do
+while window '^Payment Error!$' 15 >/dev/null; do
     sleep 0.5
     say "A warning comes; the answer is Yes"
     scrot -o "$bin/first-payment-warning.png"

@@ -15,6 +15,10 @@ QString textOf(const char* utf8) {
     return QString::fromUtf8(utf8);
 }
 
+QByteArray quotedName(const QString& name) {
+    return '"' + name.toUtf8() + '"';
+}
+
 /// The name under which the statement knows a table: its alias, if it stands there once.
 QString qualifierOf(const schema::Table& table, const TranslatedShape& shape) {
     const auto names = [&](const auto& entry) { return sameName(entry.second, table.name); };
@@ -67,7 +71,7 @@ void ResultColumns::readColumns(sqlite3_stmt* statement, const TranslatedShape& 
 void ResultColumns::addKeyTables(const TranslatedShape& shape) {
     int cell = m_count;
     for (const QString& name : shape.keyTables) {
-        KeyTable entry{schema::findTable(name), cell++, {}};
+        KeyTable entry{schema::findTable(name), cell++, {}, {}};
         const bool twice = std::ranges::count_if(shape.keyTables, [&](const QString& other) {
                                return sameName(other, name);
                            }) > 1;
@@ -78,8 +82,17 @@ void ResultColumns::addKeyTables(const TranslatedShape& shape) {
             if (at(i).table == entry.table && at(i).tableColumn >= 0 &&
                 at(i).stored()->type != schema::ColumnType::Key)
                 entry.columns.push_back(i);
+        entry.readSql = readSqlOf(entry);
         m_keyTables.push_back(std::move(entry));
     }
+}
+
+QByteArray ResultColumns::readSqlOf(const KeyTable& entry) const {
+    const QByteArray key = quotedName(entry.table->keyColumn);
+    QByteArray sql = "SELECT " + key;
+    for (const int column : entry.columns)
+        sql += ',' + quotedName(at(column).stored()->name);
+    return sql + " FROM " + quotedName(entry.table->name) + " WHERE " + key + "=?1";
 }
 
 void ResultColumns::qualifySharedNames() {

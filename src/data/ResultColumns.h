@@ -3,6 +3,7 @@
 #include "data/Dialect.h"
 #include "data/Schema.h"
 
+#include <QByteArray>
 #include <QString>
 #include <QStringView>
 
@@ -30,6 +31,7 @@ struct KeyTable {
     const schema::Table* table;
     int keyCell;              ///< Where a row holds this table's key, behind the shown columns.
     std::vector<int> columns; ///< The shown columns that come from it, its key column aside.
+    QByteArray readSql;       ///< Reads the row of one key: the key, then `columns`.
 };
 
 /// What is known of a statement's result from the engine and the catalogue; shared by all its recordsets.
@@ -61,6 +63,7 @@ public:
 private:
     void readColumns(sqlite3_stmt* statement, const TranslatedShape& shape, int cells);
     void addKeyTables(const TranslatedShape& shape);
+    [[nodiscard]] QByteArray readSqlOf(const KeyTable& entry) const;
     void qualifySharedNames();
     [[nodiscard]] int findQualified(QStringView qualifier, QStringView bareName) const;
 

@@ -37,33 +37,22 @@ QByteArray storedName(const ResultColumns& columns, int column) {
     return quoted(columns.at(column).stored()->name);
 }
 
-/// `"Name","Price"` of shown columns.
-QByteArray nameList(const ResultColumns& columns, std::span<const int> shown) {
-    QByteArrayList names;
-    for (const int column : shown)
-        names << storedName(columns, column);
-    return names.join(',');
-}
-
 QByteArray whereKey(const KeyTable& table, std::ptrdiff_t parameter) {
     return " WHERE " + quoted(table.table->keyColumn) + "=?" + QByteArray::number(qint64{parameter});
 }
 
 QByteArray insertText(const ResultColumns& columns, const KeyTable& table,
                       std::span<const ColumnChange> changes) {
-    QByteArray returning = quoted(table.table->keyColumn);
-    if (!table.columns.empty())
-        returning += ',' + nameList(columns, table.columns);
     const QByteArray into = "INSERT INTO " + quoted(table.table->name);
     if (changes.empty())
-        return into + " DEFAULT VALUES RETURNING " + returning;
-    QByteArrayList names;
-    QByteArrayList values;
+        return into + " DEFAULT VALUES";
+    QByteArray names;
+    QByteArray values;
     for (const ColumnChange& change : changes) {
-        names << storedName(columns, change.column);
-        values << "?";
+        names += ',' + storedName(columns, change.column);
+        values += ",?";
     }
-    return into + " (" + names.join(',') + ") VALUES (" + values.join(',') + ") RETURNING " + returning;
+    return into + " (" + names.sliced(1) + ") VALUES (" + values.sliced(1) + ')';
 }
 
 void bindChanges(StatementLease& statement, std::span<const ColumnChange> changes) {
@@ -110,11 +99,11 @@ RowId RowWriter::insert(std::span<const ColumnChange> changes) {
     WriteScope scope(m_store.engine());
     StatementLease statement = m_store.engine().lease(insertText(m_columns, table, changes));
     bindChanges(statement, changes);
-    (void)statement->step(); // its one row is the new one, as stored
+    statement->run();
+    const qint64 key = sqlite3_last_insert_rowid(sqlite3_db_handle(statement->get()));
     const RowId row = m_store.addRow(table.keyCell);
     try {
-        readGenerated(statement, row, table);
-        statement->run(); // to its end, without which nothing is committed
+        readGenerated(key, row, table);
         if (!isWhollyFrom(table))
             readThroughQuery(row, table);
         scope.commit();
@@ -145,9 +134,7 @@ qint64 RowWriter::keyOf(RowId row, const KeyTable& table) const {
 }
 
 void RowWriter::requireUnchanged(RowId row, const KeyTable& table) {
-    const QByteArray names = table.columns.empty() ? QByteArray("1") : nameList(m_columns, table.columns);
-    StatementLease statement =
-        m_store.engine().lease("SELECT " + names + " FROM " + quoted(table.table->name) + whereKey(table, 1));
+    StatementLease statement = m_store.engine().lease(table.readSql);
     statement->bind(1, keyOf(row, table));
     if (!statement->step())
         raise(Failure::RowDeleted);
@@ -156,7 +143,7 @@ void RowWriter::requireUnchanged(RowId row, const KeyTable& table) {
     for (std::size_t i = 0; i < table.columns.size(); ++i) {
         const auto column = static_cast<std::size_t>(table.columns[i]);
         const Cell now =
-            cellFromColumn(statement->get(), static_cast<int>(i), m_columns.types()[column], texts);
+            cellFromColumn(statement->get(), static_cast<int>(i) + 1, m_columns.types()[column], texts);
         if (!sameCell(known[column], now))
             raise(Failure::RowChanged);
     }
@@ -199,8 +186,13 @@ const KeyTable& RowWriter::tableForInsert(std::span<const ColumnChange> changes)
     return *table;
 }
 
-/// The key and the columns that the INSERT returns, with the defaults of those that were not set.
-void RowWriter::readGenerated(StatementLease& statement, RowId row, const KeyTable& table) {
+/// The key, and the columns as stored, with the defaults of those that were not set. RETURNING would bring
+/// them too, but for it the engine copies every page that the insert touches aside.
+void RowWriter::readGenerated(qint64 key, RowId row, const KeyTable& table) {
+    StatementLease statement = m_store.engine().lease(table.readSql);
+    statement->bind(1, key);
+    if (!statement->step())
+        raise(Failure::RowDeleted);
     const std::span<Cell> cells = m_store.cells(row);
     const auto read = [&](int resultColumn, int cell) {
         const auto at = static_cast<std::size_t>(cell);

@@ -33,7 +33,7 @@ private:
     [[nodiscard]] bool isWhollyFrom(const KeyTable& table) const;
     [[nodiscard]] const KeyTable& mainTable() const;
     [[nodiscard]] const KeyTable& tableForInsert(std::span<const ColumnChange> changes) const;
-    void readGenerated(StatementLease& statement, RowId row, const KeyTable& table);
+    void readGenerated(qint64 key, RowId row, const KeyTable& table);
     void readThroughQuery(RowId row, const KeyTable& table);
     void showChanges(RowId row, std::span<const ColumnChange> changes);
 

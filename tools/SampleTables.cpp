@@ -6,7 +6,7 @@ namespace tarnwell::sample {
 
 namespace {
 
-constexpr qint64 rowsPerTransaction = 20'000;
+constexpr qint64 rowsPerTransaction = 100'000;
 
 } // namespace
 

@@ -5,6 +5,21 @@
 
 namespace tarnwell {
 
+namespace {
+
+/// `condition` is empty or "WHERE ... ".
+void appendEmployees(std::vector<KeyedText>& items, Connection& connection, const QString& condition) {
+    Recordset employees;
+    employees.Open("SELECT EmployeeKey, SSN, LastName, FirstName FROM Employee " + condition + "ORDER BY SSN",
+                   connection);
+    for (; !employees.atEnd(); employees.MoveNext())
+        items.emplace_back(FieldText(employees.field(1)) + u'/' + FieldText(employees.field(2)) + u',' +
+                               FieldText(employees.field(3)),
+                           employees.field(0).toLong());
+}
+
+} // namespace
+
 std::optional<JobHeader> readJobHeader(Connection& connection, qint64 jobKey) {
     Recordset job;
     job.Open("SELECT Job.JobNumber, Job.Name, Contractor.Name FROM Contractor INNER JOIN Job ON "
@@ -37,15 +52,14 @@ std::vector<KeyedText> readCategories(Connection& connection) {
 }
 
 std::vector<KeyedText> readActiveEmployees(Connection& connection) {
-    Recordset employees;
-    employees.Open("SELECT EmployeeKey, SSN, LastName, FirstName FROM Employee WHERE Inactive=0 "
-                   "ORDER BY SSN",
-                   connection);
     std::vector<KeyedText> items{{}};
-    for (; !employees.atEnd(); employees.MoveNext())
-        items.emplace_back(FieldText(employees.field(1)) + u'/' + FieldText(employees.field(2)) + u',' +
-                               FieldText(employees.field(3)),
-                           employees.field(0).toLong());
+    appendEmployees(items, connection, "WHERE Inactive=0 ");
+    return items;
+}
+
+std::vector<KeyedText> readAllEmployees(Connection& connection) {
+    std::vector<KeyedText> items;
+    appendEmployees(items, connection, {});
     return items;
 }
 

@@ -39,5 +39,7 @@ inline constexpr auto tasksOfNoLot =
 [[nodiscard]] std::vector<KeyedText> readCategories(Connection& connection);
 /// The active employees by social security number, behind a blank first item of key 0.
 [[nodiscard]] std::vector<KeyedText> readActiveEmployees(Connection& connection);
+/// Every employee, also the inactive, by social security number; no blank item.
+[[nodiscard]] std::vector<KeyedText> readAllEmployees(Connection& connection);
 
 } // namespace tarnwell

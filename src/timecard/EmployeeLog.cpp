@@ -1,0 +1,67 @@
+#include "timecard/EmployeeLog.h"
+
+#include "data/Recordset.h"
+#include "frame/RunTime.h"
+#include "frame/modFormatFunctions.h"
+#include "frame/modGeneral.h"
+
+#include <algorithm>
+
+namespace tarnwell {
+
+namespace {
+
+constexpr int lineLength = 50, problemColumn = 10;
+constexpr auto dateFormat = "mm/dd/yy";
+
+QString statementFor(qint64 logKey) {
+    return "SELECT * FROM EmployeeLog WHERE LogKey=" + QString::number(logKey);
+}
+
+/// The dialog takes several lines; a line of the list is one.
+QString onOneLine(QString text) {
+    std::replace(text.begin(), text.end(), QChar(u'\n'), QChar(u' '));
+    return text;
+}
+
+} // namespace
+
+QString logLine(const Value& occured, const Value& problem) {
+    QString line(lineLength, u' ');
+    overlay(line, 1, Format(occured, dateFormat));
+    overlay(line, problemColumn, "| " + onOneLine(FieldText(problem)));
+    return line;
+}
+
+void readLogLines(Connection& connection, qint64 employeeKey, const AddHistoryLine& addLine) {
+    if (employeeKey == 0)
+        return;
+    Recordset log;
+    log.Open("SELECT * FROM EmployeeLog WHERE EmployeeKey=" + QString::number(employeeKey) +
+                 " ORDER BY Occured DESC",
+             connection);
+    for (; !log.atEnd(); log.MoveNext())
+        addLine(logLine(log["Occured"], log["Problem"]), log["LogKey"].toLong());
+}
+
+ShownLogRow readLogRow(Connection& connection, qint64 logKey) {
+    Recordset log;
+    log.Open(statementFor(logKey), connection);
+    const Value occured = log["Occured"];
+    return {.row = ShownRow(log),
+            .occured = occured,
+            .dateText = Format(occured, dateFormat),
+            .problem = log["Problem"]};
+}
+
+void acceptLogRow(Connection& connection, qint64 logKey, const ShownLogRow& shown, const QString& dateText,
+                  const QString& problem) {
+    Recordset log;
+    log.Open(statementFor(logKey), connection, CursorType::Static, LockType::Optimistic);
+    shown.row.requireUnchanged(log);
+    log.set("Occured", dateText == shown.dateText ? shown.occured : Value(dateText));
+    log.set("Problem", problem);
+    log.Update();
+}
+
+} // namespace tarnwell

@@ -1,0 +1,29 @@
+#include "timecard/ShownRow.h"
+
+#include "data/Recordset.h"
+#include "data/RunTimeError.h"
+
+namespace tarnwell {
+
+namespace {
+
+std::vector<Value> valuesOf(const Recordset& row) {
+    std::vector<Value> values;
+    for (int column = 0; column < row.FieldCount(); ++column)
+        values.push_back(row.field(column));
+    return values;
+}
+
+} // namespace
+
+ShownRow::ShownRow(const Recordset& row) : m_values(valuesOf(row)) {}
+
+void ShownRow::requireUnchanged(const Recordset& now) const {
+    const std::vector<Value> values = valuesOf(now);
+    if (m_values.empty())
+        raise(Failure::NoCurrentRecord);
+    if (values != m_values)
+        raise(Failure::RowChanged);
+}
+
+} // namespace tarnwell

@@ -1,0 +1,82 @@
+#include "timecard/EmployeeLog.h"
+
+#include "support/RaisedNumber.h"
+#include "timecard/TimeCardData.h"
+
+#include <QStringList>
+
+#include <gtest/gtest.h>
+
+using namespace tarnwell;
+using namespace tarnwell::test;
+
+namespace {
+
+const Value march5 = DateTime{QDate(2024, 3, 5)};
+
+class EmployeeLogRows : public ::testing::Test {
+protected:
+    qint64 add(const Value& occured, const Value& problem) {
+        return data.db.add("EmployeeLog", {{"EmployeeKey", data.ann},
+                                           {"JobLotTaskKey", data.task},
+                                           {"Occured", occured},
+                                           {"Problem", problem}});
+    }
+    [[nodiscard]] Value stored(const char* column) {
+        return data.db.ask(QString("SELECT %1 FROM EmployeeLog WHERE LogKey=%2").arg(column).arg(row));
+    }
+    [[nodiscard]] ShownLogRow read() { return readLogRow(data.db.connection(), row); }
+    void accept(const ShownLogRow& shown, const char* date, const char* problem) {
+        acceptLogRow(data.db.connection(), row, shown, date, problem);
+    }
+
+    TimeCardData data;
+    qint64 row = add(DateTime{QDate(1925, 3, 5), QTime(14, 30)}, "Paid twice");
+};
+
+} // namespace
+
+TEST(EmployeeLogLine, HoldsWhatFitsIntoFiftyCharacters) {
+    const QString longText(60, u'x');
+    const std::pair<Value, QString> cases[] = {
+        {"Paid twice", "03/05/24 | Paid twice"},
+        {longText, "03/05/24 | " + longText.left(39)},
+        {"two\nlines", "03/05/24 | two lines"},
+        {Value::null(), "03/05/24 | "},
+    };
+    for (const auto& [problem, line] : cases)
+        EXPECT_EQ(logLine(march5, problem), line.leftJustified(50));
+    EXPECT_EQ(logLine(Value::null(), "no date"), QString("         | no date").leftJustified(50));
+}
+
+TEST_F(EmployeeLogRows, AreListedNewestFirstUnderTheirOwnKeys) {
+    const qint64 newer = add(march5, "newer");
+    std::vector<qint64> keys;
+    const auto collect = [&](const QString&, qint64 key) { keys.push_back(key); };
+    readLogLines(data.db.connection(), data.ann, collect);
+    readLogLines(data.db.connection(), data.bob, collect);
+    readLogLines(data.db.connection(), 0, collect);
+    EXPECT_EQ(keys, (std::vector<qint64>{newer, row}));
+}
+
+TEST_F(EmployeeLogRows, AnUnchangedDateKeepsItsCenturyAndTime) {
+    const ShownLogRow shown = read();
+    EXPECT_EQ(shown.dateText, "03/05/25");
+    accept(shown, "03/05/25", "Settled");
+    EXPECT_EQ(stored("Occured"), Value(DateTime{QDate(1925, 3, 5), QTime(14, 30)}));
+    EXPECT_EQ(stored("Problem"), Value("Settled"));
+    EXPECT_EQ(stored("EmployeeKey"), Value(data.ann));
+    EXPECT_EQ(stored("JobLotTaskKey"), Value(data.task));
+    accept(read(), "3/6/24", "Settled");
+    EXPECT_EQ(stored("Occured"), Value(DateTime{QDate(2024, 3, 6)}));
+}
+
+TEST_F(EmployeeLogRows, WhatIsNoDateOrNoLongerAsShownIsNotWritten) {
+    const ShownLogRow shown = read();
+    for (const char* text : {"", "02/29/23", "soon"})
+        EXPECT_EQ(raisedNumber([&] { accept(shown, text, "x"); }), numberOf(Failure::WrongType)) << text;
+    EXPECT_EQ(raisedNumber([&] { accept({}, "03/05/24", "x"); }), numberOf(Failure::NoCurrentRecord));
+    data.db.secondSeat()->Execute("UPDATE EmployeeLog SET Problem='theirs'");
+    EXPECT_EQ(raisedNumber([&] { accept(shown, "03/05/25", "ours"); }), numberOf(Failure::RowChanged));
+    EXPECT_EQ(stored("Problem"), Value("theirs"));
+}

@@ -1,0 +1,135 @@
+#include "timecard/EmployeeRecord.h"
+
+#include "support/RaisedNumber.h"
+#include "timecard/TimeCardData.h"
+#include "timecard/TimeCardJob.h"
+
+#include <gtest/gtest.h>
+
+using namespace tarnwell;
+using namespace tarnwell::test;
+
+namespace {
+
+class EmployeeRecords : public ::testing::Test {
+protected:
+    Connection& connection() { return data.db.connection(); }
+    [[nodiscard]] Value stored(const char* column) {
+        return data.db.ask(QString("SELECT %1 FROM Employee WHERE EmployeeKey=%2").arg(column).arg(data.ann));
+    }
+    void save(const EmployeeRecord& record) { saveEmployee(connection(), data.ann, record); }
+
+    TimeCardData data;
+};
+
+} // namespace
+
+TEST_F(EmployeeRecords, ANewOneIsActiveAndOtherwiseBlank) {
+    const qint64 key = addEmployee(connection());
+    EXPECT_EQ(data.db.ask("SELECT EmployeeKey FROM Employee WHERE Inactive=0 AND ISNULL(SSN)=-1"),
+              Value(key));
+    const EmployeeRecord blank = readEmployee(connection(), key);
+    saveEmployee(connection(), key, blank);
+    EXPECT_EQ(readEmployee(connection(), key).fields[EmployeeField::Dependants], "");
+    EXPECT_TRUE(
+        data.db.ask("SELECT Dependants FROM Employee WHERE EmployeeKey=" + QString::number(key)).isNull());
+}
+
+TEST_F(EmployeeRecords, EveryFieldComesBack) {
+    EmployeeRecord record{
+        .inactive = true,
+        .type = "Foreman",
+        .foreman = "Baker/Bob",
+        .maritalStatus = "MS",
+        .fields = {"012-34-5678", "Archer", "Ann", "1 Elm", "Rear", "Salem", "OR", "02134", "x12", "3"},
+        .information = "W-4\nexempt",
+        .dateOfHire = DateTime{QDate(1929, 5, 1)},
+        .dateOfTermination = Value::null()};
+    save(record);
+    const EmployeeRecord back = readEmployee(connection(), data.ann);
+    EXPECT_EQ(back.fields, record.fields);
+    EXPECT_TRUE(back.inactive);
+    EXPECT_EQ(back.type, record.type);
+    EXPECT_EQ(back.foreman, record.foreman);
+    EXPECT_EQ(back.maritalStatus, record.maritalStatus);
+    EXPECT_EQ(back.information, record.information);
+    EXPECT_EQ(back.dateOfHire, record.dateOfHire);
+    EXPECT_TRUE(stored("DateofTermination").isNull());
+    EXPECT_EQ(stored("Dependants"), Value(3));
+    EXPECT_EQ(stored("Inactive").toLong(), -1);
+}
+
+TEST_F(EmployeeRecords, WhatACellRefusesLeavesTheRowAsItWas) {
+    EmployeeRecord record = readEmployee(connection(), data.ann);
+    record.fields[EmployeeField::LastName] = "Other";
+    record.dateOfHire = "13/45/02";
+    EXPECT_EQ(raisedNumber([&] { save(record); }), numberOf(Failure::WrongType));
+    record.dateOfHire = Value::null();
+    record.fields[EmployeeField::Dependants] = "two";
+    EXPECT_EQ(raisedNumber([&] { save(record); }), numberOf(Failure::WrongType));
+    EXPECT_EQ(stored("LastName"), Value("Archer"));
+    EXPECT_EQ(raisedNumber([&] { static_cast<void>(readEmployee(connection(), 99)); }),
+              numberOf(Failure::NoCurrentRecord));
+}
+
+TEST_F(EmployeeRecords, TheInactiveLeaveOneListAndStayInTheOther) {
+    data.db.run("UPDATE Employee SET Inactive=-1 WHERE EmployeeKey=" + QString::number(data.ann));
+    EXPECT_EQ(readActiveEmployees(connection()),
+              (std::vector<KeyedText>{{"", 0}, {"222-22-2222/Baker,Bob", data.bob}}));
+    EXPECT_EQ(readAllEmployees(connection()), (std::vector<KeyedText>{{"111-11-1111/Archer,Ann", data.ann},
+                                                                      {"222-22-2222/Baker,Bob", data.bob}}));
+}
+
+TEST_F(EmployeeRecords, ForemenComeByLastNameWithTheInactive) {
+    data.db.run("UPDATE Employee SET Type='Foreman', Inactive=-1");
+    data.addEmployee("333-33-3333", "Abel", "Al");
+    EXPECT_EQ(readForemen(connection()), (std::vector<QString>{"Archer/Ann", "Baker/Bob"}));
+    EXPECT_TRUE(isForeman("FOREMAN"));
+    EXPECT_FALSE(isForeman("Foreman 2"));
+    data.db.run("UPDATE Code SET Deleted=-1 WHERE Code1=1 AND Description<>'Foreman'");
+    EXPECT_EQ(readEmployeeTypes(connection()), std::vector<QString>{"Foreman"});
+}
+
+TEST(EmployeeTexts, ASocialSecurityNumberIsBuiltByPosition) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"012345678", "012-34-5678"},  {"1234567", "123-45-4567"}, {"12", "12--12"}, {"", "--"},
+        {"0123456789", "012-34-6789"},
+    };
+    for (const auto& [digits, text] : cases)
+        EXPECT_EQ(ssnText(digits), text);
+}
+
+TEST(EmployeeTexts, HoweverASocialSecurityNumberComesInItEndsDashed) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"012345678", "012-34-5678"},
+        {"012-34-5678", "012-34-5678"},
+        {" 012 34 5678\t", "012-34-5678"},
+        {"012 - 34 - 5678", "012-34-5678"},
+        {"012-3", "012-3"},
+        {"012 3", "0123"},
+        {"012-34-56789", "012-34-56789"},
+        {"ABCDEFGHI", "ABCDEFGHI"},
+    };
+    for (const auto& [typed, text] : cases)
+        EXPECT_EQ(ssnAsTyped(typed), text);
+}
+
+TEST(EmployeeTexts, ATelephoneIsReadableAndFreeTextStays) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"5035550142", "(503) 555-0142"},
+        {"503.555.0142", "(503) 555-0142"},
+        {"(503) 555-0142", "(503) 555-0142"},
+        {"503 555 0142 x7", "503 555 0142 x7"},
+        {"555-0142", "555-0142"},
+        {"", ""},
+    };
+    for (const auto& [stored, text] : cases)
+        EXPECT_EQ(telephoneText(stored), text);
+}
+
+TEST_F(EmployeeRecords, ANumberIsTakenOnlyByAnother) {
+    EXPECT_FALSE(isSsnTaken(connection(), data.ann, "111-11-1111"));
+    EXPECT_TRUE(isSsnTaken(connection(), data.bob, "111-11-1111"));
+    EXPECT_EQ(raisedNumber([&] { static_cast<void>(isSsnTaken(connection(), data.ann, "1'1")); }),
+              numberOf(Failure::SyntaxError));
+}

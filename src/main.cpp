@@ -6,7 +6,9 @@
 #include "frame/Theme.h"
 #include "frame/Version.h"
 #include "frame/frmSwitchboard.h"
+#include "timecard/frmEmployee.h"
 #include "timecard/frmPayroll.h"
+#include "timecard/frmTaskNotes.h"
 
 #include <QApplication>
 
@@ -39,7 +41,10 @@ void registerScreen(const char* key, Screen::Modality modality) {
 
 /// Every screen that the main window can show.
 void registerScreens() {
+    registerScreen<frmEmployee>("frmEmployee", Screen::Modality::Modeless);
     registerScreen<frmPayroll>("frmPayroll", Screen::Modality::Modeless);
+    frmPayroll::setTaskNotes(
+        [](frmPayroll& caller) { theForm<frmTaskNotes>().Show(Screen::Modality::Modal, &caller); });
 }
 
 void dress(QApplication& application) {

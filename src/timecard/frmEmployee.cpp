@@ -1,0 +1,303 @@
+#include "timecard/frmEmployee.h"
+
+#include "controls/Combo.h"
+#include "controls/DateBox.h"
+#include "controls/ListBox.h"
+#include "controls/MaskedBox.h"
+#include "controls/NoteBox.h"
+#include "frame/DataEnvironment.h"
+#include "frame/EventGuard.h"
+#include "frame/MsgBox.h"
+#include "frame/modErrorRoutines.h"
+#include "frame/modFormatFunctions.h"
+#include "master/FastSearch.h"
+#include "master/frmFastSearch.h"
+#include "timecard/EmployeeLog.h"
+#include "timecard/frmEmployeeNotes.h"
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QScopeGuard>
+#include <QScopedValueRollback>
+
+#include <algorithm>
+#include <utility>
+
+namespace tarnwell {
+
+namespace {
+
+constexpr ButtonMask builtButtons = 83; // Exit, Add, Find
+constexpr std::array maritalStates{"M", "MS", "S"};
+
+constexpr auto ssnHint = "Enter Social Security Number";
+constexpr auto noRecordHint = "Press Add to enter new record, Find to get record";
+
+constexpr auto ssnSigns = "- "; // Stand between the digits and don't count.
+
+Connection& connection() {
+    return DataEnvironment::cnnConnection();
+}
+
+void fill(Combo& combo, const std::vector<QString>& texts) {
+    std::vector<ListItem> items;
+    for (const QString& text : texts)
+        items.emplace_back(text, 0);
+    combo.setItems(std::move(items));
+}
+
+/// Keys that pass through the field or switch something, and enter nothing.
+bool isEntry(int keyCode) {
+    constexpr int capsLock = 20, firstFunctionKey = 112, lastFunctionKey = 127, unknown = 255;
+    constexpr std::array passing{KeyCode::Tab, KeyCode::Shift, KeyCode::Control,
+                                 KeyCode::Alt, capsLock,       unknown};
+    return (keyCode < firstFunctionKey || keyCode > lastFunctionKey) &&
+           std::find(passing.begin(), passing.end(), keyCode) == passing.end();
+}
+
+/// The place in `shown` that has as many digits behind it as the caret had in `typed`.
+int caretIn(const QString& shown, const QString& typed, int caret) {
+    const auto isDigit = [](QChar character) { return !QLatin1String(ssnSigns).contains(character); };
+    auto behind = std::count_if(typed.begin() + caret, typed.end(), isDigit);
+    auto place = shown.size();
+    while (behind > 0 && place > 0)
+        if (isDigit(shown[--place]))
+            --behind;
+    return static_cast<int>(place);
+}
+
+} // namespace
+
+frmEmployee::frmEmployee() : Screen("frmEmployee", "Employee", {Part::Toolbar, Part::StatusBar}) {}
+
+void frmEmployee::Form_Load() {
+    makeControls();
+    connectControls();
+    LoadForemen();
+    fill(*cmbType, readEmployeeTypes(connection()));
+    for (const char* state : maritalStates)
+        cmbMaritalStatus->AddItem(state);
+    EmployeeKey = 0;
+    LoadRecord();
+    BuildToolbar(*this, builtButtons);
+}
+
+void frmEmployee::connectControls() {
+    MaskedBox* ssn = MskField[EmployeeField::Ssn];
+    connect(ssn, &MaskedBox::keyDown, this,
+            guarded([this](int& keyCode, int) { MskField_KeyDown(keyCode); }));
+    connect(ssn, &MaskedBox::keyUp, this, guarded([this](int, int) { MskField_KeyUp(); }));
+    connect(ssn, &QLineEdit::textEdited, this, guarded([this] { MskField_Change(); }));
+    onLostFocus(ssn, [this] { MskField_LostFocus(); });
+    MaskedBox* telephone = MskField[EmployeeField::Telephone];
+    onLostFocus(telephone, [telephone] { telephone->setText(telephoneText(telephone->text())); });
+    for (const auto field : {EmployeeField::LastName, EmployeeField::FirstName})
+        connect(MskField[field], &QLineEdit::textChanged, this, guarded([this] { showHeading(); }));
+    for (Combo* combo : {cmbType, cmbForeman, cmbMaritalStatus})
+        connect(combo, &Combo::keyUp, this,
+                guarded([combo](int keyCode, int shift) { ComboIncrementalSearch(*combo, keyCode, shift); }));
+    connect(lstErrorLog, &ListBox::doubleClick, this, guarded([this] { lstErrorLog_DblClick(); }));
+}
+
+void frmEmployee::Form_Unload() {
+    SaveRecord();
+}
+
+void frmEmployee::Toolbar1_ButtonClick(const QString& caption) {
+    try {
+        if (caption == "Add") {
+            AddRecord();
+        } else if (caption == "Exit") {
+            const QScopedValueRollback busy(Busy, true);
+            Unload();
+        } else if (caption == "Find") {
+            FindRecord();
+        }
+    } catch (const RunTimeError& error) {
+        ErrorHandler(error, {});
+    }
+}
+
+void frmEmployee::AddRecord() {
+    const QScopedValueRollback busy(Busy, true);
+    SaveRecord();
+    EmployeeKey = addEmployee(connection());
+    LoadRecord();
+}
+
+void frmEmployee::FindRecord() {
+    auto& search = theForm<frmFastSearch>();
+    {
+        const QScopedValueRollback busy(Busy, true);
+        search.searchType = SearchType::Employee;
+        search.Show(Modality::Modal, this);
+    }
+    if (search.selectedKey().isEmpty())
+        return;
+    SaveRecord();
+    EmployeeKey = selectedKeyNumber(search.selectedKey());
+    LoadRecord();
+    SetFocus(MskField[EmployeeField::Ssn]);
+}
+
+void frmEmployee::SaveRecord() {
+    if (EmployeeKey == 0)
+        return;
+    saveEmployee(connection(), EmployeeKey, record());
+    if (isForeman(cmbType->Text()))
+        LoadForemen();
+}
+
+/// A record that can't be read leaves the screen without one: it must not be written over with nothing.
+void frmEmployee::LoadRecord() {
+    const qint64 key = std::exchange(EmployeeKey, 0);
+    showRecord({});
+    lstErrorLog->Clear();
+    const auto state = qScopeGuard([this] { showState(); });
+    if (key != 0)
+        showRecord(readEmployee(connection(), key));
+    EmployeeKey = key;
+    LoadEmployeeLog();
+}
+
+EmployeeRecord frmEmployee::record() const {
+    EmployeeRecord record{.inactive = chkInActive->isChecked(),
+                          .type = cmbType->Text(),
+                          .foreman = cmbForeman->Text(),
+                          .maritalStatus = cmbMaritalStatus->Text(),
+                          .fields = {},
+                          .information = rchField->text(),
+                          .dateOfHire = rebHired->value(),
+                          .dateOfTermination = rebTerminated->value()};
+    for (std::size_t i = 0; i < EmployeeField::Count; ++i)
+        record.fields.at(i) = MskField.at(i)->text();
+    QString& telephone = record.fields[EmployeeField::Telephone];
+    if (telephone == telephoneText(m_telephone))
+        telephone = m_telephone;
+    return record;
+}
+
+void frmEmployee::showRecord(const EmployeeRecord& record) {
+    m_telephone = record.fields[EmployeeField::Telephone];
+    for (std::size_t i = 0; i < EmployeeField::Count; ++i)
+        MskField.at(i)->setText(record.fields.at(i));
+    MskField[EmployeeField::Telephone]->setText(telephoneText(m_telephone));
+    cmbType->setText(record.type);
+    cmbForeman->setText(record.foreman);
+    cmbMaritalStatus->setText(record.maritalStatus);
+    rchField->setText(record.information);
+    rebHired->setValue(record.dateOfHire);
+    rebTerminated->setValue(record.dateOfTermination);
+    chkInActive->setChecked(record.inactive);
+}
+
+/// Without a record only the field that leads to one can be used.
+void frmEmployee::showState() {
+    const bool hasRecord = EmployeeKey != 0;
+    MaskedBox* ssn = MskField[EmployeeField::Ssn];
+    ssn->setToolTip(hasRecord ? ssnHint : noRecordHint);
+    if (ActiveControl() == nullptr || ActiveControl() == ssn)
+        showToolTip(ssn);
+    for (MaskedBox* field : MskField)
+        field->setEnabled(hasRecord || field == ssn);
+    for (QWidget* control : {static_cast<QWidget*>(cmbType), static_cast<QWidget*>(cmbForeman),
+                             static_cast<QWidget*>(cmbMaritalStatus), static_cast<QWidget*>(rebHired),
+                             static_cast<QWidget*>(rebTerminated), static_cast<QWidget*>(rchField),
+                             static_cast<QWidget*>(chkInActive), static_cast<QWidget*>(lstErrorLog)})
+        control->setEnabled(hasRecord);
+    showHeading();
+}
+
+void frmEmployee::showHeading() {
+    const QString last = MskField[EmployeeField::LastName]->text();
+    const QString first = MskField[EmployeeField::FirstName]->text();
+    const bool named = !last.isEmpty() || !first.isEmpty();
+    m_heading->setText(EmployeeKey == 0                    ? QStringLiteral("No employee is shown")
+                       : !named                            ? QStringLiteral("Employee without a name")
+                       : last.isEmpty() || first.isEmpty() ? last + first
+                                                           : last + QStringLiteral(", ") + first);
+}
+
+void frmEmployee::LoadForemen() {
+    // What the record on the screen says stays, whatever the list holds by now.
+    const QString foreman = cmbForeman->Text();
+    fill(*cmbForeman, readForemen(connection()));
+    cmbForeman->setText(foreman);
+}
+
+void frmEmployee::LoadEmployeeLog() {
+    lstErrorLog->Clear();
+    try {
+        readLogLines(connection(), EmployeeKey,
+                     [this](const QString& text, qint64 key) { lstErrorLog->AddItem(text, key); });
+        if (lstErrorLog->ListCount() > 0)
+            lstErrorLog->setListIndex(0);
+    } catch (const RunTimeError&) {
+        return; // The record counts; its log stands as far as it was read.
+    }
+}
+
+qint64 frmEmployee::selectedLogKey() const {
+    const int line = lstErrorLog->ListIndex();
+    return line < 0 ? 0 : lstErrorLog->ItemData(line);
+}
+
+void frmEmployee::lstErrorLog_DblClick() {
+    if (lstErrorLog->ListIndex() < 0)
+        return;
+    theForm<frmEmployeeNotes>().Show(Modality::Modal, this);
+    LoadEmployeeLog();
+}
+
+/// The key is turned into a new record or dropped.
+void frmEmployee::MskField_KeyDown(int& keyCode) {
+    if (EmployeeKey != 0 || !isEntry(keyCode))
+        return;
+    keyCode = 0;
+    const Answer answer = MsgBox({.text = "Do you want to add a new employee?",
+                                  .title = "Add Record",
+                                  .buttons = MessageButtons::YesNo,
+                                  .icon = MessageIcon::Question,
+                                  .defaultButton = 2});
+    if (answer == Answer::Yes)
+        AddRecord();
+}
+
+void frmEmployee::MskField_KeyUp() {
+    if (EmployeeKey == 0)
+        MskField[EmployeeField::Ssn]->clear();
+}
+
+void frmEmployee::MskField_Change() {
+    MaskedBox* ssn = MskField[EmployeeField::Ssn];
+    const QString typed = ssn->text();
+    const QString shown = EmployeeKey == 0 ? QString() : ssnAsTyped(typed);
+    if (shown == typed)
+        return;
+    const int caret = caretIn(shown, typed, ssn->cursorPosition());
+    ssn->setText(shown);
+    ssn->setCursorPosition(caret);
+}
+
+void frmEmployee::MskField_LostFocus() {
+    if (Busy)
+        return;
+    MaskedBox* ssn = MskField[EmployeeField::Ssn];
+    if (EmployeeKey == 0) {
+        SetFocus(ssn);
+        return;
+    }
+    const QString digits = StripCharacters(ssn->text(), ssnSigns);
+    ssn->setText(digits);
+    if (digits.size() < ssnDigits)
+        MsgBox({.text = "You did not enter 9 digits.",
+                .title = "Data Entry Verification",
+                .icon = MessageIcon::Critical});
+    const QString formatted = ssnText(digits);
+    ssn->setText(formatted);
+    if (isSsnTaken(connection(), EmployeeKey, formatted))
+        MsgBox(
+            {.text = "Employee SSN entered exists!", .title = "Entry Error", .icon = MessageIcon::Critical});
+}
+
+} // namespace tarnwell

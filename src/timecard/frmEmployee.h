@@ -1,0 +1,81 @@
+#pragma once
+
+#include "frame/Screen.h"
+#include "timecard/EmployeeRecord.h"
+
+#include <array>
+
+class QCheckBox;
+class QLabel;
+class QLayout;
+
+namespace tarnwell {
+
+class Combo;
+class DateBox;
+class ListBox;
+class MaskedBox;
+class NoteBox;
+
+/// The people who are paid on the time card, one at a time. The record is written whenever it is left: for
+/// another record, by Add and by Exit. Until a record is shown the focus stays in the field of the social
+/// security number, where a key asks whether to add one.
+class frmEmployee : public Screen {
+    Q_OBJECT
+
+public:
+    frmEmployee();
+
+    /// The key of the log row that is selected in `lstErrorLog`; 0 for none.
+    [[nodiscard]] qint64 selectedLogKey() const;
+
+protected:
+    void Form_Load() override;
+    void Form_Unload() override;
+    void Toolbar1_ButtonClick(const QString& caption) override;
+
+private:
+    // frmEmployeeLayout.cpp
+    void makeControls();
+    void nameControls();
+    void layOut();
+    [[nodiscard]] QWidget* information();
+    void orderTabs();
+
+    void connectControls();
+
+    void AddRecord();
+    void SaveRecord();
+    void LoadRecord();
+    void LoadEmployeeLog();
+    void LoadForemen();
+    void FindRecord();
+
+    [[nodiscard]] EmployeeRecord record() const;
+    void showRecord(const EmployeeRecord& record);
+    void showState();
+    void showHeading();
+
+    void MskField_Change();
+    void MskField_KeyDown(int& keyCode);
+    void MskField_KeyUp();
+    void MskField_LostFocus();
+    void lstErrorLog_DblClick();
+
+    std::array<MaskedBox*, EmployeeField::Count> MskField{};
+    Combo* cmbType = nullptr;
+    Combo* cmbForeman = nullptr;
+    Combo* cmbMaritalStatus = nullptr;
+    DateBox* rebHired = nullptr;
+    DateBox* rebTerminated = nullptr;
+    NoteBox* rchField = nullptr;
+    QCheckBox* chkInActive = nullptr;
+    ListBox* lstErrorLog = nullptr;
+    QLabel* m_heading = nullptr; ///< Whose record this is, or that there is none.
+
+    qint64 EmployeeKey = 0; ///< The record on the screen; 0 for none.
+    bool Busy = false;      ///< The screen itself changes the record: no checks when the focus leaves.
+    QString m_telephone;    ///< As stored: its mask is for reading.
+};
+
+} // namespace tarnwell

@@ -1,0 +1,107 @@
+#include "timecard/frmEmployeeNotes.h"
+
+#include "controls/Label.h"
+#include "controls/MaskedBox.h"
+#include "controls/NoteBox.h"
+#include "frame/DataEnvironment.h"
+#include "frame/EventGuard.h"
+#include "frame/modErrorRoutines.h"
+#include "timecard/frmEmployee.h"
+
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace tarnwell {
+
+namespace {
+
+constexpr QSize designSize(520, 240);
+constexpr int margin = 12, spacing = 8, dateWidth = 120;
+
+Connection& connection() {
+    return DataEnvironment::cnnConnection();
+}
+
+/// The row is whatever the caller's list stands on.
+qint64 logKey() {
+    return theForm<frmEmployee>().selectedLogKey();
+}
+
+} // namespace
+
+frmEmployeeNotes::frmEmployeeNotes() : Screen("frmEmployeeNotes", "Employee Note", {Part::StatusBar}) {}
+
+void frmEmployeeNotes::Form_Load() {
+    m_date = new MaskedBox(0, canvas());
+    m_date->setPlaceholderText("mm/dd/yy");
+    nameControl(m_date, "mskfield(0)", "Enter Note Date");
+    m_note = new NoteBox(canvas());
+    nameControl(m_note, "txtField(0)", "Enter employee note");
+    cmdAccept = new QPushButton("&Accept", canvas());
+    nameControl(cmdAccept, "cmdAccept");
+    cmdCancel = new QPushButton("&Cancel", canvas());
+    nameControl(cmdCancel, "cmdCancel");
+    layOut();
+    connect(cmdAccept, &QPushButton::clicked, this, guarded([this] { cmdAccept_Click(); }));
+    connect(cmdCancel, &QPushButton::clicked, this, guarded([this] { leave(); }));
+    setDefaultButton(cmdAccept);
+    setCancelButton(cmdCancel);
+}
+
+void frmEmployeeNotes::layOut() {
+    setDesignSize(designSize);
+    auto* form = new QVBoxLayout(canvas());
+    form->setContentsMargins(margin, margin, margin, margin);
+    form->setSpacing(spacing);
+
+    auto* fields = new QGridLayout;
+    fields->setSpacing(spacing);
+    m_date->setFixedWidth(dateWidth);
+    fields->addWidget(label("Date:", "lblFieldLabel(0)", m_date), 0, 0);
+    fields->addWidget(m_date, 0, 1, Qt::AlignLeft);
+    fields->addWidget(label("Note:", "lblFieldLabel(1)", m_note), 1, 0, Qt::AlignTop);
+    fields->addWidget(m_note, 1, 1);
+    fields->setRowStretch(1, 1);
+    form->addLayout(fields, 1);
+
+    auto* buttons = new QHBoxLayout;
+    buttons->setSpacing(spacing);
+    buttons->addStretch(1);
+    buttons->addWidget(cmdAccept);
+    buttons->addWidget(cmdCancel);
+    form->addLayout(buttons);
+    QWidget* const order[] = {m_date, m_note, cmdAccept, cmdCancel};
+    for (std::size_t i = 1; i < std::size(order); ++i)
+        setTabOrder(order[i - 1], order[i]);
+}
+
+void frmEmployeeNotes::Form_Activate() {
+    clear();
+    SetFocus(m_date);
+    try {
+        m_shown = readLogRow(connection(), logKey());
+        m_date->setText(m_shown.dateText);
+        m_note->setText(m_shown.problem.toText());
+    } catch (const RunTimeError& error) {
+        ErrorHandler(error, {});
+    }
+    m_date->selectAll();
+}
+
+void frmEmployeeNotes::clear() {
+    m_shown = {};
+    m_date->clear();
+    m_note->clear();
+}
+
+void frmEmployeeNotes::leave() {
+    clear();
+    Hide();
+}
+
+void frmEmployeeNotes::cmdAccept_Click() {
+    acceptLogRow(connection(), logKey(), m_shown, m_date->text(), m_note->text());
+    leave();
+}
+
+} // namespace tarnwell

@@ -1,0 +1,155 @@
+#include "timecard/frmTaskNotes.h"
+
+#include "controls/Combo.h"
+#include "controls/Label.h"
+#include "controls/MaskedBox.h"
+#include "controls/NoteBox.h"
+#include "frame/DataEnvironment.h"
+#include "frame/EventGuard.h"
+#include "frame/modErrorRoutines.h"
+#include "timecard/TimeCardJob.h"
+#include "timecard/frmPayroll.h"
+
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace tarnwell {
+
+namespace {
+
+constexpr QSize designSize(560, 320);
+constexpr int margin = 12, spacing = 8, priceWidth = 120, buttonGap = 32;
+
+Connection& connection() {
+    return DataEnvironment::cnnConnection();
+}
+
+/// The payment is whatever the caller's history stands on.
+qint64 paymentKey() {
+    return theForm<frmPayroll>().selectedPaymentKey();
+}
+
+} // namespace
+
+frmTaskNotes::frmTaskNotes() : Screen("frmTaskNotes", "Task Notes", {Part::StatusBar}) {}
+
+void frmTaskNotes::Form_Load() {
+    makeControls();
+    layOut();
+    cmbEmployees->setItems(readAllEmployees(connection()));
+    connect(cmbEmployees, &Combo::keyUp, this,
+            guarded([this](int keyCode, int shift) { cmbEmployees_KeyUp(keyCode, shift); }));
+    connect(cmdAccept, &QPushButton::clicked, this, guarded([this] { cmdAccept_Click(); }));
+    connect(cmdRemove, &QPushButton::clicked, this, guarded([this] { cmdRemove_Click(); }));
+    connect(cmdCancel, &QPushButton::clicked, this, guarded([this] { leave(); }));
+    setDefaultButton(cmdAccept);
+    setCancelButton(cmdCancel);
+}
+
+void frmTaskNotes::makeControls() {
+    cmbEmployees = new Combo(canvas());
+    nameControl(cmbEmployees, "cmbEmployees", "Select employee to add to task");
+    m_price = new MaskedBox(0, canvas());
+    m_price->setText("0.00");
+    m_price->setAlignment(Qt::AlignRight);
+    nameControl(m_price, "txtField(0)", "Enter price for task");
+    rchNote = new NoteBox(canvas());
+    nameControl(rchNote, "rchNote", "Enter any notes for task");
+    cmdRemove = new QPushButton("&Remove", canvas());
+    nameControl(cmdRemove, "cmdRemove");
+    cmdAccept = new QPushButton("&Accept", canvas());
+    nameControl(cmdAccept, "cmdAccept");
+    cmdCancel = new QPushButton("&Cancel", canvas());
+    nameControl(cmdCancel, "cmdCancel");
+}
+
+void frmTaskNotes::layOut() {
+    setDesignSize(designSize);
+    auto* form = new QVBoxLayout(canvas());
+    form->setContentsMargins(margin, margin, margin, margin);
+    form->setSpacing(spacing);
+
+    auto* fields = new QGridLayout;
+    fields->setSpacing(spacing);
+    m_price->setFixedWidth(priceWidth);
+    fields->addWidget(label("Employee:", "lblFieldLabel(9)", cmbEmployees), 0, 0);
+    fields->addWidget(cmbEmployees, 0, 1);
+    fields->addWidget(label("Task Price:", "lblFieldLabel(7)", m_price), 1, 0);
+    fields->addWidget(m_price, 1, 1, Qt::AlignLeft);
+    fields->addWidget(label("Notes:", "lblFieldLabel(0)", rchNote), 2, 0, Qt::AlignTop);
+    fields->addWidget(rchNote, 2, 1);
+    fields->setRowStretch(2, 1);
+    form->addLayout(fields, 1);
+
+    // The button that takes a payment back stands apart from those that leave.
+    auto* buttons = new QHBoxLayout;
+    buttons->setSpacing(spacing);
+    buttons->addWidget(cmdRemove);
+    buttons->addSpacing(buttonGap);
+    buttons->addStretch(1);
+    buttons->addWidget(cmdAccept);
+    buttons->addWidget(cmdCancel);
+    form->addLayout(buttons);
+    QWidget* const order[] = {cmbEmployees, m_price, rchNote, cmdRemove, cmdAccept, cmdCancel};
+    for (std::size_t i = 1; i < std::size(order); ++i)
+        setTabOrder(order[i - 1], order[i]);
+}
+
+void frmTaskNotes::Form_Activate() {
+    clear();
+    SetFocus(m_price);
+    try {
+        showPayment();
+    } catch (const RunTimeError& error) {
+        ErrorHandler(error, {});
+    }
+    m_price->selectAll();
+}
+
+/// Each value goes to its place as soon as it is there: what comes behind a failure stays empty.
+void frmTaskNotes::showPayment() {
+    const ShownPayment payment = readPayment(connection(), paymentKey());
+    m_shown = payment.row;
+    m_price->setText(payment.priceText);
+    rchNote->setText(payment.note.toText());
+    // An employee who is not in the list of the first showing: the walk goes past its end and fails there.
+    int index = 0;
+    while (cmbEmployees->ItemData(index) != payment.employeeKey)
+        ++index;
+    cmbEmployees->setListIndex(index);
+}
+
+/// Nothing of the payment before may be left to be saved.
+void frmTaskNotes::clear() {
+    m_shown = {};
+    m_price->clear();
+    rchNote->clear();
+    cmbEmployees->setListIndex(-1);
+}
+
+void frmTaskNotes::leave() {
+    clear();
+    Hide();
+}
+
+/// Only what was typed is searched for. An entry that stands there was chosen, and another employee may have
+/// the same text.
+void frmTaskNotes::cmbEmployees_KeyUp(int keyCode, int shift) {
+    if (cmbEmployees->ListIndex() < 0)
+        ComboIncrementalSearch(*cmbEmployees, keyCode, shift);
+}
+
+void frmTaskNotes::cmdAccept_Click() {
+    acceptCorrection(connection(), paymentKey(), m_shown,
+                     {.priceText = m_price->text(),
+                      .note = rchNote->text(),
+                      .employeeKey = cmbEmployees->ItemData(cmbEmployees->ListIndex())});
+    leave();
+}
+
+void frmTaskNotes::cmdRemove_Click() {
+    if (removePayment(connection(), paymentKey(), MsgBox))
+        leave();
+}
+
+} // namespace tarnwell

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "frame/Screen.h"
+#include "timecard/PaymentCorrection.h"
+
+class QPushButton;
+
+namespace tarnwell {
+
+class Combo;
+class MaskedBox;
+class NoteBox;
+
+/// Changes or removes the payment that is selected in the history of `frmPayroll`; shown modally by that
+/// screen only. It hides and stays loaded: its employees are those of its first showing, the payment is read
+/// at each.
+class frmTaskNotes : public Screen {
+    Q_OBJECT
+
+public:
+    frmTaskNotes();
+
+protected:
+    void Form_Load() override;
+    void Form_Activate() override;
+    void closeRequested() override { leave(); }
+
+private:
+    void makeControls();
+    void layOut();
+    void showPayment();
+    void clear();
+    void leave();
+    void cmbEmployees_KeyUp(int keyCode, int shift);
+    void cmdAccept_Click();
+    void cmdRemove_Click();
+
+    Combo* cmbEmployees = nullptr;
+    MaskedBox* m_price = nullptr; // txtField(0)
+    NoteBox* rchNote = nullptr;
+    QPushButton* cmdRemove = nullptr;
+    QPushButton* cmdAccept = nullptr;
+    QPushButton* cmdCancel = nullptr;
+
+    ShownRow m_shown; ///< Nothing after a failed reading.
+};
+
+} // namespace tarnwell

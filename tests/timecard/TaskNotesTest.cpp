@@ -1,0 +1,229 @@
+#include "controls/Combo.h"
+#include "controls/ListBox.h"
+#include "controls/MaskedBox.h"
+#include "controls/NoteBox.h"
+#include "frame/DataEnvironment.h"
+#include "frame/modGlobalVariables.h"
+#include "support/MessageScript.h"
+#include "support/ScreenDriver.h"
+#include "timecard/TimeCardData.h"
+#include "timecard/frmPayroll.h"
+#include "timecard/frmTaskNotes.h"
+
+#include <gtest/gtest.h>
+
+using namespace tarnwell;
+using namespace tarnwell::test;
+
+namespace {
+
+/// The time card on a task with one payment of 40.00 to Ann, and the dialog behind its history.
+class TaskNotes : public ::testing::Test {
+protected:
+    using Work = std::function<void(const ScreenDriver& dialog)>;
+
+    void SetUp() override {
+        gAppPath = data.db.folder();
+        gProgramFolder = data.db.folder() + "/Tarnwell"; // The error log lies beside it.
+        gConnectionString = connectionStringFor(data.db.path());
+        frmPayroll::setTaskNotes(
+            [](frmPayroll& caller) { theForm<frmTaskNotes>().Show(Screen::Modality::Modal, &caller); });
+    }
+    void TearDown() override {
+        theForm<frmTaskNotes>().Unload();
+        theForm<frmPayroll>().Unload();
+        frmPayroll::setTaskNotes(nullptr);
+        DataEnvironment::close();
+        gProgramFolder.clear();
+    }
+
+    void openHistory() {
+        payroll.emplace(theForm<frmPayroll>());
+        payroll->focus("MskField(2)");
+        payroll->type("1");
+        payroll->find<Combo>("cmbType").setListIndex(1);
+    }
+    /// Double-clicks a line of the history, works in the dialog and waits until it has gone.
+    void open(int line, const Work& work) {
+        whenModal([&work](QWidget& dialog) {
+            ASSERT_EQ(dialog.objectName(), "frmTaskNotes");
+            work(ScreenDriver(dialog));
+        });
+        auto& list = payroll->find<ListBox>("lstTaskHistory");
+        payroll->clickLine("lstTaskHistory", line);
+        payroll->doubleClick("lstTaskHistory", list.visualItemRect(list.item(line)).center());
+    }
+    static QString text(const ScreenDriver& driver, const char* name) {
+        return driver.find<MaskedBox>(name).text();
+    }
+    static void cancel(const ScreenDriver& dialog) { dialog.click("cmdCancel"); }
+    static void replace(const ScreenDriver& dialog, const char* name, const QString& with) {
+        dialog.focus(name);
+        dialog.press(Qt::Key_A, Qt::ControlModifier);
+        dialog.type(with);
+    }
+    static void expectEmpty(const ScreenDriver& dialog) {
+        EXPECT_EQ(dialog.find<Combo>("cmbEmployees").ListIndex(), -1);
+        EXPECT_EQ(dialog.find<Combo>("cmbEmployees").Text(), "");
+        EXPECT_EQ(dialog.find<NoteBox>("rchNote").text(), "");
+    }
+
+    TimeCardData data;
+    qint64 payment = data.addPayment(data.task, data.ann, 40);
+    MessageScript script;
+    std::optional<ScreenDriver> payroll;
+};
+
+} // namespace
+
+TEST_F(TaskNotes, ACorrectionMovesHistoryFiguresAndPrice) {
+    openHistory();
+    open(1, [](const ScreenDriver& dialog) {
+        EXPECT_EQ(dialog.window().windowTitle(), "Task Notes");
+        EXPECT_EQ(text(dialog, "txtField(0)"), "40.00");
+        EXPECT_EQ(dialog.find<Combo>("cmbEmployees").Text(), "111-11-1111/Archer,Ann");
+        replace(dialog, "txtField(0)", "50");
+        replace(dialog, "rchNote", "agreed");
+        replace(dialog, "cmbEmployees", "2");
+        EXPECT_EQ(dialog.find<Combo>("cmbEmployees").Text(), "222-22-2222/Baker,Bob");
+        dialog.press(Qt::Key_Return);
+        EXPECT_FALSE(dialog.window().isVisible());
+    });
+    auto& list = payroll->find<ListBox>("lstTaskHistory");
+    EXPECT_EQ(list.item(0)->text(), "03/05/24 | 222-22-2222 | 50.00");
+    EXPECT_EQ(text(*payroll, "txtField(0)"), "50.00");
+    EXPECT_EQ(data.db.ask("SELECT Note FROM JobTaskEmployee"), Value("agreed"));
+}
+
+TEST_F(TaskNotes, EscapeCancelAndTheTitleBarWriteNothing) {
+    openHistory();
+    const Work ways[] = {[](const ScreenDriver& dialog) { dialog.press(Qt::Key_Escape); }, cancel,
+                         [](const ScreenDriver& dialog) { dialog.window().close(); }};
+    for (const Work& way : ways) {
+        open(0, [&way](const ScreenDriver& dialog) {
+            replace(dialog, "txtField(0)", "99");
+            way(dialog);
+            EXPECT_FALSE(dialog.window().isVisible());
+        });
+        EXPECT_EQ(data.db.ask("SELECT Price FROM JobTaskEmployee"), Value(40.0));
+        EXPECT_TRUE(theForm<frmTaskNotes>().isLoaded());
+    }
+}
+
+TEST_F(TaskNotes, OnlyAYesRemovesAndCloses) {
+    openHistory();
+    open(0, [this](const ScreenDriver& dialog) {
+        for (const Answer answer : {Answer::No, Answer::Cancel}) {
+            script.expect(answer);
+            dialog.click("cmdRemove");
+            EXPECT_TRUE(dialog.window().isVisible());
+        }
+        script.expect(Answer::Yes);
+        dialog.press(Qt::Key_R, Qt::AltModifier);
+        EXPECT_FALSE(dialog.window().isVisible());
+    });
+    EXPECT_EQ(payroll->find<ListBox>("lstTaskHistory").ListCount(), 0);
+    EXPECT_EQ(text(*payroll, "txtField(0)"), "100.00");
+    EXPECT_EQ(data.count("JobTaskEmployee"), 0);
+}
+
+TEST_F(TaskNotes, EachShowingReadsThePaymentButKeepsTheFirstListOfEmployees) {
+    const qint64 newer = data.addPayment(data.task, data.bob, 7, {2024, 4, 1});
+    openHistory();
+    open(0, [](const ScreenDriver& dialog) {
+        EXPECT_EQ(dialog.find<Combo>("cmbEmployees").Text(), "222-22-2222/Baker,Bob");
+        cancel(dialog);
+    });
+    const qint64 cat = data.addEmployee("333-33-3333", "Cole", "Cat");
+    data.db.run(
+        QString("UPDATE JobTaskEmployee SET EmployeeKey=%1 WHERE JobTaskEmployee=%2").arg(cat).arg(newer));
+    open(2, [](const ScreenDriver& dialog) {
+        EXPECT_EQ(text(dialog, "txtField(0)"), "40.00");
+        EXPECT_EQ(dialog.find<Combo>("cmbEmployees").Text(), "111-11-1111/Archer,Ann");
+        cancel(dialog);
+    });
+    script.expect(Answer::Ok);
+    open(0, [](const ScreenDriver& dialog) {
+        EXPECT_EQ(text(dialog, "txtField(0)"), "7.00");
+        expectEmpty(dialog);
+        cancel(dialog);
+    });
+    EXPECT_TRUE(script.shown().back().text.startsWith("Error #  380 "))
+        << qPrintable(script.shown().back().text);
+}
+
+TEST_F(TaskNotes, AnInactiveEmployeeCanStillBeCorrected) {
+    data.db.run("UPDATE Employee SET Inactive=-1");
+    openHistory();
+    open(0, [](const ScreenDriver& dialog) {
+        EXPECT_EQ(dialog.find<Combo>("cmbEmployees").Text(), "111-11-1111/Archer,Ann");
+        cancel(dialog);
+    });
+}
+
+TEST_F(TaskNotes, NothingOfThePaymentBeforeIsLeftAfterAFailure) {
+    data.addPayment(data.task, data.bob, 7, {2024, 4, 1});
+    data.db.run(QString("UPDATE JobTaskEmployee SET Note='first' WHERE JobTaskEmployee=%1").arg(payment));
+    data.db.run(QString("UPDATE JobTaskEmployee SET Note=NULL WHERE JobTaskEmployee<>%1").arg(payment));
+    openHistory();
+    open(2, cancel);
+    script.expect(Answer::Ok);
+    open(0, [](const ScreenDriver& dialog) {
+        EXPECT_EQ(text(dialog, "txtField(0)"), "7.00") << "read before the note";
+        expectEmpty(dialog);
+        cancel(dialog);
+    });
+    EXPECT_TRUE(script.shown().back().text.startsWith("Error #  94 "));
+
+    data.db.secondSeat()->Execute("DELETE FROM JobTaskEmployee");
+    script.expect(Answer::Ok);
+    open(2, [](const ScreenDriver& dialog) {
+        EXPECT_EQ(text(dialog, "txtField(0)"), "");
+        expectEmpty(dialog);
+        cancel(dialog);
+    });
+    EXPECT_TRUE(script.shown().back().text.startsWith("Error #  3021 "));
+}
+
+TEST_F(TaskNotes, PassingThroughTheListKeepsTheEmployee) {
+    data.db.run("UPDATE Employee SET SSN='', LastName='', FirstName=''");
+    data.db.run("UPDATE JobTaskEmployee SET EmployeeKey=" + QString::number(data.bob));
+    openHistory();
+    open(0, [](const ScreenDriver& dialog) {
+        dialog.focus("cmbEmployees");
+        dialog.press(Qt::Key_Return);
+    });
+    EXPECT_EQ(data.db.ask("SELECT EmployeeKey FROM JobTaskEmployee"), Value(data.bob));
+}
+
+using TaskNotesDeathTest = TaskNotes;
+
+/// The program ends with the number of the failure, and the row stays as the other seat left it.
+TEST_F(TaskNotesDeathTest, AcceptStopsTheProgramRatherThanOverwrite) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    const struct {
+        const char* theirWork;
+        const char* ourEmployee;
+        const char* number;
+    } cases[] = {
+        {"UPDATE JobTaskEmployee SET Price=45", "2", "'-2147217864'"},
+        {"DELETE FROM JobTaskEmployee", "2", "'3021'"},
+        {"UPDATE Code SET Deleted=0 WHERE CodeKey=0", "", "'380'"},
+    };
+    for (const auto& [theirWork, ourEmployee, number] : cases)
+        EXPECT_EXIT(
+            {
+                setMessagePresenter([](const MessageRequest& request) {
+                    qWarning("%s", qPrintable(request.text));
+                    return Answer::Ok;
+                });
+                openHistory();
+                open(0, [&](const ScreenDriver& dialog) {
+                    data.db.secondSeat()->Execute(theirWork);
+                    dialog.find<Combo>("cmbEmployees").setText({});
+                    replace(dialog, "cmbEmployees", ourEmployee);
+                    dialog.click("cmdAccept");
+                });
+            },
+            ::testing::ExitedWithCode(1), number);
+}

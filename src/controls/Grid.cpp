@@ -36,6 +36,7 @@ Grid::Grid(QWidget* parent) : QTableView(parent), m(std::make_unique<Parts>(*thi
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     setAlternatingRowColors(true);
+    setShowGrid(false); // the delegate draws the lines
     setWordWrap(false);
     setCornerButtonEnabled(false);
     QHeaderView& header = *horizontalHeader();

@@ -17,9 +17,9 @@ namespace tarnwell {
 
 namespace {
 
-constexpr int textMargin = 4;
+constexpr int textMargin = 3;
 constexpr int buttonWidth = 20;
-constexpr double activeShade = 0.30, quietShade = 0.14, quietFrame = 0.55;
+constexpr double activeShade = 0.30, quietShade = 0.14, quietFrame = 0.55, gridLine = 0.15, boxLine = 0.45;
 
 QColor blend(const QColor& base, const QColor& over, double share) {
     const auto mix = [share](int a, int b) { return static_cast<int>(a + (b - a) * share); };
@@ -97,6 +97,11 @@ void GridDelegate::paintBackground(QPainter& painter, const QStyleOptionViewItem
         color = blend(color, option.palette.color(QPalette::Highlight),
                       isActive(option) ? activeShade : quietShade);
     painter.fillRect(option.rect, color);
+    // The styles' own lines can't be seen on a dark base.
+    painter.setPen(
+        blend(option.palette.color(QPalette::Base), option.palette.color(QPalette::Text), gridLine));
+    painter.drawLine(option.rect.topRight(), option.rect.bottomRight());
+    painter.drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
 }
 
 void GridDelegate::paintFrame(QPainter& painter, const QStyleOptionViewItem& option) const {
@@ -119,6 +124,9 @@ void GridDelegate::paintCheckBox(QPainter& painter, const QStyleOptionViewItem& 
                      style.pixelMetric(QStyle::PM_IndicatorHeight, &option, option.widget));
     box.rect.moveCenter(option.rect.center());
     style.drawPrimitive(QStyle::PE_IndicatorItemViewItemCheck, &box, &painter, option.widget);
+    painter.setPen(blend(baseColor(option), option.palette.color(QPalette::Text), boxLine));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(box.rect.adjusted(0, 0, -1, -1));
 }
 
 void GridDelegate::paintButton(QPainter& painter, const QStyleOptionViewItem& option,

@@ -10,7 +10,7 @@ namespace tarnwell {
 
 namespace {
 /// Below this a shared column would show nothing of use: the grid scrolls instead.
-constexpr int leastCharacters = 8;
+constexpr int leastCharacters = 16;
 } // namespace
 
 GridWidths::GridWidths(QTableView& view) : QObject(&view), m_view(view) {

@@ -51,7 +51,9 @@ Grid::Grid(QWidget* parent) : QTableView(parent), m(std::make_unique<Parts>(*thi
             guarded([this](int modelRow) { m->pressRow(modelRow); }));
 }
 
-Grid::~Grid() = default;
+Grid::~Grid() {
+    m->delegate->forgetEditor(); // it outlives the parts, and still loses the focus
+}
 
 void Grid::setColumns(std::vector<GridColumn> columns) {
     if (columns == m->model->columns())
@@ -82,7 +84,14 @@ void Grid::setAllowDelete(bool allow) {
 }
 
 void Grid::bind(Recordset* recordset) {
-    m->commit(Parts::Asked::ByProgram, Parts::Then::Leave);
+    try {
+        m->commit(Parts::Asked::ByProgram, Parts::Then::Leave);
+    } catch (const RunTimeError&) {
+        // A row that is no longer there can't be mended: the new rows are shown, and the caller is told.
+        if (m->model->pending().isStale())
+            m->showRows(recordset, 1);
+        throw;
+    }
     m->showRows(recordset, 1);
 }
 
@@ -217,6 +226,7 @@ void Grid::mouseDoubleClickEvent(QMouseEvent* event) {
 
 void Grid::focusInEvent(QFocusEvent* event) {
     QTableView::focusInEvent(event);
+    m->clickedInto = event->reason() == Qt::MouseFocusReason;
     m->repaintRow(m->row);
 }
 

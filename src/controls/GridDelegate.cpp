@@ -42,20 +42,13 @@ QStyle& styleOf(const QStyleOptionViewItem& option) {
     return option.widget != nullptr ? *option.widget->style() : *QApplication::style();
 }
 
-QRect textRect(const GridColumn& column, const QRect& cell) {
-    QRect rect = cell.adjusted(textMargin, 0, -textMargin, 0);
-    if (column.edit == ColumnEdit::TextWithButton)
-        rect.setRight(cell.right() - buttonWidth - 1);
-    return rect;
-}
-
 } // namespace
 
 GridDelegate::GridDelegate(const GridModel& model, Handlers handlers, QObject* parent)
     : QStyledItemDelegate(parent), m_model(model), m_handlers(std::move(handlers)) {}
 
 QRect GridDelegate::buttonRect(const GridColumn& column, const QRect& cell) {
-    if (!hasButton(column))
+    if (!hasButton(column) && column.edit != ColumnEdit::ValueList)
         return {};
     const QRect inside = cell.adjusted(1, 1, -1, -1);
     if (column.edit == ColumnEdit::ButtonOnly)
@@ -83,7 +76,7 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
         paintCheckBox(*painter, option, index);
     else
         paintText(*painter, option, index);
-    if (hasButton(column))
+    if (hasButton(column) || offersList(index))
         paintButton(*painter, option, index);
     if (index.row() == m_currentRow && index.column() == m_currentColumn)
         paintFrame(*painter, option);
@@ -153,10 +146,22 @@ void GridDelegate::paintButton(QPainter& painter, const QStyleOptionViewItem& op
     style.drawPrimitive(QStyle::PE_IndicatorArrowDown, &arrow, &painter, option.widget);
 }
 
+bool GridDelegate::offersList(const QModelIndex& index) const {
+    return index.row() == m_currentRow && index.column() == m_currentColumn &&
+           m_model.column(index.column() + 1).edit == ColumnEdit::ValueList &&
+           m_model.isEditable(index.row(), index.column() + 1);
+}
+
+QRect GridDelegate::textRect(const QRect& cell, const QModelIndex& index) const {
+    QRect rect = cell.adjusted(textMargin, 0, -textMargin, 0);
+    if (offersList(index) || m_model.column(index.column() + 1).edit == ColumnEdit::TextWithButton)
+        rect.setRight(cell.right() - buttonWidth - 1);
+    return rect;
+}
+
 void GridDelegate::paintText(QPainter& painter, const QStyleOptionViewItem& option,
                              const QModelIndex& index) const {
-    const GridColumn& column = m_model.column(index.column() + 1);
-    const QRect rect = textRect(column, option.rect);
+    const QRect rect = textRect(option.rect, index);
     QString text = index.data(Qt::DisplayRole).toString();
     QPalette::ColorRole role = QPalette::Text;
     if (text.isEmpty() && index.column() == m_hintColumn && index.row() == m_model.newRowLine() &&
@@ -208,7 +213,7 @@ bool GridDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const Q
     if (event->type() != QEvent::ToolTip || !index.isValid())
         return QStyledItemDelegate::helpEvent(event, view, option, index);
     const QString text = index.data(Qt::DisplayRole).toString();
-    const QRect rect = textRect(m_model.column(index.column() + 1), option.rect);
+    const QRect rect = textRect(option.rect, index);
     if (view->fontMetrics().horizontalAdvance(text) <= rect.width())
         return false; // the whole text is on show: the grid's own tool tip may come
     QToolTip::showText(event->globalPos(), text, view, option.rect);

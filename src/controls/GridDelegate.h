@@ -42,7 +42,7 @@ public:
     /// The text with which the editor was opened.
     [[nodiscard]] const QString& textBefore() const { return m_textBefore; }
 
-    /// Where a cell's button is drawn; empty when the column has none.
+    /// Where a cell's button or a list's arrow is drawn; empty when the column has none.
     [[nodiscard]] static QRect buttonRect(const GridColumn& column, const QRect& cell);
     /// Where a check box takes a click.
     [[nodiscard]] static QRect checkBoxRect(const QRect& cell);
@@ -67,6 +67,9 @@ private:
                          const QModelIndex& index) const;
     void paintFrame(QPainter& painter, const QStyleOptionViewItem& option) const;
     void paintCheckBox(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index) const;
+    /// The cell is the current one and opens a list.
+    [[nodiscard]] bool offersList(const QModelIndex& index) const;
+    [[nodiscard]] QRect textRect(const QRect& cell, const QModelIndex& index) const;
     void paintButton(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index) const;
     void paintText(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index) const;
 

@@ -12,6 +12,7 @@ namespace tarnwell {
 bool Grid::Parts::beginEdit() {
     if (delegate->editor() != nullptr || !model->isEditable(row, column) || !takesText(model->column(column)))
         return false;
+    grid.scrollTo(model->index(row, column - 1));
     grid.edit(model->index(row, column - 1));
     return delegate->editor() != nullptr;
 }

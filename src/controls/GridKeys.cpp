@@ -32,8 +32,10 @@ bool leavesEditor(int code, int shift, bool list) {
 }
 
 bool isTyped(const QKeyEvent& event) {
-    return !event.text().isEmpty() && event.text().front().isPrint() &&
-           !(event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
+    const Qt::KeyboardModifiers held =
+        event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+    const bool third = held == (Qt::ControlModifier | Qt::AltModifier); // AltGr on Windows
+    return !event.text().isEmpty() && event.text().front().isPrint() && (!held || third);
 }
 
 } // namespace

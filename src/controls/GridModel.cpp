@@ -145,7 +145,7 @@ void GridModel::beginPending(int modelRow) {
     if (modelRow == newRowLine())
         m_pending.beginNew(m_columns);
     else
-        m_pending.beginExisting(numberOf(modelRow));
+        m_pending.beginExisting(numberOf(modelRow), *m_recordset);
     refreshRow(modelRow);
 }
 

@@ -3,6 +3,8 @@
 
 #include <QMouseEvent>
 
+#include <utility>
+
 namespace tarnwell {
 
 /// The press that gave the grid the focus may have been answered by handing it on.
@@ -22,7 +24,7 @@ void Grid::Parts::press(const QMouseEvent& event) {
     }
     const int clicked = index.column() + 1;
     const int toColumn = isStop(model->column(clicked)) ? clicked : column;
-    wasCurrent = index.row() == row && toColumn == column;
+    wasCurrent = index.row() == row && toColumn == column && !std::exchange(clickedInto, false);
     const int toRow = index.row();
     grid.setAutoScroll(false); // the row must not slip away under the pointer
     const bool there = goTo(toRow, toColumn, Asked::ByUser);
@@ -49,7 +51,7 @@ void Grid::Parts::release(const QMouseEvent& event) {
     if (!cell.contains(at))
         return;
     if (GridDelegate::buttonRect(model->column(column), cell).contains(at))
-        pressButton();
+        openList();
     else if (showsCheckBox(model->column(column))) {
         if (GridDelegate::checkBoxRect(cell).contains(at))
             toggle();

@@ -97,8 +97,9 @@ struct Grid::Parts {
     bool toRefuse = false; ///< A refusal waits to be shown.
     unsigned bindings = 0; ///< Counts the times that rows were shown anew.
     QPersistentModelIndex pressed;
-    bool wasCurrent = false; ///< The pressed cell was the current one before.
-    QString layoutPath;      ///< The layout that is in force.
+    bool wasCurrent = false;  ///< The pressed cell was the current one before.
+    bool clickedInto = false; ///< The press at hand brought the focus.
+    QString layoutPath;       ///< The layout that is in force.
 };
 
 } // namespace tarnwell

@@ -4,9 +4,17 @@
 
 namespace tarnwell {
 
-void PendingRow::beginExisting(int number) {
+void PendingRow::beginExisting(int number, const Recordset& rows) {
     clear();
     m_number = number;
+    m_before = valuesOf(number, rows);
+}
+
+std::vector<Value> PendingRow::valuesOf(int number, const Recordset& rows) {
+    std::vector<Value> values;
+    for (int field = 0; rows.hasRow(number) && field < rows.FieldCount(); ++field)
+        values.push_back(rows.valueAt(number, field));
+    return values;
 }
 
 void PendingRow::beginNew(const std::vector<GridColumn>& columns) {
@@ -44,10 +52,13 @@ void PendingRow::writeTo(Recordset& rows, const std::vector<int>& fields) {
 }
 
 void PendingRow::send(Recordset& rows, const std::vector<int>& fields) const {
-    if (isNew())
+    if (isNew()) {
         rows.AddNew();
-    else
+    } else {
+        if (valuesOf(m_number, rows) != m_before)
+            raise(Failure::RowChanged);
         rows.setAbsolutePosition(m_number);
+    }
     for (const auto& [column, value] : m_values) {
         const int field = fields[static_cast<std::size_t>(column - 1)];
         if (field >= 0 && !value.isEmpty())

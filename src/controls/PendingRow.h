@@ -17,7 +17,9 @@ public:
     /// The last write failed because another seat changed or deleted the row.
     [[nodiscard]] bool isStale() const { return m_stale; }
 
-    void beginExisting(int number);
+    /// A row of the recordset, which must still hold the same values when it is written: rows may have been
+    /// filtered or read anew meanwhile, and a number then means another row.
+    void beginExisting(int number, const Recordset& rows);
     /// A new row with the columns' default values.
     void beginNew(const std::vector<GridColumn>& columns);
     void clear();
@@ -36,9 +38,12 @@ private:
 
     void send(Recordset& rows, const std::vector<int>& fields) const;
 
+    [[nodiscard]] static std::vector<Value> valuesOf(int number, const Recordset& rows);
+
     int m_number = 0;
     bool m_stale = false;
     std::map<int, Value> m_values;
+    std::vector<Value> m_before;
 };
 
 } // namespace tarnwell

@@ -316,6 +316,16 @@ TEST_F(GridTest, AnotherSeatsChangeIsToldAndGivenWayTo) {
     EXPECT_EQ(grid->Row(), 1);
 }
 
+TEST_F(GridTest, APendingRowIsNeverWrittenToAnotherRowOfItsNumber) {
+    start();
+    grid->setValue(Name, "Wood");
+    open("MasterPrice>10"); // without writing first
+    EXPECT_EQ(raisedBy([this] { grid->bind(&rows); }), numberOf(Failure::RowChanged));
+    EXPECT_EQ(grid->RowCount(), 2);
+    EXPECT_FALSE(grid->isPending());
+    EXPECT_EQ(stored("Name", keys[1]), "Frame");
+}
+
 TEST_F(GridTest, BeforeUpdateMayKeepTheRowPending) {
     start();
     bool keep = true;

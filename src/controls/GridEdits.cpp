@@ -6,6 +6,7 @@
 
 #include <QLineEdit>
 #include <QScopedValueRollback>
+#include <QTimer>
 
 namespace tarnwell {
 
@@ -27,6 +28,10 @@ void Grid::Parts::abandonEdit() {
         return;
     delegate->forgetEditor();
     grid.closeEditor(editor, QAbstractItemDelegate::NoHint);
+}
+
+ParsedCell Grid::Parts::parseEditor() const {
+    return parseCell(model->column(column), model->valueList(column), lineOf(delegate->editor())->text());
 }
 
 bool Grid::Parts::finishEdit(Asked asked) {
@@ -61,19 +66,15 @@ bool Grid::Parts::finishEdit(Asked asked) {
 void Grid::Parts::editorLeft() {
     if (refusing)
         return;
-    const bool taken = !editorChanged() || parseCell(model->column(column), model->valueList(column),
-                                                     lineOf(delegate->editor())->text())
-                                               .refusal.isEmpty();
-    if (taken)
+    if (!editorChanged() || parseEditor().refusal.isEmpty()) {
         finishEdit(Asked::ByUser);
-    else {
-        toRefuse = true;
-        QMetaObject::invokeMethod(&grid, guarded([this] {
-            if (toRefuse)
-                finishEdit(Asked::ByUser);
-        }),
-                                  Qt::QueuedConnection);
+        return;
     }
+    toRefuse = true;
+    QTimer::singleShot(0, &grid, guarded([this] {
+                           if (toRefuse)
+                               finishEdit(Asked::ByUser);
+                       }));
 }
 
 void Grid::Parts::beginRow() {

@@ -51,6 +51,7 @@ struct Grid::Parts {
     bool beginEdit();
     /// Takes an open editor's text into the row. False when it was refused and is still open.
     bool finishEdit(Asked asked);
+    [[nodiscard]] ParsedCell parseEditor() const;
     void abandonEdit();
     [[nodiscard]] bool editorChanged() const;
     void store(int toColumn, const Value& value);

@@ -68,7 +68,7 @@ struct ShownGrid {
 /// What choosing another lot or category costs: query, binding and picture.
 void openBindAndRepaint(benchmark::State& state) {
     ShownGrid shown;
-    for (auto step : state) {
+    for ([[maybe_unused]] auto step : state) {
         shown.open(state.range(0));
         shown.grid.bind(&shown.rows);
         shown.repaint();
@@ -79,7 +79,7 @@ BENCHMARK(openBindAndRepaint)->Arg(40)->Arg(5000)->Unit(benchmark::kMillisecond)
 void bindAndRepaint(benchmark::State& state) {
     ShownGrid shown;
     shown.open(state.range(0));
-    for (auto step : state) {
+    for ([[maybe_unused]] auto step : state) {
         shown.grid.bind(&shown.rows);
         shown.repaint();
     }
@@ -91,7 +91,7 @@ void moveOneRowAndRepaint(benchmark::State& state) {
     shown.open(5000);
     shown.grid.bind(&shown.rows);
     bool down = true;
-    for (auto step : state) {
+    for ([[maybe_unused]] auto step : state) {
         QKeyEvent key(QEvent::KeyPress, down ? Qt::Key_Down : Qt::Key_Up, Qt::NoModifier);
         QApplication::sendEvent(&shown.grid, &key);
         shown.repaint();

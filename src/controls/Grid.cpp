@@ -11,6 +11,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMouseEvent>
+#include <QTimer>
 
 namespace tarnwell {
 
@@ -25,7 +26,10 @@ Grid::Parts::Parts(Grid& owner)
                                      },
                                  .editorLeft = [this] { runEvent([this] { editorLeft(); }); }},
                                 &owner)),
-      rowHeader(new GridRowHeader(*model, &owner)) {}
+      rowHeader(new GridRowHeader(*model, &owner)), refusal(new QTimer(&owner)) {
+    refusal->setSingleShot(true);
+    connect(refusal, &QTimer::timeout, &owner, guarded([this] { finishEdit(Asked::ByUser); }));
+}
 
 Grid::Grid(QWidget* parent) : QTableView(parent), m(std::make_unique<Parts>(*this)) {
     setVerticalHeader(m->rowHeader);

@@ -1,7 +1,6 @@
 #include "controls/GridEditor.h"
 #include "controls/GridParts.h"
 #include "data/RunTimeError.h"
-#include "frame/EventGuard.h"
 #include "frame/MsgBox.h"
 
 #include <QLineEdit>
@@ -51,7 +50,7 @@ bool Grid::Parts::finishEdit(Asked asked) {
     }
     if (asked == Asked::ByProgram)
         tarnwell::raise(Failure::WrongType, parsed.refusal);
-    toRefuse = false;
+    refusal->stop();
     const QScopedValueRollback<bool> guard(refusing, true);
     MsgBox(
         {.text = parsed.refusal, .title = model->column(edited).caption, .icon = MessageIcon::Exclamation});
@@ -70,11 +69,7 @@ void Grid::Parts::editorLeft() {
         finishEdit(Asked::ByUser);
         return;
     }
-    toRefuse = true;
-    QTimer::singleShot(0, &grid, guarded([this] {
-                           if (toRefuse)
-                               finishEdit(Asked::ByUser);
-                       }));
+    refusal->start();
 }
 
 void Grid::Parts::beginRow() {

@@ -10,7 +10,7 @@ namespace tarnwell {
 namespace {
 
 constexpr int widest = 4000;
-constexpr qint64 longestFile = 64 * 1024;
+constexpr qint64 longestFile = 65536;
 
 std::optional<LayoutColumn> parseLine(const QString& line) {
     static const QRegularExpression form(

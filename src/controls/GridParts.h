@@ -10,6 +10,7 @@
 
 class QKeyEvent;
 class QMouseEvent;
+class QTimer;
 
 namespace tarnwell {
 
@@ -88,14 +89,14 @@ struct Grid::Parts {
     GridModel* model;
     GridDelegate* delegate;
     GridRowHeader* rowHeader;
-    GridWidths* widths;
+    GridWidths* widths = nullptr;
+    QTimer* refusal; ///< Runs while a refusal waits for the focus to have settled.
     int row = -1;
     int column = 0;
     bool allowDelete = false;
     bool moving = false;   ///< The view's current index is being set by us.
     bool writing = false;  ///< Between beforeUpdate and afterUpdate.
     bool refusing = false; ///< A refusal is on show.
-    bool toRefuse = false; ///< A refusal waits to be shown.
     unsigned bindings = 0; ///< Counts the times that rows were shown anew.
     QPersistentModelIndex pressed;
     bool wasCurrent = false;  ///< The pressed cell was the current one before.

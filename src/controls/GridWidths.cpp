@@ -64,7 +64,7 @@ void GridWidths::share() {
             setWidth(section, width(section) + (section == shown.back() ? spare : 0));
             continue;
         }
-        const int part = left / sharers--;
+        const int part = left / std::max(sharers--, 1);
         left -= part;
         setWidth(section, std::max(part, least));
     }

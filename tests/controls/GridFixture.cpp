@@ -45,7 +45,8 @@ GridTest::GridTest() : before(new QLineEdit), grid(new Grid), after(new QLineEdi
                                                    {"Name", name},
                                                    {"MasterPrice", price += 10},
                                                    {"CustomTask", "N"}}));
-    auto* layout = new QVBoxLayout(&window);
+    auto* layout = new QVBoxLayout;
+    window.setLayout(layout);
     for (QWidget* each : std::initializer_list<QWidget*>{before, grid, after})
         layout->addWidget(each);
     window.resize(800, 300);

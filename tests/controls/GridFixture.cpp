@@ -1,5 +1,7 @@
 #include "GridFixture.h"
 
+#include "frame/modGlobalVariables.h"
+
 #include <QApplication>
 #include <QTest>
 
@@ -35,6 +37,7 @@ std::vector<GridColumn> taskColumns() {
 } // namespace
 
 GridTest::GridTest() : before(new QLineEdit), grid(new Grid), after(new QLineEdit) {
+    gProgramFolder = database.folder() + u'/'; // the error log goes there
     const qint64 builder = database.add("Contractor", {{"Name", "Builder"}});
     const qint64 job = database.add("Job", {{"ContractorKey", builder}, {"JobNumber", "1"}});
     lot = database.add("JobLot", {{"JobKey", job}, {"LotBlock", "1/1"}});

@@ -25,6 +25,8 @@ struct EmployeeRecord {
     QString information;
     Value dateOfHire = Value::null(); ///< A date, or Null for none.
     Value dateOfTermination = Value::null();
+
+    friend bool operator==(const EmployeeRecord&, const EmployeeRecord&) = default;
 };
 
 /// Adds an employee of whom nothing is known but that he is active; returns the key.

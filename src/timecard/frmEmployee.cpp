@@ -46,12 +46,12 @@ void fill(Combo& combo, const std::vector<QString>& texts) {
     combo.setItems(std::move(items));
 }
 
-/// Keys that pass through the field or switch something, and enter nothing.
-bool isEntry(int keyCode) {
-    constexpr int capsLock = 20, firstFunctionKey = 112, lastFunctionKey = 127, unknown = 255;
+/// Not a key that passes through the field, switches something or calls a command.
+bool isEntry(int keyCode, int shift) {
+    constexpr int onlyShift = 1, capsLock = 20, firstFunctionKey = 112, lastFunctionKey = 127, unknown = 255;
     constexpr std::array passing{KeyCode::Tab, KeyCode::Shift, KeyCode::Control,
                                  KeyCode::Alt, capsLock,       unknown};
-    return (keyCode < firstFunctionKey || keyCode > lastFunctionKey) &&
+    return shift <= onlyShift && (keyCode < firstFunctionKey || keyCode > lastFunctionKey) &&
            std::find(passing.begin(), passing.end(), keyCode) == passing.end();
 }
 
@@ -85,7 +85,7 @@ void frmEmployee::Form_Load() {
 void frmEmployee::connectControls() {
     MaskedBox* ssn = MskField[EmployeeField::Ssn];
     connect(ssn, &MaskedBox::keyDown, this,
-            guarded([this](int& keyCode, int) { MskField_KeyDown(keyCode); }));
+            guarded([this](int& keyCode, int shift) { MskField_KeyDown(keyCode, shift); }));
     connect(ssn, &MaskedBox::keyUp, this, guarded([this](int, int) { MskField_KeyUp(); }));
     connect(ssn, &QLineEdit::textEdited, this, guarded([this] { MskField_Change(); }));
     onLostFocus(ssn, [this] { MskField_LostFocus(); });
@@ -250,8 +250,8 @@ void frmEmployee::lstErrorLog_DblClick() {
 }
 
 /// The key is turned into a new record or dropped.
-void frmEmployee::MskField_KeyDown(int& keyCode) {
-    if (EmployeeKey != 0 || !isEntry(keyCode))
+void frmEmployee::MskField_KeyDown(int& keyCode, int shift) {
+    if (EmployeeKey != 0 || !isEntry(keyCode, shift))
         return;
     keyCode = 0;
     const Answer answer = MsgBox({.text = "Do you want to add a new employee?",

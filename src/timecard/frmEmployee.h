@@ -57,7 +57,7 @@ private:
     void showHeading();
 
     void MskField_Change();
-    void MskField_KeyDown(int& keyCode);
+    void MskField_KeyDown(int& keyCode, int shift);
     void MskField_KeyUp();
     void MskField_LostFocus();
     void lstErrorLog_DblClick();

@@ -20,7 +20,7 @@ namespace {
 constexpr QSize designSize(940, 640);
 constexpr int margin = 12, spacing = 8, columnGap = 24;
 constexpr int ssnWidth = 130, telephoneWidth = 150, dateWidth = 110, smallWidth = 80;
-constexpr int informationRows = 3, logRows = 2; // Shares of the height.
+constexpr int fieldRows = 8, informationHeight = 76;
 constexpr double headingScale = 1.3;
 
 struct Field {
@@ -104,9 +104,9 @@ void frmEmployee::layOut() {
     font.setBold(true);
     m_heading->setFont(font);
     form->addWidget(m_heading);
-    form->addWidget(information(), informationRows);
+    form->addWidget(information(), 1);
     form->addWidget(fieldLabel(12, "Notes Log:", lstErrorLog));
-    form->addWidget(lstErrorLog, logRows);
+    form->addWidget(lstErrorLog);
 }
 
 /// Who somebody is on the left, what he is to the office on the right, and what is written about him below.
@@ -149,12 +149,15 @@ QWidget* frmEmployee::information() {
     add(6, 1, 15, "Marital Status:", cmbMaritalStatus, smallWidth);
     add(7, 1, 17, "Inactive:", chkInActive);
 
-    grid->addWidget(fieldLabel(11, "Information:", rchField), 8, 0, Qt::AlignTop);
-    grid->addWidget(rchField, 8, 1, 1, 4);
+    grid->addWidget(fieldLabel(11, "Information:", rchField), fieldRows, 0, Qt::AlignTop);
+    grid->addWidget(rchField, fieldRows, 1, 1, 4);
     grid->setColumnMinimumWidth(2, columnGap - spacing);
     grid->setColumnStretch(1, 1);
     grid->setColumnStretch(4, 1);
-    grid->setRowStretch(8, 1);
+    for (int row = 0; row < fieldRows; ++row)
+        grid->setRowMinimumHeight(row, cmbType->sizeHint().height());
+    rchField->setMinimumHeight(informationHeight);
+    grid->setRowStretch(fieldRows, 1);
     return frame;
 }
 

@@ -49,16 +49,6 @@ TEST(EmployeeLogLine, HoldsWhatFitsIntoFiftyCharacters) {
     EXPECT_EQ(logLine(Value::null(), "no date"), QString("         | no date").leftJustified(50));
 }
 
-TEST_F(EmployeeLogRows, AreListedNewestFirstUnderTheirOwnKeys) {
-    const qint64 newer = add(march5, "newer");
-    std::vector<qint64> keys;
-    const auto collect = [&](const QString&, qint64 key) { keys.push_back(key); };
-    readLogLines(data.db.connection(), data.ann, collect);
-    readLogLines(data.db.connection(), data.bob, collect);
-    readLogLines(data.db.connection(), 0, collect);
-    EXPECT_EQ(keys, (std::vector<qint64>{newer, row}));
-}
-
 TEST_F(EmployeeLogRows, AnUnchangedDateKeepsItsCenturyAndTime) {
     const ShownLogRow shown = read();
     EXPECT_EQ(shown.dateText, "03/05/25");

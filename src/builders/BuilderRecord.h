@@ -1,0 +1,51 @@
+#pragma once
+
+#include "data/Connection.h"
+#include "data/Value.h"
+
+#include <QString>
+
+#include <array>
+#include <utility>
+#include <vector>
+
+namespace tarnwell {
+
+/// A field of a builder's record, in the order in which the screen shows them.
+struct BuilderField {
+    const char* column;
+    const char* label;
+    int length; ///< Characters.
+    const char* toolTip;
+};
+
+inline constexpr std::array builderFields{
+    BuilderField{"Name", "Name:", 50, "Enter the Builder Name"},
+    BuilderField{"Address 1", "Address 1:", 50, "Enter Address 1"},
+    BuilderField{"Address 2", "Address 2:", 50, "Enter Address 2"},
+    BuilderField{"City", "City:", 50, "Enter City"},
+    BuilderField{"State", "State:", 10, "Enter State"},
+    BuilderField{"Zipcode", "Zip Code:", 10, "Enter Zip Code"},
+    BuilderField{"License", "License:", 20, "Enter builder License"},
+};
+
+/// The texts of `builderFields`.
+using BuilderTexts = std::array<QString, builderFields.size()>;
+
+/// Adds a builder with an empty name and returns its key.
+[[nodiscard]] qint64 addBuilder(Connection& connection);
+/// Null reads as the empty text. A builder that has gone, as 0, has empty texts.
+[[nodiscard]] BuilderTexts readBuilder(Connection& connection, qint64 builderKey);
+/// Nothing for 0. Raises NoCurrentRecord when the builder has gone.
+void saveBuilder(Connection& connection, qint64 builderKey, const BuilderTexts& texts);
+/// Raises Constraint when a job stands in the way; nothing is deleted then.
+void deleteBuilder(Connection& connection, qint64 builderKey);
+
+/// The plans of a builder by name; none for 0.
+[[nodiscard]] QString plansOfBuilder(qint64 builderKey);
+/// The tasks of a plan in a category by name; none for a plan of 0.
+[[nodiscard]] QString tasksOfPlan(qint64 planKey, qint64 codeKey);
+/// The categories of tasks by name, with their keys.
+[[nodiscard]] std::vector<std::pair<QString, qint64>> planTaskCategories(Connection& connection);
+
+} // namespace tarnwell

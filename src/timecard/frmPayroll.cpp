@@ -149,9 +149,12 @@ void frmPayroll::LoadJob() {
     JobHeader header;
     if (JobKey != 0)
         header = readJobHeader(connection(), JobKey).value_or(JobHeader());
-    m_jobName->setText(header.name);
     m_jobNumber->setText(header.jobNumber);
+    m_jobName->setText(header.name);
     m_builder->setText(header.builder);
+    // A name that is wider than its field shows its beginning.
+    m_jobName->setSelStart(0);
+    m_builder->setSelStart(0);
     {
         const QScopedValueRollback binding(m_binding, true);
         rebind(*jgJobLots, LotRecordset, lotsOfJob(JobKey), "PayrollLot.lyt");

@@ -14,6 +14,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 // The screen as it is seen: texts, columns, places and the order of Tab.
 
 namespace tarnwell {
@@ -22,10 +24,10 @@ namespace {
 
 constexpr QSize designSize(1180, 640);
 constexpr int margin = 12, spacing = 8, columnGap = 16;
-constexpr int jobNumberWidth = 170, priceWidth = 120, dateWidth = 110;
-constexpr int lotRows = 2, taskRows = 3; // Shares of the height.
+constexpr int jobNumberDigits = 19, priceDigits = 13, dateDigits = 11; // Widths, in digits of the font.
+constexpr int lotRows = 2, taskRows = 3;                               // Shares of the height.
 constexpr int leftShare = 11, rightShare = 10;
-constexpr int noteHeight = 58;
+constexpr int noteLines = 3;
 constexpr double figureScale = 1.35;
 
 constexpr auto jobToolTip = "Press Add or Find to get job number";
@@ -74,7 +76,27 @@ Grid* readOnlyGrid(QWidget* parent, std::vector<GridColumn> columns) {
 MaskedBox* shownField(QWidget* parent) {
     auto* field = new MaskedBox(0, parent);
     field->setReadOnly(true);
+    QPalette flat;
+    flat.setBrush(QPalette::Base, field->palette().window());
+    field->setPalette(flat);
     return field;
+}
+
+/// The labels in front of fields that stand below each other are of one width.
+int widestOf(const QWidget& form, std::initializer_list<const char*> labels) {
+    int widest = 0;
+    for (const char* text : labels)
+        widest = std::max(widest, form.fontMetrics().horizontalAdvance(QLatin1String(text)));
+    return widest;
+}
+
+int digits(const QWidget& form, int count) {
+    constexpr int frame = 14;
+    return frame + count * form.fontMetrics().horizontalAdvance(u'0');
+}
+
+int entryLabelWidth(const QWidget& form) {
+    return widestOf(form, {"Employee:", "Completed:", "Task Price:", "Note:"});
 }
 
 } // namespace
@@ -101,6 +123,8 @@ void frmPayroll::makeControls() {
     cmdApplyTask = new QPushButton("&Apply Payment", canvas());
     lstTaskHistory = new ListBox(ListBox::Pitch::Proportional, canvas());
     lstEmployeeHistory = new ListBox(ListBox::Pitch::Proportional, canvas());
+    for (ListBox* history : {lstTaskHistory, lstEmployeeHistory})
+        history->setSpacing(1);
     nameControls();
 
     auto* form = new QVBoxLayout(canvas());
@@ -154,8 +178,10 @@ void frmPayroll::nameControls() {
 QLayout* frmPayroll::jobRow() {
     auto* row = new QHBoxLayout;
     row->setSpacing(spacing);
-    m_jobNumber->setFixedWidth(jobNumberWidth);
-    row->addWidget(fieldLabel(0, "Job:", m_jobNumber));
+    m_jobNumber->setFixedWidth(digits(*this, jobNumberDigits));
+    auto* jobLabel = fieldLabel(0, "Job:", m_jobNumber);
+    jobLabel->setMinimumWidth(widestOf(*this, {"Job:", "Category:"}));
+    row->addWidget(jobLabel);
     row->addWidget(m_jobNumber);
     row->addWidget(m_jobName, 1);
     row->addSpacing(columnGap - spacing);
@@ -196,9 +222,10 @@ QWidget* frmPayroll::timecardEntry() {
     frame->setObjectName("Frame1");
     auto* grid = new QGridLayout(frame);
     grid->setSpacing(spacing);
+    grid->setColumnMinimumWidth(0, entryLabelWidth(*this));
     grid->addWidget(fieldLabel(9, "Employee:", cmbEmployees), 0, 0);
     grid->addWidget(cmbEmployees, 0, 1, 1, 5);
-    rebCompleted->setFixedWidth(dateWidth);
+    rebCompleted->setFixedWidth(digits(*this, dateDigits));
     grid->addWidget(fieldLabel(1, "Completed:", rebCompleted), 1, 0);
     grid->addWidget(rebCompleted, 1, 1);
     grid->addWidget(vscrCompleted, 1, 2);
@@ -213,21 +240,22 @@ QWidget* frmPayroll::taskEntry() {
     frame->setObjectName("fraTask");
     auto* grid = new QGridLayout(frame);
     grid->setSpacing(spacing);
-    m_price->setFixedWidth(priceWidth);
+    grid->setColumnMinimumWidth(0, entryLabelWidth(*this));
+    m_price->setFixedWidth(digits(*this, priceDigits));
     grid->addWidget(fieldLabel(7, "Task Price:", m_price), 0, 0);
     grid->addWidget(m_price, 0, 1);
     grid->setColumnStretch(2, 1);
-    grid->addWidget(cmdApplyTask, 0, 3);
-    rchNote->setFixedHeight(noteHeight);
+    rchNote->setFixedHeight(margin + noteLines * fontMetrics().lineSpacing());
     grid->addWidget(fieldLabel(8, "Note:", rchNote), 1, 0, Qt::AlignTop);
-    grid->addWidget(rchNote, 1, 1, 1, 3);
+    grid->addWidget(rchNote, 1, 1, 1, 2);
+    grid->addWidget(cmdApplyTask, 2, 2, Qt::AlignRight);
     return frame;
 }
 
 QLayout* frmPayroll::figures() {
     auto* grid = new QGridLayout;
     grid->setContentsMargins(margin, 0, margin, 0);
-    grid->setSpacing(spacing);
+    grid->setVerticalSpacing(2);
     m_totalPaid = fieldLabel(12, "0.00");
     m_difference = fieldLabel(5, "0.00");
     for (QLabel* figure : {m_totalPaid, m_difference}) {
@@ -239,11 +267,9 @@ QLayout* frmPayroll::figures() {
     }
     grid->addWidget(fieldLabel(11, "Total paid for task:"), 0, 0);
     grid->addWidget(m_totalPaid, 0, 1);
-    grid->addWidget(fieldLabel(6, "Difference paid for task:"), 0, 3);
-    grid->addWidget(m_difference, 0, 4);
-    grid->setColumnMinimumWidth(2, columnGap);
+    grid->addWidget(fieldLabel(6, "Difference paid for task:"), 1, 0);
+    grid->addWidget(m_difference, 1, 1);
     grid->setColumnStretch(1, 1);
-    grid->setColumnStretch(4, 1);
     return grid;
 }
 

@@ -21,7 +21,7 @@ class FastSearchScreen : public ::testing::Test {
 protected:
     void SetUp() override {
         caller.show();
-        gAppPath = db.folder();
+        gProgramFolder = db.folder() + u'/';
         gConnectionString = connectionStringFor(db.path());
         for (const char* name : {"Adams", "Baker", "Young"})
             keys.push_back(db.add("Employee", {{"SSN", "1"}, {"LastName", name}, {"FirstName", "Zoe"}}));

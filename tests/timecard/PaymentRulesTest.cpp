@@ -14,7 +14,7 @@ namespace {
 
 class PaymentRules : public ::testing::Test {
 protected:
-    void SetUp() override { gAppPath = data.db.folder(); }
+    void SetUp() override { gProgramFolder = data.db.folder() + u'/'; }
 
     PaymentResult pay() {
         return applyPayment(data.db.connection(), selection,

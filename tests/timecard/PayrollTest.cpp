@@ -28,7 +28,7 @@ namespace {
 class Payroll : public ::testing::Test {
 protected:
     void SetUp() override {
-        gAppPath = data.db.folder();
+        gProgramFolder = data.db.folder() + u'/';
         gConnectionString = connectionStringFor(data.db.path());
         setClock([] { return DateTime{QDate(2024, 12, 31)}; });
         data.addJob("2002", "Oak Rise");

@@ -2,6 +2,7 @@
 
 #include "data/Recordset.h"
 #include "frame/modFormatFunctions.h"
+#include "master/Categories.h"
 
 namespace tarnwell {
 
@@ -43,12 +44,7 @@ QString tasksOfLot(const Value& jobLotKey, qint64 codeKey) {
 }
 
 std::vector<KeyedText> readCategories(Connection& connection) {
-    Recordset codes;
-    codes.Open("SELECT * FROM Code WHERE Deleted=0 AND Code1=2 ORDER BY Description", connection);
-    std::vector<KeyedText> items;
-    for (; !codes.atEnd(); codes.MoveNext())
-        items.emplace_back(FieldText(codes["Description"]), codes["CodeKey"].toLong());
-    return items;
+    return readTaskCategories(connection);
 }
 
 std::vector<KeyedText> readActiveEmployees(Connection& connection) {

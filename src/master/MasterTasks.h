@@ -1,0 +1,19 @@
+#pragma once
+
+#include "data/Value.h"
+#include "frame/MsgBox.h"
+
+#include <QString>
+
+namespace tarnwell {
+
+/// The whole catalogue; the screen filters it by category.
+inline constexpr auto allMasterTasks =
+    "SELECT CodeKey, Name, MasterPrice,CustomTask, ExcludeDependency, MasterTaskKey, Deleted FROM MasterTask "
+    "WHERE Deleted=0 ORDER BY Name";
+[[nodiscard]] QString tasksOfCategory(qint64 codeKey);
+
+/// Asks whether a task may be deleted from the catalogue; everything but No is a yes.
+[[nodiscard]] bool confirmTaskDeletion(const Ask& ask, const Value& name);
+
+} // namespace tarnwell

@@ -6,6 +6,8 @@
 #include "frame/Theme.h"
 #include "frame/Version.h"
 #include "frame/frmSwitchboard.h"
+#include "master/frmMasterCodes.h"
+#include "master/frmMasterTasks.h"
 #include "timecard/frmEmployee.h"
 #include "timecard/frmPayroll.h"
 #include "timecard/frmTaskNotes.h"
@@ -41,6 +43,8 @@ void registerScreen(const char* key, Screen::Modality modality) {
 
 /// Every screen that the main window can show.
 void registerScreens() {
+    registerScreen<frmMasterCodes>("frmMasterCodes", Screen::Modality::Modal);
+    registerScreen<frmMasterTasks>("frmMasterTasks", Screen::Modality::Modal);
     registerScreen<frmEmployee>("frmEmployee", Screen::Modality::Modeless);
     registerScreen<frmPayroll>("frmPayroll", Screen::Modality::Modeless);
     frmPayroll::setTaskNotes(

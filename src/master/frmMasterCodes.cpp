@@ -1,0 +1,166 @@
+#include "master/frmMasterCodes.h"
+
+#include "controls/Combo.h"
+#include "controls/Grid.h"
+#include "controls/Label.h"
+#include "frame/DataEnvironment.h"
+#include "frame/EventGuard.h"
+#include "frame/MsgBox.h"
+#include "frame/modErrorRoutines.h"
+#include "frame/modGlobalVariables.h"
+#include "master/MasterCodes.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+
+namespace tarnwell {
+
+namespace {
+
+constexpr ButtonMask builtButtons = 21;
+constexpr QSize designSize(560, 480);
+constexpr int margin = 12, spacing = 8;
+
+enum Column { Code1 = 1, Name, Deleted, CodeKey };
+
+std::vector<GridColumn> codeColumns() {
+    return {{.key = "Code1", .caption = "Code1", .visible = false, .defaultValue = 0},
+            {.key = "Description", .caption = "Name", .maxLength = 50},
+            {.key = "Deleted", .caption = "Deleted", .visible = false, .defaultValue = 0},
+            {.key = "CodeKey", .caption = "CodeKey", .visible = false}};
+}
+
+} // namespace
+
+frmMasterCodes::frmMasterCodes()
+    : Screen("frmMasterCodes", "Master Codes", {Part::Toolbar, Part::StatusBar}) {}
+
+frmMasterCodes::~frmMasterCodes() = default;
+
+void frmMasterCodes::Form_Load() {
+    makeControls();
+    connectControls();
+    CodeRecordset.Open(allCodes, DataEnvironment::cnnConnection(), CursorType::Static, LockType::Optimistic);
+    jgCodes->bind(&CodeRecordset);
+    jgCodes->LoadLayout(gLayoutPath + "MasterCodes.lyt");
+    for (const CodeList& list : codeLists)
+        cmbType->AddItem(list.name, list.code1);
+    cmbType->setListIndex(0);
+    cmbType->lineEdit()->selectAll(); // The first key replaces it.
+    BuildToolbar(*this, builtButtons);
+    setStatusText("Select Category / Enter Master Codes");
+}
+
+void frmMasterCodes::makeControls() {
+    setDesignSize(designSize);
+    cmbType = new Combo(canvas());
+    nameControl(cmbType, "cmbType");
+    jgCodes = new Grid(canvas());
+    nameControl(jgCodes, "jgCodes");
+    jgCodes->setAccessibleName("Codes");
+    jgCodes->setColumns(codeColumns());
+    jgCodes->setAllowAdd(true, NewRowPosition::First);
+    jgCodes->setAllowEdit(true);
+    // A row goes by the toolbar alone, which asks and only marks it.
+    jgCodes->setAllowDelete(false);
+
+    auto* form = new QVBoxLayout(canvas());
+    form->setContentsMargins(margin, margin, margin, margin);
+    form->setSpacing(spacing);
+    auto* category = new QHBoxLayout;
+    category->setSpacing(spacing);
+    category->addWidget(label("&Category:", "lblfield", cmbType));
+    category->addWidget(cmbType, 1);
+    form->addLayout(category);
+    form->addWidget(jgCodes, 1);
+    setTabOrder(cmbType, jgCodes);
+}
+
+void frmMasterCodes::connectControls() {
+    connect(cmbType, &Combo::clicked, this, guarded([this] { cmbType_Click(); }));
+    connect(cmbType, &Combo::keyUp, this, guarded([this](int keyCode, int shift) {
+                ComboIncrementalSearch(*cmbType, keyCode, shift, false);
+            }));
+    connect(jgCodes, &Grid::rowBegun, this, [this] { m_rowList = m_list; });
+    connect(jgCodes, &Grid::beforeUpdate, this, guarded([this] { jgCodes_BeforeUpdate(); }));
+    onLostFocus(jgCodes, [this] { jgCodes->UpdateOrTell(); });
+    // Neither control has a hint of its own: the opening one stays.
+    onGotFocus(cmbType, [] {});
+    onGotFocus(jgCodes, [] {});
+}
+
+void frmMasterCodes::cmbType_Click() {
+    const int chosen = cmbType->ListIndex();
+    if (chosen < 0)
+        return;
+    try {
+        if (jgCodes->UpdateOrTell())
+            showList(chosen);
+        else
+            keepList();
+    } catch (const RunTimeError& error) {
+        ErrorHandler(error, "frmMasterCodes.cmbType_Click");
+    }
+}
+
+void frmMasterCodes::showList(int index) {
+    const qint64 list = cmbType->ItemData(index);
+    CodeRecordset.setFilter(rowsOfList(list));
+    jgCodes->Rebind();
+    m_list = list;
+}
+
+/// A row that can't be written stays on screen, and with it the list that it belongs to.
+void frmMasterCodes::keepList() {
+    const QSignalBlocker quiet(cmbType);
+    int index = 0;
+    while (cmbType->ItemData(index) != m_list)
+        ++index;
+    cmbType->setListIndex(index);
+    SetFocus(jgCodes);
+}
+
+void frmMasterCodes::jgCodes_BeforeUpdate() {
+    try {
+        jgCodes->setValue(Code1, m_rowList);
+    } catch (const RunTimeError& error) {
+        // The text of the other routine: the two are one line in the log.
+        ErrorHandler(error, "frmMasterCodes.cmbType_Click");
+    }
+}
+
+void frmMasterCodes::Toolbar1_ButtonClick(const QString& caption) {
+    if (caption == "Exit")
+        closeRequested();
+    else if (caption == "Del")
+        DeleteCode();
+}
+
+void frmMasterCodes::DeleteCode() {
+    // A new row gets its list when it is written: until then there is nothing to delete.
+    if (ActiveControl() != jgCodes || jgCodes->value(Code1).isNoKey() || !jgCodes->UpdateOrTell())
+        return;
+    if (!confirmCodeDeletion(MsgBox, jgCodes->value(Code1), jgCodes->value(Name), m_list))
+        return;
+    jgCodes->setValue(Deleted, true);
+    jgCodes->Update();
+    CodeRecordset.Requery();
+    jgCodes->Rebind();
+}
+
+/// What the database refuses is told, and the form stays with it.
+void frmMasterCodes::closeRequested() {
+    if (jgCodes->UpdateOrTell())
+        Unload();
+}
+
+void frmMasterCodes::Form_Unload() {
+    jgCodes->Update();
+    jgCodes->bind(nullptr);
+    if (CodeRecordset.State() == ObjectState::Open)
+        CodeRecordset.Close();
+}
+
+} // namespace tarnwell

@@ -1,0 +1,229 @@
+#include "master/frmMasterTasks.h"
+
+#include "controls/Combo.h"
+#include "controls/Grid.h"
+#include "frame/DataEnvironment.h"
+#include "frame/EventGuard.h"
+#include "frame/MsgBox.h"
+#include "frame/modGlobalVariables.h"
+#include "master/Categories.h"
+#include "master/CategoryDependencies.h"
+#include "master/MasterTasks.h"
+#include "master/frmAddDependency.h"
+
+#include <QCheckBox>
+#include <QLineEdit>
+#include <QSignalBlocker>
+
+namespace tarnwell {
+
+namespace {
+
+constexpr ButtonMask exitOnly = 17;
+constexpr ButtonMask allButtons = 134217751;
+
+struct FocusMask {
+    const char* control;
+    ButtonMask mask;
+};
+
+/// The buttons of the controls that choose them; the others leave the toolbar as it is.
+constexpr FocusMask focusMasks[] = {
+    {"cmbCascade", exitOnly}, {"cmbType", exitOnly}, {"jgMasterTasks", 21}, {"jgDependency", 134217747}};
+
+/// In the order of `CascadeTarget`.
+constexpr const char* cascadeTargets[] = {"No Update", "Update Builder, Jobs", "Update Builder Only",
+                                          "Update Jobs Only"};
+
+enum TaskColumn { CodeKey = 1, Name, Price, Custom, Exclude, MasterTaskKey, Deleted };
+constexpr int dependencyKeyColumn = 1;
+
+Connection& connection() {
+    return DataEnvironment::cnnConnection();
+}
+
+} // namespace
+
+frmMasterTasks::frmMasterTasks()
+    : Screen("frmMasterTasks", "Master Tasks", {Part::Toolbar, Part::StatusBar}) {}
+
+frmMasterTasks::~frmMasterTasks() = default;
+
+void frmMasterTasks::Form_Load() {
+    makeControls();
+    connectControls();
+    connectGrid();
+    TaskRecordset.Open(allMasterTasks, connection(), CursorType::Static, LockType::Optimistic);
+    jgMasterTasks->bind(&TaskRecordset);
+    jgMasterTasks->LoadLayout(gLayoutPath + "MasterTasks.lyt");
+    fillLists();
+    const bool hasCategory = cmbType->ListIndex() >= 0;
+    BuildToolbar(*this, hasCategory ? allButtons : exitOnly);
+    if (hasCategory)
+        nameButtons();
+    setStatusText("Select Category / Enter Master Tasks");
+}
+
+void frmMasterTasks::fillLists() {
+    for (const char* target : cascadeTargets)
+        cmbCascade->AddItem(target);
+    cmbCascade->setListIndex(CascadeTarget::None);
+    cmbType->setItems(readTaskCategories(connection()));
+    if (cmbType->ListCount() > 0)
+        cmbType->setListIndex(0);
+    else
+        jgMasterTasks->setEnabled(false);
+    cmbType->lineEdit()->selectAll(); // The first key replaces it.
+}
+
+void frmMasterTasks::nameButtons() {
+    setToolbarButton("Add", "Add", "Add Dependancy");
+    setToolbarButton("Remove", "Del", "Delete Task");
+    setToolbarButton("RemoveList", "Del L", "Remove Dependancy");
+}
+
+void frmMasterTasks::connectControls() {
+    connect(cmbType, &Combo::clicked, this, guarded([this] { cmbType_Click(); }));
+    connect(cmbType, &Combo::keyUp, this, guarded([this](int keyCode, int shift) {
+                ComboIncrementalSearch(*cmbType, keyCode, shift, false);
+            }));
+    for (QWidget* control : std::initializer_list<QWidget*>{cmbType, cmbCascade, jgDependency})
+        onGotFocus(control, [this, control] {
+            showToolTip(control);
+            SetToolbarForControl();
+        });
+    onGotFocus(jgMasterTasks, [this] { SetToolbarForControl(); });
+    onLostFocus(jgMasterTasks, [this] { jgMasterTasks->UpdateOrTell(); });
+}
+
+void frmMasterTasks::connectGrid() {
+    connect(jgMasterTasks, &Grid::rowBegun, this, [this] { m_rowCategory = m_category; });
+    connect(jgMasterTasks, &Grid::beforeUpdate, this,
+            guarded([this] { jgMasterTasks->setValue(CodeKey, m_rowCategory); }));
+    connect(jgMasterTasks, &Grid::afterUpdate, this, guarded([this] { jgMasterTasks_AfterUpdate(); }));
+    connect(jgMasterTasks, &Grid::rowColChange, this, guarded([this] { jgMasterTasks_RowColChange(); }));
+    connect(jgMasterTasks, &Grid::keyDown, this,
+            [this](int& keyCode, int /*shift*/) { jgMasterTasks_KeyDown(keyCode); });
+}
+
+void frmMasterTasks::SetToolbarForControl() {
+    const QWidget* active = ActiveControl();
+    for (const FocusMask& each : focusMasks)
+        if (active != nullptr && active->objectName() == QLatin1String(each.control))
+            EnableToolbar(*this, each.mask, m_toolbarMask);
+}
+
+void frmMasterTasks::cmbType_Click() {
+    if (cmbType->ListIndex() < 0)
+        return;
+    if (jgMasterTasks->UpdateOrTell())
+        showCategory();
+    else
+        keepCategory();
+}
+
+void frmMasterTasks::showCategory() {
+    m_category = cmbType->ItemData(cmbType->ListIndex());
+    TaskRecordset.setFilter(tasksOfCategory(m_category));
+    jgMasterTasks->Rebind();
+    LoadDependencies();
+}
+
+/// A row that can't be written stays on screen, and with it the category that it belongs to.
+void frmMasterTasks::keepCategory() {
+    const QSignalBlocker quiet(cmbType);
+    int index = 0;
+    while (cmbType->ItemData(index) != m_category)
+        ++index;
+    cmbType->setListIndex(index);
+    SetFocus(jgMasterTasks);
+}
+
+void frmMasterTasks::LoadDependencies() {
+    auto opened = std::make_unique<Recordset>();
+    opened->Open(dependenciesOf(m_category), connection(), CursorType::Static, LockType::Optimistic);
+    jgDependency->bind(opened.get());
+    DependencyRecordset = std::move(opened);
+    jgDependency->LoadLayout(gLayoutPath + "CategoryDependency.lyt");
+}
+
+void frmMasterTasks::jgMasterTasks_AfterUpdate() {
+    // A new row is in no plan and no job yet.
+    if (jgMasterTasks->value(MasterTaskKey).isEmpty())
+        return;
+    applyCascade(connection(),
+                 {.masterTaskKey = jgMasterTasks->value(MasterTaskKey),
+                  .name = jgMasterTasks->value(Name),
+                  .price = jgMasterTasks->value(Price),
+                  .excludeDependency = jgMasterTasks->value(Exclude)},
+                 cascadeChoice());
+}
+
+CascadeChoice frmMasterTasks::cascadeChoice() const {
+    return {.target = cmbCascade->ListIndex(),
+            .name = chkUpdateName->isChecked(),
+            .price = chkUpdatePrice->isChecked(),
+            .exclude = chkUpdateExclude->isChecked()};
+}
+
+void frmMasterTasks::jgMasterTasks_RowColChange() {
+    if (jgMasterTasks->Row() != -1 && jgMasterTasks->Col() != 0)
+        setStatusText(jgMasterTasks->columnTag(jgMasterTasks->Col()));
+}
+
+/// Enter walks along the row, and from its end back to its start.
+void frmMasterTasks::jgMasterTasks_KeyDown(int& keyCode) const {
+    if (keyCode == KeyCode::Enter)
+        keyCode = jgMasterTasks->Col() == jgMasterTasks->lastColumn() ? KeyCode::Home : KeyCode::Right;
+}
+
+void frmMasterTasks::Toolbar1_ButtonClick(const QString& caption) {
+    if (caption == "Exit")
+        closeRequested();
+    else if (caption == "Add")
+        AddDependency();
+    else if (caption == "Del")
+        DeleteTask();
+    else if (caption == "Del L")
+        RemoveDependency();
+}
+
+void frmMasterTasks::AddDependency() {
+    theForm<frmAddDependency>().Show(Modality::Modal, this);
+    LoadDependencies();
+}
+
+void frmMasterTasks::RemoveDependency() {
+    const Value key = jgDependency->value(dependencyKeyColumn);
+    if (ActiveControl() != jgDependency || key.isEmpty() || !confirmDependencyRemoval(MsgBox))
+        return;
+    removeDependency(connection(), key);
+    LoadDependencies();
+}
+
+void frmMasterTasks::DeleteTask() {
+    if (jgMasterTasks->value(MasterTaskKey).isEmpty() || !jgMasterTasks->UpdateOrTell() ||
+        !confirmTaskDeletion(MsgBox, jgMasterTasks->value(Name)))
+        return;
+    jgMasterTasks->setValue(Deleted, true);
+    jgMasterTasks->Update();
+    TaskRecordset.Requery();
+    jgMasterTasks->Rebind();
+}
+
+/// What the database refuses is told, and the form stays with it.
+void frmMasterTasks::closeRequested() {
+    if (jgMasterTasks->UpdateOrTell())
+        Unload();
+}
+
+void frmMasterTasks::Form_Unload() {
+    jgMasterTasks->Update();
+    jgMasterTasks->bind(nullptr);
+    jgDependency->bind(nullptr);
+    DependencyRecordset.reset();
+    if (TaskRecordset.State() == ObjectState::Open)
+        TaskRecordset.Close();
+}
+
+} // namespace tarnwell

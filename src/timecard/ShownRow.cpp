@@ -9,6 +9,7 @@ namespace {
 
 std::vector<Value> valuesOf(const Recordset& row) {
     std::vector<Value> values;
+    values.reserve(static_cast<std::size_t>(row.FieldCount()));
     for (int column = 0; column < row.FieldCount(); ++column)
         values.push_back(row.field(column));
     return values;

@@ -41,6 +41,7 @@ Connection& connection() {
 
 void fill(Combo& combo, const std::vector<QString>& texts) {
     std::vector<ListItem> items;
+    items.reserve(texts.size());
     for (const QString& text : texts)
         items.emplace_back(text, 0);
     combo.setItems(std::move(items));

@@ -37,6 +37,8 @@ void frmTaskNotes::Form_Load() {
     makeControls();
     layOut();
     cmbEmployees->setItems(readAllEmployees(connection()));
+    connect(cmbEmployees, &Combo::keyDown, this,
+            guarded([this](int& keyCode, int) { cmbEmployees_KeyDown(keyCode); }));
     connect(cmbEmployees, &Combo::keyUp, this,
             guarded([this](int keyCode, int shift) { cmbEmployees_KeyUp(keyCode, shift); }));
     connect(cmdAccept, &QPushButton::clicked, this, guarded([this] { cmdAccept_Click(); }));
@@ -137,6 +139,15 @@ void frmTaskNotes::leave() {
 void frmTaskNotes::cmbEmployees_KeyUp(int keyCode, int shift) {
     if (cmbEmployees->ListIndex() < 0)
         ComboIncrementalSearch(*cmbEmployees, keyCode, shift);
+}
+
+/// Enter that comes before the release of the key typed last chooses first, so that the user sees whom; the
+/// next one accepts.
+void frmTaskNotes::cmbEmployees_KeyDown(int& keyCode) {
+    if (keyCode != KeyCode::Enter || cmbEmployees->ListIndex() >= 0 || cmbEmployees->Text().isEmpty())
+        return;
+    ComboIncrementalSearch(*cmbEmployees, keyCode, 0);
+    keyCode = 0;
 }
 
 void frmTaskNotes::cmdAccept_Click() {

@@ -31,6 +31,7 @@ private:
     void showPayment();
     void clear();
     void leave();
+    void cmbEmployees_KeyDown(int& keyCode);
     void cmbEmployees_KeyUp(int keyCode, int shift);
     void cmdAccept_Click();
     void cmdRemove_Click();

@@ -10,6 +10,9 @@
 #include "timecard/frmPayroll.h"
 #include "timecard/frmTaskNotes.h"
 
+#include <QApplication>
+#include <QTest>
+
 #include <gtest/gtest.h>
 
 using namespace tarnwell;
@@ -86,6 +89,9 @@ TEST_F(TaskNotes, ACorrectionMovesHistoryFiguresAndPrice) {
         replace(dialog, "rchNote", "agreed");
         replace(dialog, "cmbEmployees", "2");
         EXPECT_EQ(dialog.find<Combo>("cmbEmployees").Text(), "222-22-2222/Baker,Bob");
+        QTest::keyPress(QApplication::focusWidget(), Qt::Key_2); // Enter comes before its release.
+        dialog.press(Qt::Key_Return);
+        EXPECT_TRUE(dialog.window().isVisible());
         dialog.press(Qt::Key_Return);
         EXPECT_FALSE(dialog.window().isVisible());
     });
@@ -198,7 +204,7 @@ TEST_F(TaskNotesDeathTest, AcceptStopsTheProgramRatherThanOverwrite) {
         {"DELETE FROM JobTaskEmployee", "2", "'3021'"},
         {"UPDATE Code SET Deleted=0 WHERE CodeKey=0", "", "'380'"},
     };
-    for (const auto& [theirWork, ourEmployee, number] : cases)
+    for (const auto& c : cases)
         EXPECT_EXIT(
             {
                 setMessagePresenter([](const MessageRequest& request) {
@@ -207,11 +213,11 @@ TEST_F(TaskNotesDeathTest, AcceptStopsTheProgramRatherThanOverwrite) {
                 });
                 openHistory();
                 open(0, [&](const ScreenDriver& dialog) {
-                    data.db.secondSeat()->Execute(theirWork);
+                    data.db.secondSeat()->Execute(c.theirWork);
                     dialog.find<Combo>("cmbEmployees").setText({});
-                    replace(dialog, "cmbEmployees", ourEmployee);
+                    replace(dialog, "cmbEmployees", c.ourEmployee);
                     dialog.click("cmdAccept");
                 });
             },
-            ::testing::ExitedWithCode(1), number);
+            ::testing::ExitedWithCode(1), c.number);
 }

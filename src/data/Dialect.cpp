@@ -1,6 +1,7 @@
 #include "data/Dialect.h"
 
 #include "data/ConditionRewriter.h"
+#include "data/JoinOrder.h"
 #include "data/RunTimeError.h"
 #include "data/SqlTokens.h"
 #include "data/StatementShape.h"
@@ -129,6 +130,7 @@ std::shared_ptr<const TranslatedShape> translateShape(QStringView text) {
     rewriteConditions(tokens);
     rewriteKeyLists(tokens);
     rewriteTextJoins(tokens, tables);
+    orderJoin(tokens);
     for (int i = 1; i < tokens.size(); ++i)
         if (tokens.at(i).kind == TokenKind::TextMark && tokens.at(i - 1).is(Keyword::Like))
             shape->patterns.push_back(tokens.at(i).literal);

@@ -174,6 +174,9 @@ TEST(DialectCorpusTest, HotStatementsReadByAnIndexAndNeedNoSort) {
         "SELECT JobKey, JobNumber, Contractor.Name, Job.Name FROM Job, Contractor WHERE "
         "ISNULL(CompletedDate)=True AND "
         "Job.ContractorKey = Contractor.ContractorKey AND JobNumber >= '1' ORDER BY JobNumber, JobNumber",
+        "SELECT JobKey, JobNumber, Contractor.Name, Job.Name FROM Job, Contractor WHERE "
+        "ISNULL(CompletedDate)=True AND Job.ContractorKey = Contractor.ContractorKey AND "
+        "Contractor.Name >= 'ad' ORDER BY Contractor.Name, JobNumber",
         "SELECT EmployeeKey, SSN, LastName, FirstName FROM Employee WHERE LastName >= 'ad' ORDER BY LastName",
         "SELECT EmployeeKey, SSN, LastName, FirstName FROM Employee WHERE FirstName >= 'ad' ORDER BY "
         "FirstName",

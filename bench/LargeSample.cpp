@@ -1,0 +1,32 @@
+#include "bench/LargeSample.h"
+
+#include "data/Recordset.h"
+#include "frame/DataEnvironment.h"
+#include "frame/modFormatFunctions.h"
+#include "frame/modGlobalVariables.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+
+namespace tarnwell::bench {
+
+bool openLargeSample() {
+    static const QTemporaryDir folder;
+    static const bool opened = [] {
+        const QString copy = folder.filePath("Tarnwell.mdb");
+        if (!QFile::copy(qEnvironmentVariable("TARNWELL_SAMPLE"), copy))
+            return false;
+        gConnectionString = "Provider=Microsoft.Jet.OLEDB.4.0;Data Source=" + copy;
+        return DataEnvironment::cnnConnection().State() == ObjectState::Open;
+    }();
+    return opened;
+}
+
+QString middleOf(const QString& sql) {
+    Recordset rows;
+    rows.Open(sql, DataEnvironment::cnnConnection());
+    rows.Move(rows.RecordCount() / 2);
+    return FieldText(rows.field(0));
+}
+
+} // namespace tarnwell::bench

@@ -63,9 +63,10 @@ void BM_UpdateBareSqlite(benchmark::State& state) {
     const std::unique_ptr<sqlite3, CloseHandle> handle(opened);
     qint64 turn = 0;
     for (auto _ : state) {
+        ++turn;
         const QString sql = QStringLiteral("UPDATE JobLotTask SET Name='%1', MasterPrice=%2, "
                                            "ExcludeDependency=-1 WHERE MasterTaskKey=%3")
-                                .arg(nameOf(++turn))
+                                .arg(nameOf(turn))
                                 .arg(turn)
                                 .arg(masterTask);
         if (sqlite3_exec(handle.get(), sql.toUtf8().constData(), nullptr, nullptr, nullptr) != SQLITE_OK)

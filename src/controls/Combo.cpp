@@ -128,6 +128,7 @@ void Combo::keyPressEvent(QKeyEvent* event) {
         event->accept();
         return;
     }
+    const QString before = currentText();
     const bool plain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
     const int by = event->key() == Qt::Key_Up         ? -1
                    : event->key() == Qt::Key_Down     ? 1
@@ -138,13 +139,17 @@ void Combo::keyPressEvent(QKeyEvent* event) {
         step(by);
     else
         QComboBox::keyPressEvent(event);
+    // Select All and Copy are no input: a search would take the selection away that is to be typed over.
+    if ((event->modifiers() & Qt::ControlModifier) != 0 && currentText() == before)
+        m_pressed.erase(event->nativeScanCode());
 }
 
 void Combo::keyReleaseEvent(QKeyEvent* event) {
     QComboBox::keyReleaseEvent(event);
     if (event->isAutoRepeat())
         return;
-    // The key that brought the focus here, or chose from the open list, went down elsewhere: it must not search.
+    // The key that brought the focus here, or chose from the open list, went down elsewhere: it must not
+    // search.
     const bool pressedHere = m_pressed.erase(event->nativeScanCode()) > 0;
     if (pressedHere)
         Q_EMIT keyUp(keyCodeOf(*event), shiftStateOf(*event));

@@ -151,6 +151,16 @@ TEST_F(ComboTest, TheKeyThatChoosesFromTheListDoesNotSearchAgain) {
     EXPECT_EQ(combo->Text(), "Roof");
 }
 
+TEST_F(ComboTest, SelectAllIsTypedOver) {
+    searchOnKeyUp();
+    combo->setListIndex(2);
+    const ScreenDriver driver(window);
+    driver.press(Qt::Key_A, Qt::ControlModifier);
+    EXPECT_EQ(combo->lineEdit()->selectedText(), "Roof");
+    driver.type("fr");
+    EXPECT_EQ(combo->Text(), "Framing");
+}
+
 TEST_F(ComboTest, TypeAheadInAnEmptyListChoosesNothing) {
     searchOnKeyUp();
     combo->Clear();

@@ -40,9 +40,10 @@ double readTaskHistory(Connection& connection, const Value& jobLotTaskKey, const
                     Format(price, "###0.00"),
                 key);
         addLine(trimmedText(payments["LastName"]) + "," + trimmedText(payments["FirstName"]), key);
-        figures.TotalPaid += price.toDouble();
-        if (!std::isfinite(figures.TotalPaid))
+        const double total = figures.TotalPaid + price.toDouble();
+        if (!std::isfinite(total))
             raise(Failure::Overflow);
+        figures.TotalPaid = total;
     }
     if (masterPrice.isNull())
         return 0;

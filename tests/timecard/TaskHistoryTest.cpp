@@ -65,6 +65,7 @@ TEST_F(TaskHistory, ATotalBeyondADoubleIsAnOverflow) {
     data.addPayment(data.task, data.ann, 1.5e308);
     data.addPayment(data.task, data.bob, 1.5e308);
     EXPECT_THROW(read(), RunTimeError);
+    EXPECT_EQ(figures.TotalPaid, 1.5e308);
 }
 
 TEST_F(TaskHistory, PricesAndFiguresHaveTheirFormats) {

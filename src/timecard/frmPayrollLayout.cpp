@@ -36,8 +36,8 @@ constexpr auto lotExcludeToolTip = "Exclude Job Lot from dependency check in pay
 std::vector<GridColumn> lotColumns() {
     return {{.key = "JobLotKey", .caption = "JobKey", .visible = false},
             {.key = "JobKey", .caption = "JobKey", .visible = false},
-            {.key = "LotBlock", .caption = "Lot/Block", .maxLength = 10, .width = 110},
-            {.key = "PlanName", .caption = "Plan Name", .maxLength = 20, .width = 180},
+            {.key = "LotBlock", .caption = "Lot/Block", .maxLength = 10, .width = 100},
+            {.key = "PlanName", .caption = "Plan Name", .maxLength = 20, .width = 150},
             {.key = "Address", .caption = "Address", .maxLength = 50},
             {.key = "ContractorPlanKey", .caption = "", .visible = false},
             {.key = "ExcludeDependencyCheck",
@@ -54,7 +54,7 @@ std::vector<GridColumn> taskColumns() {
             {.key = "CodeKey", .caption = "CodeKey", .visible = false},
             {.key = "JobLotTaskKey", .caption = "JobLotTaskKey", .visible = false},
             {.key = "Name", .caption = "Name", .maxLength = 50},
-            {.key = "MasterPrice", .caption = "Price", .format = ColumnFormat::Fixed, .width = 110},
+            {.key = "MasterPrice", .caption = "Price", .format = ColumnFormat::Fixed, .width = 100},
             {.key = "ExcludeDependency", .caption = "ExcludeDependency", .visible = false},
             {.key = "EmployeeKey", .caption = "EmployeeKey", .visible = false}};
 }

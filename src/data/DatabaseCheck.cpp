@@ -21,14 +21,23 @@ constexpr int longestShownValue = 60;
 /// A writer on the same file holds readers up for moments only.
 constexpr int busyTimeoutMilliseconds = 5'000;
 
+bool hasColumn(const SqliteHandle& handle, const schema::Table& table, const schema::Column& column) {
+    return sqlite3_table_column_metadata(handle.get(), "main", table.name.toUtf8().constData(),
+                                         column.name.toUtf8().constData(), nullptr, nullptr, nullptr, nullptr,
+                                         nullptr) == SQLITE_OK;
+}
+
 QStringList missingParts(const SqliteHandle& handle) {
     QStringList missing;
-    for (const schema::Table& table : schema::tables())
+    for (const schema::Table& table : schema::tables()) {
+        QStringList columns;
         for (const schema::Column& column : table.columns)
-            if (sqlite3_table_column_metadata(handle.get(), "main", table.name.toUtf8().constData(),
-                                              column.name.toUtf8().constData(), nullptr, nullptr, nullptr,
-                                              nullptr, nullptr) != SQLITE_OK)
-                missing << QStringLiteral("%1.%2 is missing").arg(table.name, column.name);
+            if (!hasColumn(handle, table, column))
+                columns << QStringLiteral("%1.%2 is missing").arg(table.name, column.name);
+        if (columns.size() == static_cast<qsizetype>(table.columns.size()))
+            columns = {QStringLiteral("%1 is missing").arg(table.name)};
+        missing << columns;
+    }
     return missing;
 }
 

@@ -142,6 +142,13 @@ TEST_F(CheckTest, TellsDamageOfTheFile) {
     EXPECT_FALSE(result.out.isEmpty() && result.err.isEmpty());
 }
 
+TEST_F(CheckTest, NamesAMissingTableOnce) {
+    breakDatabase(path(),
+                  QStringLiteral("DROP TABLE ReportDefinition; ALTER TABLE Contractor DROP COLUMN License"));
+    EXPECT_EQ(checkDatabase(path()).engineProblems,
+              (QStringList{"Contractor.License is missing", "ReportDefinition is missing"}));
+}
+
 TEST_F(CheckTest, RefusesWhatIsNoDatabase) {
     write("this is a shopping list, not a database");
     const ToolResult result = runToolWith({"check", path()});

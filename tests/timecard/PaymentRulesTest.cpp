@@ -67,6 +67,12 @@ TEST_F(PaymentRules, AnEmptyNoteIsEmptyTextNotNull) {
     EXPECT_EQ(data.db.ask("SELECT Note FROM JobTaskEmployee"), Value(""));
 }
 
+TEST_F(PaymentRules, ALongNoteIsKeptWhole) {
+    selection.note = QString(100'000, u'x') + "O'Neil's";
+    EXPECT_EQ(pay(), PaymentResult::Paid);
+    EXPECT_EQ(data.db.ask("SELECT Note FROM JobTaskEmployee"), Value(selection.note));
+}
+
 TEST_F(PaymentRules, GapsStopSilentlyInTheirOrder) {
     selection.employeeKey = std::nullopt;
     EXPECT_EQ(pay(), PaymentResult::NoEmployee);

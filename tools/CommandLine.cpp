@@ -52,8 +52,9 @@ struct Options {
     QCommandLineOption help{{"h", "help"}, "Show this help."};
     QCommandLineOption version{{"v", "version"}, "Show the version."};
     QCommandLineOption overwrite{"overwrite", "Replace a file that exists."};
-    QCommandLineOption scale{"scale", "Size of the sample: small, office or large.", "scale", "small"};
-    QCommandLineOption seed{"seed", "Number from which the sample is drawn.", "number",
+    QCommandLineOption scale{"scale", "Size of the sample: small (as it is without), office or large.",
+                             "scale", "small"};
+    QCommandLineOption seed{"seed", "Number from which the sample is drawn, 1 if not given.", "number",
                             QString::number(sample::defaultSeed)};
 };
 

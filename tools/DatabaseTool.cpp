@@ -19,9 +19,16 @@ constexpr int success = 0;
 constexpr int failure = 1;
 constexpr int misuse = 2;
 
-void refuseExisting(const QString& path, bool overwrite) {
-    if (!overwrite && QFileInfo::exists(path))
-        raise(Failure::FileAccess, QStringLiteral("%1 exists; --overwrite replaces it").arg(path));
+/// What stands in the way of writing the last of the files; empty when nothing does.
+QString obstacle(const Request& request) {
+    const QFileInfo target(request.files.back());
+    if (request.command == Command::Check || !target.exists())
+        return {};
+    if (request.files.size() > 1 &&
+        target.canonicalFilePath() == QFileInfo(request.files.front()).canonicalFilePath())
+        return QStringLiteral("%1 cannot be copied to itself").arg(request.files.front());
+    return request.overwrite ? QString()
+                             : QStringLiteral("%1 exists; --overwrite replaces it").arg(request.files.back());
 }
 
 /// A database in the making beside the name that was asked for, where an interrupted run leaves nothing.
@@ -29,7 +36,6 @@ class NewDatabase {
 public:
     explicit NewDatabase(const Request& request)
         : m_target(request.files.front()), m_overwrite(request.overwrite), m_file(m_target) {
-        refuseExisting(m_target, m_overwrite);
         createDatabase(path());
     }
 
@@ -53,6 +59,7 @@ int create(const Request& request, Output& output) {
     return success;
 }
 
+/// Only the large sample takes long enough to be watched.
 std::function<void(int)> progressLine(const sample::Scale& scale, Output& output) {
     if (!output.showsProgress || !scale.exactTotals)
         return [](int) {};
@@ -64,6 +71,7 @@ std::function<void(int)> progressLine(const sample::Scale& scale, Output& output
     };
 }
 
+/// Benchmarks and people look these places up by name.
 void describeLandmarks(Output& output) {
     output.out << "What stands out in it:\n";
     for (const sample::Landmark& mark : sample::landmarks()) {
@@ -110,16 +118,15 @@ int check(const Request& request, Output& output) {
 }
 
 int backup(const Request& request, Output& output) {
-    refuseExisting(request.files.back(), request.overwrite);
     backupDatabase(request.files.front(), request.files.back(), request.overwrite);
     output.out << "Saved " << request.files.front() << " as " << request.files.back() << ".\n";
     return success;
 }
 
+/// A backup is copied and not moved, and examined before anything is touched.
 int restore(const Request& request, Output& output) {
     const QString& saved = request.files.front();
     const QString& target = request.files.back();
-    refuseExisting(target, request.overwrite);
     if (const QStringList problems = integrityProblems(saved); !problems.isEmpty())
         raise(Failure::DatabaseForeign, QStringLiteral("%1 (%2)").arg(saved, problems.front()));
     backupDatabase(saved, target, request.overwrite);
@@ -151,8 +158,13 @@ int runTool(const QStringList& arguments, Output output) {
         (notice->isError ? output.err : output.out) << notice->text;
         return notice->isError ? misuse : success;
     }
+    const auto& request = std::get<Request>(parsed);
+    if (const QString fault = obstacle(request); !fault.isEmpty()) {
+        output.err << "tarnwell-db: " << fault << "\n";
+        return failure;
+    }
     try {
-        return carryOut(std::get<Request>(parsed), output);
+        return carryOut(request, output);
     } catch (const RunTimeError& error) {
         output.err << "tarnwell-db: " << error.description().simplified() << "\n";
         return failure;

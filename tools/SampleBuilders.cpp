@@ -2,6 +2,8 @@
 
 #include "SampleWords.h"
 
+#include <algorithm>
+
 namespace tarnwell::sample {
 
 namespace {
@@ -59,17 +61,18 @@ Plan writePlan(SampleTables& tables, SampleRandom& random, const Catalogue& cata
 }
 
 OptionGroup writeGroup(SampleTables& tables, SampleRandom& random, const Catalogue& catalogue,
-                       qint64 builderKey, const char* name) {
-    OptionGroup group{.name = QString::fromLatin1(name), .rows = {}};
+                       qint64 builderKey, const words::GroupOffer& offer) {
+    OptionGroup group{.name = QString::fromLatin1(offer.name), .rows = {}};
     const qint64 codeKey = tables.code.add({groupList, builderKey, group.name, false});
-    const int wanted = random.between(2, 4);
-    // Distinct tasks: each lies in a stretch of the catalogue of its own.
-    const int stretch = static_cast<int>(catalogue.tasks.size()) / wanted;
-    for (int i = 0; i < wanted; ++i) {
-        const MasterTask& master =
-            catalogue.tasks[static_cast<std::size_t>(i * stretch + random.below(stretch))];
-        if (master.name.size() > longestBaseName)
-            continue;
+    std::vector<const MasterTask*> fitting;
+    for (const MasterTask& master : catalogue.tasks)
+        if (std::ranges::find(offer.trades, master.trade) != offer.trades.end() &&
+            master.name.size() <= longestBaseName)
+            fitting.push_back(&master);
+    for (int wanted = random.between(2, 4); wanted > 0; --wanted) {
+        const auto chosen = fitting.begin() + random.below(static_cast<int>(fitting.size()));
+        const MasterTask& master = **chosen;
+        fitting.erase(chosen);
         group.rows.push_back({.master = &master, .cents = haggled(random, 4000 + master.cents / 5)});
         tables.optionGroup.add(
             {builderKey, codeKey, master.key, money(group.rows.back().cents), master.excluded});
@@ -83,7 +86,7 @@ std::vector<Builder> writeBuilders(SampleTables& tables, SampleRandom& random, c
                                    const Catalogue& catalogue) {
     std::vector<Builder> builders;
     const auto planNames = words::plans();
-    const auto groupNames = words::optionGroups();
+    const auto offers = words::optionGroups();
     for (int i = 0; i < scale.builders; ++i) {
         Builder builder{.key = writeBuilder(tables, random, i), .plans = {}, .groups = {}};
         const int first = random.below(static_cast<int>(planNames.size()));
@@ -92,9 +95,8 @@ std::vector<Builder> writeBuilders(SampleTables& tables, SampleRandom& random, c
                 writePlan(tables, random, catalogue, builder.key,
                           planNames[static_cast<std::size_t>(first + p) % planNames.size()]));
         for (int g = 0; g < 3; ++g)
-            builder.groups.push_back(
-                writeGroup(tables, random, catalogue, builder.key,
-                           groupNames[static_cast<std::size_t>(i + g) % groupNames.size()]));
+            builder.groups.push_back(writeGroup(tables, random, catalogue, builder.key,
+                                                offers[static_cast<std::size_t>(i + g) % offers.size()]));
         builders.push_back(std::move(builder));
     }
     return builders;

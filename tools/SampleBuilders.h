@@ -4,6 +4,7 @@
 
 namespace tarnwell::sample {
 
+/// A stored plan task with the plan's own price.
 struct PlanTask {
     qint64 key = 0;
     const MasterTask* master = nullptr;
@@ -16,6 +17,7 @@ struct Plan {
     std::vector<PlanTask> tasks; ///< In the building order.
 };
 
+/// One task of an option group, with the group's price for it.
 struct GroupRow {
     const MasterTask* master = nullptr;
     int cents = 0;

@@ -34,6 +34,7 @@ JobWriter::JobWriter(SampleTables& tables, SampleRandom& random, const Scale& sc
     : m_tables(tables), m_random(random), m_scale(scale), m_catalogue(catalogue), m_builders(builders),
       m_staff(staff), m_payments(tables, random, staff) {}
 
+// The landmarks come first: what they hold is taken off the totals before these are dealt out.
 void JobWriter::writeAll(const std::function<void(int)>& progress) {
     int jobs = m_scale.jobs;
     if (m_scale.exactTotals) {
@@ -48,6 +49,7 @@ void JobWriter::writeAll(const std::function<void(int)>& progress) {
     }
 }
 
+// The year of the start and a running number; numbers that were given up leave gaps.
 QString JobWriter::nextNumber(QDate start) {
     int& last = m_lastNumber.try_emplace(start.year(), 1000).first->second;
     last += m_scale.exactTotals ? 1 : m_random.between(1, 4);
@@ -89,7 +91,7 @@ LotFrame JobWriter::writeLot(const JobFrame& job, int lotIndex, bool withPlan) {
     const int number = m_lots++;
     LotFrame lot{.builder = job.builder,
                  .plan = withPlan ? &m_random.pick(job.builder->plans) : nullptr,
-                 .start = job.start.addDays(std::min(lotIndex, 12) * 12),
+                 .start = job.start.addDays(qint64{12} * std::min(lotIndex, 12)),
                  .days = m_random.between(95, 170),
                  .scheduled = job.open ? lotIndex % 2 == 0 : number % 10 == 3};
     lot.key = m_tables.lot.add(
@@ -110,6 +112,7 @@ void JobWriter::writeBelievableLot(const JobFrame& job, int lotIndex, int jobInd
     const OptionGroup* group = optioned ? &m_random.pick(job.builder->groups) : nullptr;
     LotTaskWriter writer(m_tables, m_random, m_staff, lot, count + 1);
     writer.addPlanTasks(count, group);
+    // Work that nobody had foreseen is typed into the lot's grid.
     if (lotIndex == 1) {
         writer.addTyped(m_catalogue.tradeKeys[5], 5, QStringLiteral("Repair water damage"), 12000);
         writer.addTyped(m_catalogue.tradeKeys[6], 6, QStringLiteral("Owner's change of color"), 0);
@@ -124,6 +127,7 @@ void JobWriter::writeExactLot(const JobFrame& job, int lotIndex) {
     const LotFrame lot = writeLot(job, lotIndex);
     const int count = (job.open ? m_shares.openTasks : m_shares.closedTasks).take();
     LotTaskWriter writer(m_tables, m_random, m_staff, lot, count + 1);
+    // A parent and its option are two of the lot's tasks.
     const bool optioned = count >= 3 && m_random.chance(10);
     writer.addPlanTasks(optioned ? count - 2 : count);
     if (optioned)

@@ -22,6 +22,7 @@ qint64 LotTaskWriter::add(const Row& row) {
     Value start = Value::null();
     Value stop = Value::null();
     Value planned;
+    // Some tasks of a planned lot have no dates yet, and some dates nobody yet.
     if (m_lot.scheduled && position % 4 != 3) {
         start = DateTime{due, QTime(position % 2 == 0 ? 8 : 13, 0)};
         stop = DateTime{due.addDays(m_random.below(3)), QTime(16, 30)};
@@ -43,12 +44,15 @@ void LotTaskWriter::addPlanTasks(int count, const OptionGroup* group) {
     const int size = static_cast<int>(offered.size());
     const int wanted = std::min(count, size);
     const int shift = wanted < size ? m_random.below(size) : 0;
+    // Evenly spaced, so that every trade of the plan has its part.
     std::vector<int> chosen;
+    chosen.reserve(static_cast<std::size_t>(wanted));
     for (int i = 0; i < wanted; ++i)
         chosen.push_back((i * size / wanted + shift) % size);
     std::ranges::sort(chosen);
     for (const int index : chosen) {
         const PlanTask& task = offered[static_cast<std::size_t>(index)];
+        // A parent points at itself from the start: the options come when all base tasks stand.
         const bool parent = rowFor(group, task.master) != nullptr;
         // The plan's exclude flag does not reach a lot.
         const qint64 key = add({.masterKey = task.master->key,

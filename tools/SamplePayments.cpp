@@ -40,6 +40,7 @@ void PaymentWriter::payProgress(const std::vector<LotTask>& tasks, bool finished
 }
 
 void PaymentWriter::payExactly(const std::vector<LotTask>& tasks, int count) {
+    // Some tasks take what is there before others have their turn: those stay unpaid.
     std::vector<int> counts(tasks.size(), 0);
     for (std::size_t i = 0; count > 0 && !tasks.empty(); i = (i + 1) % tasks.size()) {
         const int payments = std::min(count, m_random.between(1, 4));
@@ -54,10 +55,11 @@ void PaymentWriter::pay(const LotTask& task, Outcome outcome) {
     const int total = static_cast<int>(static_cast<qint64>(task.cents) * outcome.percent / 100);
     std::vector<qint64> paid;
     for (int i = 0; i < outcome.payments; ++i) {
-        const QDate day = payday(task.due.addDays(i * 7));
+        const QDate day = payday(task.due.addDays(qint64{i} * 7));
         const qint64 before = paid.empty() ? 0 : paid.back();
         const qint64 employee =
             outcome.sameWorker && before != 0 ? before : m_staff.workerFor(m_random, task.trade, day, before);
+        // The log entry of an accepted double payment stands before the payment itself.
         if (std::ranges::find(paid, employee) != paid.end())
             m_tables.log.add({task.key, employee, DateTime{day},
                               m_tables.log.rows() % 3 == 2

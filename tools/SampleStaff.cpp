@@ -29,7 +29,8 @@ struct Person {
 Person personAt(SampleRandom& random, int index) {
     const auto firsts = words::firstNames();
     const auto lasts = words::lastNames();
-    const auto last = static_cast<std::size_t>(index) % lasts.size();
+    // A stride that shares no factor with their number, or the first employees would all begin with A.
+    const auto last = static_cast<std::size_t>(index) * 31 % lasts.size();
     const auto first = (static_cast<std::size_t>(index) / lasts.size() + last * 7 +
                         static_cast<std::size_t>(random.below(3))) %
                        firsts.size();
@@ -38,8 +39,8 @@ Person personAt(SampleRandom& random, int index) {
 
 QDate hireDate(SampleRandom& random, const Scale& scale, int index) {
     const QDate opening = baseDate.addMonths(-scale.months);
-    // The first two thirds were there before the first job; the others came while it went on.
-    if (index % 3 != 2)
+    // Foremen and two thirds of the others were there before the first job; the rest came later.
+    if (index < scale.foremen || index % 3 != 2)
         return opening.addDays(-random.between(30, 900));
     return opening.addDays(random.below(scale.months * 28));
 }

@@ -8,6 +8,7 @@
 
 namespace tarnwell::sample {
 
+/// An employee as far as payments and plans must know.
 struct Worker {
     qint64 key = 0;
     QDate hired;

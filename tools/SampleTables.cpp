@@ -6,6 +6,8 @@ namespace tarnwell::sample {
 
 namespace {
 
+/// Few commits, since each writes most pages of the scattered indexes again; not one, since the log of a
+/// transaction grows until its end.
 constexpr qint64 rowsPerTransaction = 100'000;
 
 } // namespace

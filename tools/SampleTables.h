@@ -43,6 +43,8 @@ class SampleTables {
 public:
     explicit SampleTables(Connection& connection);
 
+    /// Columns in the order of the catalogue; a lot task's tree columns stand first, since a parent's key is
+    /// known only after its row.
     TableWriter code, masterTask, dependency, builder, plan, planTask, taskOption, optionGroup, employee, job,
         lot, lotTask, payment, log;
 

@@ -100,7 +100,22 @@ constexpr auto all = std::to_array<Trade>({{"Framing", framing},
 constexpr auto after = std::to_array<Dependency>(
     {{1, 0}, {2, 0}, {3, 0}, {4, 3}, {5, 4}, {6, 5}, {7, 5}, {8, 6}, {9, 6}, {9, 8}, {11, 8}, {11, 9}});
 
+constexpr auto kitchenTrades = std::to_array({8, 9});
+constexpr auto patioTrades = std::to_array({0, 10});
+constexpr auto trimTrades = std::to_array({7});
+constexpr auto roomTrades = std::to_array({5, 6, 9});
+constexpr auto garageTrades = std::to_array({0, 3, 5});
+constexpr auto groups = std::to_array<GroupOffer>({{"Deluxe Kitchen", kitchenTrades},
+                                                   {"Covered Patio", patioTrades},
+                                                   {"Upgrade Trim", trimTrades},
+                                                   {"Bonus Room", roomTrades},
+                                                   {"Third Car Garage", garageTrades}});
+
 } // namespace
+
+std::span<const GroupOffer> optionGroups() {
+    return groups;
+}
 
 std::span<const Trade> trades() {
     return all;

@@ -52,9 +52,6 @@ constexpr auto planNames = std::to_array<const char*>(
     {"Aspen 1450", "Birch 1620", "Cypress 1780", "Dogwood 1900", "Elmwood 2050", "Fairmont 2240",
      "Glenwood 2480", "Hawthorne 2700", "Ironwood 3100", "Sycamore Executive Two-Storey"});
 
-constexpr auto groupNames = std::to_array<const char*>(
-    {"Deluxe Kitchen", "Covered Patio", "Upgrade Trim", "Bonus Room", "Third Car Garage"});
-
 constexpr auto notesOfPayments = std::to_array<const char*>(
     {"First half, balance after inspection", "Foreman's OK by phone", "Left side only", "Finished early",
      "Extra trip for missing material\nSee work order", "Helper paid separately", "Redo of damaged corner"});
@@ -94,9 +91,6 @@ std::span<const char* const> builders() {
 }
 std::span<const char* const> plans() {
     return planNames;
-}
-std::span<const char* const> optionGroups() {
-    return groupNames;
 }
 std::span<const char* const> paymentNotes() {
     return notesOfPayments;

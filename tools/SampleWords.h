@@ -16,6 +16,12 @@ struct Trade {
     std::span<const TaskOffer> tasks;
 };
 
+/// What a builder offers as one choice, and the positions in `trades()` that it takes.
+struct GroupOffer {
+    const char* name;
+    std::span<const int> trades;
+};
+
 /// Positions in `trades()`: tasks of `trade` are paid after those of `after`.
 struct Dependency {
     int trade;
@@ -24,6 +30,7 @@ struct Dependency {
 
 [[nodiscard]] std::span<const Trade> trades();
 [[nodiscard]] std::span<const Dependency> dependencies();
+[[nodiscard]] std::span<const GroupOffer> optionGroups();
 /// Its position in the last trade's tasks: the task that every lot ends with.
 inline constexpr int finalTask = 0;
 
@@ -34,7 +41,6 @@ inline constexpr int finalTask = 0;
 [[nodiscard]] std::span<const char* const> subdivisions();
 [[nodiscard]] std::span<const char* const> builders();
 [[nodiscard]] std::span<const char* const> plans();
-[[nodiscard]] std::span<const char* const> optionGroups();
 [[nodiscard]] std::span<const char* const> paymentNotes();
 [[nodiscard]] std::span<const char* const> employeeNotes();
 /// Service calls are named by what is done, to what, and where.

@@ -88,6 +88,22 @@ FindingGroup examine(const SqliteHandle& handle, const CheckRule& rule, int show
     return group;
 }
 
+CheckResult checkRows(const SqliteHandle& handle, int shownPerRule) {
+    handle.run("PRAGMA query_only=1");
+    handle.run("BEGIN");
+    EngineReport report = askEngine(handle, shownPerRule);
+    CheckResult result{.engineProblems = report.damage, .groups = {}};
+    if (result.isClean())
+        result.engineProblems = missingParts(handle);
+    if (!result.isClean())
+        return result;
+    for (const CheckRule& rule : data::checkRules())
+        if (FindingGroup group = examine(handle, rule, shownPerRule); group.count > 0)
+            result.groups.push_back(std::move(group));
+    result.engineProblems = unexplained(report.constraints, result.groups);
+    return result;
+}
+
 } // namespace
 
 QString Finding::text() const {
@@ -106,19 +122,13 @@ CheckResult checkDatabase(const QString& path, int shownPerRule) {
         raise(Failure::DatabaseNotFound, path);
     const SqliteHandle handle(path, SqliteHandle::Access::ReadWrite);
     sqlite3_busy_timeout(handle.get(), busyTimeoutMilliseconds);
-    handle.run("PRAGMA query_only=1");
-    handle.run("BEGIN");
-    EngineReport report = askEngine(handle, shownPerRule);
-    CheckResult result{.engineProblems = report.damage, .groups = {}};
-    if (result.isClean())
-        result.engineProblems = missingParts(handle);
-    if (!result.isClean())
-        return result;
-    for (const CheckRule& rule : data::checkRules())
-        if (FindingGroup group = examine(handle, rule, shownPerRule); group.count > 0)
-            result.groups.push_back(std::move(group));
-    result.engineProblems = unexplained(report.constraints, result.groups);
-    return result;
+    try {
+        return checkRows(handle, shownPerRule);
+    } catch (const RunTimeError&) {
+        if (!handle.foundDamage())
+            throw;
+        raise(Failure::DatabaseForeign, path);
+    }
 }
 
 } // namespace tarnwell

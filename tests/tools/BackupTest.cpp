@@ -54,20 +54,23 @@ TEST_F(BackupTest, HoldsTheLastCommittedPaymentAndNoneThatIsNotCommitted) {
     EXPECT_EQ(payments(file("saved.mdb")), 1);
 }
 
-TEST_F(BackupTest, RestoreBringsTheSavedStateBackAndDropsAStaleLog) {
+TEST_F(BackupTest, RestoreBringsTheSavedStateBackAndDropsALogThatWasLeft) {
     pay(40);
     ASSERT_EQ(runToolWith({"backup", database.path(), file("saved.mdb")}).code, 0);
     pay(60);
     database.connection().Close();
-    QFile stale(database.path() + QStringLiteral("-wal"));
-    ASSERT_TRUE(stale.open(QIODevice::WriteOnly));
-    stale.write("left over");
-    stale.close();
-    const ToolResult result = runToolWith({"restore", file("saved.mdb"), database.path(), "--overwrite"});
-    EXPECT_EQ(result.code, 0) << result.err.toStdString();
-    EXPECT_FALSE(stale.exists());
-    EXPECT_EQ(payments(database.path()), 1);
-    EXPECT_EQ(payments(file("saved.mdb")), 1);
+    for (const bool targetIsGone : {false, true}) {
+        ASSERT_TRUE(!targetIsGone || QFile::remove(database.path()));
+        QFile stale(database.path() + QStringLiteral("-wal"));
+        ASSERT_TRUE(stale.open(QIODevice::WriteOnly));
+        stale.write("left over");
+        stale.close();
+        const ToolResult result = runToolWith({"restore", file("saved.mdb"), database.path(), "--overwrite"});
+        EXPECT_EQ(result.code, 0) << result.err.toStdString();
+        EXPECT_FALSE(stale.exists());
+        EXPECT_EQ(payments(database.path()), 1);
+        EXPECT_EQ(payments(file("saved.mdb")), 1);
+    }
 }
 
 TEST_F(BackupTest, RestoreLeavesADatabaseAloneThatIsInUse) {

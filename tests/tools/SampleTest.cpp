@@ -9,7 +9,7 @@ namespace tarnwell::test {
 namespace {
 
 QString makeSample(const QTemporaryDir& folder, const char* name, const QStringList& options) {
-    const QString path = folder.filePath(QString::fromLatin1(name));
+    QString path = folder.filePath(QString::fromLatin1(name));
     const ToolResult result = runToolWith(QStringList{"sample", path} + options);
     EXPECT_EQ(result.code, 0) << result.err.toStdString();
     return path;
@@ -25,10 +25,8 @@ TEST(Sample, TheSameSeedGivesTheSameRowsAndAnotherSeedGivesOthers) {
 
 TEST(Sample, TheGeneratorIsTheSameOnEveryMachine) {
     sample::SampleRandom random(1);
-    std::vector<int> drawn;
-    for (int i = 0; i < 6; ++i)
-        drawn.push_back(random.below(1000));
-    EXPECT_EQ(drawn, (std::vector<int>{566, 745, 971, 444, 444, 762}));
+    for (const int expected : {566, 745, 971, 444, 444, 762})
+        EXPECT_EQ(random.below(1000), expected);
 }
 
 TEST(Sample, AQuotaGivesOutExactlyItsTotal) {

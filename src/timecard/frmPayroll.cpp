@@ -102,6 +102,8 @@ void frmPayroll::connectControls() {
         onGotFocus(findChild<QWidget*>(rule.control), [this, &rule] { applyFocusRule(rule); });
 }
 
+/// A refusal's own focus move runs the rule of the control that gets it, so the chain leads up to what is
+/// missing.
 void frmPayroll::applyFocusRule(const PayrollFocusRule& rule) {
     bool refused = false;
     for (const PayrollRefusal& refusal : rule.refusals) {
@@ -136,6 +138,7 @@ void frmPayroll::Toolbar1_ButtonClick(const QString& caption) {
         FindJob();
 }
 
+/// Every release searches, also of a key that changed nothing; End and Home find no job and so clear it.
 void frmPayroll::MskField_KeyUp(int keyCode) {
     if (m_jobNumber->text().isEmpty())
         return;
@@ -156,6 +159,7 @@ void frmPayroll::LoadJob() {
     m_jobName->setSelStart(0);
     m_builder->setSelStart(0);
     {
+        // The tasks are read once, behind the binding, and typing a job must not take Find away.
         const QScopedValueRollback binding(m_binding, true);
         rebind(*jgJobLots, LotRecordset, lotsOfJob(JobKey), "PayrollLot.lyt");
     }
@@ -170,6 +174,7 @@ void frmPayroll::jgJobLots_RowColChange() {
 }
 
 void frmPayroll::cmbType_Click() {
+    // The first category is chosen before there is a job.
     if (LotRecordset == nullptr)
         return;
     const Value lotKey = jgJobLots->value("JobLotKey");
@@ -182,6 +187,7 @@ void frmPayroll::cmbType_Click() {
     LoadTaskHistory();
 }
 
+/// The note stays: it goes with the next payment, whatever its task.
 void frmPayroll::jgTasks_RowColChange() {
     if (m_binding)
         return;
@@ -203,6 +209,8 @@ void frmPayroll::LoadTaskHistory() {
     }
 }
 
+/// Lists what the combo shows, also when the task's own employee was paid. Raises InvalidProperty without a
+/// choice.
 void frmPayroll::LoadEmployeeHistory() {
     lstEmployeeHistory->Clear();
     readEmployeeHistory(connection(), cmbEmployees->ItemData(cmbEmployees->ListIndex()),
@@ -234,6 +242,8 @@ void frmPayroll::FindJob() {
     LoadJob();
 }
 
+/// Setting the bar back to its rest fires this again, to no effect. A text that is no date raises
+/// TypeMismatch.
 void frmPayroll::vscrCompleted_Change() {
     constexpr int upper = 0, rest = 1, lower = 2;
     const int value = vscrCompleted->value();
@@ -299,6 +309,7 @@ void frmPayroll::showPayment(PaymentResult result) {
     case PaymentResult::Refused:
         break;
     case PaymentResult::Paid:
+        // Lot, task, employee, tick and date stand, so that the same employee's next task is two keys away.
         LoadTaskHistory();
         rchNote->clear();
         SetFocus(jgTasks);

@@ -336,16 +336,37 @@ TEST_F(Payroll, ADoubleClickInTheHistoryOpensThePayment) {
     EXPECT_TRUE(lines("lstTaskHistory").isEmpty());
 }
 
-TEST_F(Payroll, FocusInTheNoteBeforeAnyJobStopsTheProgram) {
+TEST_F(Payroll, FailuresOutsideTheTrapsStopTheProgram) {
     GTEST_FLAG_SET(death_test_style, "threadsafe");
-    EXPECT_EXIT(
-        {
-            setMessagePresenter([](const MessageRequest& request) {
-                qWarning("%s", qPrintable(request.text));
-                return Answer::Ok;
-            });
-            open();
-            driver->click("rchNote", {6, 6});
-        },
-        ::testing::ExitedWithCode(1), "3704");
+    const std::pair<const char*, std::function<void()>> cases[] = {
+        {"3704",
+         [this] {
+             driver->click("rchNote", {6, 6});
+         }},     // No job was loaded yet.
+        {"'13'", // The arrows on a text that is no date.
+         [this] {
+             driver->find<DateBox>("rebCompleted").setText("13/45/02");
+             driver->click("vscrCompleted", {5, 3});
+         }},
+        {"'380'", [this] { // An inactive employee is found and not in the list.
+             data.addEmployee("000-00-0001", "Gone", "Gus", true);
+             driver->focus("cmbEmployees");
+             whenModal([](QWidget& dialog) {
+                 const ScreenDriver search(dialog);
+                 search.type("g");
+                 search.press(Qt::Key_Return);
+             });
+             driver->clickToolbar("Find");
+         }}};
+    for (const auto& [number, routine] : cases)
+        EXPECT_EXIT(
+            {
+                setMessagePresenter([](const MessageRequest& request) {
+                    qWarning("%s", qPrintable(request.text));
+                    return Answer::Ok;
+                });
+                open();
+                routine();
+            },
+            ::testing::ExitedWithCode(1), number);
 }

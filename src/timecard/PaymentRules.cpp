@@ -165,7 +165,7 @@ PaymentResult applyPayment(Connection& connection, const PaymentSelection& selec
 }
 
 QString CheckDependency(Connection& connection, const PaymentSelection& selection) {
-    const QString nothing = "0";
+    QString nothing = "0";
     // Outside the trap: what fails here is the caller's.
     if (isTrue(selection.excludeDependencyCheck) || isTrue(selection.excludeDependency))
         return nothing;
@@ -175,7 +175,7 @@ QString CheckDependency(Connection& connection, const PaymentSelection& selectio
                               FieldText(selection.codeKey),
                           connection);
         for (; !dependencies.atEnd(); dependencies.MoveNext()) {
-            const QString category = FieldText(dependencies.field(0));
+            QString category = FieldText(dependencies.field(0));
             if (hasUnpaidTask(connection, FieldText(selection.jobLotKey), category))
                 return category;
         }

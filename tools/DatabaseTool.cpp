@@ -91,6 +91,7 @@ int makeSample(const Request& request, Output& output) {
     connection.Open();
     sample::writeSample(connection, scale, request.seed, progressLine(scale, output));
     connection.Close();
+    updateStatistics(database.path());
     database.moveIntoPlace();
     output.out << "Made " << request.files.front() << ": " << scale.use << ".\n";
     if (scale.exactTotals)

@@ -13,8 +13,11 @@ namespace data {
 class Engine;
 }
 
+/// How long a write waits for another seat on the same file, unless told otherwise.
+inline constexpr std::chrono::milliseconds usualBusyTimeout{5000};
+
 /// States of a connection or a recordset.
-enum class ObjectState { Closed = 0, Open = 1 };
+enum class ObjectState { Closed = 0, Open = 1 }; ///< With the numbers that the run time gives them.
 
 /// One connection to one database. Statements are written in the system's own dialect (see `Dialect.h`) and
 /// run one at a time: a second statement behind the first, a schema change, attach or pragma is refused.
@@ -29,13 +32,14 @@ public:
     void setConnectionString(const QString& text);
     [[nodiscard]] const QString& connectionString() const { return m_connectionString; }
 
-    /// How long a write waits for another seat; 5 seconds unless set before `Open`.
+    /// In place of `usualBusyTimeout`; takes effect at the next `Open`.
     void setBusyTimeout(std::chrono::milliseconds wait) { m_busyTimeout = wait; }
 
     /// Opens the file behind "Data Source". Raises ProviderNotFound, DatabaseNotFound (a missing file is
     /// never created), DatabaseForeign (not a database, damaged, or without our tables), DatabaseLocked.
     void Open();
-    /// Closes, even with recordsets open on it; those then raise ObjectClosed.
+    /// Closes, even with recordsets open on it; those then raise ObjectClosed. An open transaction is rolled
+    /// back. Nothing when it is closed already.
     void Close();
     [[nodiscard]] ObjectState State() const;
 
@@ -49,13 +53,13 @@ public:
     void CommitTrans();
     void RollbackTrans();
 
-    /// The engine below; only `data/` uses it.
+    /// The engine below; only `data/` uses it. Raises ObjectClosed while closed.
     [[nodiscard]] data::Engine& engine() const;
     [[nodiscard]] const std::shared_ptr<data::Engine>& sharedEngine() const;
 
 private:
     QString m_connectionString;
-    std::chrono::milliseconds m_busyTimeout{5000};
+    std::chrono::milliseconds m_busyTimeout = usualBusyTimeout;
     std::shared_ptr<data::Engine> m_engine;
 };
 
@@ -66,6 +70,7 @@ public:
     ~Transaction();
     Transaction(const Transaction&) = delete;
     Transaction& operator=(const Transaction&) = delete;
+    /// Raises DatabaseFailure when the disk refuses; the destructor then rolls back.
     void commit();
 
 private:

@@ -1,6 +1,9 @@
 #include "data/DatabaseCheck.h"
 
 #include "data/CheckRules.h"
+#include "data/Connection.h"
+#include "data/DiskPath.h"
+#include "data/OpenDatabase.h"
 #include "data/RunTimeError.h"
 #include "data/Schema.h"
 #include "data/SqliteHandle.h"
@@ -18,21 +21,13 @@ using data::CheckRule;
 using data::SqliteHandle;
 
 constexpr int longestShownValue = 60;
-/// A writer on the same file holds readers up for moments only.
-constexpr int busyTimeoutMilliseconds = 5'000;
-
-bool hasColumn(const SqliteHandle& handle, const schema::Table& table, const schema::Column& column) {
-    return sqlite3_table_column_metadata(handle.get(), "main", table.name.toUtf8().constData(),
-                                         column.name.toUtf8().constData(), nullptr, nullptr, nullptr, nullptr,
-                                         nullptr) == SQLITE_OK;
-}
 
 QStringList missingParts(const SqliteHandle& handle) {
     QStringList missing;
     for (const schema::Table& table : schema::tables()) {
         QStringList columns;
         for (const schema::Column& column : table.columns)
-            if (!hasColumn(handle, table, column))
+            if (!data::hasColumn(handle, table, column))
                 columns << QStringLiteral("%1.%2 is missing").arg(table.name, column.name);
         if (columns.size() == static_cast<qsizetype>(table.columns.size()))
             columns = {QStringLiteral("%1 is missing").arg(table.name)};
@@ -118,10 +113,11 @@ qint64 CheckResult::count() const {
 }
 
 CheckResult checkDatabase(const QString& path, int shownPerRule) {
-    if (!QFileInfo(path).isFile())
+    const QFileInfo file(pathOnDisk(path));
+    if (!file.isFile())
         raise(Failure::DatabaseNotFound, path);
-    const SqliteHandle handle(path, SqliteHandle::Access::ReadWrite);
-    sqlite3_busy_timeout(handle.get(), busyTimeoutMilliseconds);
+    const SqliteHandle handle(file.filePath(), data::accessFor(file));
+    sqlite3_busy_timeout(handle.get(), static_cast<int>(usualBusyTimeout.count()));
     try {
         return checkRows(handle, shownPerRule);
     } catch (const RunTimeError&) {

@@ -1,5 +1,6 @@
 #include "data/DatabaseFile.h"
 
+#include "data/Connection.h"
 #include "data/DiskPath.h"
 #include "data/FileReplacement.h"
 #include "data/OpenDatabase.h"
@@ -10,17 +11,12 @@
 #include <QDir>
 #include <QFileInfo>
 
-#include <chrono>
-#include <set>
-
 namespace tarnwell {
 
 namespace {
 
 using data::SqliteHandle;
 using data::SqliteStatement;
-
-constexpr std::chrono::milliseconds busyTimeout{5000};
 
 QByteArray quoted(const QString& name) {
     return '"' + name.toUtf8() + '"';
@@ -49,6 +45,7 @@ void fillNewDatabase(const QString& path) {
     for (const schema::InitialRow& row : schema::initialRows())
         insertInitialRow(handle, row);
     handle.run("COMMIT");
+    // The file remembers it; inside of the transaction it could not be set.
     handle.run("PRAGMA journal_mode=WAL");
 }
 
@@ -114,7 +111,7 @@ void backupDatabase(const QString& source, const QString& target, bool overwrite
     const bool same = exists && QFileInfo(from).canonicalFilePath() == QFileInfo(to).canonicalFilePath();
     if (same || (exists && !overwrite))
         raise(Failure::FileAccess, to);
-    const SqliteHandle handle = data::openOurDatabase(from, busyTimeout);
+    const SqliteHandle handle = data::openOurDatabase(from, usualBusyTimeout);
     data::FileReplacement file(to);
     // A copy as of one moment, whatever others write meanwhile.
     SqliteStatement copy = handle.prepare("VACUUM INTO ?1");
@@ -125,8 +122,12 @@ void backupDatabase(const QString& source, const QString& target, bool overwrite
                                  : data::FileReplacement::Existing::Keep);
 }
 
+void updateStatistics(const QString& path) {
+    data::openOurDatabase(path, usualBusyTimeout).run("ANALYZE");
+}
+
 QStringList integrityProblems(const QString& path) {
-    const SqliteHandle handle = data::openOurDatabase(path, busyTimeout);
+    const SqliteHandle handle = data::openOurDatabase(path, usualBusyTimeout);
     try {
         const QStringList problems = engineProblems(handle);
         // A damaged file has no rows on whose keys one could rely.

@@ -28,6 +28,15 @@ int authorize(void*, int action, const char*, const char*, const char*, const ch
     }
 }
 
+/// Counts again the tables that have grown much and whose joins the engine planned without knowing it; a few
+/// hundred rows of each tell enough. A file that is read-only or in use stays as it is: the next close tries
+/// again.
+void renewStatistics(sqlite3* handle) noexcept {
+    sqlite3_set_authorizer(handle, nullptr, nullptr);
+    sqlite3_busy_timeout(handle, 0);
+    (void)sqlite3_exec(handle, "PRAGMA analysis_limit=400; PRAGMA optimize", nullptr, nullptr, nullptr);
+}
+
 } // namespace
 
 Engine::Engine(const QString& path, std::chrono::milliseconds busyTimeout)
@@ -40,13 +49,16 @@ Engine::~Engine() {
 }
 
 void Engine::close() {
-    m_open = false;
-    m_inTransaction = false;
+    if (!m_open)
+        return;
     for (RowStore* reader : m_readers)
         reader->abandon();
     m_readers.clear();
     m_cache.close();
+    abandonTransaction();
+    renewStatistics(m_handle.get());
     m_handle.close();
+    m_open = false;
 }
 
 int Engine::execute(const Translation& translation) {

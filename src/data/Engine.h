@@ -18,21 +18,25 @@ class RowStore;
 /// are still reading. It lives as long as a recordset refers to it, also after it was closed.
 class Engine {
 public:
+    /// Raises what `openOurDatabase` raises.
     Engine(const QString& path, std::chrono::milliseconds busyTimeout);
     ~Engine();
     Engine(const Engine&) = delete;
     Engine& operator=(const Engine&) = delete;
 
     [[nodiscard]] bool isOpen() const { return m_open; }
-    /// Recordsets that are still reading lose their rows; an open transaction is rolled back.
+    /// Recordsets that are still reading lose their rows; an open transaction is rolled back. A second close
+    /// does nothing.
     void close();
 
+    /// Raises SyntaxError and PermissionDenied for what is not one statement of rows.
     [[nodiscard]] Translation translate(QStringView sql) { return m_dialect.translate(sql); }
     /// A statement in the engine's own words, prepared before or now.
     [[nodiscard]] StatementLease lease(const QByteArray& sql) { return {m_cache, sql}; }
     /// Runs a translated statement to its end; the number of rows it touched.
     int execute(const Translation& translation);
 
+    /// As the connection's transactions. A begin waits for another seat's write, up to the busy timeout.
     void begin();
     void commit();
     void rollback();
@@ -65,6 +69,7 @@ public:
     ~WriteScope();
     WriteScope(const WriteScope&) = delete;
     WriteScope& operator=(const WriteScope&) = delete;
+    /// Does nothing inside a transaction of the caller's.
     void commit();
 
 private:

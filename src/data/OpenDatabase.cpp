@@ -14,33 +14,14 @@ namespace {
 
 using Access = SqliteHandle::Access;
 
-/// A read-only file in a folder without its log beside it can only be read as one that nobody changes.
-Access accessFor(const QFileInfo& file) {
-    if (file.isWritable())
-        return Access::ReadWrite;
-    const bool hasLog = QFileInfo::exists(file.filePath() + QStringLiteral("-wal"));
-    return hasLog || QFileInfo(file.path()).isWritable() ? Access::ReadOnly : Access::Immutable;
-}
-
-/// The first of our columns that the database does not have; nothing when it has all.
-QString missingColumn(sqlite3* handle) {
-    for (const schema::Table& table : schema::tables()) {
-        const QByteArray tableName = table.name.toUtf8();
-        for (const schema::Column& column : table.columns)
-            if (sqlite3_table_column_metadata(handle, "main", tableName.constData(),
-                                              column.name.toUtf8().constData(), nullptr, nullptr, nullptr,
-                                              nullptr, nullptr) != SQLITE_OK)
-                return table.name + QLatin1Char('.') + column.name;
-    }
-    return {};
-}
-
 /// Reads the catalogue, which is where a file that is no database shows.
 void requireOurs(const SqliteHandle& handle, const QString& path) {
     (void)handle.prepare("SELECT 1 FROM sqlite_schema").step();
-    const QString missing = missingColumn(handle.get());
-    if (!missing.isEmpty())
-        raise(Failure::DatabaseForeign, QStringLiteral("%1 (%2)").arg(path, missing));
+    for (const schema::Table& table : schema::tables())
+        for (const schema::Column& column : table.columns)
+            if (!hasColumn(handle, table, column))
+                raise(Failure::DatabaseForeign,
+                      QStringLiteral("%1 (%2.%3)").arg(path, table.name, column.name));
 }
 
 /// A file made by others may hold views and triggers; they may not call what has effects.
@@ -52,6 +33,19 @@ void protect(sqlite3* handle) {
 }
 
 } // namespace
+
+Access accessFor(const QFileInfo& file) {
+    if (file.isWritable())
+        return Access::ReadWrite;
+    const bool hasLog = QFileInfo::exists(file.filePath() + QStringLiteral("-wal"));
+    return hasLog || QFileInfo(file.path()).isWritable() ? Access::ReadOnly : Access::Immutable;
+}
+
+bool hasColumn(const SqliteHandle& handle, const schema::Table& table, const schema::Column& column) {
+    return sqlite3_table_column_metadata(handle.get(), "main", table.name.toUtf8().constData(),
+                                         column.name.toUtf8().constData(), nullptr, nullptr, nullptr, nullptr,
+                                         nullptr) == SQLITE_OK;
+}
 
 SqliteHandle openOurDatabase(const QString& path, std::chrono::milliseconds busyTimeout) {
     const QFileInfo file(pathOnDisk(path));

@@ -5,6 +5,7 @@
 #include <QFile>
 
 #include <atomic>
+#include <csignal>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <thread>
@@ -229,6 +230,35 @@ TEST(Transactions, RolledBackByClosing) {
     database.connection().Open();
     EXPECT_EQ(database.ask(QStringLiteral("SELECT COUNT(*) FROM MasterTask")), Value(0));
     EXPECT_EQ(raisedNumber([&] { database.connection().BeginTrans(); }), 0);
+}
+
+TEST(Closing, CountsTheRowsThatJoinsWerePlannedWithout) {
+    TemporaryDatabase database;
+    database.add(QStringLiteral("Job"),
+                 {{QStringLiteral("ContractorKey"), database.add(QStringLiteral("Contractor"), {})}});
+    (void)database.ask(QStringLiteral("SELECT JobNumber FROM Job, Contractor WHERE "
+                                      "Job.ContractorKey=Contractor.ContractorKey AND Job.Foreman='A'"));
+    database.connection().Close();
+    const data::SqliteHandle handle(database.path(), data::SqliteHandle::Access::ReadOnly);
+    EXPECT_TRUE(handle.prepare("SELECT 1 FROM sqlite_stat1 WHERE tbl='Job'").step());
+}
+
+TEST(KilledProgramDeathTest, LeavesWhatItHadWritten) {
+    TemporaryDatabase database;
+    // The other process must not inherit an open database.
+    database.connection().Close();
+    EXPECT_EXIT(
+        {
+            const auto seat = database.secondSeat();
+            Recordset rows;
+            rows.Open(QStringLiteral("MasterTask"), *seat, CursorType::Dynamic, LockType::Optimistic);
+            rows.AddNew();
+            rows.Update();
+            std::raise(SIGKILL);
+        },
+        testing::KilledBySignal(SIGKILL), "");
+    database.connection().Open();
+    EXPECT_EQ(database.ask(QStringLiteral("SELECT COUNT(*) FROM MasterTask")), Value(1));
 }
 
 TEST(TwoSeats, TheSecondWriterGivesUpAfterItsWait) {

@@ -1,6 +1,7 @@
 #include "SampleDatabase.h"
 #include "SampleRandom.h"
 #include "ToolRun.h"
+#include "data/SqliteHandle.h"
 #include "support/TemporaryDatabase.h"
 
 #include <gtest/gtest.h>
@@ -21,6 +22,15 @@ TEST(Sample, TheSameSeedGivesTheSameRowsAndAnotherSeedGivesOthers) {
     EXPECT_EQ(first, dump(makeSample(folder, "b.mdb", {"--seed", "7"})));
     EXPECT_NE(first, dump(makeSample(folder, "c.mdb", {"--seed", "8"})));
     EXPECT_FALSE(first.contains(QLatin1String("nan")));
+}
+
+TEST(Sample, CarriesTheCountsByWhichTheEnginePlansItsJoins) {
+    const QTemporaryDir folder;
+    const data::SqliteHandle handle(makeSample(folder, "a.mdb", {}), data::SqliteHandle::Access::ReadOnly);
+    auto counted = handle.prepare("SELECT COUNT(DISTINCT tbl) FROM sqlite_stat1 WHERE tbl IN "
+                                  "('Job','JobLot','JobLotTask','JobTaskEmployee')");
+    ASSERT_TRUE(counted.step());
+    EXPECT_EQ(counted.integerAt(0), 4);
 }
 
 TEST(Sample, TheGeneratorIsTheSameOnEveryMachine) {

@@ -2,7 +2,9 @@
 
 #include <QChar>
 
-#include <array>
+#include <algorithm>
+#include <span>
+#include <string_view>
 
 namespace tarnwell {
 
@@ -98,6 +100,12 @@ QTime scanTime(Scanner& scanner) {
     return {hour.value % 12 + (morning ? 0 : 12), minute.value, second.value};
 }
 
+/// Writes the lowest digits of a number, as many as there is room for.
+void writeDigits(std::span<char> room, int number) {
+    for (auto digit = room.rbegin(); digit != room.rend(); ++digit, number /= 10)
+        *digit = static_cast<char>('0' + number % 10);
+}
+
 } // namespace
 
 DateTime dateFromText(const QString& text) {
@@ -109,22 +117,16 @@ DateTime dateFromText(const QString& text) {
     return moment.isValid() && scanner.atEnd() ? moment : DateTime{};
 }
 
-QString storedDateText(const DateTime& moment) {
-    static constexpr int Length = 19;
-    QString text(Length, u'0');
-    const auto put = [&text](int at, int width, int number) {
-        for (int i = at + width - 1; i >= at; --i, number /= 10)
-            text[i] = QChar(u'0' + number % 10);
-    };
-    put(0, 4, moment.date.year());
-    put(5, 2, moment.date.month());
-    put(8, 2, moment.date.day());
-    put(11, 2, moment.time.hour());
-    put(14, 2, moment.time.minute());
-    put(17, 2, moment.time.second());
-    text[4] = text[7] = u'-';
-    text[10] = u' ';
-    text[13] = text[16] = u':';
+std::array<char, 19> storedDate(const DateTime& moment) {
+    std::array<char, 19> text{};
+    std::ranges::copy(std::string_view("0000-00-00 00:00:00"), text.begin());
+    const std::span<char> room(text);
+    writeDigits(room.subspan(0, 4), moment.date.year());
+    writeDigits(room.subspan(5, 2), moment.date.month());
+    writeDigits(room.subspan(8, 2), moment.date.day());
+    writeDigits(room.subspan(11, 2), moment.time.hour());
+    writeDigits(room.subspan(14, 2), moment.time.minute());
+    writeDigits(room.subspan(17, 2), moment.time.second());
     return text;
 }
 

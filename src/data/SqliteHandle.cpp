@@ -5,7 +5,6 @@
 #include <QUrl>
 
 #include <algorithm>
-#include <array>
 #include <cctype>
 #include <sqlite3.h>
 #include <string_view>
@@ -13,26 +12,6 @@
 namespace tarnwell::data {
 
 namespace {
-
-/// Writes the lowest digits of a number, as many as there is room for.
-void writeDigits(std::span<char> room, int number) {
-    for (auto digit = room.rbegin(); digit != room.rend(); ++digit, number /= 10)
-        *digit = static_cast<char>('0' + number % 10);
-}
-
-/// Dates are stored as text that sorts.
-std::array<char, 19> storedDate(const DateTime& moment) {
-    std::array<char, 19> text{};
-    std::ranges::copy(std::string_view("0000-00-00 00:00:00"), text.begin());
-    const std::span<char> room(text);
-    writeDigits(room.subspan(0, 4), moment.date.year());
-    writeDigits(room.subspan(5, 2), moment.date.month());
-    writeDigits(room.subspan(8, 2), moment.date.day());
-    writeDigits(room.subspan(11, 2), moment.time.hour());
-    writeDigits(room.subspan(14, 2), moment.time.minute());
-    writeDigits(room.subspan(17, 2), moment.time.second());
-    return text;
-}
 
 int bindText(sqlite3_stmt* statement, int parameter, const QString& text) {
     const QByteArray utf8 = text.toUtf8();

@@ -28,8 +28,10 @@ public:
     bool step();
     /// Runs to its end, whatever it returns.
     void run();
+    /// Lets go of locks and makes it ready to run again; what was bound stays.
     void reset() noexcept;
     [[nodiscard]] sqlite3_stmt* get() const { return m_statement.get(); }
+    /// Columns of the row it stands on count from 0; Null reads as 0 and as "".
     [[nodiscard]] qint64 integerAt(int column) const;
     [[nodiscard]] QString textAt(int column) const;
 
@@ -43,7 +45,12 @@ private:
 /// An open database file.
 class SqliteHandle {
 public:
-    enum class Access { ReadWrite, ReadOnly, Immutable, Create };
+    enum class Access {
+        ReadWrite,
+        ReadOnly,  ///< Others may write meanwhile.
+        Immutable, ///< Read without looking for a log or a lock: nobody may write.
+        Create     ///< Makes the file where it is missing.
+    };
 
     /// Does not look into the file yet: what is wrong with it shows at the first statement.
     SqliteHandle(const QString& path, Access access);
@@ -51,6 +58,7 @@ public:
     [[nodiscard]] sqlite3* get() const { return m_handle.get(); }
     [[nodiscard]] SqliteStatement prepare(const QByteArray& sql) const { return {m_handle.get(), sql}; }
     void run(const QByteArray& sql) const { prepare(sql).run(); }
+    /// Statements that are still about keep the file open until they go.
     void close() noexcept { m_handle.reset(); }
 
     /// What the last failed statement found: a file that is damaged or no database at all, or one in use.

@@ -19,6 +19,7 @@ QDate dayZero() {
     return {1899, 12, 30};
 }
 
+/// Before day 0 the fraction still counts forward within its day, so -1.25 is 6:00 on the day before.
 double serialOf(const DateTime& moment) {
     const double day = static_cast<double>(dayZero().daysTo(moment.date));
     const double part = QTime(0, 0).secsTo(moment.time) / SecondsPerDay;

@@ -4,6 +4,7 @@
 #include <QString>
 #include <QTime>
 
+#include <array>
 #include <concepts>
 #include <variant>
 
@@ -14,6 +15,7 @@ struct DateTime {
     QDate date;
     QTime time{0, 0};
 
+    /// A day of the calendar and a time of that day; the default one is not.
     [[nodiscard]] bool isValid() const { return date.isValid() && time.isValid(); }
     friend bool operator==(const DateTime&, const DateTime&) = default;
     friend bool operator<(const DateTime& a, const DateTime& b) {
@@ -30,7 +32,7 @@ class Value {
 public:
     enum class Kind { Empty, Null, YesNo, Long, Double, Date, Text };
 
-    Value() = default;
+    Value() = default; ///< Empty.
     template <std::same_as<bool> B>
     Value(B yes) : m_data(yes) {}
     template <std::integral I>
@@ -51,8 +53,12 @@ public:
 
     /// Halves round to even, as the run time rounds. Double, Date and Text must fit 32 bits.
     [[nodiscard]] qint64 toLong() const;
+    /// A date is its days since 12/30/1899, the time as their fraction. Text may carry blanks around it, a
+    /// currency sign and thousands separators, and nothing else; compare `Val`, which takes a prefix.
     [[nodiscard]] double toDouble() const;
+    /// "True" and "False" in any case; else whatever is not 0.
     [[nodiscard]] bool toBool() const;
+    /// The way back from `toDouble`; text as `dateFromText` takes it.
     [[nodiscard]] DateTime toDate() const;
     /// "12", "0.5" (15 digits), "True"/"False", "mm/dd/yyyy" with " hh:mm:ss" when there is a time.
     [[nodiscard]] QString toText() const;
@@ -75,7 +81,8 @@ private:
 [[nodiscard]] DateTime dateFromText(const QString& text);
 
 /// A date as a date column stores it: "YYYY-MM-DD HH:MM:SS", so that the texts sort as the dates do.
-[[nodiscard]] QString storedDateText(const DateTime& moment);
+/// Characters without a closing NUL; the year must have at most four digits.
+[[nodiscard]] std::array<char, 19> storedDate(const DateTime& moment);
 
 /// Orders two values as an ascending sort does: Empty and Null first, numbers by size, text without case.
 [[nodiscard]] int compareValues(const Value& a, const Value& b);

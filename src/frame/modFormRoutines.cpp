@@ -115,8 +115,9 @@ void BuildToolbar(Screen& form, ButtonMask mask) {
         QToolButton* button = makeButton(row, toolbar);
         QObject::connect(button, &QToolButton::clicked, &form,
                          guarded([&form, button] { form.Toolbar1_ButtonClick(button->text()); }));
-        QObject::connect(new QShortcut(QKeySequence(QLatin1String(row.shortcut)), &form),
-                         &QShortcut::activated, button, &QToolButton::click);
+        if (*row.shortcut != '\0')
+            QObject::connect(new QShortcut(QKeySequence(QLatin1String(row.shortcut)), &form),
+                             &QShortcut::activated, button, &QToolButton::click);
         toolbar.addWidget(button);
     }
     if (groupWithButtons != 0 && groupWithButtons <= lastSeparatedGroup)

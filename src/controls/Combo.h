@@ -21,33 +21,43 @@ public:
     void AddItem(const QString& text, qint64 itemData = 0, int at = -1);
     /// Replaces all items at once; nothing is chosen then.
     void setItems(std::vector<ListItem> items);
+    /// Takes away all items and the text.
     void Clear();
     [[nodiscard]] int ListCount() const override;
+    /// "" for an index that is not in the list.
     [[nodiscard]] QString List(int index) const override;
+    /// What was chosen last; -1 when nothing was, or the text was typed over since.
     [[nodiscard]] int ListIndex() const { return m_listIndex; }
-    /// Raises InvalidProperty (380) below -1 and past the end. An error of the click routine comes back here.
+    /// -1 takes the choice and the text away. Raises InvalidProperty (380) below -1 and past the end. An
+    /// error of the click routine comes back here.
     void setListIndex(int index) override;
     /// Raises InvalidProperty (380) for an index that is not in the list.
     [[nodiscard]] qint64 ItemData(int index) const;
     [[nodiscard]] QString Text() const override { return currentText(); }
     /// Shows a text; an entry of the same text is not chosen by it.
     void setText(const QString& text);
+    /// The caret counts from 0; with a selection, its start.
     [[nodiscard]] int SelStart() const override;
     void setSelStart(int caret) override;
 
 Q_SIGNALS:
+    /// A choice, by whom ever; `ListIndex` tells which.
     void clicked();
-    /// Codes as in `KeyCode`; setting `keyCode` to 0 swallows the key.
+    /// Codes as in `KeyCode`; setting `keyCode` to 0 swallows the key. `shift` as `shiftStateOf` gives it.
     void keyDown(int& keyCode, int shift);
+    /// Only for keys that went down here, and once for one that was held.
     void keyUp(int keyCode, int shift);
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
+    /// Turns only with the focus, so that scrolling past changes no choice.
     void wheelEvent(QWheelEvent* event) override;
 
 private:
+    /// Shows the entry and fires, whatever was chosen before.
     void choose(int index);
+    /// Up or down the list; stops at its ends and fires nothing there.
     void step(int by);
     void forgetChoice();
 

@@ -24,13 +24,16 @@ public:
     [[nodiscard]] Value value() const;
     /// Empty and Null show nothing; a text shows as it is.
     void setValue(const Value& value);
+    /// What stands in the box, as typed.
     [[nodiscard]] QString text() const;
     void setText(const QString& text);
     /// A day on or back; raises TypeMismatch (13) when the text is no date; nothing when it is empty.
     void addDays(int days);
+    /// The box's own; for its name and its limits.
     [[nodiscard]] QLineEdit* edit() const { return m_edit; }
 
 Q_SIGNALS:
+    /// The text changed, by key, arrow or code.
     void changed();
 
 protected:

@@ -12,10 +12,12 @@ class DayArrows : public QScrollBar {
 public:
     explicit DayArrows(QWidget* parent = nullptr);
 
+    /// As high as a line of text; any other height is halved between the arrows.
     [[nodiscard]] QSize sizeHint() const override;
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    /// Turns only with the focus, so that scrolling a form changes no date.
     void wheelEvent(QWheelEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
 };

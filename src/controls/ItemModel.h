@@ -19,6 +19,7 @@ class ItemModel : public QAbstractListModel {
 public:
     using QAbstractListModel::QAbstractListModel;
 
+    /// Replaces all; views forget what was current.
     void setItems(std::vector<ListItem> items);
     /// `at` from 0 to the count.
     void insert(int at, ListItem item);

@@ -4,7 +4,8 @@ class QKeyEvent;
 
 namespace tarnwell {
 
-/// The code of a key event as the screens know it (`KeyCode`): letters and digits by their capital character.
+/// The code of a key event as the screens know it (`KeyCode`): letters and digits by their capital character,
+/// punctuation by its key, with Shift or without. 255 for a key that has no code, never 0.
 [[nodiscard]] int keyCodeOf(const QKeyEvent& event);
 /// 1 Shift, 2 Ctrl, 4 Alt.
 [[nodiscard]] int shiftStateOf(const QKeyEvent& event);

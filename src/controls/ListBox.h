@@ -11,9 +11,11 @@ class ListBox : public QListWidget {
     Q_OBJECT
 
 public:
+    /// Fixed: lines whose columns are made of blanks stand one below the other.
     enum class Pitch { Proportional, Fixed };
     explicit ListBox(Pitch pitch = Pitch::Proportional, QWidget* parent = nullptr);
 
+    /// A line at the end; what is chosen does not change.
     void AddItem(const QString& text, qint64 itemData = 0);
     /// Replaces all lines and repaints once; nothing is chosen then.
     void setItems(const std::vector<ListItem>& items);
@@ -28,6 +30,7 @@ public:
     [[nodiscard]] qint64 ItemData(int index) const;
 
 Q_SIGNALS:
+    /// A choice by mouse, key or code.
     void clicked();
     /// A double click on a line, or Enter.
     void doubleClick();

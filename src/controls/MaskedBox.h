@@ -23,12 +23,15 @@ public:
     [[nodiscard]] QString Text() const override { return text(); }
     /// Start of the selection, else the caret.
     [[nodiscard]] int SelStart() const override;
+    /// Takes a selection away.
     void setSelStart(int caret) override;
 
 Q_SIGNALS:
     /// Codes as in `KeyCode`; setting `keyCode` to 0 swallows the key.
     void keyDown(int& keyCode, int shift);
+    /// Once for a key that was held.
     void keyUp(int keyCode, int shift);
+    /// With the left button.
     void doubleClick();
 
 protected:

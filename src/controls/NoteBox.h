@@ -11,6 +11,7 @@ class NoteBox : public QPlainTextEdit {
 public:
     explicit NoteBox(QWidget* parent = nullptr);
 
+    /// The note as plain text, its lines divided by "\n".
     [[nodiscard]] QString text() const { return toPlainText(); }
     void setText(const QString& text) { setPlainText(text); }
 

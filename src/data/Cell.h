@@ -28,6 +28,7 @@ struct Cell {
 /// Keeps texts for as long as it lives, in blocks, so that a row costs no allocation.
 class TextArena {
 public:
+    /// A copy of the text; it stays where it is for as long as the arena lives.
     [[nodiscard]] const char* keep(const char* text, std::size_t size);
 
 private:
@@ -42,11 +43,13 @@ private:
 /// Rows of cells in blocks, so that growing moves nothing.
 class CellRows {
 public:
+    /// `width`: cells of a row.
     explicit CellRows(int width);
 
     [[nodiscard]] int size() const { return m_size; }
     /// Room for one more row; its cells are not set.
     [[nodiscard]] std::span<Cell> append();
+    /// Stays valid while rows are appended.
     [[nodiscard]] std::span<Cell> row(int index);
     /// Takes the last row away.
     void removeLast() { --m_size; }

@@ -153,6 +153,7 @@ void translatePatterns(const std::vector<int>& patterns, std::vector<Value>& par
 
 } // namespace
 
+/// Shapes by their text, looked up by the scan's own buffer without a copy of it.
 struct Dialect::Cache {
     struct Hash {
         using is_transparent = void;

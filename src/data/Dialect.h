@@ -44,6 +44,7 @@ class Dialect {
 public:
     Dialect();
     ~Dialect();
+    /// Raises DataOverflow for a number beyond a double's range.
     [[nodiscard]] Translation translate(QStringView sql);
 
 private:

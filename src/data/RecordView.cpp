@@ -30,6 +30,7 @@ int RecordView::visibleCount() {
     return static_cast<int>(m_list.size());
 }
 
+/// Unlisted, a row is its own number: the first look at a row costs no list.
 RowId RecordView::visibleAt(int index) {
     if (index < 0 || !hasVisible(index))
         return noRow;

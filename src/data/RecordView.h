@@ -19,6 +19,7 @@ public:
     [[nodiscard]] const std::shared_ptr<RowStore>& sharedStore() const { return m_store; }
     /// Stands before the first look: on the first row, once somebody asks.
     void setStore(std::shared_ptr<RowStore> store);
+    /// Stands on the first row that passes, once somebody asks.
     void setFilter(RecordFilter filter);
     [[nodiscard]] const RecordFilter& filter() const { return m_filter; }
 
@@ -37,7 +38,9 @@ public:
     [[nodiscard]] bool atEnd();
 
     void moveFirst() { m_place = Place::First; }
+    /// Fetches all; to the end when nothing is visible.
     void moveLast();
+    /// Along the visible rows, backward for a negative number, no further than to an end.
     void moveBy(int rows);
     /// To a visible row by its place, to an end when there is no such row.
     void moveTo(int index);

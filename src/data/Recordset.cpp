@@ -89,7 +89,7 @@ Recordset::State_& Recordset::open() const {
 void Recordset::Open(const QString& source, Connection& connection, CursorType cursor, LockType lock) {
     if (State() == ObjectState::Open)
         raise(Failure::ObjectOpen);
-    m_state.reset();
+    m_state.reset(); // of a connection that was closed
     const std::shared_ptr<data::Engine>& engine = connection.sharedEngine();
     const data::Translation translation = engine->translate(source);
     if (translation.shape->kind != data::StatementKind::Select) {
@@ -298,6 +298,7 @@ void Recordset::set(int index, const Value& value) {
         raise(Failure::NotUpdatable, column.name);
     if (!state.adding)
         (void)state.readableRow();
+    // Converted here, so that a wrong value fails where it is set and not at a later move.
     Value converted = data::coerced(value, *column.stored());
     const auto set = std::ranges::find(state.pending, index, &ColumnChange::column);
     if (set != state.pending.end())

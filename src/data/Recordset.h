@@ -14,7 +14,9 @@ namespace data {
 class RowStore;
 }
 
+/// When rows are fetched (see `Recordset`); what others write afterwards shows in none of them.
 enum class CursorType { ForwardOnly = 0, Keyset = 1, Dynamic = 2, Static = 3 };
+/// ReadOnly refuses every write; the others write row by row and check for other seats' changes.
 enum class LockType { ReadOnly = 1, Pessimistic = 2, Optimistic = 3 };
 
 /// Rows of a statement, walked by a current position, and written through when the lock type allows it.
@@ -43,14 +45,16 @@ public:
     /// once and leaves the recordset closed. Stands on the first row afterwards. Raises ObjectOpen if open.
     void Open(const QString& source, Connection& connection, CursorType cursor = CursorType::Static,
               LockType lock = LockType::ReadOnly);
+    /// Lets go of the rows; what is pending is lost. Raises ObjectClosed when it is closed already.
     void Close();
+    /// Closed also once the connection is.
     [[nodiscard]] ObjectState State() const;
     /// Runs the statement again; keeps the filter; stands on the first row.
     void Requery();
 
     [[nodiscard]] bool atBeginning() const; ///< BOF
     [[nodiscard]] bool atEnd() const;       ///< EOF
-    void MoveFirst();
+    void MoveFirst();                       ///< Without rows at BOF and EOF at once, as is `MoveLast`.
     void MoveLast();
     void MoveNext();     ///< At EOF raises NoCurrentRecord.
     void MovePrevious(); ///< At BOF raises NoCurrentRecord.
@@ -62,9 +66,12 @@ public:
     [[nodiscard]] int AbsolutePosition() const;
     /// Beyond the last row is EOF; below 1 raises WrongArguments.
     void setAbsolutePosition(int position);
+    /// Rows of a page; 10 unless set. Raises WrongArguments below 1.
     [[nodiscard]] int PageSize() const;
     void setPageSize(int rows);
+    /// The last page may be short; 0 without rows.
     [[nodiscard]] int PageCount() const;
+    /// From 1; -1 where `AbsolutePosition` is.
     [[nodiscard]] int AbsolutePage() const;
     /// To the first row of the page; raises WrongArguments when there is no such page.
     void setAbsolutePage(int page);
@@ -76,7 +83,8 @@ public:
     /// Moves to the next row (the current one included, after skipping `skip` rows) that meets one
     /// comparison; EOF when none does, BOF going backward. Raises NoCurrentRecord at BOF or EOF.
     void Find(const QString& criteria, int skip = 0, bool backward = false);
-    /// A second position over the same rows: what one writes the other sees.
+    /// A second position over the same rows: what one writes the other sees. It starts on the first row,
+    /// without the filter.
     [[nodiscard]] Recordset Clone() const;
 
     [[nodiscard]] int FieldCount() const;
@@ -84,6 +92,8 @@ public:
     [[nodiscard]] QString FieldName(int index) const;
     /// Position of a column, or -1.
     [[nodiscard]] int FieldIndex(const QString& name) const;
+    /// Null comes back as Null. What was set and not yet written is read back; an unset column of a new row
+    /// is Empty.
     [[nodiscard]] Value field(const QString& name) const;
     [[nodiscard]] Value field(int index) const;
     [[nodiscard]] Value operator[](const QString& name) const { return field(name); }
@@ -98,9 +108,12 @@ public:
     /// Raises RowChanged or RowDeleted, writing nothing, when somebody else was faster; Constraint.
     /// After a failure what was set is still pending: mend it and call again, or `CancelUpdate`.
     void Update();
+    /// Forgets what was set, and a row begun by `AddNew`; nothing when nothing is pending.
     void CancelUpdate();
     [[nodiscard]] bool isEditing() const; ///< Something is set or added and not written.
-    /// Deletes the current row; it stays current, and unreadable, until the next move.
+    /// Deletes the current row; it stays current, and unreadable, until the next move. Of joined tables the
+    /// one that carries the others' keys loses its row. Raises as `Update`; NotAllowed while a row is being
+    /// added.
     void Delete();
 
     /// Access by row number (1 is the first that the filter lets through) without moving: for grids. Values
@@ -109,6 +122,7 @@ public:
     /// True when at least `row` rows exist; fetches no further than that.
     [[nodiscard]] bool hasRow(int row) const;
 
+    /// Its lock type allows writing and its rows stand for stored ones.
     [[nodiscard]] bool isUpdatable() const;
 
 private:

@@ -49,6 +49,7 @@ ResultColumns::ResultColumns(sqlite3_stmt* statement, const TranslatedShape& sha
     qualifySharedNames();
 }
 
+/// The engine tells the table and the column behind an alias; the catalogue knows their type.
 void ResultColumns::readColumns(sqlite3_stmt* statement, const TranslatedShape& shape, int cells) {
     for (int i = 0; i < cells; ++i) {
         ResultColumn column;
@@ -132,6 +133,7 @@ const KeyTable* ResultColumns::keyTableOf(int column) const {
     return found == m_keyTables.end() ? nullptr : &*found;
 }
 
+/// The one table that no other one refers to: the "many" side of the join.
 const KeyTable* ResultColumns::mainTable() const {
     const auto isReferred = [this](const KeyTable& candidate) {
         return std::ranges::any_of(

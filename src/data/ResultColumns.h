@@ -21,8 +21,9 @@ struct ResultColumn {
     QString bareName;  ///< Alias, or the stored column's own name.
     QString qualifier; ///< The table as the statement calls it; empty for a computed column.
     const schema::Table* table = nullptr; ///< Null for a computed column.
-    int tableColumn = -1;
+    int tableColumn = -1;                 ///< Its place in the table's columns; -1 for a computed column.
 
+    /// The column in the catalogue; null for a computed one, which cannot be written.
     [[nodiscard]] const schema::Column* stored() const;
 };
 

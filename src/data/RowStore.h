@@ -49,6 +49,7 @@ public:
     void setValue(RowId row, int cell, const Value& value);
     /// A new row of Nulls behind all others; `keyCell` is to hold the key by which a later fetch knows it.
     [[nodiscard]] RowId addRow(int keyCell);
+    /// Takes back an `addRow` whose write failed.
     void dropLastAdded() { m_added.removeLast(); }
     /// Calls `visit(RowId)` for each row that is here, fetching nothing.
     template <class Visitor>
@@ -58,7 +59,9 @@ public:
         for (int i = 0; i < m_added.size(); ++i)
             visit(firstAddedRow + i);
     }
+    /// Its cells stay readable, for whoever names the row.
     void markDeleted(RowId row) { m_deleted.insert(row); }
+    /// Where the texts of new cells go.
     [[nodiscard]] TextArena& texts() { return m_texts; }
 
     /// Fetches the rest if fetching has begun; a failure shows when somebody walks there.

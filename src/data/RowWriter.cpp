@@ -79,6 +79,7 @@ void RowWriter::update(RowId row, std::span<const ColumnChange> changes) {
     if (changes.empty())
         return;
     WriteScope scope(m_store.engine());
+    // Columns of joined tables go to their own tables, all or none.
     for (const KeyTable& table : m_columns.keyTables()) {
         std::vector<ColumnChange> own;
         std::ranges::copy_if(changes, std::back_inserter(own), [&](const ColumnChange& change) {

@@ -27,10 +27,14 @@ public:
     void remove(RowId row);
 
 private:
+    /// Raises NotUpdatable on the side of an outer join that has no row.
     [[nodiscard]] qint64 keyOf(RowId row, const KeyTable& table) const;
+    /// Compares the stored row with what was read, column by column.
     void requireUnchanged(RowId row, const KeyTable& table);
     void writeColumns(RowId row, const KeyTable& table, std::span<const ColumnChange> changes);
+    /// No column is computed or another table's, so a new row needs no look through the query.
     [[nodiscard]] bool isWhollyFrom(const KeyTable& table) const;
+    /// Raises NotUpdatable when more than one table may be meant, as `tableForInsert` does.
     [[nodiscard]] const KeyTable& mainTable() const;
     [[nodiscard]] const KeyTable& tableForInsert(std::span<const ColumnChange> changes) const;
     void readGenerated(qint64 key, RowId row, const KeyTable& table);

@@ -11,9 +11,12 @@ class RunTimeError : public std::exception {
 public:
     RunTimeError(int number, QString source, QString description);
 
+    /// What handlers test and users quote: negative for the database, else the run time's or the recordset's.
     [[nodiscard]] int number() const { return m_number; }
+    /// Who raised it: "Tarnwell", "ADODB.Recordset", "ADODB.Connection" or "SQLite".
     [[nodiscard]] const QString& source() const { return m_source; }
     [[nodiscard]] const QString& description() const { return m_description; }
+    /// The description in UTF-8.
     [[nodiscard]] const char* what() const noexcept override { return m_what.constData(); }
 
 private:

@@ -12,32 +12,46 @@
 
 namespace tarnwell::schema {
 
-enum class ColumnType { Key, Long, Small, Money, YesNo, Date, Text };
+/// What a column holds, and how it comes out of a recordset.
+enum class ColumnType {
+    Key,   ///< The table's own key: generated, from 1 on, never given out twice.
+    Long,  ///< 32 bits; also keys of other tables, where 0 means none.
+    Small, ///< 16 bits.
+    Money, ///< A double in the currency's unit; rounded only where it is shown.
+    YesNo, ///< Stored as -1 and 0, never Null.
+    Date,  ///< Day and time to the second, without a time zone.
+    Text   ///< Compares without regard to case.
+};
 
 /// What a relation does to the row that refers when the row it refers to is deleted.
-enum class OnDelete { Cascade, Refuse };
+enum class OnDelete {
+    Cascade, ///< It goes along.
+    Refuse   ///< The deletion fails as a constraint, and nothing is deleted.
+};
 
 struct Column {
-    QString name;
+    QString name; ///< As SQL text spells it; may hold a blank.
     ColumnType type;
     int length = 0; ///< Text: what the screens limit it to, 0 for no limit. Not enforced here.
     std::optional<Value> defaultValue; ///< None: Null.
-    bool notNull = false;
+    bool notNull = false;              ///< A write of Null fails as a constraint.
 };
 
+/// A column that must lead to a row of another table's key. None stands on a column that may hold 0.
 struct Relation {
     QString column;
     QString parentTable;
     OnDelete onDelete;
 };
 
+/// Makes a search or a sort cheap. The name on the disk comes from the table and the columns.
 struct Index {
     std::vector<QString> columns; ///< In order.
 };
 
 struct Table {
     QString name;
-    QString keyColumn;
+    QString keyColumn; ///< The first of `columns`; three tables do not name it after themselves.
     std::vector<Column> columns;
     std::vector<Relation> relations;
     std::vector<Index> indexes;

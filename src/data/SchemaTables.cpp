@@ -65,14 +65,17 @@ Table table(const char* name, std::vector<Column> columns, std::vector<Relation>
 
 std::vector<Table> catalogueTables() {
     return {
+        // All small lists. `Code1` is 1 for employee types, 2 categories, 4 option names, 5 option groups.
         table("Code",
               {key("CodeKey"), small("Code1"), link("Code2"), text("Description", 50), yesNo("Deleted")}, {},
               {index({"Code1", "Deleted", "Description"}), index({"Code1", "Code2", "Description"}),
                index({"Deleted", "Description"})}),
+        // The catalogue that plans and lots copy their tasks from.
         table("MasterTask",
               {key("MasterTaskKey"), link("CodeKey"), text("Name", 50), money("MasterPrice"),
                text("CustomTask", 1), yesNo("ExcludeDependency"), yesNo("Deleted")},
               {}, {index({"Deleted", "Name"}), index({"CodeKey", "Deleted", "Name"})}),
+        // The category `DependentKey` is to be paid before `CategoryKey`.
         table("CategoryDependency", {key("CategoryDependencyKey"), link("CategoryKey"), link("DependentKey")},
               {}, {index({"CategoryKey", "DependentKey"})}),
     };
@@ -84,6 +87,7 @@ std::vector<Table> builderTables() {
               {key("ContractorKey"), text("Name", 50), text("Address 1", 50), text("Address 2", 50),
                text("City", 50), text("State", 10), text("Zipcode", 10), text("License", 20)},
               {}, {index({"Name"}), index({"Address 1"})}),
+        // A builder's house plan and, below, its priced tasks and their options.
         table("ContractorPlan", {key("ContractorPlanKey"), owner("ContractorKey"), text("PlanName")},
               {refersTo("Contractor", "ContractorKey", OnDelete::Cascade)},
               {index({"ContractorKey", "PlanName"})}),
@@ -99,6 +103,7 @@ std::vector<Table> builderTables() {
                money("MasterPrice")},
               {refersTo("ContractorPlanTask", "ContractorPlanTaskKey", OnDelete::Cascade)},
               {index({"ContractorPlanTaskKey", "Name"})}),
+        // One task in one group of one builder; here `CodeKey` names the group, not a category.
         table("ContractorOptionGroup",
               {key("OptionGroupKey"), owner("ContractorKey"), link("CodeKey"), link("MasterTaskKey"),
                money("MasterPrice"), yesNo("ExcludeDependency")},
@@ -110,6 +115,7 @@ std::vector<Table> builderTables() {
 
 std::vector<Table> jobTables() {
     return {
+        // Open while `CompletedDate` is Null; nothing else says so.
         table("Job",
               {key("JobKey"), text("JobNumber", 30), text("Name", 30), text("Foreman"),
                owner("ContractorKey"), date("CompletedDate")},
@@ -120,6 +126,7 @@ std::vector<Table> jobTables() {
               {key("JobLotKey"), owner("JobKey"), text("LotBlock", 10), text("PlanName", 20),
                text("Address", 50), link("ContractorPlanKey"), yesNo("ExcludeDependencyCheck")},
               {refersTo("Job", "JobKey", OnDelete::Cascade)}, {index({"JobKey", "LotBlock"})}),
+        // A tree of two levels: `ParentKey` is 0 on a plain row, else the parent's key, also on the parent.
         table("JobLotTask",
               {key("JobLotTaskKey"), owner("JobLotKey"), link("MasterTaskKey"), link("CodeKey"),
                link("ContractorPlanTaskKey"), link("ContractorTaskOptionKey"), text("Name", 50),
@@ -142,6 +149,7 @@ std::vector<Table> employeeTables() {
               {},
               {index({"SSN"}), index({"LastName"}), index({"FirstName"}), index({"Type", "LastName"}),
                index({"Inactive", "SSN"}), index({"Inactive", "LastName"})}),
+        // A payment. Whether a task is paid is always the sum of these rows.
         table("JobTaskEmployee",
               {key("JobTaskEmployee"), owner("JobLotTaskKey"), owner("EmployeeKey"), money("Price"),
                date("Completed"), text("Note")},

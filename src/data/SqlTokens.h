@@ -59,11 +59,12 @@ enum class Keyword {
 /// One token of a shape, and how it is written for the engine.
 struct Token {
     TokenKind kind = TokenKind::End;
-    QStringView text;
-    Keyword keyword = Keyword::None;
-    int literal = 0;  ///< Of a mark: which literal it stands for, counted from 1.
-    int partner = -1; ///< Of a parenthesis: where the other one stands.
+    QStringView text;                ///< As it stands in the shape.
+    Keyword keyword = Keyword::None; ///< None for names, and for all that is no word.
+    int literal = 0;                 ///< Of a mark: which literal it stands for, counted from 1.
+    int partner = -1;                ///< Of a parenthesis: where the other one stands.
 
+    // How it is written: what is put in front, what stands in its place, what is put behind.
     QByteArray before;
     const char* instead = nullptr; ///< Null: the token as it is. Empty: nothing.
     QByteArray after;
@@ -94,6 +95,7 @@ public:
     }
     /// Within the range only.
     [[nodiscard]] Token& operator[](int index) { return m_tokens[static_cast<std::size_t>(index)]; }
+    /// Takes the last token away; partners of the others stay right.
     void dropLast() { m_tokens.pop_back(); }
 
     /// First place of a keyword outside of parentheses, or -1.

@@ -69,6 +69,8 @@ QString constraintText(int extendedCode, const QString& words, const char* sql) 
 
 } // namespace
 
+/// The engine has no code of its own for a missing table or column; only its words tell it from a slip of
+/// syntax.
 Failure failureOf(int extendedCode, const QString& words) {
     const int primaryCode = extendedCode & 0xFF;
     if (primaryCode == SQLITE_ERROR) {

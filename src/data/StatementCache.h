@@ -13,10 +13,10 @@ class ResultColumns;
 
 /// A prepared statement with what is known of its result, so that the thousandth query of a loop only binds.
 struct PreparedStatement {
-    QByteArray sql;
+    QByteArray sql; ///< The key by which it is found again.
     SqliteStatement statement;
     std::shared_ptr<const ResultColumns> columns; ///< Null until somebody asked for them.
-    quint64 lastUse = 0;
+    quint64 lastUse = 0;                          ///< By the cache's own clock.
 };
 
 /// Prepared statements that nobody uses at the moment. Must not outlive its handle.
@@ -26,6 +26,7 @@ public:
 
     /// An idle statement of that text, else a new one. It belongs to the caller alone until given back.
     [[nodiscard]] std::unique_ptr<PreparedStatement> take(const QByteArray& sql);
+    /// Resets it. The statement least lately used goes when there are too many.
     void giveBack(std::unique_ptr<PreparedStatement> prepared);
     /// Finalizes all that is idle; what comes back later is finalized as well.
     void close();
@@ -50,6 +51,7 @@ public:
     StatementLease(const StatementLease&) = delete;
     StatementLease& operator=(const StatementLease&) = delete;
 
+    /// Gives it back now; nothing when it holds none.
     void release();
     [[nodiscard]] explicit operator bool() const { return m_prepared != nullptr; }
     [[nodiscard]] SqliteStatement* operator->() const { return &m_prepared->statement; }

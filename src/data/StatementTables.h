@@ -13,6 +13,7 @@ namespace tarnwell::data {
 /// The tables that a statement names, and the columns behind its names.
 class StatementTables {
 public:
+    /// Raises PermissionDenied for the engine's own tables.
     StatementTables(const SqlTokens& tokens, StatementKind kind);
 
     /// Alias (or name) and table, in the order of the text; a table without an alias as the catalogue spells

@@ -23,10 +23,13 @@ public:
     /// `defaultGot` runs for a control without a got routine of its own.
     ActiveControl(QWidget& window, std::function<void(QWidget&)> defaultGot);
 
+    /// Counts a control in; it is forgotten when it is destroyed.
     void add(QWidget* control);
+    /// Both count the control in. A second routine replaces the first.
     void setGotRoutine(QWidget* control, std::function<void()> routine);
     void setLostRoutine(QWidget* control, std::function<void()> routine);
 
+    /// Null before the first focus and after `forget`.
     [[nodiscard]] QWidget* current() const { return m_active; }
     /// Moves the focus by code, also while the window is not the active one. The active control's got routine
     /// runs again. Does nothing for a control that is disabled. The routines' errors come back here.

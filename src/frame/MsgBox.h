@@ -8,6 +8,7 @@
 namespace tarnwell {
 
 enum class MessageIcon { None, Critical, Question, Exclamation, Information };
+/// From the first button to the last.
 enum class MessageButtons { Ok, OkCancel, YesNo, YesNoCancel };
 enum class Answer { Ok, Cancel, Yes, No };
 

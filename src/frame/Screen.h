@@ -48,6 +48,7 @@ public:
     /// Loads the form if it is not, shows it with `owner` as its owner and raises it. Modal: returns when the
     /// form is hidden or unloaded. A form that is shown already is raised only.
     void Show(Modality modality, QWidget* owner);
+    /// Takes the window off the screen and keeps the form loaded; ends a modal `Show`.
     void Hide();
     /// `Form_Unload`, then the form is closed and forgotten; the next use makes it anew. An error of
     /// `Form_Unload` comes back here and leaves the form loaded.
@@ -67,13 +68,18 @@ public:
     void setStatusText(const QString& text);
     [[nodiscard]] QString statusText() const;
 
+    /// Holds the form's controls, below the toolbar and above the status bar.
     [[nodiscard]] QWidget* canvas() const { return m_canvas; }
+    /// Null for a form without one.
     [[nodiscard]] QToolBar* toolbar() const { return m_toolbar; }
 
 protected:
+    /// Builds and fills the form; runs once.
     virtual void Form_Load() = 0;
     virtual void Form_Activate() {}
+    /// Commits the grids and closes the recordsets; runs once unless it raises.
     virtual void Form_Unload() {}
+    /// A button was pressed; told by its caption, not its key.
     virtual void Toolbar1_ButtonClick(const QString& /*caption*/) {}
     /// Closing by the title bar; unloads. A dialog that hides itself overrides it.
     virtual void closeRequested() { Unload(); }

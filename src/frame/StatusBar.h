@@ -25,6 +25,7 @@ class StatusBar : public QStatusBar {
 public:
     explicit StatusBar(QWidget* parent = nullptr);
 
+    /// The free text of the first panel; the other two keep themselves.
     void setText(const QString& text);
     [[nodiscard]] QString text() const { return m_text->text(); }
 
@@ -35,7 +36,7 @@ private:
     ElidedLabel* m_text;
     QLabel* m_capsLock;
     QLabel* m_clock;
-    QTimer m_nextMinute;
+    QTimer m_nextMinute; ///< Fires once, at the turn of the minute.
 };
 
 } // namespace tarnwell

@@ -16,6 +16,7 @@ public:
     /// Replaces the text by that entry (-1: none) and fires the click routine, also for the same index.
     virtual void setListIndex(int index) = 0;
     [[nodiscard]] virtual QString Text() const = 0;
+    /// Characters in front of the caret, or of the selection's start.
     [[nodiscard]] virtual int SelStart() const = 0;
     virtual void setSelStart(int caret) = 0;
 };

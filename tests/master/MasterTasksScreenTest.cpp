@@ -14,6 +14,7 @@ struct MasterTasksTest : MasterScreenTest<frmMasterTasks> {
     qint64 unpaid = data.addLotTask(data.openLot, data.walls);
 
     MasterTasksTest() {
+        GTEST_FLAG_SET(death_test_style, "threadsafe");
         data.addTask("Beams", 40, data.framing);
         data.addTask("Pipes", 30, data.plumbing);
     }
@@ -193,9 +194,9 @@ TEST_F(MasterTasksTest, ARowThatAnotherSeatDeletedKeepsItsCategory) {
 }
 
 TEST_F(MasterTasksTest, AnEmptyPriceThatIsToBeCarriedStopsTheProgram) {
-    GTEST_FLAG_SET(death_test_style, "threadsafe");
     EXPECT_EXIT(
         {
+            setMessagePresenter({}); // the message goes to standard error
             open();
             driver->find<Combo>("cmbCascade").setListIndex(1);
             driver->find<QCheckBox>("chkUpdatePrice").setChecked(true);
@@ -204,7 +205,21 @@ TEST_F(MasterTasksTest, AnEmptyPriceThatIsToBeCarriedStopsTheProgram) {
             driver->press(Qt::Key_Delete);
             driver->press(Qt::Key_Up);
         },
-        ::testing::ExitedWithCode(1), "");
+        ::testing::ExitedWithCode(1), "-2147217900");
+}
+
+TEST_F(MasterTasksTest, AddingADependencyWhereThereIsNoOtherCategoryStopsTheProgram) {
+    data.db.run("UPDATE Code SET Deleted=-1 WHERE Description='Plumbing'");
+    EXPECT_EXIT(
+        {
+            setMessagePresenter({});
+            open();
+            driver->focus("jgDependency");
+            whenModal([](QWidget& dialog) { ScreenDriver(dialog).press(Qt::Key_Return); });
+            driver->clickToolbar("Add");
+        },
+        ::testing::ExitedWithCode(1), "380");
+    EXPECT_EQ(ask("SELECT Count(*) FROM CategoryDependency"), Value(0));
 }
 
 TEST_F(MasterTasksTest, DependenciesAreAddedByTypingAndRemovedWhenAsked) {

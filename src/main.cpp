@@ -1,3 +1,4 @@
+#include "builders/frmBuilder.h"
 #include "frame/DataEnvironment.h"
 #include "frame/EventGuard.h"
 #include "frame/HelpKey.h"
@@ -43,6 +44,7 @@ void registerScreen(const char* key, Screen::Modality modality) {
 
 /// Every screen that the main window can show.
 void registerScreens() {
+    registerScreen<frmBuilder>("frmBuilder", Screen::Modality::Modeless);
     registerScreen<frmMasterCodes>("frmMasterCodes", Screen::Modality::Modal);
     registerScreen<frmMasterTasks>("frmMasterTasks", Screen::Modality::Modal);
     registerScreen<frmEmployee>("frmEmployee", Screen::Modality::Modeless);

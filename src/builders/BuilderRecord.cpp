@@ -57,13 +57,4 @@ QString tasksOfPlan(qint64 planKey, qint64 codeKey) {
            " AND CodeKey=" + QString::number(codeKey) + "  ORDER BY NAME";
 }
 
-std::vector<std::pair<QString, qint64>> planTaskCategories(Connection& connection) {
-    Recordset codes;
-    codes.Open("SELECT * FROM Code WHERE Deleted=0 AND Code1=2 ORDER BY Description", connection);
-    std::vector<std::pair<QString, qint64>> items;
-    for (; !codes.atEnd(); codes.MoveNext())
-        items.emplace_back(FieldText(codes["Description"]), codes["CodeKey"].toLong());
-    return items;
-}
-
 } // namespace tarnwell

@@ -1,13 +1,10 @@
 #pragma once
 
 #include "data/Connection.h"
-#include "data/Value.h"
 
 #include <QString>
 
 #include <array>
-#include <utility>
-#include <vector>
 
 namespace tarnwell {
 
@@ -45,7 +42,5 @@ void deleteBuilder(Connection& connection, qint64 builderKey);
 [[nodiscard]] QString plansOfBuilder(qint64 builderKey);
 /// The tasks of a plan in a category by name; none for a plan of 0.
 [[nodiscard]] QString tasksOfPlan(qint64 planKey, qint64 codeKey);
-/// The categories of tasks by name, with their keys.
-[[nodiscard]] std::vector<std::pair<QString, qint64>> planTaskCategories(Connection& connection);
 
 } // namespace tarnwell

@@ -85,7 +85,8 @@ public:
 private:
     void readRows();
     void refreshRow(int modelRow);
-    [[nodiscard]] int rowsBefore() const { return newRowLine() == 0 ? 1 : 0; }
+    /// Also in an empty grid the line counts only where it stands first.
+    [[nodiscard]] int rowsBefore() const { return m_line && m_position == NewRowPosition::First ? 1 : 0; }
 
     std::vector<GridColumn> m_columns;
     mutable std::vector<std::unique_ptr<ValueListIndex>> m_lists; ///< Made when first needed.

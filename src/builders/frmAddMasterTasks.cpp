@@ -1,0 +1,114 @@
+#include "builders/frmAddMasterTasks.h"
+
+#include "controls/ListBox.h"
+#include "frame/DataEnvironment.h"
+#include "frame/EventGuard.h"
+#include "frame/MousePointer.h"
+
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace tarnwell {
+
+namespace {
+
+constexpr ButtonMask builtButtons = 19;
+constexpr QSize designSize(460, 520);
+constexpr int margin = 12, spacing = 8;
+constexpr auto hint = "Select Master Tasks to Add";
+
+/// What the next press of Select All turns round. It outlives the dialog, so that the first press in the
+/// next one goes on from here.
+bool& SelectAllFlag() {
+    static bool flag = false;
+    return flag;
+}
+
+} // namespace
+
+frmAddMasterTasks::frmAddMasterTasks()
+    : Screen("frmAddMasterTasks", "Add Master Tasks", {Part::Toolbar, Part::StatusBar}) {}
+
+void frmAddMasterTasks::pickFor(PickingCaller& caller, QWidget* owner) {
+    m_caller = &caller;
+    Show(Modality::Modal, owner);
+}
+
+void frmAddMasterTasks::Form_Load() {
+    layOut();
+    Cancelled = false;
+    showList();
+    BuildToolbar(*this, builtButtons);
+    setStatusText(hint);
+}
+
+void frmAddMasterTasks::layOut() {
+    setDesignSize(designSize);
+    lstTasks = new ListBox(ListBox::Pitch::Proportional, canvas());
+    lstTasks->setSelectionMode(QAbstractItemView::MultiSelection);
+    cmdSelectAll = new QPushButton("Select All/None", canvas());
+    nameControl(lstTasks, "lstTasks", hint);
+    nameControl(cmdSelectAll, "cmdSelectAll", "Select all tasks or none");
+    lstTasks->setAccessibleName(hint);
+    connect(cmdSelectAll, &QPushButton::clicked, this, guarded([this] { cmdSelectAll_Click(); }));
+
+    auto* form = new QVBoxLayout(canvas());
+    form->setContentsMargins(margin, margin, margin, margin);
+    form->setSpacing(spacing);
+    form->addWidget(lstTasks, 1);
+    form->addWidget(cmdSelectAll, 0, Qt::AlignRight);
+    setTabOrder(lstTasks, cmdSelectAll);
+}
+
+void frmAddMasterTasks::showList() {
+    const HourGlass hourGlass;
+    const PickingList list =
+        readPickingList(DataEnvironment::cnnConnection(), Mode, m_caller->pickingTarget());
+    NonLinked = list.nonLinked;
+    if (Mode == PickingMode::TaskOptions)
+        setWindowTitle(NonLinked ? "Add Non-Linked Options to Task" : "Add Linked Options to Task");
+    lstTasks->setItems(list.lines);
+    if (lstTasks->ListCount() > 0)
+        lstTasks->setCurrentRow(0, QItemSelectionModel::NoUpdate);
+}
+
+void frmAddMasterTasks::Toolbar1_ButtonClick(const QString& caption) {
+    if (caption == "Add") {
+        AddSelected();
+        Unload();
+    } else if (caption == "Exit") {
+        closeRequested();
+    }
+}
+
+void frmAddMasterTasks::closeRequested() {
+    Cancelled = true;
+    Unload();
+}
+
+void frmAddMasterTasks::cmdSelectAll_Click() {
+    SelectAllFlag() = !SelectAllFlag();
+    const QAbstractItemModel& lines = *lstTasks->model();
+    QItemSelection reached;
+    for (int i = 0; i < lstTasks->ListCount(); ++i)
+        if (isReachedBySelectAll(lstTasks->item(i)->text()))
+            reached.append(QItemSelectionRange(lines.index(i, 0)));
+    lstTasks->selectionModel()->select(reached, SelectAllFlag() ? QItemSelectionModel::Select
+                                                                : QItemSelectionModel::Deselect);
+}
+
+void frmAddMasterTasks::AddSelected() {
+    if (lstTasks->currentRow() < 0)
+        return;
+    const HourGlass hourGlass;
+    const PickingTarget target = m_caller->pickingTarget();
+    if (Mode == PickingMode::TaskOptions)
+        m_caller->makeTaskParent();
+    std::vector<PickingLine> picked;
+    for (int i = 0; i < lstTasks->ListCount(); ++i)
+        if (lstTasks->item(i)->isSelected())
+            picked.emplace_back(lstTasks->item(i)->text(), lstTasks->ItemData(i));
+    addPicked(DataEnvironment::cnnConnection(), Mode, target, NonLinked, picked);
+}
+
+} // namespace tarnwell

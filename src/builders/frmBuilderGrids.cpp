@@ -1,0 +1,258 @@
+#include "builders/PlanCopy.h"
+#include "builders/PricePropagation.h"
+#include "builders/frmAddMasterTasks.h"
+#include "builders/frmBuilder.h"
+#include "controls/Combo.h"
+#include "controls/Grid.h"
+#include "controls/ListBox.h"
+#include "controls/MaskedBox.h"
+#include "data/Recordset.h"
+#include "frame/DataEnvironment.h"
+#include "frame/EventGuard.h"
+#include "frame/modErrorRoutines.h"
+#include "frame/modFormatFunctions.h"
+#include "frame/modGlobalVariables.h"
+
+#include <QScopedValueRollback>
+
+// The plans and a plan's tasks.
+
+namespace tarnwell {
+
+namespace {
+
+constexpr ButtonMask newPlanButtons = 0x20019, planButtons = 0x3001D;
+constexpr ButtonMask newTaskButtons = 0x20810, taskButtons = 0x20814;
+
+// Numbers of the grids' columns.
+constexpr int planKeyColumn = 1, planBuilderColumn = 2, planNameColumn = 3;
+constexpr int masterTaskColumn = 1, taskPlanColumn = 2, taskCategoryColumn = 3, taskKeyColumn = 4,
+              addOnColumn = 5, taskNameColumn = 6, taskPriceColumn = 7;
+
+Connection& connection() {
+    return DataEnvironment::cnnConnection();
+}
+
+bool isNothing(const Value& value) {
+    return value.isEmpty() || value.isNull();
+}
+
+/// Shows the rows of a statement in place of those before; what is pending among these is written first.
+void rebind(Grid& grid, std::unique_ptr<Recordset>& rows, const QString& sql, const char* layout) {
+    grid.Update();
+    auto opened = std::make_unique<Recordset>();
+    opened->Open(sql, connection(), CursorType::Static, LockType::Optimistic);
+    grid.bind(opened.get());
+    rows = std::move(opened);
+    grid.LoadLayout(gLayoutPath + layout);
+}
+
+} // namespace
+
+void frmBuilder::connectGrids() {
+    onGotFocus(jgPlans, [this] { jgPlans_GotFocus(); });
+    onLostFocus(jgPlans, [this] { jgPlans_LostFocus(); });
+    connect(jgPlans, &Grid::rowColChange, this, guarded([this](int, int) { jgPlans_RowColChange(); }));
+    connect(jgPlans, &Grid::beforeUpdate, this, guarded([this](bool&) {
+                if (jgPlans->value(planBuilderColumn).isNoKey())
+                    jgPlans->setValue(planBuilderColumn, m_builderOfPlans);
+            }));
+    onGotFocus(jgTasks, [this] { jgTasks_GotFocus(); });
+    connect(jgTasks, &Grid::rowColChange, this, guarded([this](int, int) {
+                if (!m_binding && jgTasks->Col() > 0)
+                    setStatusText(jgTasks->columnTag(jgTasks->Col()));
+            }));
+    connect(jgTasks, &Grid::beforeUpdate, this, guarded([this](bool&) { jgTasks_BeforeUpdate(); }));
+    connect(jgTasks, &Grid::afterColUpdate, this,
+            guarded([this](int column) { jgTasks_AfterColUpdate(column); }));
+    connect(jgTasks, &Grid::buttonClick, this, guarded([this](int column) {
+                if (column == addOnColumn)
+                    AddPlanTasks();
+            }));
+    connect(jgTasks, &Grid::keyDown, this, guarded([this](int& keyCode, int) { jgTasks_KeyDown(keyCode); }));
+}
+
+void frmBuilder::LoadPlans() {
+    {
+        const QScopedValueRollback binding(m_binding, true);
+        rebind(*jgPlans, rsPlans, plansOfBuilder(ContractorKey), "ContractorPlans.lyt");
+        m_builderOfPlans = ContractorKey;
+    }
+    cmbType_Click();
+}
+
+void frmBuilder::cmbType_Click() {
+    try {
+        loadPlanTasks();
+    } catch (const RunTimeError& error) {
+        ErrorHandler(error, {});
+    }
+}
+
+/// The pending task is written before anything changes: it belongs to the plan and category on show.
+void frmBuilder::loadPlanTasks() {
+    if (cmbType->ListIndex() < 0)
+        return;
+    const qint64 plan = currentPlan();
+    const qint64 category = cmbType->ItemData(cmbType->ListIndex());
+    const QScopedValueRollback binding(m_binding, true);
+    rebind(*jgTasks, rsPlanTasks, tasksOfPlan(plan, category), "ContractorTasks.lyt");
+    m_planOfTasks = plan;
+    CategoryKey = category;
+}
+
+void frmBuilder::CopyPlan() {
+    const Value plan = jgPlans->value(planKeyColumn);
+    if (plan.isNoKey())
+        return;
+    jgPlans->Update();
+    jgTasks->Update();
+    const qint64 copy =
+        copyPlan(connection(), ContractorKey, plan.toLong(), FieldText(jgPlans->value(planNameColumn)));
+    LoadPlans();
+    for (int row = 1; row <= jgPlans->RowCount(); ++row)
+        if (jgPlans->valueAt(row, planKeyColumn) == Value(copy))
+            jgPlans->setRow(row);
+}
+
+/// Whatever comes of it, the plans are read anew: another seat may have been there before.
+void frmBuilder::DeletePlan() {
+    if (!confirmDelete("Delete the " + FieldText(jgPlans->value(planNameColumn)) + " Plan?"))
+        return;
+    try {
+        // The move to the next plan would write a pending task of a plan that is gone.
+        const QScopedValueRollback binding(m_binding, true);
+        jgPlans->Delete();
+    } catch (const RunTimeError&) {
+        LoadPlans();
+        throw;
+    }
+    jgTasks->CancelUpdate();
+    LoadPlans();
+    SetFocus(jgPlans);
+}
+
+void frmBuilder::DeletePlanTask() {
+    if (isNothing(jgTasks->value(masterTaskColumn)) ||
+        !confirmDelete("Delete the " + FieldText(jgTasks->value(taskNameColumn)) + " Task?"))
+        return;
+    try {
+        jgTasks->Delete();
+    } catch (const RunTimeError&) {
+        cmbType_Click();
+        throw;
+    }
+    cmbType_Click();
+}
+
+void frmBuilder::AddTask() {
+    try {
+        AddPlanTasks();
+        SetTaskToolbar();
+    } catch (const RunTimeError& error) {
+        ErrorHandler(error, {});
+    }
+}
+
+void frmBuilder::AddPlanTasks() {
+    if (isNothing(jgPlans->value(planKeyColumn)))
+        return;
+    jgPlans->Update();
+    jgTasks->Update();
+    auto& dialog = theForm<frmAddMasterTasks>();
+    dialog.Mode = PickingMode::Plan;
+    dialog.pickFor(*this, this);
+    cmbType_Click();
+}
+
+PickingTarget frmBuilder::pickingTarget() const {
+    return {.ownerKey = currentPlan()};
+}
+
+void frmBuilder::SetPlanToolbar() {
+    EnableToolbar(*this, currentPlan() == 0 ? newPlanButtons : planButtons, ToolbarMask);
+}
+
+void frmBuilder::SetTaskToolbar() {
+    EnableToolbar(*this, jgTasks->value(masterTaskColumn).isNoKey() ? newTaskButtons : taskButtons,
+                  ToolbarMask);
+}
+
+qint64 frmBuilder::currentPlan() const {
+    const Value key = jgPlans->value(planKeyColumn);
+    return key.isNoKey() ? 0 : key.toLong();
+}
+
+bool frmBuilder::areTasksCurrent() const {
+    const int index = cmbType->ListIndex();
+    return m_planOfTasks == currentPlan() && (index < 0 || cmbType->ItemData(index) == CategoryKey);
+}
+
+void frmBuilder::jgPlans_GotFocus() {
+    if (isBuilderNameEmpty()) {
+        SetFocus(m_fields[0]);
+        return;
+    }
+    SetPlanToolbar();
+    setStatusText(jgPlans->columnTag(jgPlans->Col()));
+}
+
+/// A new plan is stored when the grid is left; its tasks, none yet, then take the place of the last plan's.
+void frmBuilder::jgPlans_LostFocus() {
+    if (jgPlans->value(planBuilderColumn).isNoKey() && !jgPlans->UpdateOrTell())
+        return;
+    if (!areTasksCurrent())
+        cmbType_Click();
+}
+
+void frmBuilder::jgPlans_RowColChange() {
+    if (m_binding)
+        return;
+    cmbType_Click();
+    SetPlanToolbar();
+    if (jgPlans->Col() > 0)
+        setStatusText(jgPlans->columnTag(jgPlans->Col()));
+}
+
+void frmBuilder::jgTasks_GotFocus() {
+    if (isBuilderNameEmpty()) {
+        SetFocus(m_fields[0]);
+        return;
+    }
+    if (isNothing(jgPlans->value(planKeyColumn))) {
+        SetFocus(jgPlans);
+        return;
+    }
+    // A task that the database refused kept its own rows on show until it was given up.
+    if (!areTasksCurrent() && !jgTasks->isPending())
+        cmbType_Click();
+    SetTaskToolbar();
+    showToolTip(jgTasks);
+}
+
+void frmBuilder::jgTasks_BeforeUpdate() {
+    if (!jgTasks->value(taskPlanColumn).isNoKey())
+        return;
+    jgTasks->setValue(taskPlanColumn, m_planOfTasks);
+    jgTasks->setValue(taskCategoryColumn, CategoryKey);
+}
+
+/// Enter walks along the row and begins it again at its end.
+void frmBuilder::jgTasks_KeyDown(int& keyCode) const {
+    if (keyCode == KeyCode::Enter)
+        keyCode = jgTasks->Col() == jgTasks->lastColumn() ? KeyCode::Home : KeyCode::Right;
+}
+
+void frmBuilder::jgTasks_AfterColUpdate(int column) {
+    std::vector<qint64> jobs;
+    for (int i = 0; i < lstJobs->ListCount(); ++i)
+        if (lstJobs->item(i)->isSelected())
+            jobs.push_back(lstJobs->ItemData(i));
+    propagatePrice(connection(),
+                   {.column = column,
+                    .planTaskKey = jgTasks->value(taskKeyColumn),
+                    .price = jgTasks->value(taskPriceColumn)},
+                   jobs);
+}
+
+} // namespace tarnwell

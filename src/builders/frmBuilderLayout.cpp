@@ -1,0 +1,164 @@
+#include "builders/frmBuilder.h"
+#include "controls/Combo.h"
+#include "controls/Grid.h"
+#include "controls/Label.h"
+#include "controls/ListBox.h"
+#include "controls/MaskedBox.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+// The screen as it is seen: texts, columns, places and the order of Tab.
+
+namespace tarnwell {
+
+namespace {
+
+constexpr QSize designSize(1180, 640);
+constexpr int margin = 12, spacing = 8, columnGap = 16;
+constexpr int shortFieldWidth = 110;
+constexpr int recordShare = 3, jobShare = 2; // Of the upper half's width.
+constexpr int planShare = 2, taskShare = 3;  // Of the lower half's.
+
+constexpr auto taskToolTip = "Enter new tasks, Press Add to include tasks";
+
+std::vector<GridColumn> planColumns() {
+    return {{.key = "ContractorPlanKey", .caption = "ContractorPlanKey", .visible = false},
+            {.key = "ContractorKey", .caption = "ContractorKey", .visible = false},
+            {.key = "PlanName", .caption = "Plan Name", .tag = "Enter the plan name"}};
+}
+
+std::vector<GridColumn> taskColumns() {
+    return {{.key = "MasterTaskKey", .caption = "MasterTaskKey", .visible = false},
+            {.key = "ContractorPlanKey", .caption = "ContractorPlanKey", .visible = false},
+            {.key = "CodeKey", .caption = "CodeKey", .visible = false},
+            {.key = "ContractorPlanTaskKey", .caption = "ContractorPlanTaskKey", .visible = false},
+            {.key = "AddonButton",
+             .edit = ColumnEdit::ButtonOnly,
+             .width = 28,
+             .tag = "Press button to add linked tasks to plan"},
+            {.key = "Name", .caption = "Name", .maxLength = 50, .tag = "Enter the name of the task"},
+            {.key = "MasterPrice",
+             .caption = "Price",
+             .format = ColumnFormat::Fixed,
+             .width = 96,
+             .tag = "Enter the price for this task"},
+            {.key = "ExcludeDependency",
+             .caption = "Exclude",
+             .format = ColumnFormat::YesNo,
+             .edit = ColumnEdit::CheckBox,
+             .width = 72,
+             .tag = "Exclude this task from the dependency check in Time Card Entry",
+             .headerToolTip = "Exclude Dependency"}};
+}
+
+Grid* editableGrid(QWidget* parent, std::vector<GridColumn> columns) {
+    auto* grid = new Grid(parent);
+    grid->setColumns(std::move(columns));
+    grid->setAllowEdit(true);
+    grid->setAllowAdd(true);
+    grid->setAllowDelete(true);
+    return grid;
+}
+
+} // namespace
+
+void frmBuilder::makeControls() {
+    setDesignSize(designSize);
+    for (std::size_t i = 0; i < m_fields.size(); ++i)
+        m_fields.at(i) = new MaskedBox(builderFields.at(i).length, canvas());
+    lstJobs = new ListBox(ListBox::Pitch::Fixed, canvas());
+    lstJobs->setSelectionMode(QAbstractItemView::MultiSelection);
+    cmdSelectAll = new QPushButton("Un/Select All", canvas());
+    jgPlans = editableGrid(canvas(), planColumns());
+    cmbType = new Combo(canvas());
+    jgTasks = editableGrid(canvas(), taskColumns());
+    nameControls();
+
+    auto* form = new QVBoxLayout(canvas());
+    form->setContentsMargins(margin, margin, margin, margin);
+    form->setSpacing(columnGap);
+    auto* upper = new QHBoxLayout;
+    upper->setSpacing(columnGap);
+    upper->addLayout(recordFields(), recordShare);
+    upper->addLayout(jobColumn(), jobShare);
+    form->addLayout(upper);
+    form->addLayout(planHalf(), 1);
+    orderTabs();
+}
+
+void frmBuilder::nameControls() {
+    for (std::size_t i = 0; i < m_fields.size(); ++i)
+        nameControl(m_fields.at(i), QStringLiteral("MskField(%1)").arg(i), builderFields.at(i).toolTip);
+    nameControl(lstJobs, "lstJobs");
+    nameControl(cmdSelectAll, "cmdSelectAll");
+    nameControl(jgPlans, "jgPlans");
+    nameControl(cmbType, "cmbType", "Select Category to display tasks");
+    nameControl(jgTasks, "jgTasks", taskToolTip);
+    jgTasks->setAccessibleName("Task Grid");
+}
+
+QLayout* frmBuilder::recordFields() {
+    constexpr std::size_t state = 4, zip = 5;
+    auto* grid = new QGridLayout;
+    grid->setHorizontalSpacing(spacing);
+    grid->setVerticalSpacing(spacing);
+    int row = 0;
+    for (std::size_t i = 0; i < m_fields.size(); ++i) {
+        auto* caption =
+            label(builderFields.at(i).label, QStringLiteral("lblField(%1)").arg(i + 1), m_fields.at(i));
+        if (i == zip) { // beside the state
+            grid->addWidget(caption, row - 1, 3);
+            grid->addWidget(m_fields.at(i), row - 1, 4);
+            continue;
+        }
+        grid->addWidget(caption, row, 0);
+        grid->addWidget(m_fields.at(i), row++, 1, 1, i == state ? 1 : 4);
+    }
+    for (const std::size_t small : {state, zip})
+        m_fields.at(small)->setFixedWidth(shortFieldWidth);
+    grid->setColumnStretch(2, 1);
+    grid->setRowStretch(row, 1);
+    return grid;
+}
+
+/// As high as the record beside it, so that the plans get the room.
+QLayout* frmBuilder::jobColumn() {
+    lstJobs->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
+    auto* jobs = new QGridLayout;
+    jobs->setSpacing(spacing);
+    jobs->addWidget(label("Jobs for Price Updates:", "lblField(8)", lstJobs), 0, 0);
+    jobs->addWidget(cmdSelectAll, 0, 1, Qt::AlignRight);
+    jobs->addWidget(lstJobs, 1, 0, 1, 2);
+    jobs->setRowStretch(1, 1);
+    return jobs;
+}
+
+QLayout* frmBuilder::planHalf() {
+    auto* category = new QHBoxLayout;
+    category->setSpacing(spacing);
+    category->addWidget(label("&Category:", "lblField(0)", cmbType));
+    category->addWidget(cmbType, 1);
+    auto* half = new QGridLayout;
+    half->setHorizontalSpacing(columnGap);
+    half->setVerticalSpacing(spacing);
+    half->addWidget(label("Plans:", "lblField(9)", jgPlans), 0, 0);
+    half->addLayout(category, 0, 1);
+    half->addWidget(jgPlans, 1, 0);
+    half->addWidget(jgTasks, 1, 1);
+    half->setColumnStretch(0, planShare);
+    half->setColumnStretch(1, taskShare);
+    half->setRowStretch(1, 1);
+    return half;
+}
+
+/// The record, then a plan and what is in it, then the jobs that it reaches.
+void frmBuilder::orderTabs() {
+    std::vector<QWidget*> order(m_fields.begin(), m_fields.end());
+    order.insert(order.end(), {jgPlans, cmbType, jgTasks, lstJobs, cmdSelectAll});
+    for (std::size_t i = 1; i < order.size(); ++i)
+        setTabOrder(order.at(i - 1), order.at(i));
+}
+
+} // namespace tarnwell

@@ -1,0 +1,269 @@
+#include "master/frmAddOptionGroup.h"
+
+#include "controls/Grid.h"
+#include "controls/Label.h"
+#include "controls/ListBox.h"
+#include "controls/MaskedBox.h"
+#include "data/Recordset.h"
+#include "frame/DataEnvironment.h"
+#include "frame/EventGuard.h"
+#include "frame/MsgBox.h"
+#include "frame/modGlobalVariables.h"
+#include "master/OptionGroups.h"
+#include "master/frmOptionGroupAdd.h"
+
+#include <QLabel>
+#include <QVBoxLayout>
+
+namespace tarnwell {
+
+namespace {
+
+constexpr ButtonMask builtButtons = 2103;
+constexpr ButtonMask noGroupButtons = 19, groupButtons = 55;
+constexpr ButtonMask noGridButtons = 17, noTaskButtons = 2065, taskButtons = 2069;
+constexpr QSize designSize(760, 460);
+constexpr int margin = 12, spacing = 8, columnGap = 16;
+constexpr int groupShare = 2, taskShare = 5; // Of the width.
+constexpr int onGroups = 0, onTasks = 1;     // Of FocusArea.
+
+constexpr auto groupHint = "Select group to modify, or Add to create group";
+constexpr auto taskToolTip = "Enter new tasks, Press Add to include tasks";
+
+std::vector<GridColumn> optionColumns() {
+    return {{.key = "OptionGroupKey", .caption = "OptionGroupKey", .visible = false},
+            {.key = "ContractorKey", .caption = "ContractorKey", .visible = false},
+            {.key = "CodeKey", .caption = "CodeKey", .visible = false},
+            {.key = "MasterTaskKey", .caption = "MasterTaskKey", .visible = false},
+            {.key = "Name", .caption = "Name", .maxLength = 50, .selectable = false},
+            {.key = "MasterPrice", .caption = "Master Price", .format = ColumnFormat::Fixed, .width = 110},
+            {.key = "ExcludeDependency",
+             .caption = "Exclude",
+             .format = ColumnFormat::YesNo,
+             .edit = ColumnEdit::CheckBox,
+             .width = 80}};
+}
+
+Connection& connection() {
+    return DataEnvironment::cnnConnection();
+}
+
+bool isDeleteConfirmed(const char* question) {
+    return MsgBox({.text = question,
+                   .title = "Confirm Delete",
+                   .buttons = MessageButtons::YesNo,
+                   .icon = MessageIcon::Question}) == Answer::Yes;
+}
+
+} // namespace
+
+frmAddOptionGroup::frmAddOptionGroup()
+    : Screen("frmAddOptionGroup", "Maintain Option Groups", {Part::Toolbar, Part::StatusBar}) {}
+
+frmAddOptionGroup::~frmAddOptionGroup() = default;
+
+void frmAddOptionGroup::openFor(OptionGroupBuilder builder, PickTasks pickTasks, QWidget* owner) {
+    m_builder = std::move(builder);
+    m_pickTasks = std::move(pickTasks);
+    Show(Modality::Modal, owner);
+}
+
+qint64 frmAddOptionGroup::selectedGroup() const {
+    const int line = lstGroups->ListIndex();
+    return line < 0 ? 0 : lstGroups->ItemData(line);
+}
+
+void frmAddOptionGroup::Form_Load() {
+    makeControls();
+    layOut();
+    connectControls();
+    m_builderName->setText(m_builder.name);
+    GroupRecordset = std::make_unique<Recordset>();
+    GroupRecordset->Open(optionGroupTasks, connection(), CursorType::Static, LockType::Optimistic);
+    GroupRecordset->setFilter("ContractorKey=0");
+    jgGroupOptions->bind(GroupRecordset.get());
+    jgGroupOptions->LoadLayout(gLayoutPath + "GroupOptions.lyt");
+    BuildToolbar(*this, builtButtons);
+    setToolbarButton("AddSame", "Task", "Add Task");
+    LoadGroups();
+    FilterGroup();
+}
+
+void frmAddOptionGroup::makeControls() {
+    setDesignSize(designSize);
+    lstGroups = new ListBox(ListBox::Pitch::Proportional, canvas());
+    jgGroupOptions = new Grid(canvas());
+    jgGroupOptions->setColumns(optionColumns());
+    jgGroupOptions->setAllowEdit(true);
+    jgGroupOptions->setAllowAdd(false);
+    jgGroupOptions->setAllowDelete(true);
+    // The first control made is the first to be active.
+    m_builderName = new MaskedBox(0, canvas());
+    m_builderName->setReadOnly(true);
+    nameControl(m_builderName, "txtField(0)");
+    nameControl(lstGroups, "lstGroups", groupHint);
+    nameControl(jgGroupOptions, "jgGroupOptions", taskToolTip);
+}
+
+void frmAddOptionGroup::layOut() {
+    auto* form = new QVBoxLayout(canvas());
+    form->setContentsMargins(margin, margin, margin, margin);
+    form->setSpacing(spacing);
+    auto* builder = new QHBoxLayout;
+    builder->setSpacing(spacing);
+    builder->addWidget(label("Builder:", "lblField(0)", m_builderName));
+    builder->addWidget(m_builderName, 1);
+    form->addLayout(builder);
+    auto* columns = new QGridLayout;
+    columns->setHorizontalSpacing(columnGap);
+    columns->setVerticalSpacing(spacing);
+    columns->addWidget(label("Groups:", "lblField(1)", lstGroups), 0, 0);
+    columns->addWidget(label("Tasks:", "lblField(2)", jgGroupOptions), 0, 1);
+    columns->addWidget(lstGroups, 1, 0);
+    columns->addWidget(jgGroupOptions, 1, 1);
+    columns->setColumnStretch(0, groupShare);
+    columns->setColumnStretch(1, taskShare);
+    columns->setRowStretch(1, 1);
+    form->addLayout(columns, 1);
+    setTabOrder(lstGroups, jgGroupOptions);
+    setTabOrder(jgGroupOptions, m_builderName);
+}
+
+void frmAddOptionGroup::connectControls() {
+    connect(lstGroups, &ListBox::clicked, this, guarded([this] { FilterGroup(); }));
+    connect(lstGroups, &ListBox::doubleClick, this, guarded([this] { RenameGroup(); }));
+    onGotFocus(lstGroups, [this] { lstGroups_GotFocus(); });
+    onGotFocus(jgGroupOptions, [this] { jgGroupOptions_GotFocus(); });
+}
+
+void frmAddOptionGroup::Form_Unload() {
+    jgGroupOptions->Update();
+    jgGroupOptions->bind(nullptr);
+    GroupRecordset.reset();
+}
+
+void frmAddOptionGroup::Toolbar1_ButtonClick(const QString& caption) {
+    if (caption == "Exit") {
+        jgGroupOptions->Update();
+        Unload();
+    } else if (caption == "Add") {
+        AddGroup();
+    } else if (caption == "Task") {
+        AddGroupTask();
+    } else if (caption == "Info") {
+        RenameGroup();
+    } else if (caption == "Del" && FocusArea == onGroups) {
+        DeleteGroup();
+    } else if (caption == "Del") {
+        DeleteGroupTask();
+    }
+}
+
+void frmAddOptionGroup::LoadGroups() {
+    // A price that was typed belongs to the group on show.
+    jgGroupOptions->UpdateOrTell();
+    lstGroups->setItems(readOptionGroups(connection(), m_builder.ContractorKey));
+    if (lstGroups->ListCount() > 0)
+        lstGroups->setListIndex(0);
+}
+
+void frmAddOptionGroup::FilterGroup() {
+    jgGroupOptions->UpdateOrTell();
+    if (selectedGroup() == 0)
+        return;
+    try {
+        GroupRecordset->setFilter("CodeKey=" + QString::number(selectedGroup()));
+    } catch (const RunTimeError&) {
+        return; // passed over: the rows stay as they are
+    }
+    jgGroupOptions->Rebind();
+}
+
+void frmAddOptionGroup::readGroupTasks() {
+    GroupRecordset->Requery();
+    jgGroupOptions->Rebind();
+    FilterGroup();
+}
+
+bool frmAddOptionGroup::askName(int mode, QString& name) {
+    auto& dialog = theForm<frmOptionGroupAdd>();
+    dialog.Mode = mode;
+    dialog.name = name;
+    dialog.Cancelled = true;
+    dialog.Show(Modality::Modal, this);
+    name = dialog.name;
+    return !dialog.Cancelled;
+}
+
+void frmAddOptionGroup::AddGroup() {
+    QString name;
+    if (!askName(GroupNameMode::Add, name))
+        return;
+    addOptionGroup(connection(), m_builder.ContractorKey, name);
+    LoadGroups();
+    FilterGroup();
+    SetGroupToolbar();
+}
+
+void frmAddOptionGroup::RenameGroup() {
+    const qint64 group = selectedGroup();
+    if (group == 0)
+        return;
+    QString name = lstGroups->currentItem()->text();
+    if (!askName(GroupNameMode::Change, name))
+        return;
+    renameOptionGroup(connection(), group, name);
+    LoadGroups();
+    FilterGroup();
+}
+
+void frmAddOptionGroup::AddGroupTask() {
+    if (selectedGroup() == 0 || !m_pickTasks || !jgGroupOptions->UpdateOrTell())
+        return;
+    m_pickTasks(*this);
+    readGroupTasks();
+}
+
+void frmAddOptionGroup::DeleteGroup() {
+    const qint64 group = selectedGroup();
+    if (group == 0 || !isDeleteConfirmed("Delete Current Group?"))
+        return;
+    jgGroupOptions->CancelUpdate();
+    deleteOptionGroup(connection(), group);
+    LoadGroups();
+    readGroupTasks();
+    SetFocus(jgGroupOptions);
+}
+
+void frmAddOptionGroup::DeleteGroupTask() {
+    if (!isDeleteConfirmed("Delete Current Task?"))
+        return;
+    const Value task = jgGroupOptions->value("OptionGroupKey");
+    jgGroupOptions->CancelUpdate();
+    deleteOptionGroupTask(connection(), task.toLong());
+    readGroupTasks();
+    jgGroupOptions_GotFocus();
+    SetFocus(jgGroupOptions);
+}
+
+void frmAddOptionGroup::SetGroupToolbar() {
+    EnableToolbar(*this, lstGroups->ListCount() == 0 ? noGroupButtons : groupButtons, ToolbarMask);
+}
+
+void frmAddOptionGroup::lstGroups_GotFocus() {
+    FocusArea = onGroups;
+    SetGroupToolbar();
+    setStatusText(groupHint);
+}
+
+void frmAddOptionGroup::jgGroupOptions_GotFocus() {
+    FocusArea = onTasks;
+    showToolTip(jgGroupOptions);
+    if (lstGroups->ListCount() == 0)
+        EnableToolbar(*this, noGridButtons, ToolbarMask);
+    else
+        EnableToolbar(*this, jgGroupOptions->value("OptionGroupKey").isNoKey() ? noTaskButtons : taskButtons,
+                      ToolbarMask);
+}
+
+} // namespace tarnwell

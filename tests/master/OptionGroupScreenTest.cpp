@@ -1,0 +1,128 @@
+#include "controls/Grid.h"
+#include "controls/ListBox.h"
+#include "controls/MaskedBox.h"
+#include "frame/DataEnvironment.h"
+#include "frame/modGlobalVariables.h"
+#include "master/frmAddOptionGroup.h"
+#include "support/MessageScript.h"
+#include "support/ScreenDriver.h"
+#include "support/TemporaryDatabase.h"
+
+#include <QToolButton>
+
+#include <gtest/gtest.h>
+
+using namespace tarnwell;
+using namespace tarnwell::test;
+
+namespace {
+
+class OptionGroupScreen : public ::testing::Test {
+protected:
+    void SetUp() override {
+        caller.show();
+        gAppPath = db.folder();
+        gProgramFolder = db.folder() + u'/';
+        gConnectionString = connectionStringFor(db.path());
+    }
+    void TearDown() override { DataEnvironment::close(); }
+
+    qint64 addGroup(const char* name, qint64 builder) {
+        return db.add("Code", {{"Code1", 5}, {"Code2", builder}, {"Description", name}});
+    }
+    void addTask(const char* name, qint64 group, bool deleted = false) {
+        const qint64 master = db.add("MasterTask", {{"Name", name}, {"Deleted", deleted}});
+        db.add(
+            "ContractorOptionGroup",
+            {{"ContractorKey", abel}, {"CodeKey", group}, {"MasterTaskKey", master}, {"MasterPrice", 5.0}});
+    }
+    void open(qint64 builder, std::function<void(const ScreenDriver&)> use) {
+        whenModal([use = std::move(use)](QWidget& window) { use(ScreenDriver(window)); });
+        theForm<frmAddOptionGroup>().openFor({builder, "Abel"}, {}, &caller);
+    }
+    static QString enabled(const ScreenDriver& screen) {
+        QStringList captions;
+        for (auto* button : screen.window().findChildren<QToolButton*>())
+            if (button->isEnabled() && button->parentWidget()->objectName() == "Toolbar1" &&
+                !button->text().isEmpty())
+                captions.append(button->text());
+        return captions.join(' ');
+    }
+    qint64 count(const QString& from) { return db.ask("SELECT COUNT(*) FROM " + from).toLong(); }
+
+    QWidget caller;
+    TemporaryDatabase db;
+    MessageScript script;
+    qint64 abel = db.add("Contractor", {{"Name", "Abel"}});
+};
+
+} // namespace
+
+TEST_F(OptionGroupScreen, ABuilderWithoutGroupsCanOnlyAdd) {
+    addTask("Elsewhere", addGroup("Other", abel + 1));
+    open(abel, [](const ScreenDriver& screen) {
+        EXPECT_EQ(screen.focusedName(), "lstGroups");
+        EXPECT_EQ(enabled(screen), "Exit Add");
+        EXPECT_EQ(screen.find<Grid>("jgGroupOptions").RowCount(), 0);
+        screen.focus("jgGroupOptions");
+        EXPECT_EQ(enabled(screen), "Exit");
+        screen.clickToolbar("Exit");
+    });
+}
+
+TEST_F(OptionGroupScreen, AnEditStaysWithItsGroupAndDelFollowsTheFocus) {
+    const qint64 deck = addGroup("Deck", abel), patio = addGroup("Patio", abel);
+    addTask("Rail", deck);
+    addTask("Gone", deck, true);
+    addTask("Slab", patio);
+    open(abel, [&](const ScreenDriver& screen) {
+        auto& grid = screen.find<Grid>("jgGroupOptions");
+        EXPECT_EQ(enabled(screen), "Exit Add Del Info");
+        EXPECT_EQ(grid.RowCount(), 1) << "a deleted master task is out of sight";
+        screen.click("jgGroupOptions", {grid.columnViewportPosition(5) + 20, 10});
+        EXPECT_EQ(enabled(screen), "Exit Del Task");
+        screen.type("7.5");
+        screen.clickLine("lstGroups", 1);
+        EXPECT_EQ(count("ContractorOptionGroup WHERE MasterPrice=7.5 AND CodeKey=" + QString::number(deck)),
+                  1);
+        EXPECT_EQ(grid.value("Name"), Value("Slab"));
+        screen.focus("jgGroupOptions");
+        script.expect(Answer::Yes);
+        screen.clickToolbar("Del");
+        EXPECT_EQ(script.shown().back().text, "Delete Current Task?");
+        EXPECT_EQ(enabled(screen), "Exit Task");
+        screen.clickLine("lstGroups", 0);
+        script.expect(Answer::No);
+        script.expect(Answer::Yes);
+        screen.clickToolbar("Del");
+        screen.clickToolbar("Del");
+        EXPECT_EQ(script.shown().back().text, "Delete Current Group?");
+        EXPECT_EQ(screen.focusedName(), "jgGroupOptions");
+        screen.clickToolbar("Exit");
+    });
+    EXPECT_EQ(count("ContractorOptionGroup"), 0);
+    EXPECT_EQ(count("Code WHERE Code1=5"), 1);
+}
+
+TEST_F(OptionGroupScreen, RenamingByEnterSelectsTheFirstGroup) {
+    addGroup("Deck", abel);
+    addGroup("Patio", abel);
+    open(abel, [&](const ScreenDriver& screen) {
+        screen.clickLine("lstGroups", 1);
+        for (const bool accept : {false, true}) {
+            whenModal([accept](QWidget& dialog) {
+                const ScreenDriver name(dialog);
+                EXPECT_EQ(dialog.windowTitle(), "Change Option Group");
+                EXPECT_EQ(name.find<MaskedBox>("MskField(0)").text(), "Patio");
+                name.find<MaskedBox>("MskField(0)").clear();
+                name.type("Zen");
+                name.press(accept ? Qt::Key_Return : Qt::Key_Escape);
+            });
+            EXPECT_TRUE(waitFor([&] { return screen.focusedName() == "lstGroups"; }));
+            screen.press(Qt::Key_Return);
+            EXPECT_EQ(count("Code WHERE Description='Zen'"), accept ? 1 : 0);
+        }
+        EXPECT_EQ(screen.find<ListBox>("lstGroups").ListIndex(), 0);
+        screen.clickToolbar("Exit");
+    });
+}

@@ -41,7 +41,7 @@ public:
     void setSelStart(int caret) override;
 
 Q_SIGNALS:
-    /// A choice, by whom ever; `ListIndex` tells which.
+    /// A choice by mouse, key or code; `ListIndex` tells which.
     void clicked();
     /// Codes as in `KeyCode`; setting `keyCode` to 0 swallows the key. `shift` as `shiftStateOf` gives it.
     void keyDown(int& keyCode, int shift);

@@ -6,14 +6,16 @@ set -eu
 bin=$(cd "$1" && pwd)
 runs=${2:-10}
 work=$(mktemp -d)
-display= program=
-trap 'kill $program $display 2>/dev/null || true; rm -rf "$work"' EXIT
+display= manager= program=
+trap 'kill $program $manager $display 2>/dev/null || true; rm -rf "$work"' EXIT
 
 mkfifo "$work/number"
 Xvfb -displayfd 3 -screen 0 1280x800x24 3>"$work/number" 2>/dev/null &
 display=$!
 read -r number <"$work/number"
 export DISPLAY=":$number" XDG_CONFIG_HOME="$work/config" XDG_RUNTIME_DIR="$work"
+openbox >/dev/null 2>&1 &
+manager=$!
 
 milliseconds() { echo $(($(date +%s%N) / 1000000)); }
 visible() { xdotool search --onlyvisible --name "$1" >/dev/null 2>&1; }

@@ -43,6 +43,27 @@ export DISPLAY=":$number" XDG_CONFIG_HOME="$work/config" XDG_RUNTIME_DIR="$work"
 openbox >/dev/null 2>&1 &
 manager=$!
 
+# An open job's first lot and a category whose first task is paid to an employee while a category that it depends
+# on is not: paying it once more meets all three warnings.
+choice=$(ask "SELECT j.JobNumber, c.Description, e.SSN FROM JobTaskEmployee p
+JOIN JobLotTask t USING (JobLotTaskKey) JOIN JobLot l USING (JobLotKey) JOIN Job j USING (JobKey)
+JOIN Code c ON c.CodeKey = t.CodeKey JOIN Employee e ON e.EmployeeKey = p.EmployeeKey
+WHERE j.CompletedDate IS NULL AND e.Inactive = 0 AND l.ExcludeDependencyCheck = 0 AND t.ExcludeDependency = 0
+AND l.JobLotKey = (SELECT JobLotKey FROM JobLot WHERE JobKey = j.JobKey ORDER BY LotBlock LIMIT 1)
+AND t.JobLotTaskKey = (SELECT JobLotTaskKey FROM JobLotTask WHERE JobLotKey = l.JobLotKey
+    AND CodeKey = t.CodeKey ORDER BY Name, ParentKey, Child LIMIT 1)
+AND t.MasterPrice <= (SELECT SUM(Price) FROM JobTaskEmployee WHERE JobLotTaskKey = t.JobLotTaskKey)
+AND EXISTS (SELECT 1 FROM CategoryDependency d
+    JOIN JobLotTask o ON o.CodeKey = d.DependentKey AND o.JobLotKey = l.JobLotKey
+    WHERE d.CategoryKey = t.CodeKey AND o.ExcludeDependency = 0 AND o.MasterPrice <> 0
+    AND NOT EXISTS (SELECT 1 FROM JobTaskEmployee x WHERE x.JobLotTaskKey = o.JobLotTaskKey))
+ORDER BY j.JobNumber, c.Description LIMIT 1")
+[ -n "$choice" ] || fail "This database has no task to show the warnings with; make a new sample"
+job=${choice%%|*}
+employee=${choice##*|}
+category=${choice#*|}
+category=${category%|*}
+
 before=$(ask "SELECT IFNULL(MAX(JobTaskEmployee), 0) FROM JobTaskEmployee")
 logged=$(ask "SELECT IFNULL(MAX(LogKey), 0) FROM EmployeeLog")
 "$bin/tarnwell" &
@@ -53,15 +74,15 @@ press alt+c
 timecards=$(window '^Timecards$' 100) || fail "Time Card did not open"
 sleep 0.5
 
-say "Job 26-1009, its first lot, category Cabinets"
-write 26-1009
+say "Job $job, its first lot, category $category"
+write "$job"
 eval "$(xdotool getwindowgeometry --shell "$timecards")"
 xdotool mousemove --window "$timecards" $((WIDTH * 3 / 10)) $((HEIGHT * 18 / 100)) click 1
 press alt+c
-write Cab
-say "Employee 910-36-9198, 25.00"
+write "$category"
+say "Employee $employee, 25.00"
 press Tab Tab
-write 910-36
+write "$employee"
 press alt+e ctrl+a
 write 25
 press alt+a

@@ -93,7 +93,7 @@ void Combo::choose(int index) {
 
 qint64 Combo::ItemData(int index) const {
     if (index < 0 || index >= ListCount())
-        tarnwell::raise(Failure::InvalidProperty);
+        tarnwell::raise(Failure::InvalidPropertyIndex);
     return m_items->items()[static_cast<std::size_t>(index)].second;
 }
 

@@ -31,7 +31,7 @@ public:
     /// -1 takes the choice and the text away. Raises InvalidProperty (380) below -1 and past the end. An
     /// error of the click routine comes back here.
     void setListIndex(int index) override;
-    /// Raises InvalidProperty (380) for an index that is not in the list.
+    /// Raises InvalidPropertyIndex (381) for an index that is not in the list.
     [[nodiscard]] qint64 ItemData(int index) const;
     [[nodiscard]] QString Text() const override { return currentText(); }
     /// Shows a text; an entry of the same text is not chosen by it.

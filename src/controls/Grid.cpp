@@ -201,10 +201,12 @@ void Grid::keyPressEvent(QKeyEvent* event) {
 }
 
 void Grid::inputMethodEvent(QInputMethodEvent* event) {
-    if (m->beginEdit())
-        QCoreApplication::sendEvent(lineOf(m->delegate->editor()), event);
-    else
-        event->ignore();
+    runEvent([&] {
+        if (m->beginEdit())
+            QCoreApplication::sendEvent(lineOf(m->delegate->editor()), event);
+        else
+            event->ignore();
+    });
 }
 
 void Grid::mousePressEvent(QMouseEvent* event) {

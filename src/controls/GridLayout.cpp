@@ -1,5 +1,7 @@
 #include "controls/GridLayout.h"
 
+#include "data/DiskPath.h"
+
 #include <QFile>
 #include <QRegularExpression>
 
@@ -43,7 +45,7 @@ std::vector<LayoutColumn> parseLayout(const QByteArray& text) {
 }
 
 std::optional<std::vector<LayoutColumn>> readLayout(const QString& path) {
-    QFile file(path);
+    QFile file(pathOnDisk(path));
     if (!file.open(QIODevice::ReadOnly))
         return std::nullopt;
     return parseLayout(file.read(longestFile));

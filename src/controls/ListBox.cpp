@@ -53,7 +53,7 @@ void ListBox::setListIndex(int index) {
 
 qint64 ListBox::ItemData(int index) const {
     if (index < 0 || index >= count())
-        tarnwell::raise(Failure::InvalidProperty);
+        tarnwell::raise(Failure::InvalidPropertyIndex);
     return item(index)->data(Qt::UserRole).toLongLong();
 }
 

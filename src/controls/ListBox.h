@@ -26,7 +26,7 @@ public:
     /// Fires `clicked`, also when the index stays the same. -1 takes the choice away. Raises InvalidProperty
     /// (380) for an index that is not in the list. An error of the click routine comes back here.
     void setListIndex(int index);
-    /// Raises InvalidProperty (380) for an index that is not in the list.
+    /// Raises InvalidPropertyIndex (381) for an index that is not in the list.
     [[nodiscard]] qint64 ItemData(int index) const;
 
 Q_SIGNALS:

@@ -28,6 +28,7 @@ constexpr std::array failures{
     FailureEntry{Failure::PathNotFound, 76, RunTimeSource, "Path not found"},
     FailureEntry{Failure::InvalidUseOfNull, 94, RunTimeSource, "Invalid use of Null"},
     FailureEntry{Failure::InvalidProperty, 380, RunTimeSource, "Invalid property value"},
+    FailureEntry{Failure::InvalidPropertyIndex, 381, RunTimeSource, "Invalid property array index"},
     FailureEntry{Failure::NoSuchMember, 438, RunTimeSource, "Object doesn't support this property or method"},
 
     FailureEntry{Failure::NoCurrentRecord, 3021, RecordsetSource,

@@ -39,6 +39,7 @@ enum class Failure {
     PathNotFound,         // 76
     InvalidUseOfNull,     // 94
     InvalidProperty,      // 380: invalid property value
+    InvalidPropertyIndex, // 381: invalid property array index
     NoSuchMember,         // 438
     // recordset and connection
     NoCurrentRecord,  // 3021

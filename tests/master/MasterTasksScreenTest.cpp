@@ -218,7 +218,7 @@ TEST_F(MasterTasksTest, AddingADependencyWhereThereIsNoOtherCategoryStopsTheProg
             whenModal([](QWidget& dialog) { ScreenDriver(dialog).press(Qt::Key_Return); });
             driver->clickToolbar("Add");
         },
-        ::testing::ExitedWithCode(1), "380");
+        ::testing::ExitedWithCode(1), "381");
     EXPECT_EQ(ask("SELECT Count(*) FROM CategoryDependency"), Value(0));
 }
 

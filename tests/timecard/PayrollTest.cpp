@@ -348,7 +348,7 @@ TEST_F(Payroll, FailuresOutsideTheTrapsStopTheProgram) {
              driver->find<DateBox>("rebCompleted").setText("13/45/02");
              driver->click("vscrCompleted", {5, 3});
          }},
-        {"'380'", [this] { // An inactive employee is found and not in the list.
+        {"'381'", [this] { // An inactive employee is found and not in the list.
              data.addEmployee("000-00-0001", "Gone", "Gus", true);
              driver->focus("cmbEmployees");
              whenModal([](QWidget& dialog) {

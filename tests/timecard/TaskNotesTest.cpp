@@ -151,7 +151,7 @@ TEST_F(TaskNotes, EachShowingReadsThePaymentButKeepsTheFirstListOfEmployees) {
         expectEmpty(dialog);
         cancel(dialog);
     });
-    EXPECT_TRUE(script.shown().back().text.startsWith("Error #  380 "))
+    EXPECT_TRUE(script.shown().back().text.startsWith("Error #  381 "))
         << qPrintable(script.shown().back().text);
 }
 
@@ -202,7 +202,7 @@ TEST_F(TaskNotesDeathTest, AcceptStopsTheProgramRatherThanOverwrite) {
     } cases[] = {
         {"UPDATE JobTaskEmployee SET Price=45", "2", "'-2147217864'"},
         {"DELETE FROM JobTaskEmployee", "2", "'3021'"},
-        {"UPDATE Code SET Deleted=0 WHERE CodeKey=0", "", "'380'"},
+        {"UPDATE Code SET Deleted=0 WHERE CodeKey=0", "", "'381'"},
     };
     for (const auto& c : cases)
         EXPECT_EXIT(

@@ -209,8 +209,8 @@ void frmPayroll::LoadTaskHistory() {
     }
 }
 
-/// Lists what the combo shows, also when the task's own employee was paid. Raises InvalidPropertyIndex without
-/// a choice.
+/// Lists what the combo shows, also when the task's own employee was paid. Raises InvalidPropertyIndex
+/// without a choice.
 void frmPayroll::LoadEmployeeHistory() {
     lstEmployeeHistory->Clear();
     readEmployeeHistory(connection(), cmbEmployees->ItemData(cmbEmployees->ListIndex()),

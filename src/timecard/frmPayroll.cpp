@@ -61,6 +61,17 @@ void showFigure(QLabel& figure, double amount) {
     figure.setToolTip(figure.fontMetrics().horizontalAdvance(text) > figure.width() ? text : QString());
 }
 
+/// Stands on the same half of the same payment again, or where it stood when the payment has gone, so that
+/// Enter and the arrows go on from there.
+void reselect(ListBox& history, int line, qint64 paymentKey) {
+    constexpr int linesOfPayment = 2;
+    int index = std::min(line, history.ListCount() - 1);
+    for (int i = line % linesOfPayment; i < history.ListCount(); i += linesOfPayment)
+        if (history.ItemData(i) == paymentKey)
+            index = i;
+    history.setListIndex(index);
+}
+
 } // namespace
 
 frmPayroll::frmPayroll() : Screen("frmPayroll", "Timecards", {Part::Toolbar, Part::StatusBar}) {}
@@ -262,10 +273,13 @@ qint64 frmPayroll::selectedPaymentKey() const {
 }
 
 void frmPayroll::lstTaskHistory_DblClick() {
-    if (lstTaskHistory->ListIndex() < 0 || !taskNotes())
+    const int line = lstTaskHistory->ListIndex();
+    if (line < 0 || !taskNotes())
         return;
+    const qint64 paymentKey = selectedPaymentKey();
     taskNotes()(*this);
     LoadTaskHistory();
+    reselect(*lstTaskHistory, line, paymentKey);
 }
 
 PaymentSelection frmPayroll::selection() const {

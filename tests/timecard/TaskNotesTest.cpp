@@ -101,6 +101,26 @@ TEST_F(TaskNotes, ACorrectionMovesHistoryFiguresAndPrice) {
     EXPECT_EQ(data.db.ask("SELECT Note FROM JobTaskEmployee"), Value("agreed"));
 }
 
+/// The reloaded history would leave Enter without a line.
+TEST_F(TaskNotes, TheHistoryStandsOnThePaymentAgainOrWhereItWas) {
+    data.addPayment(data.task, data.bob, 7, {2024, 4, 1});
+    openHistory();
+    auto& list = payroll->find<ListBox>("lstTaskHistory");
+    open(3, [this](const ScreenDriver& dialog) {
+        data.addPayment(data.task, data.bob, 8, {2024, 5, 1});
+        cancel(dialog);
+    });
+    EXPECT_EQ(list.ListIndex(), 5) << "two lines came in above it";
+    whenModal([this](QWidget& dialog) {
+        script.expect(Answer::Yes);
+        ScreenDriver(dialog).click("cmdRemove");
+    });
+    payroll->focus("lstTaskHistory");
+    payroll->press(Qt::Key_Return);
+    EXPECT_EQ(list.ListCount(), 4);
+    EXPECT_EQ(list.ListIndex(), 3);
+}
+
 TEST_F(TaskNotes, EscapeCancelAndTheTitleBarWriteNothing) {
     openHistory();
     const Work ways[] = {[](const ScreenDriver& dialog) { dialog.press(Qt::Key_Escape); }, cancel,

@@ -56,9 +56,13 @@ QSize DayArrows::sizeHint() const {
 
 void DayArrows::paintEvent(QPaintEvent* event) {
     QScrollBar::paintEvent(event);
+    QStylePainter painter(this);
+    // A bar's style outlines the side towards the text only; these stand alone, beside a field.
+    constexpr int outlineDarker = 140;
+    painter.setPen(palette().color(QPalette::Window).darker(outlineDarker));
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
     if (!hasFocus())
         return;
-    QStylePainter painter(this);
     QStyleOptionFocusRect option;
     option.initFrom(this);
     painter.drawPrimitive(QStyle::PE_FrameFocusRect, option);

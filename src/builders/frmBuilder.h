@@ -49,7 +49,7 @@ private:
     // frmBuilderLayout.cpp
     void makeControls();
     void nameControls();
-    [[nodiscard]] QLayout* recordFields();
+    [[nodiscard]] QWidget* recordFrame();
     [[nodiscard]] QLayout* jobColumn();
     [[nodiscard]] QLayout* planHalf();
     void orderTabs();

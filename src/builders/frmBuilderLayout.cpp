@@ -5,6 +5,7 @@
 #include "controls/ListBox.h"
 #include "controls/MaskedBox.h"
 
+#include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -81,7 +82,7 @@ void frmBuilder::makeControls() {
     form->setSpacing(columnGap);
     auto* upper = new QHBoxLayout;
     upper->setSpacing(columnGap);
-    upper->addLayout(recordFields(), recordShare);
+    upper->addWidget(recordFrame(), recordShare);
     upper->addLayout(jobColumn(), jobShare);
     form->addLayout(upper);
     form->addLayout(planHalf(), 1);
@@ -99,9 +100,12 @@ void frmBuilder::nameControls() {
     jgTasks->setAccessibleName("Task Grid");
 }
 
-QLayout* frmBuilder::recordFields() {
+/// Its mnemonic leads to the name. Made on the canvas, where the fields keep their place in the order of Tab.
+QWidget* frmBuilder::recordFrame() {
     constexpr std::size_t state = 4, zip = 5;
-    auto* grid = new QGridLayout;
+    auto* frame = new QGroupBox("&Builder", canvas());
+    frame->setObjectName("fraInformation");
+    auto* grid = new QGridLayout(frame);
     grid->setHorizontalSpacing(spacing);
     grid->setVerticalSpacing(spacing);
     int row = 0;
@@ -120,7 +124,7 @@ QLayout* frmBuilder::recordFields() {
         m_fields.at(small)->setFixedWidth(shortFieldWidth);
     grid->setColumnStretch(2, 1);
     grid->setRowStretch(row, 1);
-    return grid;
+    return frame;
 }
 
 /// As high as the record beside it, so that the plans get the room.

@@ -127,6 +127,13 @@ TEST_F(BuilderScreen, ATypedNameBecomesANewBuilderWithAPlanAndATask) {
     driver.reset();
 }
 
+TEST_F(BuilderScreen, TheFramesMnemonicLeadsToTheName) {
+    openBuilder();
+    driver->focus("jgTasks");
+    driver->press(Qt::Key_B, Qt::AltModifier);
+    EXPECT_EQ(driver->focusedName(), "MskField(0)");
+}
+
 TEST_F(BuilderScreen, TheEmptyNameIsGuardedUntilAFindWithoutAChoice) {
     openBuilder();
     driver->focus("MskField(0)");

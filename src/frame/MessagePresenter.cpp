@@ -3,6 +3,7 @@
 #include "frame/MousePointer.h"
 
 #include <QApplication>
+#include <QGridLayout>
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
@@ -47,6 +48,19 @@ QMessageBox::Icon toolkitIcon(MessageIcon icon) {
     return QMessageBox::NoIcon;
 }
 
+/// A short text must not cut a longer title. The box fixes its size by its layout, which has to ask for the
+/// width; desktops write titles bold, between an icon and up to three buttons.
+void makeRoomForTitle(QMessageBox& box) {
+    constexpr int decorations = 110;
+    auto* grid = qobject_cast<QGridLayout*>(box.layout());
+    if (grid == nullptr)
+        return;
+    QFont font = box.font();
+    font.setBold(true);
+    const int width = QFontMetrics(font).horizontalAdvance(box.windowTitle()) + decorations;
+    grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
+}
+
 void fill(QMessageBox& box, const MessageRequest& request) {
     box.setObjectName(QStringLiteral("msgBox"));
     box.setWindowTitle(request.title);
@@ -62,6 +76,7 @@ void fill(QMessageBox& box, const MessageRequest& request) {
     }
     box.setDefaultButton(buttonOf(defaultAnswer(request)).button);
     box.setEscapeButton(buttonOf(answers.back()).button);
+    makeRoomForTitle(box);
 }
 
 void showMousePointer(bool hourGlass) {

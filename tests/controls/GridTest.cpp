@@ -4,8 +4,6 @@
 
 #include <QApplication>
 #include <QComboBox>
-#include <QHeaderView>
-#include <QTemporaryFile>
 #include <QTest>
 
 namespace tarnwell::test {
@@ -381,92 +379,6 @@ TEST_F(GridTest, DeletingARowStandsOnTheNext) {
     grid->setAllowAdd(false);
     EXPECT_EQ(grid->Row(), -1);
     EXPECT_EQ(grid->Col(), 0);
-}
-
-TEST_F(GridTest, AReadOnlyGridIsWalkedAndLeftAtOnce) {
-    start();
-    grid->setAllowAdd(false);
-    grid->setAllowEdit(false);
-    driver->press(Qt::Key_End, Qt::ControlModifier);
-    EXPECT_EQ(grid->Row(), 3);
-    EXPECT_EQ(grid->Col(), Employee);
-    driver->press(Qt::Key_Home);
-    driver->press(Qt::Key_Right);
-    driver->type("x");
-    driver->press(Qt::Key_F2);
-    driver->press(Qt::Key_Delete);
-    clickCell(3, Exclude);
-    EXPECT_FALSE(grid->isPending());
-    driver->press(Qt::Key_Tab);
-    EXPECT_EQ(driver->focusedName(), "after");
-}
-
-TEST_F(GridTest, AScreenMayTakeAKeyOrReplaceIt) {
-    start();
-    QObject::connect(grid, &Grid::keyDown, grid, [](int& code, int) {
-        if (code == KeyCode::Enter)
-            code = KeyCode::Right;
-        else if (code == 'Q')
-            code = 0;
-    });
-    driver->type("q");
-    EXPECT_FALSE(grid->isPending());
-    driver->type("Wood");
-    driver->press(Qt::Key_Return);
-    EXPECT_EQ(grid->Col(), Price);
-    driver->press(Qt::Key_Return);
-    EXPECT_EQ(grid->Col(), Custom);
-    EXPECT_EQ(driver->focusedName(), "jgTasks");
-    EXPECT_EQ(shown(1, Name), "Wood");
-}
-
-TEST_F(GridTest, BindingAlwaysTellsOnceAndAClosedRecordsetShowsNothing) {
-    start();
-    open("JobLotKey=0");
-    grid->bind(&rows);
-    EXPECT_EQ(takeLog(), QStringList({"-1,0 to 1,5"}));
-    grid->setAllowAdd(false);
-    grid->Rebind();
-    EXPECT_EQ(takeLog(), QStringList({"-1,0 to -1,0"}));
-    open();
-    grid->bind(&rows);
-    rows.setFilter("MasterPrice>10");
-    grid->Rebind();
-    EXPECT_EQ(grid->RowCount(), 2);
-    EXPECT_EQ(grid->value("name"), Value("Frame"));
-    rows.Close();
-    grid->grab();
-    EXPECT_EQ(grid->RowCount(), 0);
-    EXPECT_EQ(grid->Row(), -1);
-    EXPECT_TRUE(grid->value(Name).isEmpty());
-    driver->press(Qt::Key_Down);
-    driver->type("x");
-    log.clear();
-    grid->bind(nullptr);
-    EXPECT_TRUE(takeLog().isEmpty());
-}
-
-TEST_F(GridTest, ALayoutOrdersAndSizesTheColumnsUntilTheUserDoes) {
-    start();
-    QTemporaryFile file;
-    ASSERT_TRUE(file.open());
-    file.write("column Name width 150\ncolumn addonbutton width 30\ncolumn Employeekey width rest\n");
-    file.close();
-    grid->LoadLayout(file.fileName());
-    const QHeaderView& header = *grid->horizontalHeader();
-    EXPECT_EQ(header.visualIndex(Name - 1), 0);
-    EXPECT_EQ(header.visualIndex(Button - 1), 1);
-    EXPECT_EQ(grid->columnWidth(Name - 1), 150);
-    EXPECT_EQ(header.length(), grid->viewport()->width());
-    driver->press(Qt::Key_Home);
-    EXPECT_EQ(grid->Col(), Name);
-    grid->setColumnWidth(Name - 1, 90);
-    grid->LoadLayout(file.fileName());
-    grid->bind(&rows);
-    EXPECT_EQ(grid->columnWidth(Name - 1), 90);
-    EXPECT_EQ(header.length(), grid->viewport()->width());
-    grid->LoadLayout("missing.lyt");
-    EXPECT_EQ(header.visualIndex(Name - 1), 0);
 }
 
 } // namespace tarnwell::test

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "data/Connection.h"
+#include "data/Value.h"
+
+#include <QtGlobal>
+
+namespace tarnwell {
+
+/// Where a lot task stands in the tree of its lot. A plain task is 0, 0; a parent points at itself, 0; an
+/// option points at its parent, 1. The tree has two levels.
+struct TreePlace {
+    qint64 parentKey = 0;
+    qint64 child = 0;
+};
+
+/// Mends the tree after a task that stood at `place` was deleted: the options of a parent become plain tasks,
+/// and a parent whose last option went becomes a plain task. Raises NoCurrentRecord for an option whose
+/// parent is gone already.
+void repairTreeAfterDelete(Connection& connection, const TreePlace& place);
+
+/// The lot that is copied, as its grid shows it.
+struct LotToCopy {
+    Value jobLotKey;
+    Value jobKey;
+    Value lotBlock;
+    Value planName;
+    Value address;
+    Value contractorPlanKey;
+};
+
+/// Copies a lot into its job with the tasks of all categories and returns the new lot's key. Prices are the
+/// lot's own; dates and employees are not copied. A child is linked while its parent was the last one seen.
+/// What was written before an error stays.
+qint64 copyLot(Connection& connection, const LotToCopy& source);
+
+} // namespace tarnwell

@@ -1,0 +1,98 @@
+#pragma once
+
+#include "data/SqliteHandle.h"
+#include "reports/PageSurface.h"
+
+#include <QByteArray>
+
+#include <optional>
+#include <vector>
+
+namespace tarnwell {
+
+/// What lies on one page, each kind in the order in which it was drawn.
+struct StoredPage {
+    Orientation orientation = Orientation::Portrait;
+    std::vector<PageText> texts;
+    std::vector<PageLine> lines;
+};
+
+/// A text that was searched for: its page, counted from 1, and its place in `StoredPage::texts`.
+struct TextHit {
+    qint64 page;
+    std::size_t index;
+    friend bool operator==(const TextHit&, const TextHit&) = default;
+};
+
+/// The report database: the pages of the runs that are on somebody's screen.
+///
+/// A run is drawn beside the file and goes into it in one transaction, so a long run keeps nobody waiting and
+/// a run that was cut short leaves nothing. Several programs may share the file: each clears its own runs,
+/// and whoever opens it alone also what was left behind.
+class PageStore {
+public:
+    /// Makes the file where it is missing. Raises PathNotFound for a missing folder, FileAccess for a file or
+    /// folder that can't be written, DatabaseForeign for a file that is no report database.
+    explicit PageStore(const QString& path);
+    /// Clears the runs of this store.
+    ~PageStore();
+    PageStore(const PageStore&) = delete;
+    PageStore& operator=(const PageStore&) = delete;
+
+    /// Clears this store's run before and starts an empty one. Keys are never given out twice.
+    [[nodiscard]] qint64 newReport();
+    /// Adds to the run of that key, which must be the last one and not finished; raises NotAllowed.
+    void add(qint64 reportKey, const PageText& text);
+    void add(qint64 reportKey, const PageLine& line);
+    /// Brings the run into the file; nothing can be added behind it. Does nothing for a finished run.
+    void finish(qint64 reportKey);
+
+    /// The highest page of a finished run, 0 for a run without pages; pages below it may be empty.
+    [[nodiscard]] qint64 pageCount(qint64 reportKey) const;
+    /// An empty page when nothing was drawn on it.
+    [[nodiscard]] StoredPage page(qint64 reportKey, qint64 number) const;
+
+private:
+    void requireOpenRun(qint64 reportKey) const;
+    QByteArray& itemsOf(qint64 page);
+    void putAside();
+    void clearRuns();
+
+    QString m_path;
+    data::SqliteHandle m_handle;
+    std::optional<data::SqliteStatement> m_putAside;
+    std::optional<qint64> m_openRun;
+    qint64 m_page = 0;  ///< Whose items wait in `m_items`.
+    QByteArray m_items; ///< Not put aside yet.
+};
+
+/// The finished pages of one run, for whoever shows or prints them. Must not outlive the store.
+class StoredReport {
+public:
+    StoredReport(const PageStore& store, qint64 reportKey)
+        : m_store(store), m_reportKey(reportKey), m_pageCount(store.pageCount(reportKey)) {}
+
+    /// Pages count from 1 to this; 0 for a report without pages.
+    [[nodiscard]] qint64 pageCount() const { return m_pageCount; }
+    /// Read from the file at each call; an empty page when nothing was drawn on it.
+    [[nodiscard]] StoredPage page(qint64 number) const { return m_store.page(m_reportKey, number); }
+    /// Every page of a report lies the same way.
+    [[nodiscard]] Orientation orientation() const { return page(1).orientation; }
+    /// The texts of a page that contain `text`, the number of pages behind " of" included; no hit for an
+    /// empty text.
+    [[nodiscard]] std::vector<TextHit> findOnPage(const QString& text, qint64 page,
+                                                  Qt::CaseSensitivity letters = Qt::CaseInsensitive) const;
+    /// The same on all pages, in order.
+    [[nodiscard]] std::vector<TextHit> find(const QString& text,
+                                            Qt::CaseSensitivity letters = Qt::CaseInsensitive) const;
+
+private:
+    const PageStore& m_store;
+    qint64 m_reportKey;
+    qint64 m_pageCount;
+};
+
+/// The text as it is read on the page: "Page:2 of" gets the number of pages behind it.
+[[nodiscard]] QString textOnPage(const PageText& text, qint64 pageCount);
+
+} // namespace tarnwell

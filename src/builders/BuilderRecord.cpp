@@ -13,6 +13,15 @@ QString recordOf(qint64 builderKey) {
 
 } // namespace
 
+std::vector<std::pair<QString, qint64>> readBuilders(Connection& connection) {
+    Recordset builders;
+    builders.Open("SELECT ContractorKey, Name FROM Contractor ORDER BY Name", connection);
+    std::vector<std::pair<QString, qint64>> items;
+    for (; !builders.atEnd(); builders.MoveNext())
+        items.emplace_back(FieldText(builders["Name"]), builders["ContractorKey"].toLong());
+    return items;
+}
+
 qint64 addBuilder(Connection& connection) {
     Recordset builders;
     builders.Open("Contractor", connection, CursorType::Dynamic, LockType::Optimistic);

@@ -5,6 +5,8 @@
 #include <QString>
 
 #include <array>
+#include <utility>
+#include <vector>
 
 namespace tarnwell {
 
@@ -29,6 +31,8 @@ inline constexpr std::array builderFields{
 /// The texts of `builderFields`.
 using BuilderTexts = std::array<QString, builderFields.size()>;
 
+/// All builders by name: name and key, as a combo takes them.
+[[nodiscard]] std::vector<std::pair<QString, qint64>> readBuilders(Connection& connection);
 /// Adds a builder with an empty name and returns its key.
 [[nodiscard]] qint64 addBuilder(Connection& connection);
 /// Null reads as the empty text. A builder that has gone, as 0, has empty texts.

@@ -6,6 +6,8 @@
 #include "frame/MessagePresenter.h"
 #include "frame/Theme.h"
 #include "frame/Version.h"
+#include "frame/frmAbout.h"
+#include "frame/frmOptions.h"
 #include "frame/frmSwitchboard.h"
 #include "master/frmMasterCodes.h"
 #include "master/frmMasterTasks.h"
@@ -49,6 +51,8 @@ void registerScreens() {
     registerScreen<frmMasterTasks>("frmMasterTasks", Screen::Modality::Modal);
     registerScreen<frmEmployee>("frmEmployee", Screen::Modality::Modeless);
     registerScreen<frmPayroll>("frmPayroll", Screen::Modality::Modeless);
+    registerScreen<frmOptions>("mnuOptions", Screen::Modality::Modal);
+    registerScreen<frmAbout>("mnuAbout", Screen::Modality::Modal);
     frmPayroll::setTaskNotes(
         [](frmPayroll& caller) { theForm<frmTaskNotes>().Show(Screen::Modality::Modal, &caller); });
 }

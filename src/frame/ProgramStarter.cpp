@@ -42,6 +42,15 @@ ProgramStarter setProgramStarter(ProgramStarter starter) {
     return std::exchange(replacedStarter(), std::move(starter));
 }
 
+void Shell(const QString& command) {
+    QStringList words = QProcess::splitCommand(command);
+    const QString program = words.isEmpty() ? QString() : words.takeFirst();
+    if (replacedStarter())
+        replacedStarter()(program, words);
+    else if (program.isEmpty() || !QProcess::startDetached(program, words))
+        raise(Failure::FileNotFound, program);
+}
+
 void ShellAndWait(const QString& program, const QStringList& arguments) {
     try {
         if (replacedStarter())

@@ -21,6 +21,16 @@ struct LotData : BuilderData {
                                      {"MasterPrice", price},
                                      {"CustomTask", "N"}});
     }
+    qint64 addGroup(const char* name) {
+        return db.add("Code", {{"Code1", 5}, {"Code2", builder}, {"Description", name}});
+    }
+    void addGroupTask(qint64 group, qint64 master, const Value& price) {
+        db.add("ContractorOptionGroup", {{"ContractorKey", builder},
+                                         {"CodeKey", group},
+                                         {"MasterTaskKey", master},
+                                         {"MasterPrice", price},
+                                         {"ExcludeDependency", true}});
+    }
     /// Puts an option under a task, which becomes a parent.
     qint64 addOption(const char* name, qint64 parent) {
         place(parent, {parent, 0});

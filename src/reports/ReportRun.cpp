@@ -1,0 +1,77 @@
+#include "reports/ReportRun.h"
+
+#include "frame/MousePointer.h"
+#include "frame/MsgBox.h"
+#include "frame/modErrorRoutines.h"
+
+#include <algorithm>
+#include <span>
+
+namespace tarnwell {
+
+namespace {
+
+std::span<const Report> reports() {
+    return {};
+}
+
+Recordset openRows(const QString& sql, Connection& connection) {
+    Recordset rows;
+    rows.Open(sql, connection, CursorType::Static, LockType::ReadOnly);
+    return rows;
+}
+
+/// An error ends the drawing and not the run: what was drawn by then is worth seeing.
+void DrawReport(const Report& report, ReportRun& run) {
+    try {
+        report.draw(run);
+    } catch (const RunTimeError& error) {
+        ErrorHandler(error, {});
+    }
+}
+
+/// The key of the pages, or nothing when there was no row to draw. The rows are let go of: nobody reads them
+/// while the pages are looked at, and there may be a hundred thousand.
+std::optional<qint64> drawPages(const Report& report, Connection& connection,
+                                const ReportParameters& parameters, PageSurface& surface,
+                                ReportWatcher& watcher) {
+    Recordset rsReport;
+    {
+        const HourGlass hourGlass;
+        rsReport = openRows(report.buildQuery(parameters), connection);
+        if (rsReport.RecordCount() == 0)
+            return std::nullopt;
+    }
+    ReportRun run{.connection = connection,
+                  .rsReport = rsReport,
+                  .parameters = parameters,
+                  .surface = surface,
+                  .reportKey = surface.NewReport(),
+                  .watcher = watcher};
+    DrawReport(report, run);
+    return run.reportKey;
+}
+
+} // namespace
+
+const Report* findReport(const QString& objectName) {
+    const auto found = std::ranges::find(reports(), objectName, &Report::objectName);
+    return found == reports().end() ? nullptr : &*found;
+}
+
+void RunReport(const Report& report, Connection& connection, const ReportParameters& parameters,
+               PageSurface& surface, ReportWatcher& watcher, bool preview) {
+    try {
+        const auto reportKey = drawPages(report, connection, parameters, surface, watcher);
+        if (!reportKey.has_value())
+            MsgBox({.text = "Nothing to print with given parameters.",
+                    .title = "Report",
+                    .icon = MessageIcon::Information});
+        else if (!watcher.CancelRequested())
+            surface.ShowReport(*reportKey, preview);
+    } catch (const RunTimeError& error) {
+        ErrorHandler(error, {});
+    }
+}
+
+} // namespace tarnwell

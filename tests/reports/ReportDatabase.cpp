@@ -57,11 +57,15 @@ qint64 ReportDatabase::add(const LogRow& row) {
                                     {"Problem", row.problem}});
 }
 
+void ReportDatabase::makeParent(qint64 task) {
+    m_db.run(QStringLiteral("UPDATE JobLotTask SET ParentKey=%1 WHERE JobLotTaskKey=%1").arg(task));
+}
+
 qint64 ReportDatabase::addOption(qint64 parent, const QString& name, double price) {
-    const QString key = QString::number(parent);
-    m_db.run(QStringLiteral("UPDATE JobLotTask SET ParentKey=%1 WHERE JobLotTaskKey=%1").arg(key));
+    makeParent(parent);
     Recordset task;
-    task.Open(QStringLiteral("SELECT JobLotKey, CodeKey FROM JobLotTask WHERE JobLotTaskKey=") + key,
+    task.Open(QStringLiteral("SELECT JobLotKey, CodeKey FROM JobLotTask WHERE JobLotTaskKey=") +
+                  QString::number(parent),
               connection());
     return m_db.add("JobLotTask", {{"JobLotKey", task["JobLotKey"]},
                                    {"CodeKey", task["CodeKey"]},

@@ -68,6 +68,8 @@ public:
     qint64 add(const TaskRow& row);
     qint64 add(const PaymentRow& row);
     qint64 add(const LogRow& row);
+    /// Makes a task a parent, with or without options.
+    void makeParent(qint64 task);
     /// An option of a task; makes that task its parent.
     qint64 addOption(qint64 parent, const QString& name, double price);
 

@@ -1,0 +1,51 @@
+#include "reports/TaskAmounts.h"
+
+#include "data/Recordset.h"
+#include "frame/RunTime.h"
+#include "frame/modFormatFunctions.h"
+
+namespace tarnwell {
+
+namespace {
+
+constexpr double halfCent = 0.005;
+
+} // namespace
+
+void PaidSums::read(Connection& connection, const QString& condition) {
+    Recordset sums;
+    sums.Open(
+        "SELECT JobTaskEmployee.JobLotTaskKey, SUM(Price) FROM JobLotTask INNER JOIN JobTaskEmployee ON "
+        "JobLotTask.JobLotTaskKey = JobTaskEmployee.JobLotTaskKey WHERE " +
+            condition + " GROUP BY JobTaskEmployee.JobLotTaskKey",
+        connection, CursorType::ForwardOnly);
+    for (; !sums.atEnd(); sums.MoveNext())
+        m_sums.insert_or_assign(sums.field(0).toLong(), NullToZero(sums.field(1)).toDouble());
+}
+
+double PaidSums::of(qint64 jobLotTaskKey) const {
+    const auto found = m_sums.find(jobLotTaskKey);
+    return found == m_sums.end() ? 0.0 : found->second;
+}
+
+double roundedAmount(double amount) {
+    return Round(amount, 2);
+}
+
+double inSinglePrecision(double amount) {
+    return static_cast<double>(static_cast<float>(amount));
+}
+
+bool isShown(DetailLevel detail, double left) {
+    switch (detail) {
+    case DetailLevel::PaidFull:
+        return left < halfCent;
+    case DetailLevel::Unpaid:
+        return left > halfCent;
+    case DetailLevel::All:
+        break;
+    }
+    return true;
+}
+
+} // namespace tarnwell

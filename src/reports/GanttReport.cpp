@@ -147,8 +147,7 @@ void GanttPages::drawHeader() {
     m_pen.newPage(headerY);
     m_pen.text(6000, QStringLiteral("Gantt Task Calendar: ") + Format(Now(), "mm/dd/yy hh:mm"));
     m_pen.moveTo(headerY);
-    m_pen.text(13600, QStringLiteral("Page:%1 of").arg(m_pen.page()),
-               {.FontSize = 10, .YStep = 300, .FontName = "Arial", .PageTotal = true});
+    m_pen.pageNumber(13600);
     m_pen.line(leftMargin, headerRuleY, 14800, headerRuleY);
 }
 

@@ -9,7 +9,6 @@ namespace {
 constexpr qint16 beyondAnyLimit = 32000;
 constexpr qint16 pageLimit = 13500;
 constexpr qint16 headerTop = 800;
-constexpr int headerStep = 300;
 constexpr int titleX = 4200;
 constexpr int pageNumberX = 9800;
 
@@ -28,8 +27,7 @@ bool isPageFull(const ReportPen& pen) {
 void startPortraitPage(ReportPen& pen, const QString& title, int gapBelow) {
     pen.newPage(headerTop);
     pen.text(titleX, title + Format(Now(), "mm/dd/yy hh:mm"), {.FontSize = largeSize, .YStep = 0});
-    pen.text(pageNumberX, "Page:" + QString::number(pen.page()) + " of",
-             {.FontSize = largeSize, .YStep = headerStep, .FontName = "Arial", .PageTotal = true});
+    pen.pageNumber(pageNumberX);
     pen.rule(pageLeft, pageRight);
     pen.down(gapBelow);
 }

@@ -37,6 +37,11 @@ void ReportPen::text(int x, const QString& text, const TextLook& look) {
         [&] { m_surface.AddText(m_reportKey, m_y, movedBy(0, x), text, m_page, m_orientation, look); });
 }
 
+void ReportPen::pageNumber(int x) {
+    text(x, QStringLiteral("Page:%1 of").arg(m_page),
+         {.FontSize = 10, .YStep = 300, .FontName = QStringLiteral("Arial"), .PageTotal = true});
+}
+
 void ReportPen::line(int x1, int y1, int x2, int y2, int width) {
     pastOverflow([&] {
         m_surface.AddLine(m_reportKey, {movedBy(0, x1), movedBy(0, y1), movedBy(0, x2), movedBy(0, y2),

@@ -21,6 +21,8 @@ public:
 
     /// A text at `x` on the pen's height; the look's step takes the pen down.
     void text(int x, const QString& text, const TextLook& look = {});
+    /// The page's number, which the surface completes by the number of pages; takes the pen down by 300.
+    void pageNumber(int x);
     /// A rule on the pen's height.
     void rule(int x1, int x2, int width = 1) { line(x1, m_y, x2, m_y, width); }
     void line(int x1, int y1, int x2, int y2, int width = 1);

@@ -62,7 +62,7 @@ struct LotData : BuilderData {
 
 private:
     QString line(const Recordset& task) {
-        const QString name = task["Name"].isNull() ? QString("Null") : task["Name"].toText();
+        QString name = task["Name"].isNull() ? QString("Null") : task["Name"].toText();
         const qint64 parent = task["ParentKey"].toLong();
         if (task["Child"].toLong() != 0)
             return name + " < " + db.ask("SELECT Name" + fromTask(parent)).toText();

@@ -201,11 +201,12 @@ private:
         if (tasks.empty())
             return;
         const auto& [key, task] = tasks[below(tasks.size())];
+        const TreePlace place = task.place;
+        const qint64 parent = place.parentKey;
         m_data.db.run("DELETE" + LotData::fromTask(key));
         const Tasks left = read();
-        const qint64 parent = task.place.parentKey;
         const bool last = task.isOption() && !hasOptions(left, parent);
-        EXPECT_EQ(raisedNumber([&] { repairTreeAfterDelete(connection(), task.place); }),
+        EXPECT_EQ(raisedNumber([&] { repairTreeAfterDelete(connection(), place); }),
                   last && !left.contains(parent) ? numberOf(Failure::NoCurrentRecord) : 0);
         if (last)
             expected.unmarked.erase(parent);

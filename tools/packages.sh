@@ -3,7 +3,6 @@
 BUILD_PACKAGES="g++ cmake ninja-build qt6-base-dev qt6-svg-dev libsqlite3-dev"
 RUN_PACKAGES="libqt6svg6 qt6-qpa-plugins fonts-liberation"
 TEST_PACKAGES="libgtest-dev libbenchmark-dev poppler-utils"
-VIRTUAL_DISPLAY_PACKAGES="xvfb xauth openbox xdotool scrot sqlite3"
 
 say() { printf '== %s\n' "$*"; }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "input/WidgetInput.h"
+
 #include <QPoint>
 #include <QString>
 #include <QWidget>
@@ -17,10 +19,7 @@ public:
     /// The control of that name; fails the test and throws when there is none.
     template <class T = QWidget>
     [[nodiscard]] T& find(const QString& name) const {
-        T* found = window().findChild<T*>(name);
-        if (found == nullptr)
-            reportMissing(name);
-        return *found;
+        return input::find<T>(window(), name);
     }
 
     /// Keys to whatever has the focus.
@@ -41,8 +40,6 @@ public:
     [[nodiscard]] QWidget& window() const { return m_window; }
 
 private:
-    [[noreturn]] static void reportMissing(const QString& name);
-
     QWidget& m_window;
 };
 

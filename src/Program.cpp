@@ -1,0 +1,79 @@
+#include "Program.h"
+
+#include "builders/frmBuilder.h"
+#include "frame/DataEnvironment.h"
+#include "frame/EventGuard.h"
+#include "frame/HelpKey.h"
+#include "frame/Icons.h"
+#include "frame/MessagePresenter.h"
+#include "frame/Theme.h"
+#include "frame/Version.h"
+#include "frame/frmAbout.h"
+#include "frame/frmOptions.h"
+#include "frame/frmSwitchboard.h"
+#include "master/frmMasterCodes.h"
+#include "master/frmMasterTasks.h"
+#include "timecard/frmEmployee.h"
+#include "timecard/frmPayroll.h"
+#include "timecard/frmTaskNotes.h"
+
+#include <exception>
+
+namespace tarnwell {
+
+namespace {
+
+template <class Form>
+void registerScreen(const char* key, Screen::Modality modality) {
+    frmSwitchboard::registerScreen(
+        {QLatin1String(key), modality, []() -> Screen& { return theForm<Form>(); }});
+}
+
+/// Every screen that the main window can show.
+void registerScreens() {
+    registerScreen<frmBuilder>("frmBuilder", Screen::Modality::Modeless);
+    registerScreen<frmMasterCodes>("frmMasterCodes", Screen::Modality::Modal);
+    registerScreen<frmMasterTasks>("frmMasterTasks", Screen::Modality::Modal);
+    registerScreen<frmEmployee>("frmEmployee", Screen::Modality::Modeless);
+    registerScreen<frmPayroll>("frmPayroll", Screen::Modality::Modeless);
+    registerScreen<frmOptions>("mnuOptions", Screen::Modality::Modal);
+    registerScreen<frmAbout>("mnuAbout", Screen::Modality::Modal);
+    frmPayroll::setTaskNotes(
+        [](frmPayroll& caller) { theForm<frmTaskNotes>().Show(Screen::Modality::Modal, &caller); });
+}
+
+} // namespace
+
+Program::Program(int& argc, char** argv) : QApplication(argc, argv) {
+    setApplicationName(QStringLiteral("Tarnwell"));
+    setApplicationVersion(
+        QStringLiteral("%1.%2.%3").arg(versionMajor).arg(versionMinor).arg(versionRevision));
+    setDesktopFileName(QStringLiteral("tarnwell"));
+    setWindowIcon(programIcon());
+    setPalette(refinements(palette()));
+    installPresenters();
+    new HelpKey(this);
+    registerScreens();
+}
+
+int Program::run() {
+    runEvent([this] {
+        auto& mainWindow = theForm<frmSwitchboard>();
+        connect(&mainWindow, &QObject::destroyed, this, &QCoreApplication::quit);
+        mainWindow.Show(Screen::Modality::Modeless, nullptr);
+    });
+    const int exitCode = exec();
+    DataEnvironment::close();
+    return exitCode;
+}
+
+bool Program::notify(QObject* receiver, QEvent* event) {
+    try {
+        return QApplication::notify(receiver, event);
+    } catch (const std::exception&) {
+        runEvent([error = std::current_exception()] { std::rethrow_exception(error); });
+        return true;
+    }
+}
+
+} // namespace tarnwell

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QApplication>
+
+namespace tarnwell {
+
+/// The whole program: its look, its help key, its messages and every screen. An error that no routine caught
+/// reaches the outer handler and not the toolkit.
+class Program : public QApplication {
+public:
+    Program(int& argc, char** argv);
+
+    /// Shows the main window and runs until it is closed; returns the exit code.
+    int run();
+
+    bool notify(QObject* receiver, QEvent* event) override;
+};
+
+} // namespace tarnwell

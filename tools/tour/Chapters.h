@@ -1,0 +1,21 @@
+#pragma once
+
+#include "tour/Driver.h"
+
+#include <span>
+
+namespace tarnwell::tour {
+
+/// A piece of the work. It starts and ends with the main window in front and all other windows closed.
+struct Chapter {
+    const char* title;
+    void (*run)(Driver& driver);
+};
+
+/// The whole tour, in its order.
+[[nodiscard]] std::span<const Chapter> chapters();
+
+void payWithEveryWarning(Driver& driver);
+void correctPayment(Driver& driver);
+
+} // namespace tarnwell::tour

@@ -1,6 +1,7 @@
 #include "frame/HelpWindow.h"
 
 #include "frame/EventGuard.h"
+#include "frame/HelpBrowser.h"
 #include "frame/Icons.h"
 #include "frame/MsgBox.h"
 
@@ -8,16 +9,16 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QPointer>
-#include <QRegularExpression>
 #include <QSplitter>
-#include <QTextBrowser>
-#include <QTextDocument>
-#include <QTextTable>
 #include <QToolBar>
 #include <QUrl>
+#include <QVBoxLayout>
 
+#include <algorithm>
 #include <utility>
 
 namespace tarnwell {
@@ -27,10 +28,6 @@ namespace {
 constexpr QSize openingSize(860, 620);
 constexpr int contentsWidth = 220;
 constexpr int listSpacing = 3;
-constexpr double pageMargin = 20;
-constexpr double cellPadding = 4;
-constexpr double tableMargin = 8;
-constexpr double readingScale = 1.1;
 const QString contentsPage = QStringLiteral("contents");
 
 QString& helpFolder() {
@@ -44,26 +41,37 @@ QPointer<HelpWindow>& openWindow() {
 }
 
 QString pageFile(const QString& page) {
-    return QStringLiteral("%1/%2.md").arg(helpFolder(), page);
+    return helpPageFile(helpFolder(), page);
 }
 
 } // namespace
 
 HelpWindow::HelpWindow(QWidget* owner)
-    : QMainWindow(owner), m_contents(new QListWidget), m_page(new QTextBrowser) {
+    : QMainWindow(owner), m_pages(readHelpPages(helpFolder())), m_search(new QLineEdit),
+      m_contents(new QListWidget), m_nothing(new QLabel(QStringLiteral("No page holds these words."))),
+      m_page(new HelpBrowser) {
     setObjectName(QStringLiteral("helpWindow"));
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(QStringLiteral("Tarnwell Help"));
+    m_search->setObjectName(QStringLiteral("txtSearch"));
+    m_search->setPlaceholderText(QStringLiteral("Search (Ctrl+F)"));
+    m_search->setAccessibleName(QStringLiteral("Search"));
+    m_search->setClearButtonEnabled(true);
     m_contents->setObjectName(QStringLiteral("lstContents"));
     m_contents->setAccessibleName(QStringLiteral("Contents"));
-    m_page->setObjectName(QStringLiteral("txtPage"));
-    m_page->document()->setDocumentMargin(pageMargin);
-    QFont reading = m_page->font();
-    reading.setPointSizeF(reading.pointSizeF() * readingScale);
-    m_page->setFont(reading);
     m_contents->setSpacing(listSpacing);
+    m_nothing->setObjectName(QStringLiteral("lblNothing"));
+    m_nothing->setWordWrap(true);
+    m_nothing->hide();
+    m_page->setObjectName(QStringLiteral("txtPage"));
+
+    auto* left = new QWidget;
+    auto* column = new QVBoxLayout(left);
+    column->setContentsMargins(0, 0, 0, 0);
+    for (QWidget* widget : std::initializer_list<QWidget*>{m_search, m_nothing, m_contents})
+        column->addWidget(widget);
     auto* splitter = new QSplitter;
-    splitter->addWidget(m_contents);
+    splitter->addWidget(left);
     splitter->addWidget(m_page);
     splitter->setStretchFactor(1, 1);
     splitter->setSizes({contentsWidth, openingSize.width() - contentsWidth});
@@ -71,13 +79,14 @@ HelpWindow::HelpWindow(QWidget* owner)
     resize(openingSize);
     buildActions();
     fillContents();
-    connect(m_contents, &QListWidget::currentItemChanged, this,
-            guarded([this](QListWidgetItem* item, QListWidgetItem* /*before*/) {
-                if (item != nullptr)
-                    turnTo(item->data(Qt::UserRole).toString());
+    connect(m_contents, &QListWidget::currentRowChanged, this, guarded([this](int row) {
+                if (row >= 0)
+                    turnTo(m_pages.at(static_cast<std::size_t>(row)).name);
             }));
     connect(m_page, &QTextBrowser::sourceChanged, this,
             guarded([this](const QUrl& source) { followPage(source); }));
+    connect(m_search, &QLineEdit::textChanged, this, guarded([this] { search(); }));
+    connect(m_search, &QLineEdit::returnPressed, this, guarded([this] { m_page->setFocus(); }));
 }
 
 void HelpWindow::buildActions() {
@@ -100,22 +109,39 @@ void HelpWindow::buildActions() {
     connect(forward, &QAction::triggered, m_page, &QTextBrowser::forward);
     connect(m_page, &QTextBrowser::backwardAvailable, back, &QAction::setEnabled);
     connect(m_page, &QTextBrowser::forwardAvailable, forward, &QAction::setEnabled);
+    auto* find = new QAction(this);
+    find->setShortcut(QKeySequence::Find);
+    addAction(find);
+    connect(find, &QAction::triggered, this, guarded([this] {
+                m_search->setFocus(Qt::ShortcutFocusReason);
+                m_search->selectAll();
+            }));
 }
 
 void HelpWindow::fillContents() {
-    static const QRegularExpression link(QStringLiteral(R"(\[([^\]]+)\]\(([^)]+)\.md\))"));
-    const auto add = [this](const QString& title, const QString& page) {
-        auto* item = new QListWidgetItem(title, m_contents);
-        item->setData(Qt::UserRole, page);
-    };
-    add(QStringLiteral("Contents"), contentsPage);
-    QFile file(pageFile(contentsPage));
-    if (!file.open(QIODevice::ReadOnly))
-        return;
-    for (auto links = link.globalMatch(QString::fromUtf8(file.readAll())); links.hasNext();) {
-        const QRegularExpressionMatch match = links.next();
-        add(match.captured(1), match.captured(2));
+    for (const HelpPage& page : m_pages)
+        m_contents->addItem(page.title);
+}
+
+void HelpWindow::search() {
+    const QStringList words = searchWords(m_search->text());
+    int first = -1;
+    for (int row = static_cast<int>(m_pages.size()) - 1; row >= 0; --row) {
+        const bool found = isFound(m_pages.at(static_cast<std::size_t>(row)), words);
+        m_contents->item(row)->setHidden(!found);
+        if (found)
+            first = row;
     }
+    m_nothing->setVisible(first < 0);
+    const QListWidgetItem* shown = m_contents->currentItem();
+    if (first >= 0 && (shown == nullptr || shown->isHidden()))
+        m_contents->setCurrentRow(first);
+    m_page->markWords(words);
+}
+
+int HelpWindow::lineOf(const QString& page) const {
+    const auto found = std::ranges::find(m_pages, page, &HelpPage::name);
+    return found == m_pages.end() ? -1 : static_cast<int>(found - m_pages.begin());
 }
 
 void HelpWindow::turnTo(const QString& page) {
@@ -126,30 +152,14 @@ void HelpWindow::turnTo(const QString& page) {
 
 /// The list stands on the page shown, also when a link led there.
 void HelpWindow::followPage(const QUrl& source) {
-    const QString page = QFileInfo(source.path()).completeBaseName();
-    for (int row = 0; row < m_contents->count(); ++row)
-        if (m_contents->item(row)->data(Qt::UserRole).toString() == page)
-            m_contents->setCurrentRow(row);
-    spaceTables();
-}
-
-/// Markdown knows no table style, and the toolkit's own draws every line twice.
-void HelpWindow::spaceTables() {
-    for (QTextFrame* frame : m_page->document()->rootFrame()->childFrames()) {
-        auto* table = qobject_cast<QTextTable*>(frame);
-        if (table == nullptr)
-            continue;
-        QTextTableFormat format = table->format();
-        format.setBorder(0);
-        format.setCellPadding(cellPadding);
-        format.setTopMargin(tableMargin);
-        format.setBottomMargin(tableMargin);
-        table->setFormat(format);
-    }
+    if (const int line = lineOf(QFileInfo(source.path()).completeBaseName()); line >= 0)
+        m_contents->setCurrentRow(line);
 }
 
 void HelpWindow::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Escape)
+    if (event->key() == Qt::Key_Escape && !m_search->text().isEmpty())
+        m_search->clear();
+    else if (event->key() == Qt::Key_Escape)
         close();
     else
         QMainWindow::keyPressEvent(event);

@@ -1,16 +1,23 @@
 #pragma once
 
+#include "frame/HelpPages.h"
+
 #include <QMainWindow>
 #include <QString>
 
+#include <vector>
+
+class QLabel;
+class QLineEdit;
 class QListWidget;
-class QTextBrowser;
 class QUrl;
 
 namespace tarnwell {
 
+class HelpBrowser;
+
 /// The help pages: a list of them on the left, the page on the right. The pages are Markdown files in one
-/// folder; the links of `contents.md` make the list.
+/// folder; the links of `contents.md` make the list. Words typed above it leave the pages that hold them.
 class HelpWindow : public QMainWindow {
     Q_OBJECT
 
@@ -32,15 +39,21 @@ private:
     explicit HelpWindow(QWidget* owner);
 
     void buildActions();
-    /// One line for every link of the contents page.
     void fillContents();
+    /// Leaves the pages with the words that are typed; the first of them is shown unless the page shown is
+    /// one.
+    void search();
+    /// The page's line in the list, or -1.
+    [[nodiscard]] int lineOf(const QString& page) const;
     /// Nothing when the page is shown already, so that list and page can follow each other.
     void turnTo(const QString& page);
     void followPage(const QUrl& source);
-    void spaceTables();
 
+    std::vector<HelpPage> m_pages; ///< The list's lines, in its order.
+    QLineEdit* m_search;
     QListWidget* m_contents;
-    QTextBrowser* m_page;
+    QLabel* m_nothing; ///< Says that no page holds the words.
+    HelpBrowser* m_page;
 };
 
 } // namespace tarnwell

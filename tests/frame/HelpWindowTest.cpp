@@ -1,14 +1,17 @@
 #include "frame/HelpWindow.h"
 
 #include "frame/HelpKey.h"
+#include "frame/HelpPages.h"
 #include "support/MessageScript.h"
 #include "support/ScreenDriver.h"
 
 #include <QApplication>
 #include <QDialog>
 #include <QDir>
+#include <QImage>
 #include <QListWidget>
 #include <QRegularExpression>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTextBrowser>
 
@@ -79,12 +82,57 @@ TEST_F(HelpWindowTest, ListAndPageFollowEachOther) {
     auto* list = openHelp()->findChild<QListWidget*>("lstContents");
     list->setCurrentRow(3);
     const QString chosen = shownPage();
-    EXPECT_EQ(chosen, list->item(3)->data(Qt::UserRole).toString() + ".md");
+    EXPECT_EQ(chosen, readHelpPages(manual).at(3).name + ".md");
     openHelp()->findChild<QTextBrowser*>()->setSource(QUrl("keyboard.md"));
     EXPECT_EQ(list->currentItem()->text(), "Keyboard");
     ScreenDriver(*openHelp()).press(Qt::Key_Left, Qt::AltModifier);
     EXPECT_EQ(shownPage(), chosen);
     EXPECT_EQ(list->currentRow(), 3);
+}
+
+TEST_F(HelpWindowTest, SearchLeavesThePagesWithAllWordsAndMarksThem) {
+    HelpWindow::open("frmFastSearch");
+    const ScreenDriver help(*openHelp());
+    auto& list = help.find<QListWidget>("lstContents");
+    const auto left = [&list] {
+        int lines = 0;
+        for (int row = 0; row < list.count(); ++row)
+            lines += list.item(row)->isHidden() ? 0 : 1;
+        return lines;
+    };
+    help.press(Qt::Key_F, Qt::ControlModifier);
+    help.type("DEPENDENT price");
+    EXPECT_GT(left(), 0);
+    EXPECT_LT(left(), list.count());
+    const auto& page = help.find<QTextBrowser>("txtPage");
+    EXPECT_TRUE(page.toPlainText().contains("dependent", Qt::CaseInsensitive))
+        << "a page that holds them is shown";
+    EXPECT_FALSE(page.extraSelections().isEmpty());
+    help.type(" qqq");
+    EXPECT_EQ(left(), 0);
+    EXPECT_TRUE(help.find("lblNothing").isVisible());
+    help.press(Qt::Key_Escape);
+    EXPECT_EQ(left(), list.count());
+    help.press(Qt::Key_Escape);
+    EXPECT_EQ(openHelp(), nullptr);
+}
+
+TEST_F(HelpWindowTest, APictureIsNoWiderThanThePage) {
+    const QTemporaryDir folder;
+    HelpWindow::setFolder(folder.path());
+    QImage(3000, 30, QImage::Format_RGB32).save(folder.filePath("wide.png"));
+    QFile file(folder.filePath("contents.md"));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("# A picture\n\n![wide](wide.png)\n");
+    file.close();
+    HelpWindow::open("contents");
+    const auto* page = openHelp()->findChild<QTextBrowser*>();
+    for (const int width : {900, 500, 1200}) {
+        openHelp()->resize(width, 400);
+        EXPECT_TRUE(waitFor([&] { return page->document()->idealWidth() <= page->viewport()->width(); }))
+            << width;
+        EXPECT_GT(page->document()->idealWidth(), page->viewport()->width() / 2);
+    }
 }
 
 TEST_F(HelpWindowTest, TellsWhereNoPagesWereFound) {

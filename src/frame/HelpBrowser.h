@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QHash>
+#include <QImage>
+#include <QStringList>
+#include <QTextBrowser>
+#include <QUrl>
+
+namespace tarnwell {
+
+/// Shows a page of the manual: tables with room between their columns, pictures no wider than the page, and
+/// the words that were looked for marked.
+class HelpBrowser : public QTextBrowser {
+    Q_OBJECT
+
+public:
+    explicit HelpBrowser(QWidget* parent = nullptr);
+
+    /// Marks the words wherever they stand, on this page and those that follow.
+    void markWords(const QStringList& words);
+
+protected:
+    QVariant loadResource(int type, const QUrl& name) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void dressPage();
+    void showMarks();
+    [[nodiscard]] int roomForPictures() const; ///< In the page's pixels.
+    [[nodiscard]] QImage fitted(const QImage& picture) const;
+
+    QStringList m_words;
+    QHash<QUrl, QImage> m_pictures; ///< As they were saved, of the pages seen.
+};
+
+} // namespace tarnwell

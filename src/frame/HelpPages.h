@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <vector>
+
+namespace tarnwell {
+
+/// A page of the manual.
+struct HelpPage {
+    QString title; ///< As the contents name it.
+    QString name;  ///< Its file without ".md".
+    QString text;  ///< As it was written.
+};
+
+/// The manual: the contents page and, in its order, the pages that it links to. Pages that can't be read have
+/// no text; without a folder there are none.
+[[nodiscard]] std::vector<HelpPage> readHelpPages(const QString& folder);
+
+/// The file of a page.
+[[nodiscard]] QString helpPageFile(const QString& folder, const QString& name);
+
+/// The words to look for: in any order, without regard to case.
+[[nodiscard]] QStringList searchWords(const QString& typed);
+
+/// True when title and text hold each of the words, the last one as far as it was typed. No words: true.
+[[nodiscard]] bool isFound(const HelpPage& page, const QStringList& words);
+
+} // namespace tarnwell

@@ -9,9 +9,9 @@
 #include "data/Recordset.h"
 #include "frame/DataEnvironment.h"
 #include "frame/EventGuard.h"
+#include "frame/GridRows.h"
 #include "frame/modErrorRoutines.h"
 #include "frame/modFormatFunctions.h"
-#include "frame/modGlobalVariables.h"
 
 #include <QScopedValueRollback>
 
@@ -35,16 +35,6 @@ Connection& connection() {
 
 bool isNothing(const Value& value) {
     return value.isEmpty() || value.isNull();
-}
-
-/// Shows the rows of a statement in place of those before; what is pending among these is written first.
-void rebind(Grid& grid, std::unique_ptr<Recordset>& rows, const QString& sql, const char* layout) {
-    grid.Update();
-    auto opened = std::make_unique<Recordset>();
-    opened->Open(sql, connection(), CursorType::Static, LockType::Optimistic);
-    grid.bind(opened.get());
-    rows = std::move(opened);
-    grid.LoadLayout(gLayoutPath + layout);
 }
 
 } // namespace
@@ -75,7 +65,7 @@ void frmBuilder::connectGrids() {
 void frmBuilder::LoadPlans() {
     {
         const QScopedValueRollback binding(m_binding, true);
-        rebind(*jgPlans, rsPlans, plansOfBuilder(ContractorKey), "ContractorPlans.lyt");
+        showRows(connection(), *jgPlans, rsPlans, plansOfBuilder(ContractorKey), "ContractorPlans.lyt");
         m_builderOfPlans = ContractorKey;
     }
     cmbType_Click();
@@ -96,7 +86,7 @@ void frmBuilder::loadPlanTasks() {
     const qint64 plan = currentPlan();
     const qint64 category = cmbType->ItemData(cmbType->ListIndex());
     const QScopedValueRollback binding(m_binding, true);
-    rebind(*jgTasks, rsPlanTasks, tasksOfPlan(plan, category), "ContractorTasks.lyt");
+    showRows(connection(), *jgTasks, rsPlanTasks, tasksOfPlan(plan, category), "ContractorTasks.lyt");
     m_planOfTasks = plan;
     CategoryKey = category;
 }

@@ -64,6 +64,14 @@ void Combo::setItems(std::vector<ListItem> items) {
     setEditText({});
 }
 
+void Combo::setTexts(const std::vector<QString>& texts) {
+    std::vector<ListItem> items;
+    items.reserve(texts.size());
+    for (const QString& text : texts)
+        items.emplace_back(text, 0);
+    setItems(std::move(items));
+}
+
 void Combo::Clear() {
     setItems({});
 }

@@ -21,6 +21,8 @@ public:
     void AddItem(const QString& text, qint64 itemData = 0, int at = -1);
     /// Replaces all items at once; nothing is chosen then.
     void setItems(std::vector<ListItem> items);
+    /// The same for items without data.
+    void setTexts(const std::vector<QString>& texts);
     /// Takes away all items and the text.
     void Clear();
     [[nodiscard]] int ListCount() const override;

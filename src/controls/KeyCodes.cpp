@@ -17,7 +17,8 @@ struct NamedKey {
     int code;
 };
 
-constexpr int backspace = 8, capsLock = 20, pageUp = 33, pageDown = 34, insert = 45, firstFunctionKey = 112;
+constexpr int backspace = 8, capsLock = 20, pageUp = 33, pageDown = 34, insert = 45, firstFunctionKey = 112,
+              functionKeys = 16;
 /// A key that has no code of its own still is a key: 0 would mean that it was swallowed.
 constexpr int unknownKey = 255;
 
@@ -69,6 +70,15 @@ int shiftStateOf(const QKeyEvent& event) {
     const Qt::KeyboardModifiers held = event.modifiers();
     return (held.testFlag(Qt::ShiftModifier) ? 1 : 0) | (held.testFlag(Qt::ControlModifier) ? 2 : 0) |
            (held.testFlag(Qt::AltModifier) ? 4 : 0);
+}
+
+bool isEntryKey(int keyCode, int shift) {
+    constexpr int onlyShift = 1;
+    constexpr std::array passing{KeyCode::Tab, KeyCode::Shift, KeyCode::Control,
+                                 KeyCode::Alt, capsLock,       unknownKey};
+    const bool function = keyCode >= firstFunctionKey && keyCode < firstFunctionKey + functionKeys;
+    return shift <= onlyShift && !function &&
+           std::find(passing.begin(), passing.end(), keyCode) == passing.end();
 }
 
 } // namespace tarnwell

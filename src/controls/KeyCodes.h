@@ -9,5 +9,7 @@ namespace tarnwell {
 [[nodiscard]] int keyCodeOf(const QKeyEvent& event);
 /// 1 Shift, 2 Ctrl, 4 Alt.
 [[nodiscard]] int shiftStateOf(const QKeyEvent& event);
+/// Not a key that passes through a field, switches something or calls a command.
+[[nodiscard]] bool isEntryKey(int keyCode, int shift);
 
 } // namespace tarnwell

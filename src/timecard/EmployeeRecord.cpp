@@ -19,16 +19,6 @@ QString statementFor(qint64 employeeKey) {
     return "SELECT * FROM Employee WHERE EmployeeKey=" + QString::number(employeeKey);
 }
 
-/// The first column as texts.
-std::vector<QString> readTexts(Connection& connection, const QString& sql) {
-    Recordset rows;
-    rows.Open(sql, connection);
-    std::vector<QString> texts;
-    for (; !rows.atEnd(); rows.MoveNext())
-        texts.push_back(FieldText(rows.field(0)));
-    return texts;
-}
-
 bool isDigit(QChar character) {
     return character >= u'0' && character <= u'9';
 }
@@ -91,17 +81,17 @@ void saveEmployee(Connection& connection, qint64 employeeKey, const EmployeeReco
     employee.Update();
 }
 
-std::vector<QString> readForemen(Connection& connection) {
-    return readTexts(connection, "SELECT LastName + '/' + FirstName AS EmployeeName FROM Employee WHERE "
-                                 "Type='Foreman' ORDER BY LastName");
-}
-
 bool isForeman(const QString& type) {
     return type.compare(u"Foreman", Qt::CaseInsensitive) == 0;
 }
 
 std::vector<QString> readEmployeeTypes(Connection& connection) {
-    return readTexts(connection, "SELECT Description FROM Code WHERE Deleted=0 AND Code1=1");
+    Recordset rows;
+    rows.Open("SELECT Description FROM Code WHERE Deleted=0 AND Code1=1", connection);
+    std::vector<QString> types;
+    for (; !rows.atEnd(); rows.MoveNext())
+        types.push_back(FieldText(rows.field(0)));
+    return types;
 }
 
 QString ssnText(const QString& digits) {

@@ -37,8 +37,6 @@ struct EmployeeRecord {
 /// stored as Null. Raises WrongType for a date that is none and for dependants that are no number.
 void saveEmployee(Connection& connection, qint64 employeeKey, const EmployeeRecord& record);
 
-/// "Last/First" of everybody of the type "Foreman", also of the inactive, by last name.
-[[nodiscard]] std::vector<QString> readForemen(Connection& connection);
 [[nodiscard]] bool isForeman(const QString& type);
 [[nodiscard]] std::vector<QString> readEmployeeTypes(Connection& connection);
 

@@ -11,6 +11,7 @@
 #include "frame/modErrorRoutines.h"
 #include "frame/modFormatFunctions.h"
 #include "master/FastSearch.h"
+#include "master/Foremen.h"
 #include "master/frmFastSearch.h"
 #include "timecard/EmployeeLog.h"
 #include "timecard/frmEmployeeNotes.h"
@@ -39,23 +40,6 @@ Connection& connection() {
     return DataEnvironment::cnnConnection();
 }
 
-void fill(Combo& combo, const std::vector<QString>& texts) {
-    std::vector<ListItem> items;
-    items.reserve(texts.size());
-    for (const QString& text : texts)
-        items.emplace_back(text, 0);
-    combo.setItems(std::move(items));
-}
-
-/// Not a key that passes through the field, switches something or calls a command.
-bool isEntry(int keyCode, int shift) {
-    constexpr int onlyShift = 1, capsLock = 20, firstFunctionKey = 112, lastFunctionKey = 127, unknown = 255;
-    constexpr std::array passing{KeyCode::Tab, KeyCode::Shift, KeyCode::Control,
-                                 KeyCode::Alt, capsLock,       unknown};
-    return shift <= onlyShift && (keyCode < firstFunctionKey || keyCode > lastFunctionKey) &&
-           std::find(passing.begin(), passing.end(), keyCode) == passing.end();
-}
-
 /// The place in `shown` that has as many digits behind it as the caret had in `typed`.
 int caretIn(const QString& shown, const QString& typed, int caret) {
     const auto isDigit = [](QChar character) { return !QLatin1String(ssnSigns).contains(character); };
@@ -75,7 +59,7 @@ void frmEmployee::Form_Load() {
     makeControls();
     connectControls();
     LoadForemen();
-    fill(*cmbType, readEmployeeTypes(connection()));
+    cmbType->setTexts(readEmployeeTypes(connection()));
     for (const char* state : maritalStates)
         cmbMaritalStatus->AddItem(state);
     EmployeeKey = 0;
@@ -222,7 +206,7 @@ void frmEmployee::showHeading() {
 void frmEmployee::LoadForemen() {
     // What the record on the screen says stays, whatever the list holds by now.
     const QString foreman = cmbForeman->Text();
-    fill(*cmbForeman, readForemen(connection()));
+    cmbForeman->setTexts(readForemen(connection()));
     cmbForeman->setText(foreman);
 }
 
@@ -252,7 +236,7 @@ void frmEmployee::lstErrorLog_DblClick() {
 
 /// The key is turned into a new record or dropped.
 void frmEmployee::MskField_KeyDown(int& keyCode, int shift) {
-    if (EmployeeKey != 0 || !isEntry(keyCode, shift))
+    if (EmployeeKey != 0 || !isEntryKey(keyCode, shift))
         return;
     keyCode = 0;
     const Answer answer = MsgBox({.text = "Do you want to add a new employee?",

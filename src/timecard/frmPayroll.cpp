@@ -10,9 +10,9 @@
 #include "data/Recordset.h"
 #include "frame/DataEnvironment.h"
 #include "frame/EventGuard.h"
+#include "frame/GridRows.h"
 #include "frame/RunTime.h"
 #include "frame/modErrorRoutines.h"
-#include "frame/modGlobalVariables.h"
 #include "master/FastSearch.h"
 #include "master/frmFastSearch.h"
 #include "timecard/TimeCardJob.h"
@@ -41,17 +41,6 @@ Connection& connection() {
 frmPayroll::TaskNotes& taskNotes() {
     static frmPayroll::TaskNotes opener;
     return opener;
-}
-
-/// Opens a statement and shows it in a grid in place of what it showed before.
-void rebind(Grid& grid, std::unique_ptr<Recordset>& rows, const QString& sql, const QString& layout) {
-    auto opened = std::make_unique<Recordset>();
-    opened->Open(sql, connection(), CursorType::Static, LockType::Optimistic);
-    grid.bind(opened.get());
-    rows = std::move(opened);
-    grid.LoadLayout(gLayoutPath + layout);
-    if (grid.RowCount() > 0)
-        grid.setRow(1);
 }
 
 /// A figure that is wider than its place is cut; its tool tip then tells it whole.
@@ -172,7 +161,7 @@ void frmPayroll::LoadJob() {
     {
         // The tasks are read once, behind the binding, and typing a job must not take Find away.
         const QScopedValueRollback binding(m_binding, true);
-        rebind(*jgJobLots, LotRecordset, lotsOfJob(JobKey), "PayrollLot.lyt");
+        showRows(connection(), *jgJobLots, LotRecordset, lotsOfJob(JobKey), "PayrollLot.lyt");
     }
     cmbType_Click();
 }
@@ -193,7 +182,7 @@ void frmPayroll::cmbType_Click() {
                                          : tasksOfLot(lotKey, cmbType->ItemData(cmbType->ListIndex()));
     {
         const QScopedValueRollback binding(m_binding, true);
-        rebind(*jgTasks, TaskRecordset, sql, "PayrollTasks.lyt");
+        showRows(connection(), *jgTasks, TaskRecordset, sql, "PayrollTasks.lyt");
     }
     LoadTaskHistory();
 }

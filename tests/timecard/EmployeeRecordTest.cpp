@@ -1,5 +1,6 @@
 #include "timecard/EmployeeRecord.h"
 
+#include "master/Foremen.h"
 #include "support/RaisedNumber.h"
 #include "timecard/TimeCardData.h"
 #include "timecard/TimeCardJob.h"

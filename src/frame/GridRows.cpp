@@ -1,0 +1,19 @@
+#include "frame/GridRows.h"
+
+#include "controls/Grid.h"
+#include "data/Recordset.h"
+#include "frame/modGlobalVariables.h"
+
+namespace tarnwell {
+
+void showRows(Connection& connection, Grid& grid, std::unique_ptr<Recordset>& rows, const QString& sql,
+              const QString& layout) {
+    grid.Update();
+    auto opened = std::make_unique<Recordset>();
+    opened->Open(sql, connection, CursorType::Static, LockType::Optimistic);
+    grid.bind(opened.get());
+    rows = std::move(opened);
+    grid.LoadLayout(gLayoutPath + layout);
+}
+
+} // namespace tarnwell

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "data/Connection.h"
+
+#include <QString>
+
+#include <vector>
+
+namespace tarnwell {
+
+/// "Last/First" of everybody of the type "Foreman", also of the inactive, by last name. Who lacks a last or
+/// first name is left out.
+[[nodiscard]] std::vector<QString> readForemen(Connection& connection);
+
+} // namespace tarnwell

@@ -186,6 +186,11 @@ void Grid::setValueList(int column, std::vector<ListEntry> entries) {
     m->model->setValueList(column, std::move(entries));
 }
 
+void Grid::setTree(int column, TreeRule rule) {
+    m->model->setTree(column, std::move(rule));
+    viewport()->update();
+}
+
 QString Grid::columnTag(int column) const {
     return m->model->hasColumn(column) ? m->model->column(column).tag : QString();
 }

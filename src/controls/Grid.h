@@ -80,6 +80,9 @@ public:
     void Delete();
 
     void setValueList(int column, std::vector<ListEntry> entries);
+    /// Draws the rows' tree in a column: a parent's text is bold, a child's goes in behind a branch. The
+    /// order of the rows stays as it is.
+    void setTree(int column, TreeRule rule);
     /// The column's status bar text; empty for none.
     [[nodiscard]] QString columnTag(int column) const;
 

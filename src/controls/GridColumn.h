@@ -4,6 +4,7 @@
 
 #include <QString>
 
+#include <functional>
 #include <vector>
 
 namespace tarnwell {
@@ -42,6 +43,13 @@ struct GridColumn {
 
     friend bool operator==(const GridColumn&, const GridColumn&) = default;
 };
+
+/// Where a row stands in a tree of two levels that the rows' order shows.
+enum class TreeLevel { Plain, Parent, Child };
+/// A cell of a row by its column's number, pending values included.
+using CellReader = std::function<Value(int column)>;
+/// Tells a row's level by its cells.
+using TreeRule = std::function<TreeLevel(const CellReader& cell)>;
 
 /// The cells are check boxes.
 [[nodiscard]] bool showsCheckBox(const GridColumn& column);

@@ -19,7 +19,9 @@ namespace {
 
 constexpr int textMargin = 3;
 constexpr int buttonWidth = 20;
-constexpr double activeShade = 0.30, quietShade = 0.14, quietFrame = 0.55, gridLine = 0.15, boxLine = 0.45;
+constexpr int branchWidth = 18; ///< By this much a child goes in.
+constexpr double activeShade = 0.30, quietShade = 0.14, quietFrame = 0.55, gridLine = 0.15, boxLine = 0.45,
+                 branchLine = 0.5;
 
 QColor blend(const QColor& base, const QColor& over, double share) {
     const auto mix = [share](int a, int b) { return static_cast<int>(a + (b - a) * share); };
@@ -154,13 +156,41 @@ bool GridDelegate::offersList(const QModelIndex& index) const {
 
 QRect GridDelegate::textRect(const QRect& cell, const QModelIndex& index) const {
     QRect rect = cell.adjusted(textMargin, 0, -textMargin, 0);
+    if (levelOf(index) == TreeLevel::Child)
+        rect.setLeft(cell.left() + branchWidth);
     if (offersList(index) || m_model.column(index.column() + 1).edit == ColumnEdit::TextWithButton)
         rect.setRight(cell.right() - buttonWidth - 1);
     return rect;
 }
 
+TreeLevel GridDelegate::levelOf(const QModelIndex& index) const {
+    return m_model.treeLevel(index.row(), index.column() + 1);
+}
+
+QFont GridDelegate::fontOf(const QFont& usual, const QModelIndex& index) const {
+    QFont font = usual;
+    if (levelOf(index) == TreeLevel::Parent)
+        font.setBold(true);
+    return font;
+}
+
+/// From the middle of the cell up, and on down where another child follows.
+void GridDelegate::paintBranch(QPainter& painter, const QStyleOptionViewItem& option,
+                               const QModelIndex& index) const {
+    if (levelOf(index) != TreeLevel::Child)
+        return;
+    const QRect& cell = option.rect;
+    const int stem = cell.left() + branchWidth / 2;
+    const int middle = cell.center().y();
+    const bool last = m_model.treeLevel(index.row() + 1, index.column() + 1) != TreeLevel::Child;
+    painter.setPen(blend(baseColor(option), option.palette.color(QPalette::Text), branchLine));
+    painter.drawLine(stem, cell.top(), stem, last ? middle : cell.bottom());
+    painter.drawLine(stem, middle, cell.left() + branchWidth - textMargin, middle);
+}
+
 void GridDelegate::paintText(QPainter& painter, const QStyleOptionViewItem& option,
                              const QModelIndex& index) const {
+    paintBranch(painter, option, index);
     const QRect rect = textRect(option.rect, index);
     QString text = index.data(Qt::DisplayRole).toString();
     QPalette::ColorRole role = QPalette::Text;
@@ -172,10 +202,11 @@ void GridDelegate::paintText(QPainter& painter, const QStyleOptionViewItem& opti
     if (text.isEmpty())
         return;
     painter.setPen(option.palette.color(role));
-    painter.setFont(option.font);
+    const QFont font = fontOf(option.font, index);
+    painter.setFont(font);
     const int alignment = index.data(Qt::TextAlignmentRole).toInt();
     painter.drawText(rect, alignment | Qt::TextSingleLine,
-                     option.fontMetrics.elidedText(text, Qt::ElideRight, rect.width()));
+                     QFontMetrics(font).elidedText(text, Qt::ElideRight, rect.width()));
 }
 
 QWidget* GridDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem& /*option*/,
@@ -203,6 +234,8 @@ void GridDelegate::destroyEditor(QWidget* editor, const QModelIndex& index) cons
 void GridDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
                                         const QModelIndex& index) const {
     QRect rect = option.rect.adjusted(2, 2, -2, -2);
+    if (levelOf(index) == TreeLevel::Child)
+        rect.setLeft(option.rect.left() + branchWidth);
     if (m_model.column(index.column() + 1).edit == ColumnEdit::TextWithButton)
         rect.setRight(option.rect.right() - buttonWidth - 1);
     editor->setGeometry(rect);
@@ -214,7 +247,7 @@ bool GridDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const Q
         return QStyledItemDelegate::helpEvent(event, view, option, index);
     const QString text = index.data(Qt::DisplayRole).toString();
     const QRect rect = textRect(option.rect, index);
-    if (view->fontMetrics().horizontalAdvance(text) <= rect.width())
+    if (QFontMetrics(fontOf(view->font(), index)).horizontalAdvance(text) <= rect.width())
         return false; // the whole text is on show: the grid's own tool tip may come
     QToolTip::showText(event->globalPos(), text, view, option.rect);
     return true;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "controls/GridColumn.h"
+
 #include <QPointer>
 #include <QStyledItemDelegate>
 
@@ -10,7 +12,6 @@ class QKeyEvent;
 namespace tarnwell {
 
 class GridModel;
-struct GridColumn;
 
 /// Draws a grid's cells and makes their editors. What a key or a lost focus in the editor means is the
 /// grid's to say.
@@ -70,6 +71,9 @@ private:
     /// The cell is the current one and opens a list.
     [[nodiscard]] bool offersList(const QModelIndex& index) const;
     [[nodiscard]] QRect textRect(const QRect& cell, const QModelIndex& index) const;
+    [[nodiscard]] TreeLevel levelOf(const QModelIndex& index) const;
+    [[nodiscard]] QFont fontOf(const QFont& usual, const QModelIndex& index) const;
+    void paintBranch(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index) const;
     void paintButton(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index) const;
     void paintText(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index) const;
 

@@ -42,6 +42,17 @@ const ValueListIndex& GridModel::valueList(int column) const {
     return *list;
 }
 
+void GridModel::setTree(int column, TreeRule rule) {
+    m_treeColumn = column;
+    m_tree = std::move(rule);
+}
+
+TreeLevel GridModel::treeLevel(int modelRow, int column) const {
+    if (!m_tree || column != m_treeColumn || modelRow < 0 || modelRow >= rowCount())
+        return TreeLevel::Plain;
+    return m_tree([this, modelRow](int of) { return cellValue(modelRow, of); });
+}
+
 void GridModel::setAllowAdd(bool allow, NewRowPosition position) {
     beginResetModel();
     m_allowAdd = allow;
@@ -226,6 +237,15 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
         if (!showsCheckBox(told))
             return {};
         return isYes(cellValue(index.row(), number)) ? Qt::Checked : Qt::Unchecked;
+    case Qt::AccessibleDescriptionRole:
+        switch (treeLevel(index.row(), number)) {
+        case TreeLevel::Parent:
+            return tr("Has rows below it");
+        case TreeLevel::Child:
+            return tr("Belongs to a row above");
+        default:
+            return {};
+        }
     case Qt::AccessibleTextRole:
         if (!showsCheckBox(told))
             return {};

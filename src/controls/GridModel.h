@@ -35,6 +35,10 @@ public:
     void setValueList(int column, std::vector<ListEntry> entries);
     [[nodiscard]] const ValueListIndex& valueList(int column) const;
 
+    void setTree(int column, TreeRule rule);
+    /// Plain also in every other column than the tree's, and where there is no row.
+    [[nodiscard]] TreeLevel treeLevel(int modelRow, int column) const;
+
     void setAllowAdd(bool allow, NewRowPosition position);
     void setAllowEdit(bool allow) { m_allowEdit = allow; }
     /// The cell may be changed by the user.
@@ -95,6 +99,8 @@ private:
     int m_count = 0;     ///< Rows as the views know them.
     bool m_line = false; ///< The new-row line stands.
     PendingRow m_pending;
+    TreeRule m_tree;
+    int m_treeColumn = 0;
     bool m_allowAdd = false;
     bool m_allowEdit = true;
     NewRowPosition m_position = NewRowPosition::Last;

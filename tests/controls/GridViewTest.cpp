@@ -69,6 +69,34 @@ TEST_F(GridTest, BindingAlwaysTellsOnceAndAClosedRecordsetShowsNothing) {
     EXPECT_TRUE(takeLog().isEmpty());
 }
 
+TEST_F(GridTest, ATreeSetsItsRowsOffAndKeepsTheirOrderAndTexts) {
+    start();
+    const QImage plain = grid->grab().toImage();
+    grid->setTree(Name, [](const CellReader& cell) {
+        return cell(Price) == Value(10.0) ? TreeLevel::Parent
+               : cell(Price).isNoKey()    ? TreeLevel::Plain
+                                          : TreeLevel::Child;
+    });
+    const auto isSetOff = [&](int row, int column) {
+        const QRect place(cell(row, column).topLeft() + grid->viewport()->pos(), cell(row, column).size());
+        return grid->grab().toImage().copy(place) != plain.copy(place);
+    };
+    for (int row = 1; row <= 4; ++row) {
+        EXPECT_EQ(isSetOff(row, Name), row < 4) << row;
+        EXPECT_FALSE(isSetOff(row, Price)) << row;
+    }
+    const auto told = [this](int row) {
+        return grid->model()->index(row - 1, Name - 1).data(Qt::AccessibleDescriptionRole).toString();
+    };
+    EXPECT_EQ(told(1), "Has rows below it");
+    EXPECT_EQ(told(2), "Belongs to a row above");
+    EXPECT_EQ(shown(2, Name), "Frame");
+    clickCell(2, Name);
+    driver->press(Qt::Key_F2);
+    EXPECT_EQ(editor()->text(), "Frame");
+    EXPECT_GT(editor()->x(), cell(2, Name).x() + 10) << "typed where it is shown";
+}
+
 TEST_F(GridTest, ALayoutOrdersAndSizesTheColumnsUntilTheUserDoes) {
     start();
     QTemporaryFile file;

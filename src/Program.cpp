@@ -11,6 +11,7 @@
 #include "frame/frmAbout.h"
 #include "frame/frmOptions.h"
 #include "frame/frmSwitchboard.h"
+#include "jobs/frmJobs.h"
 #include "master/frmMasterCodes.h"
 #include "master/frmMasterTasks.h"
 #include "timecard/frmEmployee.h"
@@ -32,6 +33,7 @@ void registerScreen(const char* key, Screen::Modality modality) {
 /// Every screen that the main window can show.
 void registerScreens() {
     registerScreen<frmBuilder>("frmBuilder", Screen::Modality::Modeless);
+    registerScreen<frmJobs>("frmJobs", Screen::Modality::Modeless);
     registerScreen<frmMasterCodes>("frmMasterCodes", Screen::Modality::Modal);
     registerScreen<frmMasterTasks>("frmMasterTasks", Screen::Modality::Modal);
     registerScreen<frmEmployee>("frmEmployee", Screen::Modality::Modeless);

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "data/Connection.h"
+#include "data/Value.h"
+
+#include <QString>
+
+namespace tarnwell {
+
+/// What can be edited of a job. The builder is set when the job is added and never changes.
+struct JobRecord {
+    QString jobNumber;
+    QString name;
+    QString foreman;                     ///< "Last/First" or any text; no key.
+    Value completedDate = Value::null(); ///< Null for an open job.
+
+    friend bool operator==(const JobRecord&, const JobRecord&) = default;
+};
+
+/// A job with its builder.
+struct ShownJob {
+    JobRecord record;
+    qint64 contractorKey = 0;
+    QString builderName;
+};
+
+/// Adds an open job without a foreman and returns its key. Numbers may stand twice.
+[[nodiscard]] qint64 addJob(Connection& connection, qint64 contractorKey, const QString& jobNumber,
+                            const QString& name);
+/// Null reads as the empty text. Raises NoCurrentRecord when the job or its builder has gone.
+[[nodiscard]] ShownJob readJob(Connection& connection, qint64 jobKey);
+/// Writes every field, changed or not: the last seat wins. Nothing for 0. Raises NoCurrentRecord when the
+/// job has gone, WrongType for a date that is none.
+void saveJob(Connection& connection, qint64 jobKey, const JobRecord& record);
+/// Takes lots and tasks along. Raises Constraint when a task was paid; nothing is deleted then.
+void deleteJob(Connection& connection, qint64 jobKey);
+
+/// The rows of a job's lots by lot/block; none for 0.
+[[nodiscard]] QString lotRowsOfJob(qint64 jobKey);
+
+/// What the other screens make of a job with, or without, a completed date.
+[[nodiscard]] QString completionHint(bool completed);
+
+} // namespace tarnwell

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "data/Connection.h"
+#include "data/Value.h"
+
+#include <QString>
+
+#include <utility>
+#include <vector>
+
+namespace tarnwell {
+
+/// The rows of a lot's tasks in one category, options below their parents; none for a lot of 0.
+[[nodiscard]] QString taskRowsOfLot(qint64 jobLotKey, qint64 codeKey);
+
+/// Who can be scheduled for a task: "Last\First" and key of the active employees, by last name. Those
+/// without a last or first name are left out.
+[[nodiscard]] std::vector<std::pair<QString, qint64>> readTaskEmployees(Connection& connection);
+
+/// What a task is in the tree of its lot.
+enum class TaskRole { Plain, Parent, Option };
+/// By the columns `ParentKey` and `Child`; what is not set counts as 0.
+[[nodiscard]] TaskRole taskRole(const Value& parentKey, const Value& child);
+
+} // namespace tarnwell

@@ -1,0 +1,286 @@
+#include "builders/frmAddMasterTasks.h"
+#include "controls/Combo.h"
+#include "controls/Grid.h"
+#include "controls/MaskedBox.h"
+#include "data/Recordset.h"
+#include "frame/DataEnvironment.h"
+#include "frame/EventGuard.h"
+#include "frame/GridRows.h"
+#include "frame/modErrorRoutines.h"
+#include "frame/modFormatFunctions.h"
+#include "jobs/JobRecord.h"
+#include "jobs/LotTasks.h"
+#include "jobs/TaskTree.h"
+#include "jobs/frmAddJobOptionGroup.h"
+#include "jobs/frmJobs.h"
+
+#include <QScopeGuard>
+#include <QScopedValueRollback>
+
+#include <algorithm>
+
+// The lots of the job and the tasks of the lot.
+
+namespace tarnwell {
+
+namespace {
+
+constexpr ButtonMask lotButtons = 0x10015, newLotButtons = 0x11, taskButtons = 0x2081D;
+
+// Numbers of the grids' columns.
+constexpr int lotKeyColumn = 1, lotJobColumn = 2, lotBlockColumn = 3, planNameColumn = 4, addressColumn = 5,
+              lotPlanColumn = 6;
+constexpr int masterTaskColumn = 1, taskLotColumn = 2, taskCategoryColumn = 3, addOnColumn = 4,
+              parentColumn = 5, childColumn = 6, employeeColumn = 15;
+
+Connection& connection() {
+    return DataEnvironment::cnnConnection();
+}
+
+/// Enter walks along the row and begins it again at its end.
+void walkOn(const Grid& grid, int& keyCode) {
+    if (keyCode == KeyCode::Enter)
+        keyCode = grid.Col() == grid.lastColumn() ? KeyCode::Home : KeyCode::Right;
+}
+
+qint64 numberIn(const Grid& grid, int column) {
+    const Value value = grid.value(column);
+    return value.isNoKey() ? 0 : value.toLong();
+}
+
+} // namespace
+
+void frmJobs::connectGrids() {
+    onGotFocus(jgJobLots, [this] { jgJobLots_GotFocus(); });
+    connect(jgJobLots, &Grid::rowColChange, this, guarded([this](int, int) { jgJobLots_RowColChange(); }));
+    connect(jgJobLots, &Grid::beforeUpdate, this, guarded([this](bool&) {
+                if (jgJobLots->value(lotKeyColumn).isNoKey())
+                    jgJobLots->setValue(lotJobColumn, JobKey);
+            }));
+    connect(jgJobLots, &Grid::keyDown, this,
+            guarded([this](int& keyCode, int) { walkOn(*jgJobLots, keyCode); }));
+    onGotFocus(jgTasks, [this] { jgTasks_GotFocus(); });
+    connect(jgTasks, &Grid::rowColChange, this, guarded([this](int, int) { jgTasks_RowColChange(); }));
+    connect(jgTasks, &Grid::beforeUpdate, this, guarded([this](bool&) { jgTasks_BeforeUpdate(); }));
+    connect(jgTasks, &Grid::buttonClick, this, guarded([this](int column) { jgTasks_ButtonClick(column); }));
+    connect(jgTasks, &Grid::keyDown, this, guarded([this](int& keyCode, int) { walkOn(*jgTasks, keyCode); }));
+}
+
+/// Stands on the lot of that key, or on the first one.
+void frmJobs::LoadJobLots(const Value& standOn) {
+    {
+        // The tasks are read once, behind the binding.
+        const QScopedValueRollback binding(m_binding, true);
+        showRows(connection(), *jgJobLots, rsJobLots, lotRowsOfJob(JobKey), "JobLot.lyt");
+        for (int row = 1; row <= jgJobLots->RowCount(); ++row)
+            if (jgJobLots->valueAt(row, lotKeyColumn) == standOn) {
+                jgJobLots->setRow(row);
+                break;
+            }
+    }
+    cmbType_Click();
+}
+
+/// The error of the tasks ends here, that of the employees goes on to whoever asked for the tasks.
+void frmJobs::cmbType_Click() {
+    try {
+        showTasks();
+    } catch (const RunTimeError& error) {
+        ErrorHandler(error, {});
+        return;
+    }
+    showEmployees();
+}
+
+/// What is pending is written first: a task belongs to the lot and category on show, and a new lot has its
+/// key from then on.
+void frmJobs::showTasks() {
+    const QScopedValueRollback binding(m_binding, true);
+    jgTasks->Update();
+    jgJobLots->Update();
+    const qint64 lot = currentLotKey();
+    const qint64 category = cmbType->ItemData(cmbType->ListIndex());
+    showRows(connection(), *jgTasks, rsJobLotTasks, taskRowsOfLot(lot, category), "JobTasks.lyt");
+    m_lotOfTasks = lot;
+    CategoryKey = category;
+}
+
+/// Who has no entry shows as an empty cell; the task keeps the key.
+void frmJobs::showEmployees() {
+    std::vector<ListEntry> entries;
+    for (auto& [name, key] : readTaskEmployees(connection()))
+        entries.push_back({.value = key, .text = std::move(name)});
+    jgTasks->setValueList(employeeColumn, std::move(entries));
+}
+
+void frmJobs::RefreshTasks() {
+    m_deleting.emplace();
+    const auto pointerBack = qScopeGuard([this] { m_deleting.reset(); });
+    cmbType_Click();
+}
+
+void frmJobs::closeGrids() {
+    jgJobLots->Update();
+    jgTasks->Update();
+    m_binding = true;
+    jgJobLots->bind(nullptr);
+    jgTasks->bind(nullptr);
+    rsJobLots.reset();
+    rsJobLotTasks.reset();
+}
+
+/// Behind a deleted job: what was pending has no owner any more.
+void frmJobs::emptyGrids() {
+    const QScopedValueRollback binding(m_binding, true);
+    const std::pair<Grid*, Recordset*> grids[] = {{jgJobLots, rsJobLots.get()},
+                                                  {jgTasks, rsJobLotTasks.get()}};
+    for (const auto& [grid, rows] : grids) {
+        grid->CancelUpdate();
+        if (rows != nullptr)
+            rows->setFilter("JobLotKey=0");
+        grid->Rebind();
+    }
+    m_lotOfTasks = 0;
+}
+
+/// Whatever comes of it, the lots are read anew: another seat may have been there before.
+void frmJobs::DeleteLot() {
+    const Value lot = jgJobLots->value(lotKeyColumn);
+    try {
+        // The move to the next lot would write a pending task of a lot that is gone.
+        const QScopedValueRollback binding(m_binding, true);
+        jgJobLots->Delete();
+    } catch (const RunTimeError&) {
+        LoadJobLots(lot);
+        throw;
+    }
+    jgTasks->CancelUpdate();
+    jgJobLots_RowColChange();
+}
+
+void frmJobs::DeleteTask() {
+    m_deleting.emplace();
+    const TreePlace place{.parentKey = numberIn(*jgTasks, parentColumn),
+                          .child = numberIn(*jgTasks, childColumn)};
+    const int row = jgTasks->Row();
+    try {
+        const QScopedValueRollback binding(m_binding, true);
+        jgTasks->Delete();
+        repairTreeAfterDelete(connection(), place);
+    } catch (const RunTimeError&) {
+        cmbType_Click();
+        throw;
+    }
+    cmbType_Click();
+    jgTasks->setRow(std::min(row, jgTasks->RowCount()));
+    m_deleting.reset();
+}
+
+void frmJobs::CopyLot() {
+    jgTasks->Update();
+    jgJobLots->Update();
+    const qint64 copy = copyLot(connection(), {.jobLotKey = jgJobLots->value(lotKeyColumn),
+                                               .jobKey = jgJobLots->value(lotJobColumn),
+                                               .lotBlock = jgJobLots->value(lotBlockColumn),
+                                               .planName = jgJobLots->value(planNameColumn),
+                                               .address = jgJobLots->value(addressColumn),
+                                               .contractorPlanKey = jgJobLots->value(lotPlanColumn)});
+    LoadJobLots(copy);
+    showLotPlace();
+}
+
+void frmJobs::ShowGroups() {
+    jgTasks->Update();
+    auto& dialog = theForm<frmAddJobOptionGroup>();
+    dialog.applyTo(*this, this);
+    if (!dialog.Cancelled)
+        RefreshTasks();
+}
+
+void frmJobs::pickTasks() {
+    auto& dialog = theForm<frmAddMasterTasks>();
+    dialog.Mode = PickingMode::Lot;
+    dialog.pickFor(*this, this);
+    if (!dialog.Cancelled)
+        RefreshTasks();
+}
+
+qint64 frmJobs::currentLotKey() const {
+    return numberIn(*jgJobLots, lotKeyColumn);
+}
+
+CurrentLot frmJobs::currentLot() const {
+    return {.jobKey = JobKey,
+            .contractorKey = ContractorKey,
+            .jobLotKey = jgJobLots->value(lotKeyColumn),
+            .contractorPlanKey = jgJobLots->value(lotPlanColumn)};
+}
+
+PickingTarget frmJobs::pickingTarget() const {
+    return {.ownerKey = jgJobLots->value(lotKeyColumn)};
+}
+
+void frmJobs::setLotToolbar() {
+    EnableToolbar(*this, currentLotKey() == 0 ? newLotButtons : lotButtons, ToolbarMask);
+}
+
+/// What the row can do and what the column is for.
+void frmJobs::showLotPlace() {
+    setLotToolbar();
+    if (jgJobLots->Col() > 0)
+        setStatusText(jgJobLots->columnTag(jgJobLots->Col()));
+}
+
+void frmJobs::jgJobLots_GotFocus() {
+    if (isJobNumberEmpty()) {
+        SetFocus(m_fields[0]);
+        return;
+    }
+    setLotToolbar();
+    showToolTip(jgJobLots);
+}
+
+void frmJobs::jgJobLots_RowColChange() {
+    if (m_binding)
+        return;
+    // The buttons go by the row as the tasks' load leaves it: a new lot has its key then.
+    const auto goOn = qScopeGuard([this] { showLotPlace(); });
+    try {
+        cmbType_Click();
+    } catch (const RunTimeError&) {
+        return; // passed over: the employees on offer stay those of before
+    }
+}
+
+void frmJobs::jgTasks_GotFocus() {
+    if (isJobNumberEmpty() || currentLotKey() == 0) {
+        SetFocus(jgJobLots);
+        return;
+    }
+    // A task that the database refused kept its own lot's rows on show until it was given up.
+    if (m_lotOfTasks != currentLotKey() && !jgTasks->isPending())
+        cmbType_Click();
+    EnableToolbar(*this, taskButtons, ToolbarMask);
+    showToolTip(jgTasks);
+}
+
+void frmJobs::jgTasks_RowColChange() {
+    if (!m_binding && jgTasks->Col() > 0)
+        setStatusText(jgTasks->columnTag(jgTasks->Col()));
+}
+
+/// A typed task comes from no master task.
+void frmJobs::jgTasks_BeforeUpdate() {
+    if (!jgTasks->value(taskLotColumn).isNoKey())
+        return;
+    jgTasks->setValue(masterTaskColumn, 0);
+    jgTasks->setValue(taskLotColumn, m_lotOfTasks);
+    jgTasks->setValue(taskCategoryColumn, CategoryKey);
+}
+
+void frmJobs::jgTasks_ButtonClick(int column) {
+    if (column == addOnColumn && !jgJobLots->value(lotKeyColumn).isEmpty() && jgTasks->UpdateOrTell())
+        pickTasks();
+}
+
+} // namespace tarnwell

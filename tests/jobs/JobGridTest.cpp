@@ -1,0 +1,252 @@
+#include "jobs/JobScreen.h"
+
+using namespace tarnwell;
+using namespace tarnwell::test;
+
+namespace {
+
+constexpr int nameColumn = 8, priceColumn = 9, startColumn = 13, stopColumn = 14, employeeColumn = 15;
+
+class JobGrids : public JobScreen {
+protected:
+    qint64 worker =
+        data.db.add("Employee", {{"LastName", "Archer"}, {"FirstName", "Ann"}, {"Inactive", false}});
+    qint64 walls_ = data.addTask("Walls", data.lot);
+
+    qint64 count(const QString& where) { return data.count("JobLotTask WHERE " + where); }
+    static QString lotIs(qint64 lot) { return " AND JobLotKey=" + QString::number(lot); }
+};
+
+} // namespace
+
+TEST_F(JobGrids, ATypedLotIsStoredWhenItsColumnChanges) {
+    openJob();
+    clickCell("jgJobLots", 3, 3);
+    driver->type("C");
+    EXPECT_EQ(data.count("JobLot"), 2);
+    driver->press(Qt::Key_Return);
+    EXPECT_EQ(data.count("JobLot WHERE LotBlock='C' AND ContractorPlanKey=0 AND ExcludeDependencyCheck=0 AND "
+                         "JobKey=" +
+                         QString::number(data.job)),
+              1);
+    EXPECT_EQ(form().statusText(), "Click the down arrow to select the plan / tasks");
+    EXPECT_EQ(enabled(), "Exit Del Copy") << "it has a key now";
+    driver->press(Qt::Key_Return);
+    driver->type("5 Elm Street");
+    driver->press(Qt::Key_Return);
+    driver->press(Qt::Key_Space);
+    driver->press(Qt::Key_Return);
+    EXPECT_EQ(lots().Col(), 3) << "Enter begins the row again";
+    driver->clickToolbar("Exit");
+    EXPECT_EQ(data.count("JobLot WHERE Address='5 Elm Street' AND ExcludeDependencyCheck<>0"), 1);
+    driver.reset();
+}
+
+TEST_F(JobGrids, TheTasksFollowTheLotAndATaskNeedsAStoredOne) {
+    openJob();
+    EXPECT_EQ(tasks().RowCount(), 1);
+    clickCell("jgJobLots", 2, 3);
+    EXPECT_EQ(tasks().RowCount(), 0);
+    driver->press(Qt::Key_Down);
+    driver->type("C");
+    clickCell("jgTasks", 1, nameColumn);
+    EXPECT_EQ(driver->focusedName(), "jgJobLots") << "the lot is not stored yet";
+    driver->press(Qt::Key_Escape, Qt::NoModifier, 2);
+    EXPECT_EQ(data.count("JobLot"), 2);
+    combo().setListIndex(0);
+    EXPECT_EQ(tasks().RowCount(), 0);
+    driver->focus("cmbType");
+    EXPECT_EQ(driver->focusedName(), "cmbType");
+}
+
+TEST_F(JobGrids, WithoutALotTheFocusGoesToTheLots) {
+    data.db.run("DELETE FROM JobLot");
+    openJob();
+    for (const char* control : {"cmbType", "jgTasks"}) {
+        driver->focus(control);
+        EXPECT_EQ(driver->focusedName(), "jgJobLots") << control;
+    }
+}
+
+TEST_F(JobGrids, ATypedTaskBelongsToItsLotAndCategoryHoweverItIsLeft) {
+    const std::pair<const char*, std::function<void()>> ways[] = {
+        {"by an arrow", [this] { driver->press(Qt::Key_Up); }},
+        {"by another lot", [this] { clickCell("jgJobLots", 2, 3); }},
+        {"by another category", [this] { driver->choose("cmbType", "Drywall"); }},
+        {"by Tab", [this] { driver->press(Qt::Key_Tab, Qt::NoModifier, 8); }},
+        {"by Exit",
+         [this] {
+             driver->clickToolbar("Exit");
+             driver.reset();
+         }},
+    };
+    for (const auto& [way, leave] : ways) {
+        if (!driver)
+            openJob();
+        clickCell("jgJobLots", 1, 3);
+        combo().setListIndex(1);
+        driver->focus("jgTasks");
+        driver->press(Qt::Key_Insert);
+        driver->type("Sweep");
+        driver->press(Qt::Key_Return);
+        driver->type("12.5");
+        leave();
+        EXPECT_EQ(
+            count("Name='Sweep' AND MasterPrice=12.5 AND MasterTaskKey=0 AND ParentKey=0 AND Child=0 AND "
+                  "CodeKey=" +
+                  QString::number(data.framing) + lotIs(data.lot)),
+            1)
+            << way;
+        data.db.run("DELETE FROM JobLotTask WHERE Name='Sweep'");
+    }
+}
+
+TEST_F(JobGrids, EscapeGivesATypedRowUp) {
+    openJob();
+    for (const char* grid : {"jgJobLots", "jgTasks"}) {
+        driver->focus(grid);
+        driver->press(Qt::Key_Insert);
+        driver->type("No");
+        driver->press(Qt::Key_Escape, Qt::NoModifier, 2);
+        driver->press(Qt::Key_Up);
+    }
+    EXPECT_EQ(data.count("JobLot") + data.count("JobLotTask"), 3);
+}
+
+TEST_F(JobGrids, EnterWalksAlongATaskAndTellsEachColumn) {
+    openJob();
+    clickCell("jgTasks", 1, nameColumn);
+    const char* const hints[] = {"Enter the task name",
+                                 "Enter the master price",
+                                 "Is this a custom task?",
+                                 "Exclude this task from dependency check in payroll?",
+                                 "Enter date when the task will be started (mm/dd/yy hh:mm)",
+                                 "Enter date when the task will be complete (mm/dd/yy hh:mm)",
+                                 "Enter the employee to complete task",
+                                 "Click to select linked or non-linked tasks"};
+    driver->press(Qt::Key_Left);
+    for (const char* hint : hints) {
+        driver->press(Qt::Key_Return);
+        EXPECT_EQ(form().statusText(), hint);
+    }
+}
+
+TEST_F(JobGrids, ATaskIsScheduledByTypingAndAWrongDateIsKeptForMending) {
+    openJob();
+    clickCell("jgTasks", 1, startColumn);
+    driver->type("13/45/26");
+    script.expect(Answer::Ok);
+    driver->press(Qt::Key_Return);
+    EXPECT_EQ(script.shown().back().text, "\"13/45/26\" is not a date. Enter it as mm/dd/yy hh:mm.");
+    EXPECT_EQ(tasks().Col(), startColumn);
+    driver->press(Qt::Key_Home);
+    driver->press(Qt::Key_Right, Qt::ShiftModifier, 5);
+    driver->type("12/05");
+    driver->press(Qt::Key_Return);
+    EXPECT_EQ(tasks().Col(), stopColumn);
+    driver->type("12/06/26 14:30");
+    driver->press(Qt::Key_Return);
+    driver->type("arch");
+    driver->press(Qt::Key_Return);
+    driver->press(Qt::Key_Down);
+    EXPECT_EQ(count("StartDate=#12/05/26# AND StopDate=#12/06/26 14:30# AND EmployeeKey=" +
+                    QString::number(worker)),
+              1);
+}
+
+TEST_F(JobGrids, TheEmployeesAreReadAtEachLoadAndAnInactiveOneKeepsTheTask) {
+    data.db.run("UPDATE JobLotTask SET EmployeeKey=" + QString::number(worker));
+    data.db.add("Employee", {{"LastName", "Nofirst"}, {"Inactive", false}});
+    openJob();
+    const auto onOffer = [this] { return tasks().columns()[employeeColumn - 1].valueList.size(); };
+    EXPECT_EQ(onOffer(), 1U) << "who has no first name is left out";
+    EXPECT_EQ(cell(tasks(), 1, employeeColumn), "Archer\\Ann");
+    const auto other = data.db.secondSeat();
+    other->Execute("UPDATE Employee SET Inactive=-1");
+    combo().setListIndex(1);
+    EXPECT_EQ(onOffer(), 0U);
+    EXPECT_EQ(cell(tasks(), 1, employeeColumn), "");
+    clickCell("jgTasks", 1, employeeColumn);
+    driver->press(Qt::Key_F2);
+    driver->press(Qt::Key_Return);
+    clickCell("jgTasks", 1, priceColumn);
+    driver->type("11");
+    driver->press(Qt::Key_Down);
+    EXPECT_EQ(count("MasterPrice=11 AND EmployeeKey=" + QString::number(worker)), 1);
+}
+
+TEST_F(JobGrids, ADeletedTaskLeavesATreeThatHolds) {
+    const qint64 bay = data.addOption("Walls Bay", walls_);
+    openJob();
+    clickCell("jgTasks", 2, nameColumn);
+    del();
+    EXPECT_EQ(data.tree(data.lot), std::vector<QString>{"Walls"});
+    EXPECT_EQ(tasks().value("ParentKey"), Value(0)) << "the grid shows the mended parent";
+    ASSERT_NE(bay, data.addOption("Walls Deck", walls_));
+    combo().setListIndex(1);
+    clickCell("jgTasks", 1, nameColumn);
+    del();
+    EXPECT_EQ(data.tree(data.lot), std::vector<QString>{"Walls Deck"});
+    EXPECT_EQ(tasks().value("ParentKey"), Value(0));
+}
+
+TEST_F(JobGrids, RowsThatAnotherSeatDeletedAreToldAndGo) {
+    openJob();
+    driver->focus("jgTasks");
+    const auto other = data.db.secondSeat();
+    other->Execute("DELETE FROM JobLotTask");
+    script.expect(Answer::Yes);
+    script.expect(Answer::Ok);
+    driver->clickToolbar("Del");
+    EXPECT_EQ(tasks().RowCount(), 0);
+    driver->focus("jgJobLots");
+    other->Execute("DELETE FROM JobLot WHERE LotBlock='A'");
+    script.expect(Answer::Yes);
+    script.expect(Answer::Ok);
+    driver->clickToolbar("Del");
+    EXPECT_EQ(lots().RowCount(), 1);
+    EXPECT_EQ(lots().value("LotBlock"), Value("B"));
+}
+
+TEST_F(JobGrids, ATaskThatAnotherSeatChangedIsNotOverwritten) {
+    openJob();
+    const auto other = data.db.secondSeat();
+    other->Execute("UPDATE JobLotTask SET MasterPrice=77");
+    clickCell("jgTasks", 1, priceColumn);
+    driver->type("11");
+    script.expect(Answer::Ok);
+    driver->press(Qt::Key_Down);
+    EXPECT_TRUE(tasks().isPending()) << "what was typed is still there";
+    EXPECT_EQ(count("MasterPrice=77"), 1);
+    driver->press(Qt::Key_Escape);
+    EXPECT_EQ(cell(tasks(), 1, priceColumn), "77.00");
+}
+
+TEST_F(JobGrids, ARefusedTaskKeepsItsLotAndIsWrittenThereOnceItCanBe) {
+    openJob();
+    const auto other = data.db.secondSeat();
+    other->Execute("UPDATE JobLotTask SET MasterPrice=77");
+    clickCell("jgTasks", 1, priceColumn);
+    driver->type("11");
+    script.expect(Answer::Ok);
+    clickCell("jgJobLots", 2, 3);
+    EXPECT_EQ(cell(tasks(), 1, priceColumn), "11.00") << "the other lot's tasks wait for the row";
+    driver->focus("jgTasks");
+    driver->press(Qt::Key_Escape);
+    driver->focus("jgJobLots");
+    driver->focus("jgTasks");
+    EXPECT_EQ(tasks().RowCount(), 0) << "the tasks of the lot that is current";
+}
+
+TEST_F(JobGrids, ADeletedLotTakesItsPendingTaskAlong) {
+    openJob();
+    driver->focus("jgTasks");
+    driver->press(Qt::Key_Insert);
+    driver->type("Sweep");
+    driver->focus("jgJobLots");
+    del();
+    EXPECT_EQ(lots().RowCount(), 1);
+    EXPECT_EQ(tasks().RowCount(), 0);
+    EXPECT_FALSE(tasks().isPending());
+    EXPECT_EQ(data.count("JobLotTask"), 0);
+}

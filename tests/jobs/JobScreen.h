@@ -1,0 +1,101 @@
+#pragma once
+
+#include "controls/Combo.h"
+#include "controls/Grid.h"
+#include "controls/MaskedBox.h"
+#include "frame/DataEnvironment.h"
+#include "frame/modGlobalVariables.h"
+#include "jobs/LotData.h"
+#include "jobs/frmJobs.h"
+#include "support/MessageScript.h"
+#include "support/ScreenDriver.h"
+
+#include <QToolButton>
+
+#include <gtest/gtest.h>
+#include <optional>
+
+namespace tarnwell::test {
+
+/// The jobs screen, shown, on a job with the lots A and B.
+class JobScreen : public ::testing::Test {
+protected:
+    void SetUp() override {
+        gAppPath = data.db.folder();
+        gProgramFolder = data.db.folder() + u'/';
+        gConnectionString = connectionStringFor(data.db.path());
+    }
+    void TearDown() override {
+        if (driver)
+            form().Unload();
+        DataEnvironment::close();
+    }
+
+    frmJobs& form() { return theForm<frmJobs>(); }
+    void open() {
+        form().Show(Screen::Modality::Modeless, nullptr);
+        driver.emplace(form());
+    }
+    /// Finds the job by typing; Framing is the second category.
+    void openJob() {
+        open();
+        find("optSearch(0)");
+        combo().setListIndex(1);
+    }
+    void find(const char* option) {
+        whenShown([option](const ScreenDriver& search) {
+            search.click(option);
+            search.focus("MskField(0)");
+            search.type("J-1");
+            search.press(Qt::Key_Return);
+        });
+        driver->clickToolbar("Find");
+    }
+    static void whenShown(std::function<void(const ScreenDriver&)> use) {
+        whenModal([use = std::move(use)](QWidget& dialog) { use(ScreenDriver(dialog)); });
+    }
+    /// In place of what stands in the control.
+    void retype(const char* control, const QString& text) {
+        driver->focus(control);
+        driver->press(Qt::Key_A, Qt::ControlModifier);
+        driver->press(Qt::Key_Delete);
+        driver->type(text);
+    }
+    /// Clicks a visible cell of a grid by its row and column from 1.
+    void clickCell(const char* grid, int row, int column) {
+        const auto& view = driver->find<Grid>(grid);
+        const QRect cell = view.visualRect(view.model()->index(row - 1, column - 1));
+        driver->click(grid, {cell.left() + 10, cell.center().y()});
+    }
+    /// Answers yes, or what is told, to the question that Del asks.
+    void del(Answer answer = Answer::Yes) {
+        script.expect(answer);
+        driver->clickToolbar("Del");
+    }
+
+    MaskedBox& field(int index) { return driver->find<MaskedBox>(QString("MskField(%1)").arg(index)); }
+    Grid& lots() { return driver->find<Grid>("jgJobLots"); }
+    Grid& tasks() { return driver->find<Grid>("jgTasks"); }
+    Combo& combo() { return driver->find<Combo>("cmbType"); }
+    QString cell(const Grid& grid, int row, int column) {
+        return grid.model()->index(row - 1, column - 1).data().toString();
+    }
+    QString enabled() {
+        QStringList captions;
+        for (auto* button : form().findChildren<QToolButton*>())
+            if (button->isEnabled() && button->parentWidget()->objectName() == "Toolbar1" &&
+                !button->text().isEmpty())
+                captions.append(button->text());
+        return captions.join(' ');
+    }
+    QString stored(const char* column) {
+        return data.db.ask(QString("SELECT %1 FROM Job").arg(column)).toText();
+    }
+
+    LotData data;
+    qint64 lotB = data.addLot("B");
+    MessageScript script;
+    std::optional<ScreenDriver> driver;
+};
+
+} // namespace tarnwell::test

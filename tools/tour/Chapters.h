@@ -17,5 +17,6 @@ struct Chapter {
 
 void payWithEveryWarning(Driver& driver);
 void correctPayment(Driver& driver);
+void raiseMasterPrice(Driver& driver);
 
 } // namespace tarnwell::tour

@@ -107,6 +107,14 @@ QString shownText(const QWidget& control) {
     return {};
 }
 
+/// The column's place in the grid's model.
+int columnOf(const Grid& grid, const QString& key) {
+    const auto found = std::ranges::find(grid.columns(), key, &GridColumn::key);
+    if (found == grid.columns().end())
+        input::reportMissing(key);
+    return static_cast<int>(found - grid.columns().begin());
+}
+
 /// What can't be looked at is not there yet.
 bool isThere(const std::function<bool()>& condition) {
     try {
@@ -226,6 +234,20 @@ QString Driver::textOf(const QString& name) {
     QString shown;
     act([&] { shown = shownText(control(name)); });
     return shown;
+}
+
+int Driver::rowOf(const QString& grid, const QString& column, const QString& text) {
+    int found = -1;
+    act([&] {
+        const auto& table = input::find<Grid>(front(), grid);
+        const int at = columnOf(table, column);
+        for (int row = 0; row < table.model()->rowCount() && found < 0; ++row)
+            if (table.model()->index(row, at).data().toString() == text)
+                found = row;
+    });
+    if (found < 0)
+        throw StepFailed(QStringLiteral("%1 does not show \"%2\"").arg(grid, text));
+    return found;
 }
 
 void Driver::press(const QKeySequence& keys) {

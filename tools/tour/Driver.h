@@ -39,6 +39,8 @@ public:
     /// Waits until a field, list line or label of the window in front shows the text.
     void seeText(const QString& control, const QString& text);
     [[nodiscard]] QString textOf(const QString& control);
+    /// The grid's line, from 0, that shows the text in the column; throws StepFailed when there is none.
+    [[nodiscard]] int rowOf(const QString& grid, const QString& column, const QString& text);
 
     // What is done, in the window in front.
     void press(const QKeySequence& keys);

@@ -11,6 +11,7 @@
 #include <array>
 #include <optional>
 #include <unordered_map>
+#include <utility>
 
 namespace tarnwell {
 

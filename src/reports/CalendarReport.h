@@ -9,7 +9,7 @@ namespace tarnwell {
 [[nodiscard]] QString calendarQuery(const ReportParameters& parameters);
 
 /// Tasks as a list by day. A new group, and in mode 0 a new date, in mode 1 a new week from Monday, opens a
-/// page. Raises InvalidUseOfNull for a task without a start or stop.
+/// page. Raises InvalidUseOfNull for a task without a start or stop. A grouping is chosen.
 void drawCalendar(ReportRun& run);
 
 } // namespace tarnwell

@@ -11,10 +11,11 @@ namespace {
 /// The name under which the settings know the database file; there is no other engine yet.
 const QString servedProvider = QStringLiteral("Microsoft.Jet.OLEDB.4.0");
 
-/// The value of one key of a connection string; empty when it is not there. Of two the last one counts.
-QString connectionValue(const QString& text, QLatin1String key) {
-    QString value;
-    for (const QString& part : text.split(QLatin1Char(';'))) {
+} // namespace
+
+QString connectionValue(const QString& connectionString, QLatin1String key) {
+    QString value; // of two the last one counts
+    for (const QString& part : connectionString.split(QLatin1Char(';'))) {
         const qsizetype equals = part.indexOf(QLatin1Char('='));
         if (equals >= 0 && part.first(equals).trimmed().compare(key, Qt::CaseInsensitive) == 0)
             value = part.sliced(equals + 1).trimmed();
@@ -23,8 +24,6 @@ QString connectionValue(const QString& text, QLatin1String key) {
         value.size() > 1 && value.front() == QLatin1Char('"') && value.back() == value.front();
     return isQuoted ? value.sliced(1, value.size() - 2) : value;
 }
-
-} // namespace
 
 Connection::Connection() = default;
 

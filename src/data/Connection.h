@@ -19,6 +19,9 @@ inline constexpr std::chrono::milliseconds usualBusyTimeout{5000};
 /// States of a connection or a recordset.
 enum class ObjectState { Closed = 0, Open = 1 }; ///< With the numbers that the run time gives them.
 
+/// The value of one key of a connection string, without its quotes; empty when it is not there.
+[[nodiscard]] QString connectionValue(const QString& connectionString, QLatin1String key);
+
 /// One connection to one database. Statements are written in the system's own dialect (see `Dialect.h`) and
 /// run one at a time: a second statement behind the first, a schema change, attach or pragma is refused.
 class Connection {

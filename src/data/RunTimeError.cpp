@@ -24,12 +24,14 @@ constexpr std::array failures{
     FailureEntry{Failure::SubscriptOutOfRange, 9, RunTimeSource, "Subscript out of range"},
     FailureEntry{Failure::TypeMismatch, 13, RunTimeSource, "Type mismatch"},
     FailureEntry{Failure::FileNotFound, 53, RunTimeSource, "File not found"},
+    FailureEntry{Failure::DiskFull, 61, RunTimeSource, "Disk full"},
     FailureEntry{Failure::FileAccess, 75, RunTimeSource, "Path/File access error"},
     FailureEntry{Failure::PathNotFound, 76, RunTimeSource, "Path not found"},
     FailureEntry{Failure::InvalidUseOfNull, 94, RunTimeSource, "Invalid use of Null"},
     FailureEntry{Failure::InvalidProperty, 380, RunTimeSource, "Invalid property value"},
     FailureEntry{Failure::InvalidPropertyIndex, 381, RunTimeSource, "Invalid property array index"},
     FailureEntry{Failure::NoSuchMember, 438, RunTimeSource, "Object doesn't support this property or method"},
+    FailureEntry{Failure::PrinterError, 482, RunTimeSource, "Printer error"},
 
     FailureEntry{Failure::NoCurrentRecord, 3021, RecordsetSource,
                  "Either BOF or EOF is True, or the current record has been deleted. Requested operation "

@@ -35,12 +35,14 @@ enum class Failure {
     SubscriptOutOfRange,  // 9
     TypeMismatch,         // 13
     FileNotFound,         // 53
+    DiskFull,             // 61
     FileAccess,           // 75: path/file access error
     PathNotFound,         // 76
     InvalidUseOfNull,     // 94
     InvalidProperty,      // 380: invalid property value
     InvalidPropertyIndex, // 381: invalid property array index
     NoSuchMember,         // 438
+    PrinterError,         // 482
     // recordset and connection
     NoCurrentRecord,  // 3021
     WrongArguments,   // 3001

@@ -92,6 +92,12 @@ void SqliteStatement::bindAll(std::span<const Value> values) {
         bind(++parameter, value);
 }
 
+void SqliteStatement::bindBytes(int parameter, QByteArrayView bytes) {
+    if (sqlite3_bind_blob64(get(), parameter, bytes.constData(), static_cast<sqlite3_uint64>(bytes.size()),
+                            SQLITE_STATIC) != SQLITE_OK)
+        raiseSqliteError(sqlite3_db_handle(get()), sqlite3_sql(get()));
+}
+
 bool SqliteStatement::step() {
     const int code = sqlite3_step(get());
     if (code == SQLITE_ROW)
@@ -123,6 +129,12 @@ qint64 SqliteStatement::integerAt(int column) const {
 QString SqliteStatement::textAt(int column) const {
     const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(get(), column));
     return QString::fromUtf8(text, sqlite3_column_bytes(get(), column));
+}
+
+QByteArrayView SqliteStatement::bytesAt(int column) const {
+    // The bytes come first: asking for their number alone would not convert a text.
+    const void* bytes = sqlite3_column_blob(get(), column);
+    return {static_cast<const char*>(bytes), sqlite3_column_bytes(get(), column)};
 }
 
 void SqliteHandle::Closer::operator()(sqlite3* handle) const noexcept {

@@ -3,6 +3,7 @@
 #include "data/Value.h"
 
 #include <QByteArray>
+#include <QByteArrayView>
 #include <QString>
 
 #include <memory>
@@ -24,6 +25,8 @@ public:
     void bind(int parameter, const Value& value);
     /// Binds the first parameters, in order.
     void bindAll(std::span<const Value> values);
+    /// Bytes that are no text. They are not copied: they must stay until the statement was run.
+    void bindBytes(int parameter, QByteArrayView bytes);
     /// True when it stands on a row, false at its end; there it has let go of its locks.
     bool step();
     /// Runs to its end, whatever it returns.
@@ -34,6 +37,8 @@ public:
     /// Columns of the row it stands on count from 0; Null reads as 0 and as "".
     [[nodiscard]] qint64 integerAt(int column) const;
     [[nodiscard]] QString textAt(int column) const;
+    /// Valid until the statement goes on.
+    [[nodiscard]] QByteArrayView bytesAt(int column) const;
 
 private:
     struct Finalizer {

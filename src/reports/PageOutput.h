@@ -2,8 +2,8 @@
 
 #include "reports/PageStore.h"
 
+#include <QPageLayout>
 #include <QPageSize>
-#include <QRectF>
 #include <QString>
 #include <QTransform>
 
@@ -28,9 +28,9 @@ bool printPages(const StoredReport& report, QPrinter& printer, const QString& ti
 bool savePdf(const StoredReport& report, const QString& path, const QString& title,
              const QPageSize& paper = QPageSize(QPageSize::Letter), const FollowPages& follow = {});
 
-/// How twips of a page come onto a paper. `paper` and `printable` are in one unit, the origin of both at the
-/// paper's top left. Letter keeps its true size where the printer reaches all that reports use of the page;
-/// else the whole page is scaled into the middle of what the printer reaches.
-[[nodiscard]] QTransform pageOntoPaper(Orientation orientation, const QRectF& paper, const QRectF& printable);
+/// Where a page comes on a paper, from twips to twips, with the paper's top left as the origin of both.
+/// Letter keeps its true size where the printer reaches all that reports use of it; else the whole page is
+/// scaled into the middle of what the printer reaches, which are the layout's minimum margins.
+[[nodiscard]] QTransform pageOntoPaper(Orientation orientation, QPageLayout layout);
 
 } // namespace tarnwell

@@ -1,11 +1,10 @@
 #pragma once
 
-#include "reports/PageStore.h"
+#include "reports/PageFonts.h"
+#include "reports/StoredPage.h"
 
 #include <QRectF>
 #include <QSizeF>
-
-#include <memory>
 
 class QPainter;
 
@@ -18,11 +17,6 @@ namespace tarnwell {
 /// It keeps the fonts that it met, so that a whole report is drawn with one of it.
 class PagePainter {
 public:
-    PagePainter();
-    ~PagePainter();
-    PagePainter(const PagePainter&) = delete;
-    PagePainter& operator=(const PagePainter&) = delete;
-
     /// Draws the page with its top left at the painter's origin, one unit a twip: the caller scales the
     /// painter (at 96 dots to the inch and 100 %: by 96/1440). What lies beyond the page is cut off. The
     /// white of the paper is the caller's: `drawPaper` on the screen, the paper itself elsewhere.
@@ -34,8 +28,9 @@ public:
     [[nodiscard]] QRectF textBox(const PageText& text, qint64 pageCount);
 
 private:
-    class Fonts;
-    std::unique_ptr<Fonts> m_fonts;
+    [[nodiscard]] const PageFont& fontOf(const PageText& text);
+
+    PageFonts m_fonts;
 };
 
 } // namespace tarnwell

@@ -1,21 +1,13 @@
 #pragma once
 
 #include "data/SqliteHandle.h"
-#include "reports/PageSurface.h"
+#include "reports/StoredPage.h"
 
 #include <QByteArray>
 
-#include <optional>
 #include <vector>
 
 namespace tarnwell {
-
-/// What lies on one page, each kind in the order in which it was drawn.
-struct StoredPage {
-    Orientation orientation = Orientation::Portrait;
-    std::vector<PageText> texts;
-    std::vector<PageLine> lines;
-};
 
 /// A text that was searched for: its page, counted from 1, and its place in `StoredPage::texts`.
 struct TextHit {
@@ -53,17 +45,16 @@ public:
     [[nodiscard]] StoredPage page(qint64 reportKey, qint64 number) const;
 
 private:
-    void requireOpenRun(qint64 reportKey) const;
-    QByteArray& itemsOf(qint64 page);
+    /// The waiting items of the page, to which its next one is added.
+    QByteArray& itemsOf(qint64 reportKey, qint64 page);
     void putAside();
-    void clearRuns();
+    void clearRun();
 
-    QString m_path;
     data::SqliteHandle m_handle;
-    std::optional<data::SqliteStatement> m_putAside;
-    std::optional<qint64> m_openRun;
-    qint64 m_page = 0;  ///< Whose items wait in `m_items`.
-    QByteArray m_items; ///< Not put aside yet.
+    qint64 m_run = 0;    ///< Key of the last run; 0: none.
+    bool m_open = false; ///< It can still be drawn on.
+    qint64 m_page = 0;   ///< Whose items wait in `m_items`.
+    QByteArray m_items;
 };
 
 /// The finished pages of one run, for whoever shows or prints them. Must not outlive the store.
@@ -91,8 +82,5 @@ private:
     qint64 m_reportKey;
     qint64 m_pageCount;
 };
-
-/// The text as it is read on the page: "Page:2 of" gets the number of pages behind it.
-[[nodiscard]] QString textOnPage(const PageText& text, qint64 pageCount);
 
 } // namespace tarnwell

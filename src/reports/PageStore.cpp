@@ -1,0 +1,210 @@
+#include "reports/PageStore.h"
+
+#include "data/DiskPath.h"
+#include "data/RunTimeError.h"
+
+#include <QFileInfo>
+
+#include <cstdio>
+#include <sqlite3.h>
+
+namespace tarnwell {
+
+namespace {
+
+using data::SqliteHandle;
+using data::SqliteStatement;
+
+constexpr qint64 applicationId = 0x54775270; // "TwRp": tells the file from every other database
+constexpr int busyMilliseconds = 5000;
+constexpr qsizetype partSize = 256 * 1024; ///< Bytes of a page that are kept in memory while it is drawn.
+
+/// A power cut may take the last runs and leaves the file whole; waiting for the disk would cost more.
+constexpr auto relaxed = "PRAGMA synchronous=NORMAL";
+
+qint64 answerOf(const SqliteHandle& handle, const QByteArray& sql) {
+    SqliteStatement statement = handle.prepare(sql);
+    return statement.step() ? statement.integerAt(0) : 0;
+}
+
+bool isOurs(const SqliteHandle& handle) {
+    return answerOf(handle, "PRAGMA application_id") == applicationId;
+}
+
+void requireOurs(const SqliteHandle& handle, const QString& path) {
+    if (!isOurs(handle))
+        raise(Failure::DatabaseForeign, path);
+}
+
+void createTables(const SqliteHandle& handle) {
+    // Deleted pages give their room on the disk back.
+    handle.run("PRAGMA auto_vacuum=FULL");
+    handle.run("BEGIN IMMEDIATE");
+    handle.run("CREATE TABLE Report (ReportKey INTEGER PRIMARY KEY AUTOINCREMENT)");
+    handle.run("CREATE TABLE Page (ReportKey INTEGER NOT NULL, Page INTEGER NOT NULL, Part INTEGER NOT NULL, "
+               "Items BLOB NOT NULL, PRIMARY KEY (ReportKey, Page, Part))");
+    handle.run("PRAGMA application_id=" + QByteArray::number(applicationId));
+    handle.run("COMMIT");
+    handle.run("PRAGMA journal_mode=WAL");
+}
+
+/// Makes the tables of a new file, or clears what ended programs left in an old one, as long as nobody else
+/// has the file open: an open one is locked against this, also while its owner does nothing.
+void prepareAlone(const QString& path) {
+    const SqliteHandle handle(path, SqliteHandle::Access::Create);
+    try {
+        handle.run("PRAGMA locking_mode=EXCLUSIVE");
+        if (answerOf(handle, "PRAGMA page_count") == 0)
+            createTables(handle);
+        requireOurs(handle, path);
+        handle.run(relaxed);
+        if (answerOf(handle, "SELECT EXISTS (SELECT 1 FROM Report)") != 0) {
+            handle.run("DELETE FROM Page");
+            handle.run("DELETE FROM Report");
+        }
+    } catch (const RunTimeError&) {
+        if (handle.foundDamage())
+            raise(Failure::DatabaseForeign, path);
+        if (!handle.foundBusy())
+            throw;
+    }
+}
+
+SqliteHandle openShared(const QString& path) {
+    SqliteHandle handle(path, SqliteHandle::Access::ReadWrite);
+    sqlite3_busy_timeout(handle.get(), busyMilliseconds);
+    requireOurs(handle, path);
+    handle.run(relaxed);
+    handle.run("PRAGMA temp.cache_size=-8000");
+    handle.run(
+        "CREATE TEMP TABLE Drawn (Part INTEGER PRIMARY KEY, Page INTEGER NOT NULL, Items BLOB NOT NULL)");
+    return handle;
+}
+
+/// The engine's words say neither which file nor that a right is missing.
+SqliteHandle openReportDatabase(const QString& path) {
+    const QFileInfo file(path);
+    if (!QFileInfo(file.path()).isDir())
+        raise(Failure::PathNotFound, file.path());
+    try {
+        prepareAlone(path);
+        return openShared(path);
+    } catch (const RunTimeError& error) {
+        const bool isReadOnly = error.number() == makeError(Failure::PermissionDenied).number();
+        if (isReadOnly || !file.isFile() || !file.isWritable() || !QFileInfo(file.path()).isWritable())
+            raise(Failure::FileAccess, path);
+        throw;
+    }
+}
+
+} // namespace
+
+PageStore::PageStore(const QString& path) : m_handle(openReportDatabase(pathOnDisk(path))) {}
+
+PageStore::~PageStore() {
+    try {
+        clearRun();
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "The report's pages could not be cleared: %s\n", error.what());
+    }
+}
+
+qint64 PageStore::newReport() {
+    clearRun();
+    m_handle.run("INSERT INTO Report DEFAULT VALUES");
+    m_run = sqlite3_last_insert_rowid(m_handle.get());
+    m_open = true;
+    return m_run;
+}
+
+void PageStore::add(qint64 reportKey, const PageText& text) {
+    appendItem(itemsOf(reportKey, text.page), text);
+}
+
+void PageStore::add(qint64 reportKey, const PageLine& line) {
+    appendItem(itemsOf(reportKey, line.page), line);
+}
+
+void PageStore::finish(qint64 reportKey) {
+    if (!m_open || reportKey != m_run)
+        return;
+    putAside();
+    SqliteStatement moveIn = m_handle.prepare("INSERT INTO Page (ReportKey, Page, Part, Items) "
+                                              "SELECT ?, Page, Part, Items FROM Drawn ORDER BY Part");
+    moveIn.bind(1, m_run);
+    moveIn.run();
+    m_open = false;
+    m_handle.run("DELETE FROM Drawn");
+}
+
+qint64 PageStore::pageCount(qint64 reportKey) const {
+    SqliteStatement statement = m_handle.prepare("SELECT MAX(Page) FROM Page WHERE ReportKey=?");
+    statement.bind(1, reportKey);
+    return statement.step() ? statement.integerAt(0) : 0;
+}
+
+StoredPage PageStore::page(qint64 reportKey, qint64 number) const {
+    StoredPage page;
+    SqliteStatement parts =
+        m_handle.prepare("SELECT Items FROM Page WHERE ReportKey=? AND Page=? ORDER BY Part");
+    parts.bind(1, reportKey);
+    parts.bind(2, number);
+    while (parts.step())
+        readItems(parts.bytesAt(0), number, page);
+    return page;
+}
+
+QByteArray& PageStore::itemsOf(qint64 reportKey, qint64 page) {
+    if (!m_open || reportKey != m_run)
+        raise(Failure::NotAllowed);
+    if (page != m_page || m_items.size() > partSize)
+        putAside();
+    m_page = page;
+    return m_items;
+}
+
+void PageStore::putAside() {
+    if (m_items.isEmpty())
+        return;
+    SqliteStatement add = m_handle.prepare("INSERT INTO Drawn (Page, Items) VALUES (?, ?)");
+    add.bind(1, m_page);
+    add.bindBytes(2, m_items);
+    add.run();
+    m_items.truncate(0); // keeps its room for the next page
+}
+
+void PageStore::clearRun() {
+    if (m_run == 0)
+        return;
+    m_open = false;
+    m_items.truncate(0);
+    m_handle.run("DELETE FROM Drawn");
+    for (const char* table : {"Page", "Report"}) {
+        SqliteStatement clear = m_handle.prepare(QByteArray("DELETE FROM ") + table + " WHERE ReportKey=?");
+        clear.bind(1, m_run);
+        clear.run();
+    }
+}
+
+std::vector<TextHit> StoredReport::findOnPage(const QString& text, qint64 page,
+                                              Qt::CaseSensitivity letters) const {
+    std::vector<TextHit> hits;
+    if (text.isEmpty())
+        return hits;
+    const StoredPage stored = this->page(page);
+    for (std::size_t i = 0; i < stored.texts.size(); ++i)
+        if (textOnPage(stored.texts[i], m_pageCount).contains(text, letters))
+            hits.push_back({page, i});
+    return hits;
+}
+
+std::vector<TextHit> StoredReport::find(const QString& text, Qt::CaseSensitivity letters) const {
+    std::vector<TextHit> hits;
+    for (qint64 page = 1; page <= m_pageCount; ++page) {
+        const std::vector<TextHit> onPage = findOnPage(text, page, letters);
+        hits.insert(hits.end(), onPage.begin(), onPage.end());
+    }
+    return hits;
+}
+
+} // namespace tarnwell

@@ -1,0 +1,68 @@
+#include "reports/ctlAHPrintPreview.h"
+
+#include "data/Connection.h"
+#include "data/RunTimeError.h"
+#include "reports/PageOutput.h"
+#include "reports/PrinterDialogs.h"
+
+#include <QWidget>
+
+#include <utility>
+
+namespace tarnwell {
+
+namespace {
+
+ctlAHPrintPreview::Preview& installedPreview() {
+    static ctlAHPrintPreview::Preview preview;
+    return preview;
+}
+
+} // namespace
+
+ctlAHPrintPreview::ctlAHPrintPreview(QWidget* form) : QObject(form) {}
+
+ctlAHPrintPreview::Preview ctlAHPrintPreview::setPreview(Preview preview) {
+    return std::exchange(installedPreview(), std::move(preview));
+}
+
+void ctlAHPrintPreview::setConnectionString(const QString& text) {
+    m_connectionString = text;
+    m_pages.reset();
+}
+
+PageStore& ctlAHPrintPreview::pages() const {
+    if (m_pages == nullptr)
+        raise(Failure::ObjectClosed);
+    return *m_pages;
+}
+
+qint64 ctlAHPrintPreview::NewReport() {
+    if (m_pages == nullptr)
+        m_pages =
+            std::make_unique<PageStore>(connectionValue(m_connectionString, QLatin1String("Data Source")));
+    return m_pages->newReport();
+}
+
+void ctlAHPrintPreview::store(qint64 reportKey, const PageText& text) {
+    pages().add(reportKey, text);
+}
+
+void ctlAHPrintPreview::store(qint64 reportKey, const PageLine& line) {
+    pages().add(reportKey, line);
+}
+
+void ctlAHPrintPreview::ShowReport(qint64 ReportKey, bool preview) {
+    pages().finish(ReportKey);
+    const StoredReport report(pages(), ReportKey);
+    if (report.pageCount() == 0)
+        return;
+    auto* const form = qobject_cast<QWidget*>(parent());
+    const QString title = form != nullptr ? form->windowTitle() : QString();
+    if (preview && installedPreview())
+        installedPreview()(report, title, form);
+    else
+        printPages(report, currentPrinter(), title);
+}
+
+} // namespace tarnwell

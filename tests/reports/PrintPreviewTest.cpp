@@ -1,0 +1,108 @@
+#include "RecordingPrinter.h"
+#include "reports/PrinterDialogs.h"
+#include "reports/ctlAHPrintPreview.h"
+#include "support/RaisedNumber.h"
+
+#include <QTemporaryDir>
+#include <QWidget>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace tarnwell;
+using test::numberOf;
+using test::raisedNumber;
+using test::RecordingPrinter;
+
+class PrintPreviewTest : public testing::Test {
+protected:
+    PrintPreviewTest() {
+        // No printing system, whatever the machine has.
+        qputenv("CUPS_SERVER", "/nowhere");
+        m_form.setWindowTitle(QStringLiteral("Gantt Chart"));
+        m_surface.setConnectionString(QStringLiteral("Provider=Microsoft.Jet.OLEDB.4.0;Data Source=") +
+                                      m_folder.filePath(QStringLiteral("Report.mdb")) +
+                                      QStringLiteral(";Persist Security Info=False"));
+        m_before = ctlAHPrintPreview::setPreview(
+            [this](const StoredReport& report, const QString& title, QWidget* owner) {
+                ++m_shown;
+                m_pages = report.pageCount();
+                m_title = title;
+                EXPECT_EQ(owner, &m_form);
+            });
+    }
+    ~PrintPreviewTest() override {
+        ctlAHPrintPreview::setPreview(m_before);
+        setCurrentPrinter(nullptr);
+    }
+
+    qint64 drawnReport(qint64 pages) {
+        const qint64 key = m_surface.NewReport();
+        for (qint64 page = 1; page <= pages; ++page) {
+            qint16 y = 300;
+            m_surface.AddText(key, y, 6000, QStringLiteral("Gantt"), page, Orientation::Landscape);
+            m_surface.AddLine(key, {500, y, 14800, y, page, Orientation::Landscape});
+        }
+        return key;
+    }
+
+    QTemporaryDir m_folder;
+    QWidget m_form;
+    ctlAHPrintPreview m_surface{&m_form};
+    ctlAHPrintPreview::Preview m_before;
+    int m_shown = 0;
+    qint64 m_pages = 0;
+    QString m_title;
+};
+
+TEST_F(PrintPreviewTest, ShowsThePagesUnderTheFormsCaption) {
+    m_surface.ShowReport(drawnReport(2), true);
+    EXPECT_EQ(m_pages, 2);
+    EXPECT_EQ(m_title, QStringLiteral("Gantt Chart"));
+}
+
+TEST_F(PrintPreviewTest, PrintsOnTheCurrentPrinterWithoutAPreview) {
+    auto printer = std::make_unique<RecordingPrinter>();
+    const RecordingPrinter& printed = *printer;
+    setCurrentPrinter(std::move(printer));
+    m_surface.ShowReport(drawnReport(2), false);
+    EXPECT_EQ(printed.sheets(), (std::vector<int>{1, 1}));
+    EXPECT_EQ(m_shown, 0);
+}
+
+TEST_F(PrintPreviewTest, AReportWithoutPagesShowsAndPrintsNothing) {
+    for (const bool preview : {true, false})
+        m_surface.ShowReport(drawnReport(0), preview);
+    EXPECT_EQ(m_shown, 0);
+}
+
+TEST_F(PrintPreviewTest, WithoutAPrinterThePagesStay) {
+    const qint64 key = drawnReport(1);
+    EXPECT_EQ(raisedNumber([&] { m_surface.ShowReport(key, false); }), numberOf(Failure::PrinterError));
+    EXPECT_EQ(raisedNumber([&] { (void)showPrinterSetup(&m_form); }), numberOf(Failure::PrinterError));
+    m_surface.ShowReport(key, true);
+    EXPECT_EQ(m_pages, 1);
+}
+
+TEST_F(PrintPreviewTest, TheSetUpDialogGetsTheCurrentPrinter) {
+    setCurrentPrinter(std::make_unique<RecordingPrinter>());
+    const QPrinter* seen = nullptr;
+    PrinterDialogs dialogs;
+    dialogs.setUp = [&](QPrinter& printer, QWidget* owner) {
+        seen = &printer;
+        return owner == &m_form;
+    };
+    const PrinterDialogs before = setPrinterDialogs(dialogs);
+    EXPECT_TRUE(showPrinterSetup(&m_form));
+    EXPECT_EQ(seen, &currentPrinter());
+    setPrinterDialogs(before);
+}
+
+TEST_F(PrintPreviewTest, AReportDatabaseThatCannotBeIsToldAtTheFirstReport) {
+    m_surface.setConnectionString(QStringLiteral("Data Source=") +
+                                  m_folder.filePath(QStringLiteral("no/R.mdb")));
+    EXPECT_EQ(raisedNumber([&] { (void)m_surface.NewReport(); }), numberOf(Failure::PathNotFound));
+}
+
+} // namespace

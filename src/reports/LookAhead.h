@@ -4,6 +4,10 @@
 
 #include <QString>
 
+#include <algorithm>
+#include <span>
+#include <vector>
+
 namespace tarnwell {
 
 /// Gathers what belongs to a report's rows for many rows at once: a block is large enough to cost few
@@ -24,5 +28,11 @@ private:
     int m_begin = 0; // row numbers from 1; the end is the first row behind the block
     int m_end = 0;
 };
+
+/// The gathered rows of one key, of all rows in the order of their keys.
+template <class Row>
+[[nodiscard]] std::span<const Row> rowsOf(const std::vector<Row>& rows, qint64 key, qint64 Row::*keyOf) {
+    return {std::ranges::lower_bound(rows, key, {}, keyOf), std::ranges::upper_bound(rows, key, {}, keyOf)};
+}
 
 } // namespace tarnwell

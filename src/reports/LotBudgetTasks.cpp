@@ -2,8 +2,6 @@
 
 #include "frame/modFormatFunctions.h"
 
-#include <algorithm>
-
 namespace tarnwell {
 
 LotBudgetTasks::LotBudgetTasks(Connection& connection, const Recordset& lots, bool withPayments)
@@ -49,13 +47,11 @@ void LotBudgetTasks::readPayments(const QString& condition) {
 }
 
 std::span<const BudgetTask> LotBudgetTasks::tasksOf(qint64 jobLotKey) const {
-    const auto found = std::ranges::equal_range(m_tasks, jobLotKey, {}, &BudgetTask::jobLotKey);
-    return {found.begin(), found.end()};
+    return rowsOf(m_tasks, jobLotKey, &BudgetTask::jobLotKey);
 }
 
 std::span<const BudgetPayment> LotBudgetTasks::paymentsOf(qint64 jobLotTaskKey) const {
-    const auto found = std::ranges::equal_range(m_payments, jobLotTaskKey, {}, &BudgetPayment::jobLotTaskKey);
-    return {found.begin(), found.end()};
+    return rowsOf(m_payments, jobLotTaskKey, &BudgetPayment::jobLotTaskKey);
 }
 
 BudgetSums LotBudgetTasks::sumsOf(std::span<const BudgetTask> tasks) const {

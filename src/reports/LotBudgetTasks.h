@@ -3,9 +3,6 @@
 #include "reports/LookAhead.h"
 #include "reports/TaskAmounts.h"
 
-#include <span>
-#include <vector>
-
 namespace tarnwell {
 
 struct BudgetPayment {

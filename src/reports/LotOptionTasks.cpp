@@ -1,7 +1,5 @@
 #include "reports/LotOptionTasks.h"
 
-#include <algorithm>
-
 namespace tarnwell {
 
 LotOptionTasks::LotOptionTasks(Connection& connection, const Recordset& parents)
@@ -31,8 +29,7 @@ void LotOptionTasks::readOptions(const QString& condition) {
 }
 
 std::span<const OptionTask> LotOptionTasks::optionsOf(qint64 parentKey) const {
-    const auto found = std::ranges::equal_range(m_options, parentKey, {}, &OptionTask::parentKey);
-    return {found.begin(), found.end()};
+    return rowsOf(m_options, parentKey, &OptionTask::parentKey);
 }
 
 } // namespace tarnwell

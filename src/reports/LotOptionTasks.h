@@ -3,9 +3,6 @@
 #include "reports/LookAhead.h"
 #include "reports/TaskAmounts.h"
 
-#include <span>
-#include <vector>
-
 namespace tarnwell {
 
 /// A child of a parent task.

@@ -14,6 +14,7 @@
 #include "jobs/frmJobs.h"
 #include "master/frmMasterCodes.h"
 #include "master/frmMasterTasks.h"
+#include "reports/frmReportParameters.h"
 #include "timecard/frmEmployee.h"
 #include "timecard/frmPayroll.h"
 #include "timecard/frmTaskNotes.h"
@@ -37,6 +38,7 @@ void registerScreens() {
     registerScreen<frmMasterCodes>("frmMasterCodes", Screen::Modality::Modal);
     registerScreen<frmMasterTasks>("frmMasterTasks", Screen::Modality::Modal);
     registerScreen<frmEmployee>("frmEmployee", Screen::Modality::Modeless);
+    registerScreen<frmReportParameters>("mnuReport", Screen::Modality::Modal);
     registerScreen<frmPayroll>("frmPayroll", Screen::Modality::Modeless);
     registerScreen<frmOptions>("mnuOptions", Screen::Modality::Modal);
     registerScreen<frmAbout>("mnuAbout", Screen::Modality::Modal);

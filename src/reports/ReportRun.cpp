@@ -3,23 +3,28 @@
 #include "frame/MousePointer.h"
 #include "frame/MsgBox.h"
 #include "frame/modErrorRoutines.h"
+#include "reports/CalendarReport.h"
+#include "reports/CorrectionsReport.h"
+#include "reports/GanttReport.h"
+#include "reports/LotBudgetReport.h"
+#include "reports/LotOptionsReport.h"
+#include "reports/PaidoutReport.h"
 
 #include <algorithm>
-#include <span>
+#include <array>
 
 namespace tarnwell {
 
 namespace {
 
-std::span<const Report> reports() {
-    return {};
-}
-
-Recordset openRows(const QString& sql, Connection& connection) {
-    Recordset rows;
-    rows.Open(sql, connection, CursorType::Static, LockType::ReadOnly);
-    return rows;
-}
+const std::array reports{
+    Report{"frmRptCalendar", "Calendar", calendarQuery, drawCalendar},
+    Report{"frmRptGantt", "Gantt Chart", ganttQuery, drawGantt},
+    Report{"frmRptEmployeeCorrections", "Employee Corrections", correctionsQuery, drawCorrections},
+    Report{"frmRptEmployeePaidout", "Employee Paidout", paidoutQuery, drawPaidout},
+    Report{"frmRptLotBudget", "Lot Budget", lotBudgetQuery, drawLotBudget},
+    Report{"frmRptLotOptions", "Lot Options", lotOptionsQuery, drawLotOptions},
+};
 
 /// An error ends the drawing and not the run: what was drawn by then is worth seeing.
 void DrawReport(const Report& report, ReportRun& run) {
@@ -38,7 +43,7 @@ std::optional<qint64> drawPages(const Report& report, Connection& connection,
     Recordset rsReport;
     {
         const HourGlass hourGlass;
-        rsReport = openRows(report.buildQuery(parameters), connection);
+        rsReport.Open(report.buildQuery(parameters), connection, CursorType::Static, LockType::ReadOnly);
         if (rsReport.RecordCount() == 0)
             return std::nullopt;
     }
@@ -55,8 +60,8 @@ std::optional<qint64> drawPages(const Report& report, Connection& connection,
 } // namespace
 
 const Report* findReport(const QString& objectName) {
-    const auto found = std::ranges::find(reports(), objectName, &Report::objectName);
-    return found == reports().end() ? nullptr : &*found;
+    const auto* const found = std::ranges::find(reports, objectName, &Report::objectName);
+    return found == reports.end() ? nullptr : found;
 }
 
 void RunReport(const Report& report, Connection& connection, const ReportParameters& parameters,

@@ -3,7 +3,10 @@
 #include "data/Recordset.h"
 #include "frame/DataEnvironment.h"
 #include "reports/LotBudgetReport.h"
+#include "reports/PageStore.h"
 #include "reports/PaidoutReport.h"
+
+#include <QTemporaryDir>
 
 #include <benchmark/benchmark.h>
 #include <memory>
@@ -29,6 +32,28 @@ protected:
 
 private:
     qint64 m_items = 0;
+};
+
+/// Pages in a report database, as a report form keeps them.
+class StoredPages : public PageSurface {
+public:
+    explicit StoredPages(PageStore& pages) : m_pages(pages) {}
+    qint64 NewReport() override { return m_report = m_pages.newReport(); }
+    void ShowReport(qint64, bool) override {}
+    /// What the preview reads before it shows its first page.
+    void showFirst() {
+        m_pages.finish(m_report);
+        benchmark::DoNotOptimize(StoredReport(m_pages, m_report).page(1));
+    }
+    [[nodiscard]] qint64 pageCount() const { return m_pages.pageCount(m_report); }
+
+protected:
+    void store(qint64 reportKey, const PageText& text) override { m_pages.add(reportKey, text); }
+    void store(qint64 reportKey, const PageLine& line) override { m_pages.add(reportKey, line); }
+
+private:
+    PageStore& m_pages;
+    qint64 m_report = 0;
 };
 
 class NoWatcher : public ReportWatcher {
@@ -81,6 +106,23 @@ void drawToNowhere(benchmark::State& state, const Report& report, ReportParamete
 }
 BENCHMARK_CAPTURE(drawToNowhere, LotBudget, lotBudget, budgetParameters)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(drawToNowhere, Paidout, paidout, paidoutParameters)->Unit(benchmark::kMillisecond);
+
+/// From the press to the first page, as far as no window is needed for it.
+void drawToFirstPage(benchmark::State& state, const Report& report, ReportParameters (*parameters)()) {
+    if (!isReady(state))
+        return;
+    const QTemporaryDir folder;
+    PageStore store(folder.filePath("Report.mdb"));
+    const ReportParameters chosen = parameters();
+    for (auto _ : state) {
+        StoredPages pages(store);
+        drawOnce(state, report, chosen, pages);
+        pages.showFirst();
+        state.counters["pages"] = static_cast<double>(pages.pageCount());
+    }
+}
+BENCHMARK_CAPTURE(drawToFirstPage, LotBudget, lotBudget, budgetParameters)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(drawToFirstPage, Paidout, paidout, paidoutParameters)->Unit(benchmark::kMillisecond);
 
 // ---- the same rows from the bare library, texts as QString
 

@@ -40,6 +40,13 @@ bool isActive(const QStyleOptionViewItem& option) {
            (option.widget == focus || option.widget->isAncestorOf(focus));
 }
 
+/// Also across windows: the list that an editor opens is one of its own.
+bool isPartOf(const QObject* widget, const QObject* owner) {
+    while (widget != nullptr && widget != owner)
+        widget = widget->parent();
+    return widget != nullptr;
+}
+
 QStyle& styleOf(const QStyleOptionViewItem& option) {
     return option.widget != nullptr ? *option.widget->style() : *QApplication::style();
 }
@@ -269,7 +276,7 @@ bool GridDelegate::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::FocusOut: {
         const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
         if (reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason &&
-            reason != Qt::MenuBarFocusReason)
+            reason != Qt::MenuBarFocusReason && !isPartOf(QApplication::focusWidget(), watched))
             m_handlers.editorLeft();
         return false;
     }

@@ -1,8 +1,11 @@
 #include "GridFixture.h"
 #include "frame/modGeneral.h"
 
+#include <QAbstractItemView>
+#include <QComboBox>
 #include <QHeaderView>
 #include <QTemporaryFile>
+#include <QTest>
 
 namespace tarnwell::test {
 
@@ -67,6 +70,21 @@ TEST_F(GridTest, BindingAlwaysTellsOnceAndAClosedRecordsetShowsNothing) {
     log.clear();
     grid->bind(nullptr);
     EXPECT_TRUE(takeLog().isEmpty());
+}
+
+TEST_F(GridTest, AnOpenedListStaysOpenAndGivesItsEntry) {
+    start();
+    clickCell(1, Custom);
+    driver->press(Qt::Key_F4);
+    auto* list = grid->findChild<QComboBox*>();
+    ASSERT_NE(list, nullptr);
+    ASSERT_TRUE(waitFor([list] { return list->view()->isVisible(); }));
+    list->view()->setFocus(Qt::OtherFocusReason); // as desktops give it to the list
+    ASSERT_EQ(grid->findChild<QComboBox*>(), list) << "the focus is still the editor's own";
+    QTest::keyClick(list->view(), Qt::Key_Down);
+    QTest::keyClick(list->view(), Qt::Key_Return);
+    driver->press(Qt::Key_Return);
+    EXPECT_EQ(shown(1, Custom), "Y");
 }
 
 TEST_F(GridTest, ATreeSetsItsRowsOffAndKeepsTheirOrderAndTexts) {

@@ -61,6 +61,10 @@ int Connection::Execute(const QString& sql) {
     return engine().execute(engine().translate(sql));
 }
 
+quint32 Connection::dataVersion() {
+    return engine().dataVersion();
+}
+
 void Connection::BeginTrans() {
     engine().begin();
 }

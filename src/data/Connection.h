@@ -50,6 +50,10 @@ public:
     /// write up to the busy timeout, then raises DatabaseLocked.
     int Execute(const QString& sql);
 
+    /// Another number once anybody has written to the database, this connection included: what was read
+    /// before still holds as long as it is the same.
+    [[nodiscard]] quint32 dataVersion();
+
     /// Immediate transactions: the wait for another writer happens here. They do not nest: a second begin,
     /// and an end without one, raise NotAllowed.
     void BeginTrans();

@@ -72,6 +72,15 @@ int Engine::execute(const Translation& translation) {
         std::min<qint64>(sqlite3_changes64(m_handle.get()), std::numeric_limits<int>::max()));
 }
 
+/// The engine notices another seat's write when it begins to read.
+quint32 Engine::dataVersion() {
+    completeReaders();
+    lease("SELECT 1 FROM sqlite_master LIMIT 1")->run();
+    quint32 version = 0;
+    sqlite3_file_control(m_handle.get(), "main", SQLITE_FCNTL_DATA_VERSION, &version);
+    return version;
+}
+
 void Engine::begin() {
     if (m_inTransaction)
         raise(Failure::NotAllowed, QStringLiteral("A transaction is open already."));

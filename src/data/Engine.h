@@ -36,6 +36,9 @@ public:
     /// Runs a translated statement to its end; the number of rows it touched.
     int execute(const Translation& translation);
 
+    /// As the connection's.
+    [[nodiscard]] quint32 dataVersion();
+
     /// As the connection's transactions. A begin waits for another seat's write, up to the busy timeout.
     void begin();
     void commit();

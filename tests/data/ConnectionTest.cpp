@@ -10,6 +10,7 @@
 #include <sys/stat.h>
 #include <thread>
 #include <unistd.h>
+#include <utility>
 
 namespace tarnwell::test {
 
@@ -259,6 +260,23 @@ TEST(KilledProgramDeathTest, LeavesWhatItHadWritten) {
         testing::KilledBySignal(SIGKILL), "");
     database.connection().Open();
     EXPECT_EQ(database.ask(QStringLiteral("SELECT COUNT(*) FROM MasterTask")), Value(1));
+}
+
+TEST(TwoSeats, TheVersionOfTheDataTellsThatEitherHasWritten) {
+    TemporaryDatabase database;
+    const auto other = database.secondSeat();
+    quint32 version = database.connection().dataVersion();
+    const auto hasChanged = [&] {
+        return std::exchange(version, database.connection().dataVersion()) != version;
+    };
+    EXPECT_FALSE(hasChanged());
+    (void)database.ask("SELECT COUNT(*) FROM Code");
+    EXPECT_FALSE(hasChanged()) << "by reading";
+    database.run("UPDATE Code SET Description='x'");
+    EXPECT_TRUE(hasChanged());
+    EXPECT_FALSE(hasChanged());
+    other->Execute("UPDATE Code SET Description='y'");
+    EXPECT_TRUE(hasChanged());
 }
 
 TEST(TwoSeats, TheSecondWriterGivesUpAfterItsWait) {

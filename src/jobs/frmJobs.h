@@ -101,6 +101,7 @@ private:
     std::unique_ptr<Recordset> rsJobLotTasks;
     qint64 CategoryKey = 0;  ///< Of the tasks on show.
     qint64 m_lotOfTasks = 0; ///< Likewise the lot; 0 for none.
+    std::optional<quint32> m_employeesAsOf; ///< Version of the data that the employees on offer come from.
     QString LoadedJobNumber; ///< As it was when the job was loaded; a retyped one is asked about.
     ButtonMask ToolbarMask = 0;
     bool SuppressVerify = false; ///< Add, Find or Exit runs: leaving a field asks nothing.

@@ -105,12 +105,17 @@ void frmJobs::showTasks() {
     CategoryKey = category;
 }
 
-/// Who has no entry shows as an empty cell; the task keeps the key.
+/// Who has no entry shows as an empty cell; the task keeps the key. The many are read again only when
+/// something was written since, at whatever seat.
 void frmJobs::showEmployees() {
+    const quint32 version = connection().dataVersion();
+    if (version == m_employeesAsOf)
+        return;
     std::vector<ListEntry> entries;
     for (auto& [name, key] : readTaskEmployees(connection()))
         entries.push_back({.value = key, .text = std::move(name)});
     jgTasks->setValueList(employeeColumn, std::move(entries));
+    m_employeesAsOf = version;
 }
 
 void frmJobs::RefreshTasks() {

@@ -29,7 +29,7 @@ private:
     void nextColumn();
     void drawJob();
     /// Whether the lot is on the report.
-    bool drawLot(std::span<const BudgetTask> tasks);
+    bool drawLot(qint64 jobLotKey);
     /// Whether the task is on the report.
     bool drawTask(const BudgetTask& task);
     void drawPayments(qint64 jobLotTaskKey);
@@ -52,11 +52,11 @@ void LotBudgetPages::drawRecord() {
     if (m_rows["Job.JobKey"].toLong() != m_lastJobKey)
         drawJob();
     m_tasks.prepare();
-    const auto tasks = m_tasks.tasksOf(m_rows["JobLotKey"].toLong());
-    if (!drawLot(tasks))
+    const qint64 jobLotKey = m_rows["JobLotKey"].toLong();
+    if (!drawLot(jobLotKey))
         return;
     bool taskPrinted = false;
-    for (const BudgetTask& task : tasks) {
+    for (const BudgetTask& task : m_tasks.tasksOf(jobLotKey)) {
         if (isPageFull(m_pen))
             nextColumn();
         taskPrinted = drawTask(task) || taskPrinted;
@@ -96,8 +96,8 @@ void LotBudgetPages::drawJob() {
     closeHeading();
 }
 
-bool LotBudgetPages::drawLot(std::span<const BudgetTask> tasks) {
-    const BudgetSums sums = m_tasks.sumsOf(tasks);
+bool LotBudgetPages::drawLot(qint64 jobLotKey) {
+    const BudgetSums sums = m_tasks.sumsOf(jobLotKey);
     // "Paid Full:" leaves such a lot out as well as "Unpaid:" does.
     if (m_parameters.detail != DetailLevel::All && sums.settled)
         return false;

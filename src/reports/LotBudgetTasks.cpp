@@ -1,7 +1,5 @@
 #include "reports/LotBudgetTasks.h"
 
-#include "frame/modFormatFunctions.h"
-
 namespace tarnwell {
 
 LotBudgetTasks::LotBudgetTasks(Connection& connection, const Recordset& lots, bool withPayments)
@@ -12,8 +10,7 @@ void LotBudgetTasks::prepare() {
         return;
     const QString condition = "JobLotTask.JobLotKey IN " + m_lookAhead.keys();
     readTasks(condition);
-    m_paid.clear();
-    m_paid.read(m_connection, condition);
+    readSums(condition);
     if (m_withPayments)
         readPayments(condition);
 }
@@ -46,6 +43,14 @@ void LotBudgetTasks::readPayments(const QString& condition) {
             {payments.field(0).toLong(), payments.field(1), payments.field(2), payments.field(3)});
 }
 
+void LotBudgetTasks::readSums(const QString& condition) {
+    for (AmountSums* sums : {&m_paid, &m_lotPaid, &m_lotTotal})
+        sums->clear();
+    m_paid.addPayments(m_connection, "JobLotTaskKey", condition);
+    m_lotPaid.addPayments(m_connection, "JobLotKey", condition);
+    m_lotTotal.addPrices(m_connection, "JobLotKey", condition);
+}
+
 std::span<const BudgetTask> LotBudgetTasks::tasksOf(qint64 jobLotKey) const {
     return rowsOf(m_tasks, jobLotKey, &BudgetTask::jobLotKey);
 }
@@ -54,14 +59,12 @@ std::span<const BudgetPayment> LotBudgetTasks::paymentsOf(qint64 jobLotTaskKey) 
     return rowsOf(m_payments, jobLotTaskKey, &BudgetPayment::jobLotTaskKey);
 }
 
-BudgetSums LotBudgetTasks::sumsOf(std::span<const BudgetTask> tasks) const {
-    BudgetSums sums;
-    for (const BudgetTask& task : tasks) {
-        sums.total += NullToZero(task.masterPrice).toDouble();
-        sums.paid += m_paid.of(task.jobLotTaskKey);
-        sums.settled = sums.settled && m_paid.hasPayment(task.jobLotTaskKey);
-    }
-    return sums;
+BudgetSums LotBudgetTasks::sumsOf(qint64 jobLotKey) const {
+    return {.total = m_lotTotal.of(jobLotKey),
+            .paid = m_lotPaid.of(jobLotKey),
+            .settled = std::ranges::all_of(tasksOf(jobLotKey), [this](const BudgetTask& task) {
+                return m_paid.contains(task.jobLotTaskKey);
+            })};
 }
 
 } // namespace tarnwell

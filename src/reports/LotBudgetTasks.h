@@ -38,18 +38,21 @@ public:
     /// By date.
     [[nodiscard]] std::span<const BudgetPayment> paymentsOf(qint64 jobLotTaskKey) const;
     [[nodiscard]] double paidFor(qint64 jobLotTaskKey) const { return m_paid.of(jobLotTaskKey); }
-    [[nodiscard]] BudgetSums sumsOf(std::span<const BudgetTask> tasks) const;
+    [[nodiscard]] BudgetSums sumsOf(qint64 jobLotKey) const;
 
 private:
     void readTasks(const QString& condition);
     void readPayments(const QString& condition);
+    void readSums(const QString& condition);
 
     Connection& m_connection;
     LookAhead m_lookAhead;
     bool m_withPayments;
     std::vector<BudgetTask> m_tasks;
     std::vector<BudgetPayment> m_payments;
-    PaidSums m_paid;
+    AmountSums m_paid; // by task
+    AmountSums m_lotPaid;
+    AmountSums m_lotTotal;
 };
 
 } // namespace tarnwell

@@ -11,9 +11,11 @@ void LotOptionTasks::prepare() {
     const QString keys = m_lookAhead.keys();
     const QString children = "JobLotTask.ParentKey IN " + keys + " AND JobLotTask.Child<>0";
     readOptions(children);
+    m_optionTotal.clear();
+    m_optionTotal.addPrices(m_connection, "ParentKey", children);
     m_paid.clear();
-    m_paid.read(m_connection, "JobLotTask.JobLotTaskKey IN " + keys);
-    m_paid.read(m_connection, children);
+    m_paid.addPayments(m_connection, "JobLotTaskKey", "JobLotTask.JobLotTaskKey IN " + keys);
+    m_paid.addPayments(m_connection, "JobLotTaskKey", children);
 }
 
 /// Options of one name come as the index of a parent's children has them.

@@ -23,6 +23,8 @@ public:
     void prepare();
     /// By name.
     [[nodiscard]] std::span<const OptionTask> optionsOf(qint64 parentKey) const;
+    /// The sum of the options' prices.
+    [[nodiscard]] double optionTotalOf(qint64 parentKey) const { return m_optionTotal.of(parentKey); }
     /// For a parent or an option.
     [[nodiscard]] double paidFor(qint64 jobLotTaskKey) const { return m_paid.of(jobLotTaskKey); }
 
@@ -32,7 +34,8 @@ private:
     Connection& m_connection;
     LookAhead m_lookAhead;
     std::vector<OptionTask> m_options;
-    PaidSums m_paid;
+    AmountSums m_optionTotal; // by parent
+    AmountSums m_paid;        // by task
 };
 
 } // namespace tarnwell

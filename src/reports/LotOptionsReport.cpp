@@ -96,12 +96,11 @@ void LotOptionsPages::drawLot() {
 }
 
 bool LotOptionsPages::drawParent(std::span<const OptionTask> options) {
-    m_taskPaid = m_tasks.paidFor(m_rows["JobLotTaskKey"].toLong());
-    m_optionTotal = 0;
-    for (const OptionTask& option : options) {
-        m_optionTotal += NullToZero(option.masterPrice).toDouble();
+    const qint64 parentKey = m_rows["JobLotTaskKey"].toLong();
+    m_taskPaid = m_tasks.paidFor(parentKey);
+    m_optionTotal = m_tasks.optionTotalOf(parentKey);
+    for (const OptionTask& option : options)
         m_optionPaid += m_tasks.paidFor(option.jobLotTaskKey);
-    }
     const double price = m_rows["MasterPrice"].toDouble();
     // What counts for the selection differs from the balance: here the options' payments are added.
     const double net = roundedAmount(price + m_optionTotal - (m_taskPaid - m_optionPaid));

@@ -12,19 +12,27 @@ constexpr double halfCent = 0.005;
 
 } // namespace
 
-void PaidSums::read(Connection& connection, const QString& condition) {
+void AmountSums::addPayments(Connection& connection, const QString& key, const QString& condition) {
+    read(connection, "SELECT JobLotTask." + key +
+                         ", SUM(Price) FROM JobLotTask INNER JOIN JobTaskEmployee ON "
+                         "JobLotTask.JobLotTaskKey = JobTaskEmployee.JobLotTaskKey WHERE " +
+                         condition + " GROUP BY JobLotTask." + key);
+}
+
+void AmountSums::addPrices(Connection& connection, const QString& key, const QString& condition) {
+    read(connection, "SELECT JobLotTask." + key + ", SUM(MasterPrice) FROM JobLotTask WHERE " + condition +
+                         " GROUP BY JobLotTask." + key);
+}
+
+void AmountSums::read(Connection& connection, const QString& statement) {
     Recordset sums;
-    sums.Open(
-        "SELECT JobTaskEmployee.JobLotTaskKey, SUM(Price) FROM JobLotTask INNER JOIN JobTaskEmployee ON "
-        "JobLotTask.JobLotTaskKey = JobTaskEmployee.JobLotTaskKey WHERE " +
-            condition + " GROUP BY JobTaskEmployee.JobLotTaskKey",
-        connection, CursorType::ForwardOnly);
+    sums.Open(statement, connection, CursorType::ForwardOnly);
     for (; !sums.atEnd(); sums.MoveNext())
         m_sums.insert_or_assign(sums.field(0).toLong(), NullToZero(sums.field(1)).toDouble());
 }
 
-double PaidSums::of(qint64 jobLotTaskKey) const {
-    const auto found = m_sums.find(jobLotTaskKey);
+double AmountSums::of(qint64 key) const {
+    const auto found = m_sums.find(key);
     return found == m_sums.end() ? 0.0 : found->second;
 }
 

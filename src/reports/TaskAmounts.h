@@ -7,18 +7,25 @@
 
 namespace tarnwell {
 
-/// What was paid for lot tasks, by the tasks' keys.
-class PaidSums {
+/// Sums of amounts of lot tasks, by a key of the tasks. The database adds them up, in the order in which a
+/// statement of one key alone does: where prices hold parts of cents, another order of adding may come out on
+/// the other side of a half cent.
+class AmountSums {
 public:
-    /// Adds the tasks that meet a condition on `JobLotTask`.
-    void read(Connection& connection, const QString& condition);
+    /// Adds what was paid for the tasks that meet a condition on `JobLotTask`; `key` is a column of theirs.
+    void addPayments(Connection& connection, const QString& key, const QString& condition);
+    /// Adds what such tasks cost.
+    void addPrices(Connection& connection, const QString& key, const QString& condition);
     void clear() { m_sums.clear(); }
 
-    [[nodiscard]] bool hasPayment(qint64 jobLotTaskKey) const { return m_sums.contains(jobLotTaskKey); }
-    /// 0 without payments, and for payments without prices.
-    [[nodiscard]] double of(qint64 jobLotTaskKey) const;
+    /// Whether there was a row to add, with an amount or without.
+    [[nodiscard]] bool contains(qint64 key) const { return m_sums.contains(key); }
+    /// 0 without rows, and for rows without amounts.
+    [[nodiscard]] double of(qint64 key) const;
 
 private:
+    void read(Connection& connection, const QString& statement);
+
     std::unordered_map<qint64, double> m_sums;
 };
 

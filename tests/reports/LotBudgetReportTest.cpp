@@ -231,3 +231,27 @@ TEST_F(LotBudgetReport, TiesComeAsInStatementsOfOneLot) {
               "Employee ON JobTaskEmployee.EmployeeKey = Employee.EmployeeKey WHERE JobLotTaskKey=" +
               QString::number(task) + " ORDER BY Completed"));
 }
+
+// Tenths have no exact double: one order of adding ends at 0.6, another beside it, and halves of cents
+// follow.
+TEST_F(LotBudgetReport, SumsAreAddedUpAsInStatementsOfOneLot) {
+    const qint64 lot = addLot("1/A");
+    pay(addTask(lot, "C", 0.1), 0.1);
+    category = data.addCategory("Behind framing");
+    const qint64 paidTwice = addTask(lot, "B", 0.2);
+    pay(paidTwice, 0.2);
+    pay(paidTwice, 0.3);
+    category = data.addCategory("Last");
+    addTask(lot, "A", 0.3);
+    Recordset lots;
+    lots.Open(lotBudgetQuery(parameters), data.connection());
+    LotBudgetTasks gathered(data.connection(), lots, false);
+    gathered.prepare();
+    const QString ofLot = "WHERE JobLotKey=" + QString::number(lot);
+    EXPECT_EQ(Value(gathered.sumsOf(lot).total),
+              data.database().ask("SELECT SUM(MasterPrice) FROM JobLotTask " + ofLot));
+    EXPECT_EQ(Value(gathered.sumsOf(lot).paid),
+              data.database().ask("SELECT SUM(Price) FROM JobLotTask INNER JOIN JobTaskEmployee ON "
+                                  "JobLotTask.JobLotTaskKey = JobTaskEmployee.JobLotTaskKey " +
+                                  ofLot));
+}

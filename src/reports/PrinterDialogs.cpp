@@ -85,6 +85,10 @@ QPrinter& currentPrinter() {
     return *printer;
 }
 
+const QPrinter* printerInUse() {
+    return chosenPrinter().get();
+}
+
 void setCurrentPrinter(std::unique_ptr<QPrinter> printer) {
     chosenPrinter() = std::move(printer);
 }

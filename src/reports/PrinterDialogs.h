@@ -29,6 +29,8 @@ PrinterDialogs setPrinterDialogs(PrinterDialogs dialogs);
 /// The printer that reports are printed on: the system's default one until another is chosen.
 /// Raises PrinterError when there is none.
 [[nodiscard]] QPrinter& currentPrinter();
+/// The current printer once it was asked for; null before, so that nobody has to wait for the search for one.
+[[nodiscard]] const QPrinter* printerInUse();
 /// Replaces the printer, for tests; null goes back to the system's own.
 void setCurrentPrinter(std::unique_ptr<QPrinter> printer);
 

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QRectF>
+#include <QSizeF>
+#include <QString>
+
+#include <vector>
+
+class QPainter;
+
+namespace tarnwell {
+
+/// What is looked for in a report; an empty text finds nothing.
+struct PageSearch {
+    QString text;
+    Qt::CaseSensitivity letters = Qt::CaseInsensitive;
+    friend bool operator==(const PageSearch&, const PageSearch&) = default;
+};
+
+/// A place to be marked: a text that was found may hold what is looked for more than once.
+struct PageMark {
+    int hit;      ///< The how manieth hit of its page, from 0.
+    QRectF place; ///< Twips from the paper's top left.
+};
+
+/// A finished report as the preview sees it. Pages count from 1 and are all of one size.
+class PreviewPages {
+public:
+    virtual ~PreviewPages() = default;
+
+    [[nodiscard]] virtual int count() const = 0;
+    /// The paper as it lies, in twips.
+    [[nodiscard]] virtual QSizeF paperSize() const = 0;
+    /// What the paper is called: "Letter, portrait".
+    [[nodiscard]] virtual QString paperName() const = 0;
+    /// Draws a page on white paper; the painter counts in twips from the paper's top left.
+    virtual void paint(QPainter& painter, int page) const = 0;
+
+    /// The page of each hit (a text that contains what is looked for), from the first page to the last.
+    [[nodiscard]] virtual std::vector<int> find(const PageSearch& search) const = 0;
+    /// Where the hits of a page stand.
+    [[nodiscard]] virtual std::vector<PageMark> marks(int page, const PageSearch& search) const = 0;
+};
+
+} // namespace tarnwell

@@ -1,0 +1,365 @@
+#include "reports/PreviewWindow.h"
+
+#include "controls/Label.h"
+#include "data/RunTimeError.h"
+#include "frame/EventGuard.h"
+#include "frame/Icons.h"
+#include "frame/MsgBox.h"
+#include "reports/PreviewFindBar.h"
+#include "reports/PreviewTools.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QEventLoop>
+#include <QLabel>
+#include <QLineEdit>
+#include <QRegularExpressionValidator>
+#include <QScreen>
+#include <QShortcut>
+#include <QStatusBar>
+#include <QToolBar>
+#include <QToolButton>
+#include <QVBoxLayout>
+#include <QWindow>
+
+#include <array>
+#include <utility>
+
+namespace tarnwell {
+
+namespace {
+
+constexpr QSize toolIcon(20, 20);
+constexpr int boxGap = 4;
+constexpr int statusMilliseconds = 15000;
+/// What the preview takes of the screen at first, besides the width that the pages want.
+constexpr double shareOfHeight = 0.92;
+constexpr int leastOpeningWidth = 1120;
+constexpr std::array zoomsOffered = {25, 50, 75, 100, 125, 150, 200, 400};
+const QString fitWidthText = QStringLiteral("Fit width");
+const QString fitPageText = QStringLiteral("Fit page");
+
+/// How the user left the last preview; the next one opens so.
+struct LastLook {
+    QByteArray geometry;
+    PreviewView::Fit fit = PreviewView::Fit::Width;
+    double zoom = 1;
+    Arrangement arrangement = Arrangement::Single;
+};
+
+LastLook& lastLook() {
+    static LastLook look;
+    return look;
+}
+
+QString percentText(double zoom) {
+    return QStringLiteral("%1 %").arg(qRound(zoom * 100));
+}
+
+} // namespace
+
+PreviewWindow::PreviewWindow(const PreviewPages& pages, const QString& title, PreviewCommands commands)
+    : m_pages(pages), m_commands(std::move(commands)), m_view(new PreviewView(pages, this)),
+      m_findBar(new PreviewFindBar(this)), m_page(new QLineEdit(this)), m_zoom(new QComboBox(this)),
+      m_paper(new QLabel(this)) {
+    setObjectName(QStringLiteral("preview"));
+    setWindowTitle(QStringLiteral("%1 - Preview").arg(title));
+    setContextMenuPolicy(Qt::NoContextMenu);
+    auto* middle = new QWidget(this);
+    auto* column = new QVBoxLayout(middle);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(m_view, 1);
+    column->addWidget(m_findBar);
+    m_findBar->hide();
+    setCentralWidget(middle);
+    m_paper->setObjectName(QStringLiteral("lblPaper"));
+    statusBar()->addPermanentWidget(m_paper);
+    buildTools();
+    connectView();
+    m_view->setFit(lastLook().fit);
+    if (lastLook().fit == PreviewView::Fit::None)
+        m_view->setZoom(lastLook().zoom);
+    m_view->setArrangement(lastLook().arrangement);
+    showPage();
+    showLook();
+    m_view->setFocus();
+}
+
+/// A box that loses the focus while the window is taken apart has nothing to show any more.
+PreviewWindow::~PreviewWindow() {
+    m_page->disconnect(this);
+    m_zoom->lineEdit()->disconnect(this);
+}
+
+QAction* PreviewWindow::addTool(const QString& name, std::function<void()> routine) {
+    QAction* action = makePreviewTool(name, this);
+    connect(action, &QAction::triggered, this, guarded(std::move(routine)));
+    return action;
+}
+
+void PreviewWindow::buildTools() {
+    QToolBar* bar = addToolBar(QStringLiteral("Tools"));
+    bar->setObjectName(QStringLiteral("Toolbar1"));
+    bar->setMovable(false);
+    bar->setIconSize(toolIcon);
+    const auto add = [this, bar](const char* name, std::function<void()> routine, bool withText = false) {
+        bar->addAction(addTool(QLatin1String(name), std::move(routine)));
+        auto* button = qobject_cast<QToolButton*>(bar->widgetForAction(bar->actions().constLast()));
+        button->setObjectName(QStringLiteral("btn") + QLatin1String(name));
+        button->setToolButtonStyle(withText ? Qt::ToolButtonTextBesideIcon : Qt::ToolButtonIconOnly);
+    };
+    using Fit = PreviewView::Fit;
+    add(
+        "Print", [this] { say(m_commands.print(this)); }, true);
+    add(
+        "SavePdf", [this] { say(m_commands.savePdf(this)); }, true);
+    add("PageSetup", [this] {
+        if (m_commands.setUpPage(this))
+            m_view->refresh();
+    });
+    bar->addSeparator();
+    add("FirstPage", [this] { m_view->goToPage(1); });
+    add("PreviousPage", [this] { m_view->turn(-1); });
+    addPageBox(bar);
+    add("NextPage", [this] { m_view->turn(1); });
+    add("LastPage", [this] { m_view->goToPage(m_view->pageCount()); });
+    bar->addSeparator();
+    add("ZoomOut", [this] { m_view->stepZoom(-1); });
+    addZoomBox(bar);
+    add("ZoomIn", [this] { m_view->stepZoom(1); });
+    add("FitWidth", [this] { m_view->setFit(Fit::Width); });
+    add("FitPage", [this] { m_view->setFit(Fit::Page); });
+    bar->addSeparator();
+    add("Single", [this] { arrange(Arrangement::Single); });
+    add("Facing", [this] { arrange(Arrangement::Facing); });
+    add("Overview", [this] { arrange(Arrangement::Overview); });
+    bar->addSeparator();
+    add(
+        "Find", [this] { openFind(); }, true);
+    auto* space = new QWidget(bar);
+    space->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    bar->addWidget(space);
+    add(
+        "Close", [this] { close(); }, true);
+    addTool(QStringLiteral("TrueSize"), [this] { m_view->setZoom(1); });
+    addTool(QStringLiteral("FindNextKey"), [this] { stepHit(1); });
+    addTool(QStringLiteral("FindPreviousKey"), [this] { stepHit(-1); });
+    addTool(QStringLiteral("GoToPage"), [this] {
+        m_page->setFocus(Qt::ShortcutFocusReason);
+        m_page->selectAll();
+    });
+    connect(new QShortcut(QKeySequence(Qt::Key_Escape), this), &QShortcut::activated, this,
+            guarded([this] { escape(); }));
+}
+
+void PreviewWindow::addPageBox(QToolBar* bar) {
+    static const QRegularExpression digits(QStringLiteral("[0-9]{0,7}"));
+    m_page->setObjectName(QStringLiteral("txtPage"));
+    m_page->setToolTip(QStringLiteral("Page to go to (Ctrl+G)"));
+    m_page->setAccessibleName(QStringLiteral("Page"));
+    m_page->setAlignment(Qt::AlignRight);
+    m_page->setValidator(new QRegularExpressionValidator(digits, m_page));
+    const QString widest(std::max(3, int(QString::number(m_pages.count()).size())) + 2, u'0');
+    m_page->setFixedWidth(m_page->fontMetrics().horizontalAdvance(widest) + 2 * boxGap);
+    auto* count = label(QStringLiteral("of %1").arg(m_pages.count()), QStringLiteral("lblPageCount"));
+    count->setContentsMargins(boxGap, 0, boxGap, 0);
+    bar->addWidget(m_page);
+    bar->addWidget(count);
+    connect(m_page, &QLineEdit::returnPressed, this, guarded([this] {
+                goToTypedPage();
+                m_view->setFocus();
+            }));
+    connect(m_page, &QLineEdit::editingFinished, this, guarded([this] { showPage(); }));
+}
+
+void PreviewWindow::addZoomBox(QToolBar* bar) {
+    m_zoom->setObjectName(QStringLiteral("cmbZoom"));
+    m_zoom->setEditable(true);
+    m_zoom->setCompleter(nullptr);
+    m_zoom->setInsertPolicy(QComboBox::NoInsert);
+    m_zoom->setToolTip(QStringLiteral("Zoom in percent; 100 % is the size on paper (Ctrl+0)"));
+    m_zoom->setAccessibleName(QStringLiteral("Zoom"));
+    m_zoom->addItems({fitWidthText, fitPageText});
+    for (const int percent : zoomsOffered)
+        m_zoom->addItem(percentText(percent / 100.0));
+    bar->addWidget(m_zoom);
+    connect(m_zoom, &QComboBox::activated, this, guarded([this] { takeTypedZoom(); }));
+    connect(m_zoom->lineEdit(), &QLineEdit::returnPressed, this, guarded([this] { takeTypedZoom(); }));
+    connect(m_zoom->lineEdit(), &QLineEdit::editingFinished, this, guarded([this] { showLook(); }));
+}
+
+void PreviewWindow::connectView() {
+    connect(m_view, &PreviewView::pageChanged, this, guarded([this] { showPage(); }));
+    connect(m_view, &PreviewView::lookChanged, this, guarded([this] { showLook(); }));
+    connect(m_findBar, &PreviewFindBar::searchChanged, this, guarded([this] { searchAgain(); }));
+    connect(m_findBar, &PreviewFindBar::stepWanted, this,
+            guarded([this](int direction) { stepHit(direction); }));
+    connect(m_findBar, &PreviewFindBar::closeWanted, this, guarded([this] { closeFind(); }));
+    for (const char* name : {"Find", "TrueSize", "FitWidth", "FitPage", "Single", "Facing", "Overview"})
+        m_view->addAction(findChild<QAction*>(QLatin1String(name)));
+    m_view->setContextMenuPolicy(Qt::ActionsContextMenu);
+}
+
+/// The keys walk through the pages in their new order at once.
+void PreviewWindow::arrange(Arrangement arrangement) {
+    m_view->setArrangement(arrangement);
+    m_view->setFocus();
+    showLook();
+}
+
+void PreviewWindow::showPage() {
+    const int page = m_view->currentPage();
+    m_page->setText(QString::number(page));
+    m_view->setAccessibleName(QStringLiteral("Page %1 of %2").arg(page).arg(m_view->pageCount()));
+    for (const char* name : {"FirstPage", "PreviousPage"})
+        findChild<QAction*>(QLatin1String(name))->setEnabled(page > 1);
+    for (const char* name : {"NextPage", "LastPage"})
+        findChild<QAction*>(QLatin1String(name))->setEnabled(page < m_view->pageCount());
+}
+
+void PreviewWindow::showLook() {
+    const bool overview = m_view->arrangement() == Arrangement::Overview;
+    const auto mark = [this](const char* name, bool on) {
+        findChild<QAction*>(QLatin1String(name))->setChecked(on);
+    };
+    mark("FitWidth", !overview && m_view->fit() == PreviewView::Fit::Width);
+    mark("FitPage", !overview && m_view->fit() == PreviewView::Fit::Page);
+    mark("Single", m_view->arrangement() == Arrangement::Single);
+    mark("Facing", m_view->arrangement() == Arrangement::Facing);
+    mark("Overview", overview);
+    for (const char* name : {"FitWidth", "FitPage", "TrueSize"})
+        findChild<QAction*>(QLatin1String(name))->setEnabled(!overview);
+    m_zoom->setEnabled(!overview);
+    m_zoom->setEditText(percentText(m_view->zoom()));
+    m_paper->setText(m_pages.paperName());
+}
+
+void PreviewWindow::goToTypedPage() {
+    bool number = false;
+    const int page = m_page->text().toInt(&number);
+    if (number)
+        m_view->goToPage(page);
+    showPage();
+}
+
+/// A text that is no zoom leaves all as it is.
+void PreviewWindow::takeTypedZoom() {
+    const QString text = m_zoom->currentText().trimmed();
+    bool number = false;
+    const double percent = locale().toDouble(QString(text).remove(u'%').trimmed(), &number);
+    if (text.compare(fitWidthText, Qt::CaseInsensitive) == 0)
+        m_view->setFit(PreviewView::Fit::Width);
+    else if (text.compare(fitPageText, Qt::CaseInsensitive) == 0)
+        m_view->setFit(PreviewView::Fit::Page);
+    else if (number && percent > 0)
+        m_view->setZoom(percent / 100);
+    showLook();
+    m_view->setFocus();
+}
+
+void PreviewWindow::openFind() {
+    m_findBar->open();
+    if (m_view->hitCount() == 0)
+        searchAgain();
+}
+
+void PreviewWindow::searchAgain() {
+    const PageSearch search = m_findBar->search();
+    m_view->search(search);
+    if (search.text.isEmpty())
+        m_findBar->setResult({}, false);
+    else if (m_view->hitCount() == 0)
+        m_findBar->setResult(QStringLiteral("Not found"), true);
+    else {
+        m_view->showHit(m_view->hitFromHere());
+        m_findBar->setResult(QStringLiteral("%1 of %2").arg(m_view->currentHit() + 1).arg(m_view->hitCount()),
+                             false);
+    }
+}
+
+/// Round the ends: behind the last hit comes the first.
+void PreviewWindow::stepHit(int direction) {
+    if (m_findBar->isHidden() || m_findBar->search().text.isEmpty()) {
+        openFind();
+        return;
+    }
+    const int count = m_view->hitCount();
+    if (count == 0)
+        return;
+    const int hit = m_view->currentHit() + direction;
+    m_view->showHit((hit + count) % count);
+    const QString turned = hit < 0        ? QStringLiteral(" (from the end)")
+                           : hit >= count ? QStringLiteral(" (from the beginning)")
+                                          : QString();
+    m_findBar->setResult(QStringLiteral("%1 of %2%3").arg(m_view->currentHit() + 1).arg(count).arg(turned),
+                         false);
+}
+
+void PreviewWindow::closeFind() {
+    m_findBar->hide();
+    m_view->search({});
+    m_view->setFocus();
+}
+
+/// Gives up what is being typed, else closes the find line, else the preview.
+void PreviewWindow::escape() {
+    if (m_page->hasFocus() || m_zoom->hasFocus()) {
+        showPage();
+        showLook();
+        m_view->setFocus();
+    } else if (m_findBar->isVisible())
+        closeFind();
+    else
+        close();
+}
+
+void PreviewWindow::say(const QString& text) {
+    if (!text.isEmpty())
+        statusBar()->showMessage(text, statusMilliseconds);
+}
+
+/// At first as wide as the paper at its true size asks for, in the middle of the screen.
+void PreviewWindow::placeOn(const QWidget* owner) {
+    if (restoreGeometry(lastLook().geometry))
+        return;
+    const QRect room = (owner != nullptr ? owner->screen() : screen())->availableGeometry();
+    const int paper = qRound(m_pages.paperSize().width() * logicalDpiX() / 1440) + 4 * PreviewLayout::margin;
+    const QSize wanted(std::max(leastOpeningWidth, paper), qRound(room.height() * shareOfHeight));
+    QRect place(QPoint(), wanted.boundedTo(room.size()));
+    place.moveCenter(room.center());
+    resize(place.size());
+    move(place.topLeft());
+}
+
+void PreviewWindow::showModal(QWidget* owner) {
+    setWindowModality(Qt::ApplicationModal);
+    placeOn(owner);
+    // Only the desktop knows the owner, as with every form.
+    if (owner != nullptr && owner->window()->windowHandle() != nullptr) {
+        create();
+        windowHandle()->setTransientParent(owner->window()->windowHandle());
+    }
+    QEventLoop loop;
+    connect(this, &PreviewWindow::closed, &loop, &QEventLoop::quit);
+    show();
+    raise();
+    activateWindow();
+    loop.exec(QEventLoop::DialogExec);
+    if (owner != nullptr && owner->isVisible())
+        owner->window()->activateWindow();
+}
+
+void PreviewWindow::closeEvent(QCloseEvent* event) {
+    lastLook() = {.geometry = saveGeometry(),
+                  .fit = m_view->fit(),
+                  .zoom = m_view->zoom(),
+                  .arrangement = m_view->arrangement() == Arrangement::Facing ? Arrangement::Facing
+                                                                              : Arrangement::Single};
+    event->accept();
+    Q_EMIT closed();
+}
+
+} // namespace tarnwell

@@ -1,0 +1,121 @@
+#include "reports/ReportPreview.h"
+
+#include "data/RunTimeError.h"
+#include "frame/MsgBox.h"
+#include "frame/RunTime.h"
+#include "reports/PageOutput.h"
+#include "reports/PreviewWindow.h"
+#include "reports/PrinterDialogs.h"
+#include "reports/StoredPages.h"
+
+#include <QDir>
+#include <QPrinter>
+#include <QProgressDialog>
+#include <QStandardPaths>
+
+#include <functional>
+
+namespace tarnwell {
+
+namespace {
+
+constexpr int progressAfterMilliseconds = 400;
+
+/// Where the last PDF went; the next one is proposed beside it.
+QString& lastFolder() {
+    static QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return folder;
+}
+
+/// "Lot Budget 2002-05-17.pdf" in the folder of the PDF before.
+QString proposedName(const QString& title) {
+    const QString day = Format(Today(), QStringLiteral("yyyy-mm-dd"));
+    return QDir(lastFolder()).filePath(QStringLiteral("%1 %2.pdf").arg(title, day));
+}
+
+/// A window with the pages done and Cancel, which opens when the work takes longer than a moment.
+class PageProgress {
+public:
+    PageProgress(const QString& text, QWidget* owner) : m_window(owner) {
+        m_window.setObjectName(QStringLiteral("pageProgress"));
+        m_window.setWindowTitle(QStringLiteral("Report"));
+        m_window.setLabelText(text);
+        m_window.setCancelButtonText(QStringLiteral("&Cancel"));
+        m_window.setWindowModality(Qt::WindowModal);
+        m_window.setMinimumDuration(progressAfterMilliseconds);
+    }
+
+    [[nodiscard]] FollowPages follow() {
+        return [this](qint64 done, qint64 pages) {
+            m_window.setMaximum(static_cast<int>(pages));
+            m_window.setValue(static_cast<int>(done));
+            return !m_window.wasCanceled();
+        };
+    }
+
+private:
+    QProgressDialog m_window;
+};
+
+/// Runs work on the report; what goes wrong is told, and nothing else happens.
+template <typename Result>
+Result orTell(const QString& failure, Result otherwise, const std::function<Result()>& work) {
+    try {
+        return work();
+    } catch (const RunTimeError& error) {
+        MsgBox({.text = QStringLiteral("%1\n\n%2").arg(failure, error.description()),
+                .title = QStringLiteral("Report"),
+                .icon = MessageIcon::Exclamation});
+        return otherwise;
+    }
+}
+
+QString printFromPreview(const StoredReport& report, const QString& title, QWidget* owner) {
+    return orTell<QString>(QStringLiteral("The report was not printed."), {}, [&]() -> QString {
+        if (!showPrintDialog(owner))
+            return {};
+        PageProgress progress(QStringLiteral("Printing %1").arg(title), owner);
+        if (!printPages(report, currentPrinter(), title, progress.follow()))
+            return QStringLiteral("Printing was cancelled.");
+        return QStringLiteral("Sent to %1.").arg(currentPrinter().printerName());
+    });
+}
+
+QString saveFromPreview(const StoredReport& report, const QString& title, const QPageSize& paper,
+                        QWidget* owner) {
+    const QString path = askForPdfName(proposedName(title), owner);
+    if (path.isEmpty())
+        return {};
+    return orTell<QString>(QStringLiteral("The report was not saved."), {}, [&] {
+        PageProgress progress(QStringLiteral("Saving %1").arg(title), owner);
+        if (!savePdf(report, path, title, paper, progress.follow()))
+            return QStringLiteral("Saving was cancelled.");
+        lastFolder() = QFileInfo(path).absolutePath();
+        return QStringLiteral("Saved as %1").arg(QDir::toNativeSeparators(path));
+    });
+}
+
+bool setUpFromPreview(StoredPages& pages, QWidget* owner) {
+    return orTell<bool>(QStringLiteral("The paper can't be chosen."), false, [&] {
+        if (!showPageSetup(owner))
+            return false;
+        pages.setPaper(currentPrinter().pageLayout());
+        return true;
+    });
+}
+
+} // namespace
+
+void showPreview(const StoredReport& report, const QString& title, QWidget* owner) {
+    StoredPages pages(report);
+    if (const QPrinter* printer = printerInUse())
+        pages.setPaper(printer->pageLayout());
+    PreviewWindow window(
+        pages, title,
+        {.print = [&](QWidget* preview) { return printFromPreview(report, title, preview); },
+         .savePdf = [&](QWidget* preview) { return saveFromPreview(report, title, pages.paper(), preview); },
+         .setUpPage = [&](QWidget* preview) { return setUpFromPreview(pages, preview); }});
+    window.showModal(owner);
+}
+
+} // namespace tarnwell

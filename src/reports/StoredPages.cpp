@@ -1,0 +1,112 @@
+#include "reports/StoredPages.h"
+
+#include "data/RunTimeError.h"
+#include "reports/PageOutput.h"
+
+#include <QPainter>
+
+#include <utility>
+
+namespace tarnwell {
+
+namespace {
+
+constexpr double twipsPerPoint = 20;
+constexpr int messageMargin = 1440;
+constexpr int messageHeight = 240; ///< Twips of its letters.
+
+/// The text's boxes of what is looked for, one for each time that it stands there.
+std::vector<QRectF> boxesIn(const PageText& text, const PageSearch& search, qint64 pages,
+                            PagePainter& painter) {
+    PageText read = text;
+    read.text = textOnPage(text, pages);
+    read.look.PageTotal = false;
+    const QString whole = read.text;
+    const auto boxOfFirst = [&](qsizetype letters) {
+        read.text = whole.first(letters);
+        return painter.textBox(read, pages);
+    };
+    std::vector<QRectF> boxes;
+    qsizetype at = whole.indexOf(search.text, 0, search.letters);
+    for (; at >= 0; at = whole.indexOf(search.text, at + search.text.size(), search.letters)) {
+        QRectF box = boxOfFirst(at + search.text.size());
+        box.setLeft(at == 0 ? box.left() : boxOfFirst(at).right());
+        boxes.push_back(box);
+    }
+    return boxes;
+}
+
+} // namespace
+
+StoredPages::StoredPages(const StoredReport& report) : m_report(report), m_orientation(report.orientation()) {
+    setPaper({QPageSize(QPageSize::Letter), QPageLayout::Portrait, QMarginsF()});
+}
+
+void StoredPages::setPaper(QPageLayout paper) {
+    paper.setUnits(QPageLayout::Point);
+    paper.setOrientation(m_orientation == Orientation::Landscape ? QPageLayout::Landscape
+                                                                 : QPageLayout::Portrait);
+    m_paper = std::move(paper);
+}
+
+int StoredPages::count() const {
+    return static_cast<int>(m_report.pageCount());
+}
+
+QSizeF StoredPages::paperSize() const {
+    return m_paper.fullRect().size() * twipsPerPoint;
+}
+
+QString StoredPages::paperName() const {
+    const QString name = m_paper.pageSize().name().section(QStringLiteral(" / "), 0, 0); // "Letter / ANSI A"
+    return QStringLiteral("%1, %2").arg(name, m_paper.orientation() == QPageLayout::Landscape
+                                                  ? QStringLiteral("landscape")
+                                                  : QStringLiteral("portrait"));
+}
+
+QTransform StoredPages::ontoPaper() const {
+    return pageOntoPaper(m_orientation, m_paper);
+}
+
+void StoredPages::paint(QPainter& painter, int page) const {
+    painter.save();
+    try {
+        const StoredPage stored = m_report.page(page);
+        painter.setTransform(ontoPaper(), true);
+        m_painter.drawPage(painter, stored, m_report.pageCount());
+    } catch (const RunTimeError& error) {
+        QFont font;
+        font.setPixelSize(messageHeight);
+        painter.setFont(font);
+        painter.setPen(Qt::black);
+        const QRectF place = QRectF(QPointF(), paperSize())
+                                 .adjusted(messageMargin, messageMargin, -messageMargin, -messageMargin);
+        painter.drawText(place, Qt::TextWordWrap,
+                         QStringLiteral("This page can't be read.\n\n") + error.description());
+    }
+    painter.restore();
+}
+
+std::vector<int> StoredPages::find(const PageSearch& search) const {
+    std::vector<int> pages;
+    for (const TextHit& hit : m_report.find(search.text, search.letters))
+        pages.push_back(static_cast<int>(hit.page));
+    return pages;
+}
+
+std::vector<PageMark> StoredPages::marks(int page, const PageSearch& search) const {
+    std::vector<PageMark> marks;
+    const std::vector<TextHit> hits = m_report.findOnPage(search.text, page, search.letters);
+    if (hits.empty())
+        return marks;
+    const StoredPage stored = m_report.page(page);
+    const QTransform transform = ontoPaper();
+    for (int hit = 0; hit < static_cast<int>(hits.size()); ++hit) {
+        const PageText& text = stored.texts.at(hits[static_cast<std::size_t>(hit)].index);
+        for (const QRectF& box : boxesIn(text, search, m_report.pageCount(), m_painter))
+            marks.push_back({hit, transform.mapRect(box)});
+    }
+    return marks;
+}
+
+} // namespace tarnwell

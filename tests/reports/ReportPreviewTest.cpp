@@ -1,0 +1,190 @@
+#include "reports/ReportPreview.h"
+
+#include "RecordingPrinter.h"
+#include "StoredReportData.h"
+#include "frame/RunTime.h"
+#include "reports/PreviewView.h"
+#include "reports/PrinterDialogs.h"
+#include "support/MessageScript.h"
+#include "support/ScreenDriver.h"
+
+#include <QFileInfo>
+#include <QLabel>
+#include <QLineEdit>
+#include <QStatusBar>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace tarnwell;
+using test::MessageScript;
+using test::NumberedReport;
+using test::RecordingPrinter;
+using test::ScreenDriver;
+
+/// A preview of a stored report; the dialogs answer what the test says.
+class ReportPreviewTest : public testing::Test {
+protected:
+    ReportPreviewTest() {
+        // No printing system, whatever the machine has.
+        qputenv("CUPS_SERVER", "/nowhere");
+        const auto accept = [](QPrinter& /*printer*/, QWidget* /*owner*/) { return true; };
+        m_dialogs = setPrinterDialogs({.setUp = accept,
+                                       .print = accept,
+                                       .pageSetUp =
+                                           [this](QPrinter& printer, QWidget* /*owner*/) {
+                                               printer.setPageSize(QPageSize(m_paper));
+                                               return true;
+                                           },
+                                       .savePdfAs =
+                                           [this](const QString& proposed, QWidget* /*owner*/) {
+                                               m_proposed = proposed;
+                                               return m_path;
+                                           }});
+        m_clock = setClock([] { return DateTime(QDate(2024, 3, 5), QTime(8, 15)); });
+    }
+    ~ReportPreviewTest() override {
+        setPrinterDialogs(m_dialogs);
+        setCurrentPrinter(nullptr);
+        setClock(m_clock);
+    }
+
+    /// Shows the preview and uses it; it must be open still at the end, and close by Escape.
+    static void use(const NumberedReport& data, const std::function<void(const ScreenDriver&)>& routine) {
+        test::whenModal([&](QWidget& window) {
+            const ScreenDriver driver(window);
+            routine(driver);
+            EXPECT_TRUE(window.isVisible());
+            driver.press(Qt::Key_Escape);
+            if (window.isVisible())
+                driver.press(Qt::Key_Escape);
+            EXPECT_FALSE(window.isVisible());
+        });
+        showPreview(data.report(), QStringLiteral("Lot Budget"), nullptr);
+    }
+
+    static QString statusOf(const ScreenDriver& driver) {
+        return driver.window().findChild<QStatusBar*>()->currentMessage();
+    }
+
+    QPageSize::PageSizeId m_paper = QPageSize::A4;
+    QString m_path;
+    QString m_proposed;
+
+private:
+    PrinterDialogs m_dialogs;
+    Clock m_clock;
+};
+
+TEST_F(ReportPreviewTest, ALongReportIsFoundThroughToItsLastPage) {
+    const test::StoredReportData data(1000, [](PageStore& store, qint64 key, qint64 page) {
+        test::drawNumberedPage(store, key, std::min<qint64>(page, 3), Orientation::Portrait);
+        store.add(key,
+                  PageText{700, 4000, QStringLiteral("Sheet%1;").arg(page), page, Orientation::Portrait, {}});
+    });
+    test::whenModal([](QWidget& window) {
+        const ScreenDriver driver(window);
+        auto& view = driver.find<PreviewView>("pages");
+        EXPECT_EQ(driver.find<QLabel>("lblPageCount").text(), "of 1000");
+        driver.press(Qt::Key_F, Qt::ControlModifier);
+        driver.type("sheet9");
+        EXPECT_EQ(driver.find<QLabel>("lblFindResult").text(), "1 of 111");
+        driver.type("99;");
+        EXPECT_EQ(driver.find<QLabel>("lblFindResult").text(), "1 of 1");
+        EXPECT_EQ(view.currentPage(), 999);
+        driver.press(Qt::Key_G, Qt::ControlModifier);
+        driver.type("500");
+        driver.press(Qt::Key_Return);
+        EXPECT_EQ(view.currentPage(), 500);
+        driver.press(Qt::Key_W, Qt::ControlModifier);
+    });
+    showPreview(data.report(), QStringLiteral("Lot Budget"), nullptr);
+}
+
+TEST_F(ReportPreviewTest, TheNumberOfPagesIsFoundInTheHeader) {
+    use(NumberedReport(3), [](const ScreenDriver& driver) {
+        driver.press(Qt::Key_F, Qt::ControlModifier);
+        driver.type("of 3");
+        EXPECT_EQ(driver.find<QLabel>("lblFindResult").text(), "1 of 3");
+    });
+}
+
+TEST_F(ReportPreviewTest, WithoutAPrinterTheMessageSaysSoAndThePreviewStays) {
+    MessageScript messages{Answer::Ok, Answer::Ok};
+    use(NumberedReport(2), [](const ScreenDriver& driver) {
+        driver.press(Qt::Key_P, Qt::ControlModifier);
+        driver.press(Qt::Key_P, Qt::ControlModifier | Qt::ShiftModifier);
+    });
+    ASSERT_EQ(messages.shown().size(), 2U);
+    for (const MessageRequest& message : messages.shown()) {
+        EXPECT_EQ(message.title, "Report");
+        EXPECT_TRUE(message.text.contains("There is no printer.")) << message.text.toStdString();
+    }
+}
+
+TEST_F(ReportPreviewTest, APrinterThatFailsOnTheWayIsTold) {
+    auto printer = std::make_unique<RecordingPrinter>();
+    const RecordingPrinter& printed = *printer;
+    printer->failAt(2);
+    setCurrentPrinter(std::move(printer));
+    MessageScript messages{Answer::Ok};
+    use(NumberedReport(3), [](const ScreenDriver& driver) { driver.click("btnPrint"); });
+    ASSERT_EQ(messages.shown().size(), 1U);
+    EXPECT_TRUE(messages.shown().front().text.startsWith("The report was not printed."));
+    EXPECT_TRUE(printed.wasAborted());
+}
+
+TEST_F(ReportPreviewTest, APrintGoesToTheCurrentPrinter) {
+    auto printer = std::make_unique<RecordingPrinter>();
+    const RecordingPrinter& printed = *printer;
+    setCurrentPrinter(std::move(printer));
+    use(NumberedReport(3), [](const ScreenDriver& driver) {
+        driver.click("btnPrint");
+        EXPECT_TRUE(statusOf(driver).startsWith("Sent to"));
+    });
+    EXPECT_EQ(printed.sheets().size(), 3U);
+}
+
+TEST_F(ReportPreviewTest, AChosenPaperIsShownByThisPreviewAndTheNext) {
+    setCurrentPrinter(std::make_unique<QPrinter>());
+    const NumberedReport data(2, Orientation::Landscape);
+    const auto paper = [](const ScreenDriver& driver) { return driver.find<QLabel>("lblPaper").text(); };
+    use(data, [&](const ScreenDriver& driver) {
+        driver.click("btnPageSetup");
+        EXPECT_EQ(paper(driver), "A4, landscape");
+        driver.press(Qt::Key_0, Qt::ControlModifier);
+        auto& view = driver.find<PreviewView>("pages");
+        EXPECT_NEAR(view.pageOnScreen(1).width(), 297 / 25.4 * view.logicalDpiX(), 1);
+    });
+    use(data, [&](const ScreenDriver& driver) { EXPECT_EQ(paper(driver), "A4, landscape"); });
+}
+
+TEST_F(ReportPreviewTest, APdfIsNamedByReportAndDayAndTheNextGoesBesideIt) {
+    const NumberedReport data(2);
+    m_path = data.pathOf("June.pdf");
+    use(data, [this](const ScreenDriver& driver) {
+        driver.press(Qt::Key_S, Qt::ControlModifier);
+        EXPECT_EQ(QFileInfo(m_proposed).fileName(), "Lot Budget 2024-03-05.pdf");
+        EXPECT_EQ(statusOf(driver), "Saved as " + m_path);
+        driver.press(Qt::Key_S, Qt::ControlModifier);
+        EXPECT_EQ(QFileInfo(m_proposed).path(), QFileInfo(m_path).path());
+    });
+    EXPECT_EQ(data.files(), QStringList("June.pdf"));
+}
+
+TEST_F(ReportPreviewTest, AFileThatCantBeWrittenIsToldAndAGivenUpNameIsNothing) {
+    const NumberedReport data(2);
+    MessageScript messages{Answer::Ok};
+    use(data, [&](const ScreenDriver& driver) {
+        driver.click("btnSavePdf");
+        EXPECT_TRUE(messages.shown().empty());
+        m_path = data.pathOf("no folder/June.pdf");
+        driver.click("btnSavePdf");
+    });
+    ASSERT_EQ(messages.shown().size(), 1U);
+    EXPECT_EQ(messages.shown().front().title, "Report");
+    EXPECT_TRUE(messages.shown().front().text.startsWith("The report was not saved."));
+}
+
+} // namespace

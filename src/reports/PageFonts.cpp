@@ -58,7 +58,7 @@ void layOut(QTextLayout& layout) {
 } // namespace
 
 QString installedFamily(const QString& name) {
-    const QString wanted = name.isEmpty() ? QString::fromLatin1(ownFamily) : name;
+    QString wanted = name.isEmpty() ? QString::fromLatin1(ownFamily) : name;
     if (QFontDatabase::hasFamily(wanted))
         return wanted;
     for (const Relatives& entry : relatives)

@@ -17,7 +17,7 @@ using data::SqliteStatement;
 
 constexpr qint64 applicationId = 0x54775270; // "TwRp": tells the file from every other database
 constexpr int busyMilliseconds = 5000;
-constexpr qsizetype partSize = 256 * 1024; ///< Bytes of a page that are kept in memory while it is drawn.
+constexpr qsizetype partSize = 0x40000; ///< Bytes of a page that are kept in memory while it is drawn.
 
 /// A power cut may take the last runs and leaves the file whole; waiting for the disk would cost more.
 constexpr auto relaxed = "PRAGMA synchronous=NORMAL";
@@ -37,7 +37,8 @@ void requireOurs(const SqliteHandle& handle, const QString& path) {
 }
 
 void createTables(const SqliteHandle& handle) {
-    // Deleted pages give their room on the disk back.
+    // A report's page fits into one of the file's; deleted ones give their room on the disk back.
+    handle.run("PRAGMA page_size=16384");
     handle.run("PRAGMA auto_vacuum=FULL");
     handle.run("BEGIN IMMEDIATE");
     handle.run("CREATE TABLE Report (ReportKey INTEGER PRIMARY KEY AUTOINCREMENT)");
@@ -75,6 +76,7 @@ SqliteHandle openShared(const QString& path) {
     sqlite3_busy_timeout(handle.get(), busyMilliseconds);
     requireOurs(handle, path);
     handle.run(relaxed);
+    handle.run("PRAGMA temp.page_size=16384");
     handle.run("PRAGMA temp.cache_size=-8000");
     handle.run(
         "CREATE TEMP TABLE Drawn (Part INTEGER PRIMARY KEY, Page INTEGER NOT NULL, Items BLOB NOT NULL)");
@@ -118,11 +120,11 @@ qint64 PageStore::newReport() {
 }
 
 void PageStore::add(qint64 reportKey, const PageText& text) {
-    appendItem(itemsOf(reportKey, text.page), text);
+    itemsOf(reportKey, text.page).add(text);
 }
 
 void PageStore::add(qint64 reportKey, const PageLine& line) {
-    appendItem(itemsOf(reportKey, line.page), line);
+    itemsOf(reportKey, line.page).add(line);
 }
 
 void PageStore::finish(qint64 reportKey) {
@@ -154,30 +156,30 @@ StoredPage PageStore::page(qint64 reportKey, qint64 number) const {
     return page;
 }
 
-QByteArray& PageStore::itemsOf(qint64 reportKey, qint64 page) {
+ItemBytes& PageStore::itemsOf(qint64 reportKey, qint64 page) {
     if (!m_open || reportKey != m_run)
         raise(Failure::NotAllowed);
-    if (page != m_page || m_items.size() > partSize)
+    if (page != m_page || m_items.bytes().size() > partSize)
         putAside();
     m_page = page;
     return m_items;
 }
 
 void PageStore::putAside() {
-    if (m_items.isEmpty())
+    if (m_items.bytes().isEmpty())
         return;
     SqliteStatement add = m_handle.prepare("INSERT INTO Drawn (Page, Items) VALUES (?, ?)");
     add.bind(1, m_page);
-    add.bindBytes(2, m_items);
+    add.bindBytes(2, m_items.bytes());
     add.run();
-    m_items.truncate(0); // keeps its room for the next page
+    m_items.clear();
 }
 
 void PageStore::clearRun() {
     if (m_run == 0)
         return;
     m_open = false;
-    m_items.truncate(0);
+    m_items.clear();
     m_handle.run("DELETE FROM Drawn");
     for (const char* table : {"Page", "Report"}) {
         SqliteStatement clear = m_handle.prepare(QByteArray("DELETE FROM ") + table + " WHERE ReportKey=?");

@@ -3,8 +3,6 @@
 #include "data/SqliteHandle.h"
 #include "reports/StoredPage.h"
 
-#include <QByteArray>
-
 #include <vector>
 
 namespace tarnwell {
@@ -46,7 +44,7 @@ public:
 
 private:
     /// The waiting items of the page, to which its next one is added.
-    QByteArray& itemsOf(qint64 reportKey, qint64 page);
+    ItemBytes& itemsOf(qint64 reportKey, qint64 page);
     void putAside();
     void clearRun();
 
@@ -54,7 +52,7 @@ private:
     qint64 m_run = 0;    ///< Key of the last run; 0: none.
     bool m_open = false; ///< It can still be drawn on.
     qint64 m_page = 0;   ///< Whose items wait in `m_items`.
-    QByteArray m_items;
+    ItemBytes m_items;
 };
 
 /// The finished pages of one run, for whoever shows or prints them. Must not outlive the store.

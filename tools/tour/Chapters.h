@@ -18,5 +18,7 @@ struct Chapter {
 void payWithEveryWarning(Driver& driver);
 void correctPayment(Driver& driver);
 void raiseMasterPrice(Driver& driver);
+void startJob(Driver& driver);
+void printEveryReport(Driver& driver);
 
 } // namespace tarnwell::tour

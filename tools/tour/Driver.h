@@ -30,6 +30,8 @@ public:
     /// Pictures go into `folder`, which exists. `database` is the file that the program has open.
     Driver(const WindowKeeper& windows, QString folder, const QString& database);
 
+    [[nodiscard]] const QString& folder() const { return m_folder; }
+
     // What is seen.
     /// Waits until the form or dialog of that name is in front.
     void seeWindow(const QString& name);

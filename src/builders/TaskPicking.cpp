@@ -55,7 +55,7 @@ std::vector<PickingLine> readFreeTasks(Connection& connection, int mode, const P
     for (; !tasks.atEnd(); tasks.MoveNext()) {
         if (const qint64 key = tasks.field(0).toLong(); key != category) {
             category = key;
-            lines.emplace_back(headingMark + FieldText(tasks.field(1)), 0);
+            lines.push_back(pickingHeading(tasks.field(1)));
         }
         lines.emplace_back(taskLine(FieldText(tasks.field(3))), tasks.field(2).toLong());
     }
@@ -135,6 +135,10 @@ void addOption(Connection& connection, const PickingTarget& target, bool nonLink
 }
 
 } // namespace
+
+PickingLine pickingHeading(const Value& description) {
+    return {headingMark + FieldText(description), 0};
+}
 
 PickingList readPickingList(Connection& connection, int mode, const PickingTarget& target) {
     if (mode == PickingMode::TaskOptions)

@@ -46,6 +46,9 @@ public:
 /// A line to pick and the key behind it; 0 for a category's heading.
 using PickingLine = std::pair<QString, qint64>;
 
+/// The heading over a category's lines.
+[[nodiscard]] PickingLine pickingHeading(const Value& description);
+
 struct PickingList {
     std::vector<PickingLine> lines;
     bool nonLinked = false; ///< Options only: the task's plan has none, so the general ones are listed.

@@ -1,5 +1,6 @@
 #include "builders/frmAddMasterTasks.h"
 
+#include "builders/PickedLines.h"
 #include "controls/ListBox.h"
 #include "frame/DataEnvironment.h"
 #include "frame/EventGuard.h"
@@ -67,9 +68,7 @@ void frmAddMasterTasks::showList() {
     NonLinked = list.nonLinked;
     if (Mode == PickingMode::TaskOptions)
         setWindowTitle(NonLinked ? "Add Non-Linked Options to Task" : "Add Linked Options to Task");
-    lstTasks->setItems(list.lines);
-    if (lstTasks->ListCount() > 0)
-        lstTasks->setCurrentRow(0, QItemSelectionModel::NoUpdate);
+    offerLines(*lstTasks, list.lines);
 }
 
 void frmAddMasterTasks::Toolbar1_ButtonClick(const QString& caption) {
@@ -88,13 +87,7 @@ void frmAddMasterTasks::closeRequested() {
 
 void frmAddMasterTasks::cmdSelectAll_Click() {
     SelectAllFlag() = !SelectAllFlag();
-    const QAbstractItemModel& lines = *lstTasks->model();
-    QItemSelection reached;
-    for (int i = 0; i < lstTasks->ListCount(); ++i)
-        if (isReachedBySelectAll(lstTasks->item(i)->text()))
-            reached.append(QItemSelectionRange(lines.index(i, 0)));
-    lstTasks->selectionModel()->select(reached, SelectAllFlag() ? QItemSelectionModel::Select
-                                                                : QItemSelectionModel::Deselect);
+    selectAllLines(*lstTasks, SelectAllFlag());
 }
 
 void frmAddMasterTasks::AddSelected() {
@@ -104,11 +97,7 @@ void frmAddMasterTasks::AddSelected() {
     const PickingTarget target = m_caller->pickingTarget();
     if (Mode == PickingMode::TaskOptions)
         m_caller->makeTaskParent();
-    std::vector<PickingLine> picked;
-    for (int i = 0; i < lstTasks->ListCount(); ++i)
-        if (lstTasks->item(i)->isSelected())
-            picked.emplace_back(lstTasks->item(i)->text(), lstTasks->ItemData(i));
-    addPicked(DataEnvironment::cnnConnection(), Mode, target, NonLinked, picked);
+    addPicked(DataEnvironment::cnnConnection(), Mode, target, NonLinked, pickedLines(*lstTasks));
 }
 
 } // namespace tarnwell

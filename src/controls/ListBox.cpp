@@ -1,5 +1,6 @@
 #include "controls/ListBox.h"
 
+#include "controls/KeyCodes.h"
 #include "data/RunTimeError.h"
 #include "frame/EventGuard.h"
 
@@ -58,6 +59,7 @@ qint64 ListBox::ItemData(int index) const {
 }
 
 void ListBox::keyPressEvent(QKeyEvent* event) {
+    m_pressed.insert(event->nativeScanCode());
     if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && ListIndex() >= 0) {
         Q_EMIT doubleClick();
         return;
@@ -66,6 +68,12 @@ void ListBox::keyPressEvent(QKeyEvent* event) {
     QListWidget::keyPressEvent(event);
     if (ListIndex() != before)
         Q_EMIT clicked();
+}
+
+void ListBox::keyReleaseEvent(QKeyEvent* event) {
+    QListWidget::keyReleaseEvent(event);
+    if (!event->isAutoRepeat() && m_pressed.erase(event->nativeScanCode()) > 0)
+        Q_EMIT keyUp(keyCodeOf(*event), shiftStateOf(*event));
 }
 
 QFont fixedPitchFont() {

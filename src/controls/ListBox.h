@@ -4,6 +4,8 @@
 
 #include <QListWidget>
 
+#include <set>
+
 namespace tarnwell {
 
 /// A list of lines with a number behind each (in Qt::UserRole).
@@ -34,9 +36,15 @@ Q_SIGNALS:
     void clicked();
     /// A double click on a line, or Enter.
     void doubleClick();
+    /// Only for keys that went down here, and once for one that was held.
+    void keyUp(int keyCode, int shift);
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+
+private:
+    std::set<quint32> m_pressed; ///< Scan codes of the keys that went down here.
 };
 
 /// "Courier New" or a font of the same metrics, at the desktop's size.

@@ -1,9 +1,13 @@
+#include "LotData.h"
 #include "controls/Combo.h"
+#include "controls/ListBox.h"
 #include "controls/MaskedBox.h"
 #include "data/RunTimeError.h"
 #include "frame/DataEnvironment.h"
 #include "frame/modGlobalVariables.h"
+#include "jobs/frmAddJobTasks.h"
 #include "jobs/frmJobAdd.h"
+#include "support/MessageScript.h"
 #include "support/RaisedNumber.h"
 #include "support/ScreenDriver.h"
 #include "support/TemporaryDatabase.h"
@@ -40,6 +44,42 @@ protected:
 
     QWidget owner;
     TemporaryDatabase db;
+};
+
+/// The lot that is current on a screen.
+class LotCaller : public CurrentLotCaller {
+public:
+    [[nodiscard]] CurrentLot currentLot() const override { return lot; }
+    CurrentLot lot;
+};
+
+class LotFromPlan : public ::testing::Test {
+protected:
+    void SetUp() override {
+        owner.show();
+        gAppPath = data.db.folder();
+        gProgramFolder = data.db.folder() + u'/';
+        gConnectionString = connectionStringFor(data.db.path());
+        caller.lot = {data.job, data.builder, data.lot, data.plan};
+        data.addPlanTask("Joists", birch, 0, data.framing, 5.0);
+    }
+    void TearDown() override { DataEnvironment::close(); }
+
+    /// Returns whether the dialog counts as cancelled.
+    bool fill(std::function<void(const ScreenDriver&)> use) {
+        whenModal([use = std::move(use)](QWidget& window) { use(ScreenDriver(window)); });
+        auto& dialog = theForm<frmAddJobTasks>();
+        dialog.fillFor(caller, &owner);
+        return dialog.Cancelled;
+    }
+    static int selected(const ScreenDriver& form) {
+        return static_cast<int>(form.find<ListBox>("lstTasks").selectedItems().size());
+    }
+
+    QWidget owner;
+    LotData data;
+    qint64 birch = data.addPlan("Birch", data.builder);
+    LotCaller caller;
 };
 
 class NewJob : public JobDialogs {
@@ -109,4 +149,81 @@ TEST_F(NewJob, EveryOtherWayOutIsCancel) {
 TEST_F(JobDialogs, WithoutABuilderTheNewJobFailsToOpen) {
     EXPECT_EQ(raisedNumber([&] { theForm<frmJobAdd>().Show(Screen::Modality::Modal, &owner); }),
               numberOf(Failure::InvalidProperty));
+}
+
+TEST_F(LotFromPlan, TheLotsPlanIsChosenAndKeysAloneFillTheLot) {
+    EXPECT_FALSE(fill([&](const ScreenDriver& form) {
+        EXPECT_EQ(form.window().windowTitle(), "Add Plan/Job Tasks");
+        EXPECT_EQ(form.find<QLabel>("StatusBar1(1)").text(), "Select Master Tasks to Add");
+        EXPECT_EQ(form.focusedName(), "lstPlans");
+        EXPECT_EQ(form.find<ListBox>("lstPlans").ListIndex(), 0);
+        EXPECT_EQ(form.find<ListBox>("lstTasks").item(1)->text().left(5), "Walls");
+        form.press(Qt::Key_Down);
+        EXPECT_EQ(form.find<ListBox>("lstTasks").item(1)->text().left(6), "Joists");
+        form.press(Qt::Key_Tab);
+        EXPECT_EQ(selected(form), 0);
+        form.press(Qt::Key_Space); // the heading
+        form.press(Qt::Key_Down);
+        form.press(Qt::Key_Space);
+        form.press(Qt::Key_Backtab, Qt::ShiftModifier);
+        EXPECT_EQ(selected(form), 2) << "coming back to the plans is no new choice";
+        EXPECT_EQ(form.find<QLabel>("StatusBar1(1)").text(), "Select Master Tasks to Add");
+        form.clickToolbar("Add");
+    }));
+    EXPECT_EQ(data.count("JobLotTask WHERE Name='Joists' AND JobLotKey=" + QString::number(data.lot)), 1);
+    EXPECT_EQ(data.count("JobLotTask"), 1);
+}
+
+TEST_F(LotFromPlan, SelectAllStartsAnewWithEachPlan) {
+    EXPECT_TRUE(fill([](const ScreenDriver& form) {
+        form.click("cmdSelectAll");
+        EXPECT_EQ(selected(form), 1) << "not the heading";
+        form.click("cmdSelectAll");
+        EXPECT_EQ(selected(form), 0);
+        form.click("cmdSelectAll");
+        form.clickLine("lstPlans", 1);
+        EXPECT_EQ(selected(form), 0);
+        form.click("cmdSelectAll");
+        EXPECT_EQ(selected(form), 1);
+        form.clickToolbar("Exit");
+    }));
+    EXPECT_EQ(data.count("JobLotTask"), 0);
+}
+
+TEST_F(LotFromPlan, WithoutAPlanThereIsNothingToAdd) {
+    for (const Value& plan : {Value(0), Value::null(), Value(4711)}) {
+        caller.lot.contractorPlanKey = plan;
+        EXPECT_TRUE(fill([](const ScreenDriver& form) {
+            EXPECT_EQ(form.find<ListBox>("lstPlans").ListIndex(), -1);
+            EXPECT_EQ(form.find<ListBox>("lstTasks").ListCount(), 0);
+            form.clickToolbar("Add");
+        }));
+    }
+    EXPECT_TRUE(fill([](const ScreenDriver& form) { form.window().close(); }));
+}
+
+TEST_F(LotFromPlan, ALotThatTookNothingStillCountsAsFilled) {
+    EXPECT_FALSE(fill([](const ScreenDriver& form) { form.clickToolbar("Add"); }));
+    EXPECT_EQ(data.count("JobLotTask"), 0);
+}
+
+TEST_F(LotFromPlan, APlanClickedForAnUnwrittenLotStopsTheProgram) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    caller.lot.jobLotKey = {};
+    EXPECT_EXIT(
+        {
+            setMessagePresenter({}); // the message goes to standard error
+            fill([](const ScreenDriver& form) {
+                EXPECT_EQ(form.find<ListBox>("lstPlans").ListIndex(), -1);
+                form.clickLine("lstPlans", 0);
+            });
+        },
+        ::testing::ExitedWithCode(1), "-2147217900");
+}
+
+TEST_F(LotFromPlan, APlanThatCannotBeListedWhileOpeningFailsForTheCaller) {
+    data.addTask("Other", data.lot, data.hang);
+    data.db.run("UPDATE ContractorPlanTask SET MasterTaskKey=Null");
+    EXPECT_EQ(raisedNumber([&] { theForm<frmAddJobTasks>().fillFor(caller, &owner); }),
+              numberOf(Failure::WrongArguments));
 }

@@ -1,6 +1,7 @@
 #include "builders/TaskPicking.h"
 #include "jobs/JobOptionGroup.h"
 #include "jobs/LotData.h"
+#include "jobs/PlanTasks.h"
 #include "master/OptionGroups.h"
 #include "support/RaisedNumber.h"
 
@@ -83,6 +84,7 @@ public:
         // Names that sort between a parent and its options.
         m_data.addMaster("Walls Cap", m_data.framing, 10.0);
         const qint64 between = m_data.addMaster("Walls Bay", m_data.framing, 10.0);
+        m_data.addPlanTask("Hang", m_data.plan, m_data.hang, m_data.drywall, 20.0);
         for (const char* name : {"Arch", "Deck"})
             m_data.db.add(
                 "ContractorTaskOption",
@@ -97,8 +99,8 @@ public:
     void step() {
         using Step = void (RandomWork::*)(qint64 lot);
         constexpr Step steps[] = {&RandomWork::typeTask,   &RandomWork::pickTasks,  &RandomWork::pickOptions,
-                                  &RandomWork::applyGroup, &RandomWork::deleteTask, &RandomWork::deleteTask,
-                                  &RandomWork::deleteTask, &RandomWork::copy};
+                                  &RandomWork::takePlan,   &RandomWork::applyGroup, &RandomWork::deleteTask,
+                                  &RandomWork::deleteTask, &RandomWork::deleteTask, &RandomWork::copy};
         (this->*steps[below(std::size(steps))])(anyLot());
         expected.forgetGone(read());
     }
@@ -151,6 +153,10 @@ private:
     void pickTasks(qint64 lot) {
         addPicked(connection(), PickingMode::Lot, {lot}, false,
                   someOf(readPickingList(connection(), PickingMode::Lot, {lot}).lines));
+    }
+    void takePlan(qint64 lot) {
+        addPlanTasks(connection(), {m_data.job, m_data.builder, lot, m_data.plan}, {"Aspen", m_data.plan},
+                     someOf(readPlanTasks(connection(), m_data.plan, lot)));
     }
     /// For a base task, and at least one option: the dialog that picks them has no other use.
     void pickOptions(qint64 lot) {

@@ -1,0 +1,31 @@
+#include "builders/PickedLines.h"
+
+#include "controls/ListBox.h"
+
+namespace tarnwell {
+
+void offerLines(ListBox& list, const std::vector<PickingLine>& lines) {
+    list.setItems(lines);
+    if (!lines.empty())
+        list.setCurrentRow(0, QItemSelectionModel::NoUpdate);
+}
+
+void selectAllLines(ListBox& list, bool select) {
+    // One selection for all lines: the list repaints once.
+    QItemSelection reached;
+    for (int i = 0; i < list.ListCount(); ++i)
+        if (isReachedBySelectAll(list.item(i)->text()))
+            reached.append(QItemSelectionRange(list.model()->index(i, 0)));
+    list.selectionModel()->select(reached,
+                                  select ? QItemSelectionModel::Select : QItemSelectionModel::Deselect);
+}
+
+std::vector<PickingLine> pickedLines(const ListBox& list) {
+    std::vector<PickingLine> picked;
+    for (int i = 0; i < list.ListCount(); ++i)
+        if (list.item(i)->isSelected())
+            picked.emplace_back(list.item(i)->text(), list.ItemData(i));
+    return picked;
+}
+
+} // namespace tarnwell

@@ -76,12 +76,14 @@ private:
     void DeleteLot();
     void DeleteTask();
     void CopyLot();
+    void AddLotTasks();
     void ShowGroups();
     void pickTasks();
     void setLotToolbar();
     void showLotPlace();
     void jgJobLots_GotFocus();
     void jgJobLots_RowColChange();
+    void jgJobLots_ButtonClick(int column);
     void jgTasks_GotFocus();
     void jgTasks_RowColChange();
     void jgTasks_BeforeUpdate();

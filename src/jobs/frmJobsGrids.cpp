@@ -12,6 +12,7 @@
 #include "jobs/LotTasks.h"
 #include "jobs/TaskTree.h"
 #include "jobs/frmAddJobOptionGroup.h"
+#include "jobs/frmAddJobTasks.h"
 #include "jobs/frmJobs.h"
 
 #include <QScopeGuard>
@@ -57,6 +58,8 @@ void frmJobs::connectGrids() {
                 if (jgJobLots->value(lotKeyColumn).isNoKey())
                     jgJobLots->setValue(lotJobColumn, JobKey);
             }));
+    connect(jgJobLots, &Grid::buttonClick, this,
+            guarded([this](int column) { jgJobLots_ButtonClick(column); }));
     connect(jgJobLots, &Grid::keyDown, this,
             guarded([this](int& keyCode, int) { walkOn(*jgJobLots, keyCode); }));
     onGotFocus(jgTasks, [this] { jgTasks_GotFocus(); });
@@ -194,6 +197,16 @@ void frmJobs::CopyLot() {
     showLotPlace();
 }
 
+/// Fills the current lot, or a new one, and comes back to the lot that it started from.
+void frmJobs::AddLotTasks() {
+    const Value lot = jgJobLots->value(lotKeyColumn);
+    auto& dialog = theForm<frmAddJobTasks>();
+    dialog.fillFor(*this, this);
+    if (!dialog.Cancelled)
+        LoadJobLots(lot);
+    showLotPlace();
+}
+
 void frmJobs::ShowGroups() {
     jgTasks->Update();
     auto& dialog = theForm<frmAddJobOptionGroup>();
@@ -255,6 +268,12 @@ void frmJobs::jgJobLots_RowColChange() {
     } catch (const RunTimeError&) {
         return; // passed over: the employees on offer stay those of before
     }
+}
+
+/// What can't be written is told, and no plan is offered for it.
+void frmJobs::jgJobLots_ButtonClick(int column) {
+    if (column == planNameColumn && jgJobLots->UpdateOrTell())
+        AddLotTasks();
 }
 
 void frmJobs::jgTasks_GotFocus() {

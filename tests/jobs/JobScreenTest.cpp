@@ -241,6 +241,36 @@ TEST_F(JobScreen, CopyAsksEverywhereAndCopiesWhereTheLotIsActive) {
     EXPECT_EQ(enabled(), "Exit Del Copy");
 }
 
+TEST_F(JobScreen, ThePulldownFillsTheLotThatItStartedFromAndMakesNoOther) {
+    openJob();
+    clickCell("jgJobLots", 2, 4);
+    const auto pullDown = [this](std::function<void(const ScreenDriver&)> use) {
+        whenShown(std::move(use));
+        driver->press(Qt::Key_F4);
+        EXPECT_TRUE(waitFor([this] { return form().isActiveWindow(); }));
+    };
+    pullDown([](const ScreenDriver& plans) { plans.clickToolbar("Exit"); });
+    EXPECT_EQ(data.count("JobLotTask"), 0);
+    const auto fill = [](const ScreenDriver& plans) {
+        plans.clickLine("lstPlans", 0);
+        plans.clickLine("lstTasks", 1);
+        plans.clickToolbar("Add");
+    };
+    pullDown(fill);
+    EXPECT_EQ(data.tree(lotB), std::vector<QString>{"Walls"});
+    EXPECT_EQ(lots().value("JobLotKey"), Value(lotB)) << "not the first lot";
+    EXPECT_EQ(tasks().RowCount(), 1);
+    EXPECT_EQ(enabled(), "Exit Del Copy");
+
+    driver->press(Qt::Key_Down);
+    driver->type("Aspen"); // a new lot, typed in the very cell of the arrow
+    pullDown(fill);
+    EXPECT_EQ(data.count("JobLot"), 3) << "the typed row is the lot that is filled";
+    EXPECT_EQ(data.tree(lots().value("JobLotKey").toLong()), std::vector<QString>{"Walls"});
+    driver->focus("jgTasks");
+    EXPECT_EQ(driver->focusedName(), "jgTasks");
+}
+
 TEST_F(JobScreen, PickedTasksAndAGroupFillTheCurrentLot) {
     const qint64 group =
         data.db.add("Code", {{"Code1", 5}, {"Code2", data.builder}, {"Description", "Deck"}});

@@ -38,7 +38,7 @@ GROUP BY JobNumber ORDER BY COUNT(*) DESC, JobNumber LIMIT 1)sql";
 QString fileName(const QString& report, const QString& grouping) {
     QString name = report;
     if (!grouping.isEmpty())
-        name += QStringLiteral(" - ") + grouping;
+        name += u' ' + grouping;
     return name.replace(u' ', u'-').toLower() + QStringLiteral(".pdf");
 }
 
@@ -70,11 +70,9 @@ void print(Driver& driver, const PrintedReport& report, const QString& grouping)
 }
 
 void markJobs(Driver& driver, bool oneJob) {
-    driver.press(QKeySequence(QStringLiteral("Alt+C"))); // Clear
-    if (!oneJob) {
-        driver.press(QKeySequence(QStringLiteral("Alt+S"))); // Select All
+    driver.click(oneJob ? QStringLiteral("cmdClear") : QStringLiteral("cmdSelectAll"));
+    if (!oneJob)
         return;
-    }
     const QString job = driver.ask(jobForChart);
     const QStringList lines = driver.textOf(QStringLiteral("lstJobs")).split(u'\n');
     int line = 0;

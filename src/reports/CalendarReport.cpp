@@ -4,6 +4,7 @@
 #include "frame/RunTime.h"
 #include "frame/modFormatFunctions.h"
 #include "reports/PortraitPage.h"
+#include "reports/ReportText.h"
 #include "reports/TaskQuery.h"
 
 #include <QLocale>
@@ -50,19 +51,19 @@ const Grouping& groupingOf(GroupBy groupBy) {
     return groupings.at(static_cast<std::size_t>(groupBy));
 }
 
-/// A task's date or time; a calendar has no place for a task without one.
-QString moment(const Value& value, const QString& format) {
+/// A task's start or stop; a calendar has no place for a task without one.
+const Value& moment(const Value& value) {
     if (value.isNull())
         raise(Failure::InvalidUseOfNull);
-    return Format(value, format);
+    return value;
 }
 
 QString dayText(const Value& value) {
-    return moment(value, QStringLiteral("mm/dd/yy"));
+    return dateText(moment(value));
 }
 
 QString timeText(const Value& value) {
-    return moment(value, QStringLiteral("hh:mm"));
+    return Format(moment(value), QStringLiteral("hh:mm"));
 }
 
 /// Counts the day from Sunday and looks it up in a list that begins on the locale's first day of the week:
@@ -146,7 +147,7 @@ bool CalendarPages::staysInWeek(bool inGroup) {
 
 void CalendarPages::startPage() {
     m_pen.newPage(headerTop);
-    drawRow(m_pen, {{titleX, "Daily Task Calendar: " + Format(Now(), "mm/dd/yy hh:mm")}}, 0, largeSize);
+    drawRow(m_pen, {{titleX, titleText("Daily Task Calendar: ")}}, 0, largeSize);
     const QString group = m_grouping.textColumn == nullptr ? QString() : text(m_grouping.textColumn);
     if (!group.isEmpty())
         m_pen.text(pageLeft, "Group: " + group,

@@ -3,6 +3,7 @@
 #include "frame/modFormatFunctions.h"
 #include "reports/PortraitPage.h"
 #include "reports/ReportFilter.h"
+#include "reports/ReportText.h"
 
 namespace tarnwell {
 
@@ -71,10 +72,10 @@ QString correctionsQuery(const ReportParameters& parameters) {
     const QString dates =
         "WHERE EmployeeLog.Occured BETWEEN #" + parameters.startDate + "# AND #" + parameters.stopDate + "#";
     return "SELECT Employee.EmployeeKey, Employee.SSN, EmployeeLog.Occured, Employee.Type, "
-           "Employee.LastName, "
-           "Employee.FirstName, EmployeeLog.Problem, Employee.EmployeeKey, Job.JobNumber FROM ((Job INNER "
-           "JOIN JobLot ON Job.JobKey = JobLot.JobKey) INNER JOIN JobLotTask ON JobLot.JobLotKey = "
-           "JobLotTask.JobLotKey) INNER JOIN (Employee INNER JOIN EmployeeLog ON Employee.EmployeeKey = "
+           "Employee.LastName, Employee.FirstName, EmployeeLog.Problem, Employee.EmployeeKey, Job.JobNumber "
+           "FROM ((Job INNER JOIN JobLot ON Job.JobKey = JobLot.JobKey) INNER JOIN JobLotTask ON "
+           "JobLot.JobLotKey = JobLotTask.JobLotKey) INNER JOIN (Employee INNER JOIN EmployeeLog ON "
+           "Employee.EmployeeKey = "
            "EmployeeLog.EmployeeKey) ON JobLotTask.JobLotTaskKey = EmployeeLog.JobLotTaskKey " +
            reportFilter(parameters, employeeFilter, dates) +
            " ORDER BY Employee.SSN, Employee.EmployeeKey, EmployeeLog.Occured";

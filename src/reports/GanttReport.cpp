@@ -4,6 +4,7 @@
 #include "frame/RunTime.h"
 #include "frame/modFormatFunctions.h"
 #include "reports/ReportPen.h"
+#include "reports/ReportText.h"
 #include "reports/TaskQuery.h"
 
 #include <array>
@@ -45,7 +46,7 @@ struct GanttDays {
 
 /// A date without its time. It goes through two digits of the year, so 2030 comes back as 1930.
 QDate dayOf(const Value& date) {
-    return CDate(Format(date, QStringLiteral("mm/dd/yy"))).date;
+    return CDate(dateText(date)).date;
 }
 
 /// Halves to even: 35 days make 2 pages, and the last day has no column. Beyond an Integer it stays 0.
@@ -145,7 +146,7 @@ void GanttPages::drawPage(int recordPage, DayPage& days) {
 
 void GanttPages::drawHeader() {
     m_pen.newPage(headerY);
-    m_pen.text(6000, QStringLiteral("Gantt Task Calendar: ") + Format(Now(), "mm/dd/yy hh:mm"));
+    m_pen.text(6000, titleText("Gantt Task Calendar: "));
     m_pen.moveTo(headerY);
     m_pen.pageNumber(13600);
     m_pen.line(leftMargin, headerRuleY, 14800, headerRuleY);

@@ -4,6 +4,7 @@
 #include "reports/LotOptionTasks.h"
 #include "reports/PortraitPage.h"
 #include "reports/ReportFilter.h"
+#include "reports/ReportText.h"
 
 namespace tarnwell {
 

@@ -3,6 +3,7 @@
 #include "frame/modFormatFunctions.h"
 #include "reports/PortraitPage.h"
 #include "reports/ReportFilter.h"
+#include "reports/ReportText.h"
 
 namespace tarnwell {
 

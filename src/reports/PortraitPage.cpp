@@ -1,6 +1,6 @@
 #include "reports/PortraitPage.h"
 
-#include "frame/RunTime.h"
+#include "reports/ReportText.h"
 
 namespace tarnwell {
 
@@ -26,7 +26,7 @@ bool isPageFull(const ReportPen& pen) {
 
 void startPortraitPage(ReportPen& pen, const QString& title, int gapBelow) {
     pen.newPage(headerTop);
-    pen.text(titleX, title + Format(Now(), "mm/dd/yy hh:mm"), {.FontSize = largeSize, .YStep = 0});
+    pen.text(titleX, titleText(title), {.FontSize = largeSize, .YStep = 0});
     pen.pageNumber(pageNumberX);
     pen.rule(pageLeft, pageRight);
     pen.down(gapBelow);
@@ -48,16 +48,6 @@ void drawRecords(ReportRun& run, const std::function<void()>& drawRecord) {
         run.rsReport.MoveNext();
         run.watcher.DoEvents();
     }
-}
-
-QString dateText(const Value& date) {
-    static const QString format = QStringLiteral("mm/dd/yy");
-    return Format(date, format);
-}
-
-QString amountText(const Value& amount) {
-    static const QString format = QStringLiteral("#0.00");
-    return Format(amount, format);
 }
 
 } // namespace tarnwell

@@ -8,7 +8,8 @@
 
 namespace tarnwell {
 
-// What the reports on upright pages share: two of employees, two of lots. Coordinates are twips.
+// What the reports on upright pages share: the calendar, two of employees, two of lots. Coordinates are
+// twips.
 
 inline constexpr int pageLeft = 500;
 inline constexpr int pageRight = 11100;
@@ -21,7 +22,8 @@ inline constexpr int largeSize = 10; ///< Points: headings.
 /// Whether what comes next goes to another page or column. What is being drawn then may still run on.
 [[nodiscard]] bool isPageFull(const ReportPen& pen);
 
-/// Opens a page: the title ("Lot Budget: ") with date and time, the page's number, a rule and a gap.
+/// Opens a page (the calendar has its own header): the title ("Lot Budget: ") with date and time, the page's
+/// number, a rule and a gap.
 void startPortraitPage(ReportPen& pen, const QString& title, int gapBelow);
 
 struct RowText {
@@ -35,10 +37,5 @@ void drawRow(ReportPen& pen, std::initializer_list<RowText> texts, int step, int
 
 /// Draws record after record, with progress, until the last one or until the user cancels.
 void drawRecords(ReportRun& run, const std::function<void()>& drawRecord);
-
-/// "06/05/26"; empty for Null.
-[[nodiscard]] QString dateText(const Value& date);
-/// "672.50"; empty for Null.
-[[nodiscard]] QString amountText(const Value& amount);
 
 } // namespace tarnwell

@@ -1,5 +1,6 @@
 #include "reports/LotBudgetReport.h"
 
+#include "data/SqliteHandle.h"
 #include "reports/LotBudgetTasks.h"
 #include "reports/ReportTest.h"
 #include "support/RaisedNumber.h"
@@ -230,6 +231,19 @@ TEST_F(LotBudgetReport, TiesComeAsInStatementsOfOneLot) {
         texts("SELECT Employee.LastName+', '+ Employee.FirstName AS Name FROM JobTaskEmployee INNER JOIN "
               "Employee ON JobTaskEmployee.EmployeeKey = Employee.EmployeeKey WHERE JobLotTaskKey=" +
               QString::number(task) + " ORDER BY Completed"));
+}
+
+// A database brought over from elsewhere may hold such payments: they were paid, but there is no one to name.
+TEST_F(LotBudgetReport, APaymentOfAVanishedEmployeeCountsWithoutARow) {
+    const qint64 task = addTask(addLot("1/A"), "Frame", 100);
+    pay(task, 10);
+    data.add(PaymentRow{task, data.add(EmployeeRow{.SSN = "2"}), 20, on("01/06/24")});
+    tarnwell::data::SqliteHandle elsewhere(data.database().path(),
+                                           tarnwell::data::SqliteHandle::Access::ReadWrite);
+    elsewhere.run("DELETE FROM Employee WHERE SSN='2'");
+    EXPECT_EQ(drawn("01/06/24"), QStringList());
+    EXPECT_EQ(pages.texts().filter("Paid: "), QStringList{"Paid: 30.00"});
+    EXPECT_EQ(pages.texts().filter("Left: "), QStringList{"Left: 70.00"});
 }
 
 // Tenths have no exact double: one order of adding ends at 0.6, another beside it, and halves of cents

@@ -158,6 +158,20 @@ TEST_F(GanttReport, AnEmptyJobNumberHasNoHeadingOfItsOwn) {
     EXPECT_FALSE(pages.texts().contains("Job:   Lot/Block: C"));
 }
 
+// The last lot is not forgotten at a new page, where a job without a number doesn't take it anew.
+TEST_F(GanttReport, AMissingLotBlockDiffersFromNoOther) {
+    const qint64 bare = data.add(JobRow{.number = ""});
+    for (const char* lotBlock : {"gone", "C"})
+        data.add(TaskRow{.lot = data.add(LotRow{.job = bare, .lotBlock = lotBlock}),
+                         .category = roofing,
+                         .start = on("03/01/24"),
+                         .stop = on("03/18/24")});
+    data.database().run("UPDATE JobLot SET LotBlock=Null WHERE LotBlock='gone'");
+    draw(gantt, allTasks);
+    EXPECT_EQ(pages.texts(1).filter("Lot/Block"), QStringList{"Lot/Block: C"});
+    EXPECT_EQ(pages.texts(2).filter("Lot/Block"), QStringList());
+}
+
 TEST_F(GanttReport, TheFilterHoldsForTheRowsAndForTheirDays) {
     const qint64 oak = data.add(JobRow{.number = "1002"});
     const qint64 oakA = data.add(LotRow{.job = oak, .lotBlock = "A-1"});

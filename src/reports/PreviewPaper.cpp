@@ -11,7 +11,7 @@ namespace {
 
 constexpr int bytesPerPixel = 4;
 /// A larger page is painted straight to the screen, only as far as it is seen.
-constexpr qint64 largestKept = 16 * 1024 * 1024;
+constexpr qint64 largestKept = 16LL * 1024 * 1024;
 constexpr int kilobytesKept = 64 * 1024;
 constexpr int pagesOfMarks = 200;
 /// A page more is begun only within this time, so that a screen of fresh pages doesn't hold up the scrolling.

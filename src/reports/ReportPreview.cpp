@@ -9,6 +9,7 @@
 #include "reports/StoredPages.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QPrinter>
 #include <QProgressDialog>
 #include <QStandardPaths>
@@ -20,17 +21,22 @@ namespace tarnwell {
 namespace {
 
 constexpr int progressAfterMilliseconds = 400;
+constexpr int progressWidth = 360;
 
 /// Where the last PDF went; the next one is proposed beside it.
 QString& lastFolder() {
-    static QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    static QString folder;
     return folder;
 }
 
-/// "Lot Budget 2002-05-17.pdf" in the folder of the PDF before.
+/// "Lot Budget 2002-05-17.pdf" in the folder of the PDF before, else among the documents.
 QString proposedName(const QString& title) {
+    QString folder = lastFolder();
+    for (const auto place : {QStandardPaths::DocumentsLocation, QStandardPaths::HomeLocation})
+        if (folder.isEmpty() || !QFileInfo(folder).isDir())
+            folder = QStandardPaths::writableLocation(place);
     const QString day = Format(Today(), QStringLiteral("yyyy-mm-dd"));
-    return QDir(lastFolder()).filePath(QStringLiteral("%1 %2.pdf").arg(title, day));
+    return QDir(folder).filePath(QStringLiteral("%1 %2.pdf").arg(title, day));
 }
 
 /// A window with the pages done and Cancel, which opens when the work takes longer than a moment.
@@ -43,6 +49,7 @@ public:
         m_window.setCancelButtonText(QStringLiteral("&Cancel"));
         m_window.setWindowModality(Qt::WindowModal);
         m_window.setMinimumDuration(progressAfterMilliseconds);
+        m_window.setMinimumWidth(progressWidth);
     }
 
     [[nodiscard]] FollowPages follow() {

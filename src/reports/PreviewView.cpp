@@ -329,7 +329,7 @@ void PreviewView::paintEvent(QPaintEvent* event) {
                 drawCaption(painter, page, place);
         }
         if (!complete) // What the user does comes first.
-            QMetaObject::invokeMethod(viewport(), qOverload<>(&QWidget::update), Qt::QueuedConnection);
+            viewport()->update();
     });
 }
 

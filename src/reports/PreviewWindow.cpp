@@ -3,8 +3,6 @@
 #include "controls/Label.h"
 #include "data/RunTimeError.h"
 #include "frame/EventGuard.h"
-#include "frame/Icons.h"
-#include "frame/MsgBox.h"
 #include "reports/PreviewFindBar.h"
 #include "reports/PreviewTools.h"
 
@@ -37,6 +35,7 @@ constexpr int statusMilliseconds = 15000;
 /// What the preview takes of the screen at first, besides the width that the pages want.
 constexpr double shareOfHeight = 0.92;
 constexpr int leastOpeningWidth = 1120;
+constexpr double twipsPerInch = 1440;
 constexpr std::array zoomsOffered = {25, 50, 75, 100, 125, 150, 200, 400};
 const QString fitWidthText = QStringLiteral("Fit width");
 const QString fitPageText = QStringLiteral("Fit page");
@@ -268,7 +267,13 @@ void PreviewWindow::openFind() {
 
 void PreviewWindow::searchAgain() {
     const PageSearch search = m_findBar->search();
-    m_view->search(search);
+    try {
+        m_view->search(search);
+    } catch (const RunTimeError& error) {
+        m_view->search({});
+        m_findBar->setResult(error.description(), true);
+        return;
+    }
     if (search.text.isEmpty())
         m_findBar->setResult({}, false);
     else if (m_view->hitCount() == 0)
@@ -326,7 +331,8 @@ void PreviewWindow::placeOn(const QWidget* owner) {
     if (restoreGeometry(lastLook().geometry))
         return;
     const QRect room = (owner != nullptr ? owner->screen() : screen())->availableGeometry();
-    const int paper = qRound(m_pages.paperSize().width() * logicalDpiX() / 1440) + 4 * PreviewLayout::margin;
+    const double trueWidth = m_pages.paperSize().width() / twipsPerInch * logicalDpiX();
+    const int paper = qRound(trueWidth) + 4 * PreviewLayout::margin;
     const QSize wanted(std::max(leastOpeningWidth, paper), qRound(room.height() * shareOfHeight));
     QRect place(QPoint(), wanted.boundedTo(room.size()));
     place.moveCenter(room.center());

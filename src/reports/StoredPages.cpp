@@ -96,15 +96,17 @@ std::vector<int> StoredPages::find(const PageSearch& search) const {
 
 std::vector<PageMark> StoredPages::marks(int page, const PageSearch& search) const {
     std::vector<PageMark> marks;
-    const std::vector<TextHit> hits = m_report.findOnPage(search.text, page, search.letters);
-    if (hits.empty())
-        return marks;
-    const StoredPage stored = m_report.page(page);
-    const QTransform transform = ontoPaper();
-    for (int hit = 0; hit < static_cast<int>(hits.size()); ++hit) {
-        const PageText& text = stored.texts.at(hits[static_cast<std::size_t>(hit)].index);
-        for (const QRectF& box : boxesIn(text, search, m_report.pageCount(), m_painter))
-            marks.push_back({hit, transform.mapRect(box)});
+    try {
+        const std::vector<TextHit> hits = m_report.findOnPage(search.text, page, search.letters);
+        const StoredPage stored = hits.empty() ? StoredPage() : m_report.page(page);
+        for (int hit = 0; const TextHit& found : hits) {
+            const PageText& text = stored.texts.at(found.index);
+            for (const QRectF& box : boxesIn(text, search, m_report.pageCount(), m_painter))
+                marks.push_back({hit, ontoPaper().mapRect(box)});
+            ++hit;
+        }
+    } catch (const RunTimeError&) {
+        marks.clear(); // The page itself says what is wrong.
     }
     return marks;
 }

@@ -14,6 +14,8 @@ struct Chapter {
 
 /// The whole tour, in its order.
 [[nodiscard]] std::span<const Chapter> chapters();
+/// The manual's pictures: every screen once.
+[[nodiscard]] std::span<const Chapter> pictureChapters();
 
 void payWithEveryWarning(Driver& driver);
 void correctPayment(Driver& driver);

@@ -2,6 +2,7 @@
 
 #include "controls/Grid.h"
 #include "input/WidgetInput.h"
+#include "tour/SmallPicture.h"
 #include "tour/WindowKeeper.h"
 
 #include <QAbstractItemView>
@@ -129,6 +130,7 @@ bool isSettled() {
 }
 
 constexpr int titleHeight = 26;
+constexpr int frameWidth = 1;
 
 /// A window with a frame like the ones that desktops draw.
 void paintWindow(QPainter& painter, QWidget& window, QPoint origin) {
@@ -319,13 +321,26 @@ void Driver::picture(const QString& name) {
 
 void Driver::windowPicture(const QString& name) {
     QImage image;
-    act([&] { image = front().grab().toImage(); });
-    save(image, name);
+    act([&] {
+        QWidget& window = front();
+        image =
+            QImage(window.size() + QSize(2 * frameWidth, titleHeight + 2 * frameWidth), QImage::Format_RGB32);
+        QPainter painter(&image);
+        paintWindow(painter, window, window.mapToGlobal(QPoint(-frameWidth, -titleHeight - frameWidth)));
+    });
+    save(smallPicture(image), name);
+}
+
+void Driver::controlPicture(const QString& name, const QString& picture) {
+    QImage image;
+    act([&] { image = control(name).grab().toImage(); });
+    save(smallPicture(image), picture);
 }
 
 void Driver::save(const QImage& image, const QString& name) const {
     const QString path = QDir(m_folder).filePath(name + QStringLiteral(".png"));
-    if (!image.save(path))
+    constexpr int smallest = 0; // PNG's "quality" only trades time for size.
+    if (!image.save(path, nullptr, smallest))
         throw StepFailed(QStringLiteral("the picture %1 can't be saved").arg(path));
 }
 

@@ -60,8 +60,10 @@ public:
 
     /// Saves what stands on the desktop, the window in front above the others, as `name`.png.
     void picture(const QString& name);
-    /// Saves the window in front alone.
+    /// Saves the window in front alone, in its frame and in few colours.
     void windowPicture(const QString& name);
+    /// Saves a control of it alone, in few colours.
+    void controlPicture(const QString& control, const QString& name);
 
     /// The first row of a statement in SQLite's own words, asked beside the program; empty when there is
     /// none.

@@ -1,5 +1,7 @@
 #include "DatabaseTool.h"
 #include "Program.h"
+#include "SampleScale.h"
+#include "frame/RunTime.h"
 #include "frame/StartUp.h"
 #include "frame/modGlobalVariables.h"
 #include "frame/modRegistry.h"
@@ -8,11 +10,15 @@
 
 #include <QDir>
 #include <QFile>
+#include <QLocale>
+#include <QTemporaryDir>
 #include <QTextStream>
 #include <QThread>
 #include <QTimer>
 
 #include <memory>
+#include <span>
+#include <string_view>
 
 namespace {
 
@@ -63,11 +69,19 @@ bool prepare(const QDir& folder) {
     return true;
 }
 
+/// What the program is led through, and where it leaves what it saw.
+struct Course {
+    QDir folder;    ///< For pictures and PDFs.
+    QDir workplace; ///< For the sample and its settings.
+    std::span<const tour::Chapter> chapters;
+};
+
 /// The script, beside the program. True when every step showed what it should.
-bool walk(const QDir& folder, const tour::WindowKeeper& windows) {
-    tour::Driver driver(windows, folder.path(), folder.filePath(QStringLiteral("Tarnwell.mdb")));
+bool walk(const Course& course, const tour::WindowKeeper& windows) {
+    tour::Driver driver(windows, course.folder.path(),
+                        course.workplace.filePath(QStringLiteral("Tarnwell.mdb")));
     try {
-        for (const tour::Chapter& chapter : tour::chapters()) {
+        for (const tour::Chapter& chapter : course.chapters) {
             say(QString::fromLatin1(chapter.title));
             driver.seeWindow(QStringLiteral("frmSwitchboard"));
             chapter.run(driver);
@@ -86,29 +100,21 @@ bool walk(const QDir& folder, const tour::WindowKeeper& windows) {
     }
 }
 
-} // namespace
+/// The same pictures on every machine and day: no path of it, no time of its, no blinking.
+void standStill() {
+    setClock([] { return DateTime{.date = sample::baseDate.addDays(1), .time = QTime(9, 0)}; });
+    QLocale::setDefault(QLocale::c());
+    QApplication::setCursorFlashTime(0);
+}
 
-/// tarnwell-tour FOLDER: walks through the whole program on a fresh sample by keys and clicks and leaves
-/// pictures and PDFs in the folder. Exit code 0 when everything showed what it should.
-int main(int argc, char** argv) {
-    if (argc != 2) {
-        say(QStringLiteral("usage: tarnwell-tour FOLDER"));
-        return 2;
-    }
-    const QDir folder(QDir(QString::fromLocal8Bit(argv[1])).absolutePath());
-    if (!folder.mkpath(QStringLiteral("."))) {
-        say(QStringLiteral("The folder can't be made: ") + folder.path());
-        return 1;
-    }
-    if (needsDesktop())
-        standInForDesktop(folder);
-    tarnwell::Program program(argc, argv);
-    if (!prepare(folder))
+/// The exit code.
+int follow(const Course& course, Program& program) {
+    if (!prepare(course.workplace))
         return 1;
     const tour::WindowKeeper windows(QGuiApplication::platformName() == QStringLiteral("offscreen"), nullptr);
     bool passed = false;
     const std::unique_ptr<QThread> script(QThread::create([&] {
-        passed = walk(folder, windows);
+        passed = walk(course, windows);
         if (!passed)
             QMetaObject::invokeMethod(
                 &program, [] { std::_Exit(1); }, Qt::QueuedConnection);
@@ -116,7 +122,46 @@ int main(int argc, char** argv) {
     QTimer::singleShot(0, &program, [&script] { script->start(); });
     program.run();
     script->wait();
-    say(QStringLiteral("Everything showed what it should. Pictures and PDFs: ") +
-        QDir::toNativeSeparators(folder.path()));
+    say(QStringLiteral("Everything showed what it should. It is in: ") +
+        QDir::toNativeSeparators(course.folder.path()));
     return passed ? 0 : 1;
+}
+
+int takePictures(const QDir& folder, int& argc, char** argv) {
+    const QTemporaryDir place;
+    const QString data = QStringLiteral("data");
+    if (!place.isValid() || !QDir(place.path()).mkpath(data) || !QDir::setCurrent(place.path())) {
+        say(QStringLiteral("No folder can be made for the sample: ") + place.errorString());
+        return 1;
+    }
+    standInForDesktop(place.path());
+    Program program(argc, argv);
+    standStill();
+    return follow({.folder = folder, .workplace = QDir(data), .chapters = tour::pictureChapters()}, program);
+}
+
+int takeTour(const QDir& folder, int& argc, char** argv) {
+    if (needsDesktop())
+        standInForDesktop(folder);
+    Program program(argc, argv);
+    return follow({.folder = folder, .workplace = folder, .chapters = tour::chapters()}, program);
+}
+
+} // namespace
+
+/// tarnwell-tour FOLDER: walks through the whole program on a fresh sample by keys and clicks and leaves
+/// pictures and PDFs in the folder. With --pictures before it: the pictures of the manual. Exit code 0 when
+/// everything showed what it should.
+int main(int argc, char** argv) {
+    const bool pictures = argc == 3 && std::string_view(argv[1]) == "--pictures";
+    if (argc != 2 && !pictures) {
+        say(QStringLiteral("usage: tarnwell-tour [--pictures] FOLDER"));
+        return 2;
+    }
+    const QDir folder(QDir(QString::fromLocal8Bit(argv[argc - 1])).absolutePath());
+    if (!folder.mkpath(QStringLiteral("."))) {
+        say(QStringLiteral("The folder can't be made: ") + folder.path());
+        return 1;
+    }
+    return pictures ? takePictures(folder, argc, argv) : takeTour(folder, argc, argv);
 }

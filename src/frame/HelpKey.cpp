@@ -9,6 +9,18 @@
 
 namespace tarnwell {
 
+namespace {
+
+/// A control inside a form counts as its form, and a dialog of the toolkit as the form that opened it.
+QString pageFor(const QWidget& widget) {
+    const QWidget* window = widget.window();
+    while (!HelpWindow::hasPage(window->objectName()) && window->parentWidget() != nullptr)
+        window = window->parentWidget()->window();
+    return window->objectName();
+}
+
+} // namespace
+
 HelpKey::HelpKey(QObject* parent) : QObject(parent) {
     QCoreApplication::instance()->installEventFilter(this);
 }
@@ -19,9 +31,7 @@ bool HelpKey::eventFilter(QObject* watched, QEvent* event) {
     const auto* key = static_cast<QKeyEvent*>(event);
     if (key->key() != Qt::Key_F1 || key->modifiers() != Qt::NoModifier)
         return false;
-    // A control inside a form counts as its form.
-    const QWidget* front = static_cast<QWidget*>(watched)->window();
-    runEvent([&] { HelpWindow::open(front->objectName()); });
+    runEvent([&] { HelpWindow::open(pageFor(*static_cast<QWidget*>(watched))); });
     return true;
 }
 

@@ -169,9 +169,13 @@ void HelpWindow::setFolder(const QString& folder) {
     helpFolder() = folder;
 }
 
+bool HelpWindow::hasPage(const QString& page) {
+    return QFile::exists(pageFile(page));
+}
+
 void HelpWindow::open(const QString& page) {
-    const QString known = QFile::exists(pageFile(page)) ? page : contentsPage;
-    if (!QFile::exists(pageFile(known))) {
+    const QString known = hasPage(page) ? page : contentsPage;
+    if (!hasPage(known)) {
         MsgBox({.text = QStringLiteral("The help pages were not found in:\n\n") + helpFolder(),
                 .title = QStringLiteral("Help"),
                 .icon = MessageIcon::Exclamation});

@@ -25,6 +25,8 @@ public:
     /// The folder with the pages, read at each opening.
     static void setFolder(const QString& folder);
 
+    [[nodiscard]] static bool hasPage(const QString& page);
+
     /// Opens the page of that name (without ".md"), else the contents. Without a help folder a message says
     /// so.
     static void open(const QString& page);

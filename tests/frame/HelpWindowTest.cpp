@@ -8,6 +8,7 @@
 #include <QApplication>
 #include <QDialog>
 #include <QDir>
+#include <QDirIterator>
 #include <QImage>
 #include <QListWidget>
 #include <QRegularExpression>
@@ -22,6 +23,27 @@ namespace tarnwell::test {
 namespace {
 
 const QString manual = QStringLiteral(TARNWELL_SOURCE_DIR "/docs/manual");
+
+QString fileText(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+/// The forms by their headers, the reports by the names that their progress windows bear, and the windows
+/// that are no form. The main window's page is the contents.
+QStringList windowNames() {
+    static const QRegularExpression report(R"re("(frmRpt\w+)")re");
+    const QString source = TARNWELL_SOURCE_DIR "/src";
+    QStringList names{"msgBox", "preview"};
+    for (QDirIterator form(source, {"frm*.h"}, QDir::Files, QDirIterator::Subdirectories); form.hasNext();)
+        names << QFileInfo(form.next()).completeBaseName();
+    for (const QFileInfo& file : QDir(source + "/reports").entryInfoList({"*.cpp"}))
+        for (auto found = report.globalMatch(fileText(file.filePath())); found.hasNext();)
+            names << found.next().captured(1);
+    names.removeAll("frmReport");
+    names.removeAll("frmSwitchboard");
+    return names;
+}
 
 HelpWindow* openHelp() {
     for (QWidget* window : QApplication::topLevelWidgets())
@@ -54,6 +76,16 @@ TEST_F(HelpWindowTest, F1OpensThePageOfTheWindowElseTheContents) {
         driver.press(Qt::Key_F1);
         EXPECT_EQ(shownPage(), page) << "from " << name;
     }
+}
+
+TEST_F(HelpWindowTest, ADialogWithoutAPageCountsAsTheFormThatOpenedIt) {
+    QMainWindow form;
+    form.setObjectName("frmReportParameters");
+    form.show();
+    QDialog dialog(&form);
+    dialog.setObjectName("QPrintDialog");
+    ScreenDriver(dialog).press(Qt::Key_F1);
+    EXPECT_EQ(shownPage(), "frmReportParameters.md");
 }
 
 TEST_F(HelpWindowTest, SentKeyReachesTheWindowInFront) {
@@ -148,9 +180,7 @@ TEST(Manual, EveryLinkLeadsToAPageAndEveryPageIsInTheContents) {
     static const QRegularExpression link(R"(\]\(([^)]+)\))");
     QStringList listed{"contents.md"};
     for (const QString& page : QDir(manual).entryList({"*.md"})) {
-        QFile file(manual + "/" + page);
-        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-        for (auto links = link.globalMatch(QString::fromUtf8(file.readAll())); links.hasNext();) {
+        for (auto links = link.globalMatch(fileText(manual + "/" + page)); links.hasNext();) {
             const QString target = links.next().captured(1);
             EXPECT_TRUE(QFile::exists(manual + "/" + target))
                 << page.toStdString() << ": " << target.toStdString();
@@ -160,6 +190,29 @@ TEST(Manual, EveryLinkLeadsToAPageAndEveryPageIsInTheContents) {
     }
     listed.sort();
     EXPECT_EQ(QDir(manual).entryList({"*.md"}, QDir::Files, QDir::Name), listed);
+}
+
+TEST(Manual, EveryWindowHasItsPageWithItsPicture) {
+    for (const QString& window : windowNames()) {
+        const QString page = manual + "/" + window + ".md";
+        ASSERT_TRUE(QFile::exists(page)) << page.toStdString();
+        EXPECT_TRUE(fileText(page).contains("](pictures/" + window + ".png)")) << page.toStdString();
+    }
+    EXPECT_TRUE(QFile::exists(manual + "/helpWindow.md"));
+}
+
+TEST(Manual, EveryPictureIsOnAPageAndSmall) {
+    constexpr qint64 mostBytes = 60'000;
+    QString pages;
+    for (const QString& page : QDir(manual).entryList({"*.md"}))
+        pages += fileText(manual + "/" + page);
+    const QFileInfoList pictures = QDir(manual + "/pictures").entryInfoList(QDir::Files);
+    EXPECT_FALSE(pictures.isEmpty());
+    for (const QFileInfo& picture : pictures) {
+        EXPECT_TRUE(pages.contains("](pictures/" + picture.fileName() + ")"))
+            << picture.fileName().toStdString();
+        EXPECT_LT(picture.size(), mostBytes) << picture.fileName().toStdString();
+    }
 }
 
 } // namespace tarnwell::test

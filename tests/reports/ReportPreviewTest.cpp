@@ -42,7 +42,7 @@ protected:
                                                m_proposed = proposed;
                                                return m_path;
                                            }});
-        m_clock = setClock([] { return DateTime(QDate(2024, 3, 5), QTime(8, 15)); });
+        m_clock = setClock([] { return DateTime{QDate(2024, 3, 5), QTime(8, 15)}; });
     }
     ~ReportPreviewTest() override {
         setPrinterDialogs(m_dialogs);

@@ -4,6 +4,8 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <cmath>
+#include <utility>
 
 namespace tarnwell {
 
@@ -23,21 +25,37 @@ QColor onPaper(quint32 color) {
             static_cast<int>(color >> 16 & 0xFF)};
 }
 
-/// The smallest length in twips that the device can show.
-double oneDot(const QPainter& painter) {
-    const QTransform& onDevice = painter.deviceTransform();
-    const double scale = std::hypot(onDevice.m11(), onDevice.m12());
-    return scale > 0 ? 1 / scale : 1;
-}
+/// How one coordinate of the page lies on the device.
+struct DeviceAxis {
+    double scale; ///< Dots of a twip.
+    double origin;
+
+    /// Two edges of whole dots, at least one dot apart, for a line of that width around `at`. Else lines of
+    /// one width would look thick here and thin there.
+    [[nodiscard]] std::pair<double, double> edges(double at, double width) const {
+        const double dots = std::max(1.0, std::round(width * scale));
+        const double first = std::round(at * scale + origin - dots / 2);
+        return {(first - origin) / scale, (first + dots - origin) / scale};
+    }
+};
 
 void drawLines(QPainter& painter, const std::vector<PageLine>& lines) {
-    const double least = oneDot(painter);
-    // A line of one dot would be spread over two and turn grey.
+    const QTransform& onDevice = painter.deviceTransform();
+    const DeviceAxis across{onDevice.m11(), onDevice.dx()};
+    const DeviceAxis down{onDevice.m22(), onDevice.dy()};
     painter.setRenderHint(QPainter::Antialiasing, false);
     for (const PageLine& line : lines) {
-        const double width = std::max(std::max(line.width, 1) * twipsPerWidth, least);
-        painter.setPen(QPen(Qt::black, width, Qt::SolidLine, Qt::FlatCap));
-        painter.drawLine(QPointF(line.x1, line.y1), QPointF(line.x2, line.y2));
+        const double width = std::max(line.width, 1) * twipsPerWidth;
+        if (line.y1 == line.y2 && down.scale > 0) {
+            const auto [top, bottom] = down.edges(line.y1, width);
+            painter.fillRect(QRectF(QPointF(line.x1, top), QPointF(line.x2, bottom)).normalized(), Qt::black);
+        } else if (line.x1 == line.x2 && across.scale > 0) {
+            const auto [left, right] = across.edges(line.x1, width);
+            painter.fillRect(QRectF(QPointF(left, line.y1), QPointF(right, line.y2)).normalized(), Qt::black);
+        } else {
+            painter.setPen(QPen(Qt::black, width, Qt::SolidLine, Qt::FlatCap));
+            painter.drawLine(QPointF(line.x1, line.y1), QPointF(line.x2, line.y2));
+        }
     }
 }
 

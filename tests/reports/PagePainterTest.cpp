@@ -6,6 +6,7 @@
 #include <QPalette>
 
 #include <gtest/gtest.h>
+#include <set>
 
 namespace {
 
@@ -117,6 +118,20 @@ TEST_F(PagePainterTest, LinesAreAsWideAsToldAndNeverVanish) {
     m_painter.drawPage(painter, pageOf(rule(1)), 1);
     painter.end();
     EXPECT_GT(inkDots(small).width(), 80) << "a rule is lost in the overview";
+}
+
+TEST_F(PagePainterTest, LinesOfOneWidthLookAlikeWhereverTheyStand) {
+    for (const int width : {1, 3}) {
+        std::set<int> thicknesses;
+        for (qint16 y = 900; y < 930; ++y) {
+            PageLine line = rule(width);
+            line.y1 = line.y2 = y;
+            const QRect ink = inkDots(paint(pageOf(line)));
+            thicknesses.insert(ink.height());
+            EXPECT_NEAR(ink.center().y() + 0.5, y * dotsPerTwip, 1);
+        }
+        EXPECT_EQ(thicknesses.size(), 1U) << width;
+    }
 }
 
 TEST_F(PagePainterTest, ThePageTextEndsInTheNumberOfPages) {

@@ -140,9 +140,11 @@ void frmMasterCodes::Toolbar1_ButtonClick(const QString& caption) {
 
 void frmMasterCodes::DeleteCode() {
     // A new row gets its list when it is written: until then there is nothing to delete.
-    if (ActiveControl() != jgCodes || jgCodes->value(Code1).isNoKey() || !jgCodes->UpdateOrTell())
+    if (ActiveControl() != jgCodes || jgCodes->value(Code1).isNoKey())
         return;
-    if (!confirmCodeDeletion(MsgBox, jgCodes->value(Code1), jgCodes->value(Name), m_list))
+    // A pending edit waits for the answer: No leaves it to be gone on with or given up.
+    if (!confirmCodeDeletion(MsgBox, jgCodes->value(Code1), jgCodes->value(Name), m_list) ||
+        !jgCodes->UpdateOrTell())
         return;
     jgCodes->setValue(Deleted, true);
     jgCodes->Update();

@@ -202,8 +202,9 @@ void frmMasterTasks::RemoveDependency() {
 }
 
 void frmMasterTasks::DeleteTask() {
-    if (jgMasterTasks->value(MasterTaskKey).isEmpty() || !jgMasterTasks->UpdateOrTell() ||
-        !confirmTaskDeletion(MsgBox, jgMasterTasks->value(Name)))
+    // A pending edit waits for the answer: No leaves it to be gone on with or given up.
+    if (jgMasterTasks->value(MasterTaskKey).isEmpty() ||
+        !confirmTaskDeletion(MsgBox, jgMasterTasks->value(Name)) || !jgMasterTasks->UpdateOrTell())
         return;
     jgMasterTasks->setValue(Deleted, true);
     jgMasterTasks->Update();

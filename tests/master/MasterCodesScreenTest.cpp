@@ -75,6 +75,24 @@ TEST_F(MasterCodesTest, DelMarksTheRowAndOnlyFromTheGrid) {
               Value(1));
 }
 
+TEST_F(MasterCodesTest, AnEditOutlastsADelThatIsNotConfirmed) {
+    open();
+    typeCategory("m");
+    driver->focus("jgCodes");
+    driver->type("Framing 2");
+    script.expect(Answer::No);
+    driver->clickToolbar("Del");
+    EXPECT_EQ(listOf("Framing 2"), -1);
+    driver->press(Qt::Key_Escape, Qt::NoModifier, 2);
+    EXPECT_EQ(codes().value("Description"), Value("Framing"));
+    driver->type("Frames");
+    script.expect(Answer::Yes);
+    script.expect(Answer::Yes);
+    driver->clickToolbar("Del");
+    EXPECT_EQ(ask("SELECT Description FROM Code WHERE Deleted=-1"), Value("Frames"));
+    EXPECT_EQ(codes().RowCount(), 1);
+}
+
 TEST_F(MasterCodesTest, ARowThatAnotherSeatDeletedKeepsItsListUntilItIsGivenUp) {
     open();
     typeCategory("m");

@@ -151,6 +151,10 @@ TEST_F(MasterTasksTest, WhatIsGivenUpOrRefusedIsNeitherStoredNorCarried) {
     driver->press(Qt::Key_Up);
     EXPECT_EQ(script.shown().size(), 1U);
     EXPECT_EQ(tasks().Row(), 2);
+    script.expect(Answer::Ok);
+    driver->click("cmbType");
+    EXPECT_TRUE(waitFor([&] { return driver->focusedName() == "jgMasterTasks"; }));
+    EXPECT_EQ(script.shown().size(), 2U);
     driver->press(Qt::Key_Escape, Qt::NoModifier, 2);
     EXPECT_EQ(master("MasterPrice", "Walls"), Value(100.0));
     EXPECT_EQ(lotPrice(), 7);
@@ -175,6 +179,27 @@ TEST_F(MasterTasksTest, DelAsksMarksTheTaskAndCarriesItOnceMore) {
     driver->press(Qt::Key_Insert);
     driver->clickToolbar("Del");
     EXPECT_EQ(script.shown().size(), 2U);
+}
+
+TEST_F(MasterTasksTest, ADelThatIsNotConfirmedCarriesNoPendingPrice) {
+    open();
+    carryPrice();
+    typePrice("12.5");
+    script.expect(Answer::No);
+    driver->clickToolbar("Del");
+    EXPECT_EQ(lotPrice(), 7);
+    EXPECT_EQ(master("MasterPrice", "Walls"), Value(100.0));
+    script.expect(Answer::Yes);
+    driver->clickToolbar("Del");
+    EXPECT_EQ(lotPrice(), 12.5);
+    EXPECT_EQ(master("Deleted", "Walls"), Value(true));
+    tasks().setRow(1);
+    driver->type("x");
+    script.expect(Answer::Yes);
+    script.expect(Answer::Ok);
+    driver->clickToolbar("Del");
+    EXPECT_EQ(master("Deleted", "Beams"), Value(false)) << "what can't be written is told and mended first";
+    driver->press(Qt::Key_Escape, Qt::NoModifier, 2);
 }
 
 TEST_F(MasterTasksTest, ARowThatAnotherSeatDeletedKeepsItsCategory) {

@@ -102,6 +102,12 @@ void frmBuilder::Form_Unload() {
     rsPlans.reset();
 }
 
+/// A row that can't be written is told, and the form stays with it.
+void frmBuilder::closeRequested() {
+    if (jgPlans->UpdateOrTell() && jgTasks->UpdateOrTell())
+        Unload();
+}
+
 void frmBuilder::Toolbar1_ButtonClick(const QString& caption) {
     const struct {
         const char* caption;
@@ -117,7 +123,7 @@ void frmBuilder::Toolbar1_ButtonClick(const QString& caption) {
         {"Exit",
          [this] {
              SuppressVerify = true;
-             Unload();
+             closeRequested();
          }},
         {"Find", [this] { FindRecord(); }},
         {"Group", [this] { ShowGroups(); }},

@@ -44,6 +44,7 @@ protected:
     void Form_Load() override;
     void Form_Unload() override;
     void Toolbar1_ButtonClick(const QString& caption) override;
+    void closeRequested() override;
 
 private:
     // frmBuilderLayout.cpp
@@ -84,11 +85,13 @@ private:
     void jgPlans_LostFocus();
     void jgPlans_RowColChange();
     void jgTasks_GotFocus();
+    void jgTasks_RowColChange();
     void jgTasks_BeforeUpdate();
     void jgTasks_KeyDown(int& keyCode) const;
     void jgTasks_AfterColUpdate(int column);
 
     void loadPlanTasks();
+    void catchUpWithPlan();
     [[nodiscard]] bool isBuilderNameEmpty() const;
     [[nodiscard]] qint64 currentPlan() const;
     [[nodiscard]] bool areTasksCurrent() const;

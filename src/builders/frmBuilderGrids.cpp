@@ -48,10 +48,7 @@ void frmBuilder::connectGrids() {
                     jgPlans->setValue(planBuilderColumn, m_builderOfPlans);
             }));
     onGotFocus(jgTasks, [this] { jgTasks_GotFocus(); });
-    connect(jgTasks, &Grid::rowColChange, this, guarded([this](int, int) {
-                if (!m_binding && jgTasks->Col() > 0)
-                    setStatusText(jgTasks->columnTag(jgTasks->Col()));
-            }));
+    connect(jgTasks, &Grid::rowColChange, this, guarded([this](int, int) { jgTasks_RowColChange(); }));
     connect(jgTasks, &Grid::beforeUpdate, this, guarded([this](bool&) { jgTasks_BeforeUpdate(); }));
     connect(jgTasks, &Grid::afterColUpdate, this,
             guarded([this](int column) { jgTasks_AfterColUpdate(column); }));
@@ -79,9 +76,10 @@ void frmBuilder::cmbType_Click() {
     }
 }
 
-/// The pending task is written before anything changes: it belongs to the plan and category on show.
+/// The pending task is written before anything changes: it belongs to the plan and category on show. One that
+/// can't be is told, and stays on show until it is mended or given up.
 void frmBuilder::loadPlanTasks() {
-    if (cmbType->ListIndex() < 0)
+    if (cmbType->ListIndex() < 0 || !jgTasks->UpdateOrTell())
         return;
     const qint64 plan = currentPlan();
     const qint64 category = cmbType->ItemData(cmbType->ListIndex());
@@ -213,11 +211,23 @@ void frmBuilder::jgTasks_GotFocus() {
         SetFocus(jgPlans);
         return;
     }
-    // A task that the database refused kept its own rows on show until it was given up.
-    if (!areTasksCurrent() && !jgTasks->isPending())
-        cmbType_Click();
+    catchUpWithPlan();
     SetTaskToolbar();
     showToolTip(jgTasks);
+}
+
+/// A task that was refused kept its own rows on show while another plan or category was chosen.
+void frmBuilder::catchUpWithPlan() {
+    if (!areTasksCurrent() && !jgTasks->isPending())
+        cmbType_Click();
+}
+
+void frmBuilder::jgTasks_RowColChange() {
+    if (m_binding)
+        return;
+    catchUpWithPlan();
+    if (jgTasks->Col() > 0)
+        setStatusText(jgTasks->columnTag(jgTasks->Col()));
 }
 
 void frmBuilder::jgTasks_BeforeUpdate() {

@@ -34,15 +34,14 @@ ParsedCell Grid::Parts::parseEditor() const {
 }
 
 bool Grid::Parts::finishEdit(Asked asked) {
-    if (refusing)
+    if (refusing && asked == Asked::ByUser)
         return false;
     if (!editorChanged()) {
         abandonEdit();
         return true;
     }
     const int edited = column;
-    const ParsedCell parsed =
-        parseCell(model->column(edited), model->valueList(edited), lineOf(delegate->editor())->text());
+    const ParsedCell parsed = parseEditor();
     if (parsed.refusal.isEmpty()) {
         abandonEdit();
         store(edited, parsed.value);

@@ -144,8 +144,7 @@ void frmAddOptionGroup::Form_Unload() {
 
 void frmAddOptionGroup::Toolbar1_ButtonClick(const QString& caption) {
     if (caption == "Exit") {
-        jgGroupOptions->Update();
-        Unload();
+        closeRequested();
     } else if (caption == "Add") {
         AddGroup();
     } else if (caption == "Task") {
@@ -159,6 +158,12 @@ void frmAddOptionGroup::Toolbar1_ButtonClick(const QString& caption) {
     }
 }
 
+/// What can't be written is told, and the form stays with it.
+void frmAddOptionGroup::closeRequested() {
+    if (jgGroupOptions->UpdateOrTell())
+        Unload();
+}
+
 void frmAddOptionGroup::LoadGroups() {
     // A price that was typed belongs to the group on show.
     jgGroupOptions->UpdateOrTell();
@@ -168,7 +173,10 @@ void frmAddOptionGroup::LoadGroups() {
 }
 
 void frmAddOptionGroup::FilterGroup() {
-    jgGroupOptions->UpdateOrTell();
+    if (!jgGroupOptions->UpdateOrTell()) {
+        keepGroup();
+        return;
+    }
     if (selectedGroup() == 0)
         return;
     try {
@@ -176,7 +184,17 @@ void frmAddOptionGroup::FilterGroup() {
     } catch (const RunTimeError&) {
         return; // passed over: the rows stay as they are
     }
+    m_groupOfTasks = selectedGroup();
     jgGroupOptions->Rebind();
+}
+
+/// A row that can't be written stays on screen, and with it the group that it belongs to.
+void frmAddOptionGroup::keepGroup() {
+    for (int i = 0; i < lstGroups->ListCount(); ++i)
+        if (lstGroups->ItemData(i) == m_groupOfTasks)
+            lstGroups->setCurrentRow(i);
+    if (ActiveControl() != jgGroupOptions) // An open editor has the focus already.
+        SetFocus(jgGroupOptions);
 }
 
 void frmAddOptionGroup::readGroupTasks() {

@@ -39,6 +39,7 @@ protected:
     void Form_Load() override;
     void Form_Unload() override;
     void Toolbar1_ButtonClick(const QString& caption) override;
+    void closeRequested() override;
 
 private:
     void makeControls();
@@ -47,6 +48,7 @@ private:
 
     void LoadGroups();
     void FilterGroup();
+    void keepGroup();
     void AddGroup();
     void AddGroupTask();
     void RenameGroup();
@@ -65,6 +67,7 @@ private:
     std::unique_ptr<Recordset> GroupRecordset; ///< All builders' rows; a filter shows one group's.
     int FocusArea = 0;                         ///< What Del deletes: 0 the group, 1 the task.
     ButtonMask ToolbarMask = 0;
+    qint64 m_groupOfTasks = 0; ///< Whose rows the grid shows.
     OptionGroupBuilder m_builder;
     PickTasks m_pickTasks;
 };

@@ -1,83 +1,13 @@
-#include "builders/BuilderData.h"
+#include "BuilderScreen.h"
+
 #include "builders/frmAddMasterTasks.h"
-#include "builders/frmBuilder.h"
 #include "controls/Combo.h"
-#include "controls/Grid.h"
 #include "controls/ListBox.h"
 #include "controls/MaskedBox.h"
-#include "frame/DataEnvironment.h"
-#include "frame/modGlobalVariables.h"
 #include "master/frmAddOptionGroup.h"
-#include "support/MessageScript.h"
-#include "support/ScreenDriver.h"
-
-#include <QToolButton>
-
-#include <gtest/gtest.h>
 
 using namespace tarnwell;
 using namespace tarnwell::test;
-
-namespace {
-
-class BuilderScreen : public ::testing::Test {
-protected:
-    void SetUp() override {
-        gAppPath = data.db.folder();
-        gProgramFolder = data.db.folder() + u'/';
-        gConnectionString = connectionStringFor(data.db.path());
-    }
-    void TearDown() override {
-        if (driver)
-            form().Unload();
-        DataEnvironment::close();
-    }
-
-    frmBuilder& form() { return theForm<frmBuilder>(); }
-    void open() {
-        form().Show(Screen::Modality::Modeless, nullptr);
-        driver.emplace(form());
-    }
-    /// Finds the builder by typing; Framing is the second category.
-    void openBuilder() {
-        open();
-        find([](const ScreenDriver& search) {
-            search.type("Abel");
-            search.press(Qt::Key_Return);
-        });
-        combo().setListIndex(1);
-    }
-    void find(std::function<void(const ScreenDriver&)> use) {
-        whenModal([use = std::move(use)](QWidget& dialog) { use(ScreenDriver(dialog)); });
-        driver->clickToolbar("Find");
-    }
-    void pick(std::function<void(const ScreenDriver&)> use) {
-        whenModal([use = std::move(use)](QWidget& dialog) { use(ScreenDriver(dialog)); });
-    }
-
-    MaskedBox& field(int index) { return driver->find<MaskedBox>(QString("MskField(%1)").arg(index)); }
-    Grid& plans() { return driver->find<Grid>("jgPlans"); }
-    Grid& tasks() { return driver->find<Grid>("jgTasks"); }
-    Combo& combo() { return driver->find<Combo>("cmbType"); }
-    QString enabled() {
-        QStringList captions;
-        for (auto* button : form().findChildren<QToolButton*>())
-            if (button->isEnabled() && button->parentWidget()->objectName() == "Toolbar1" &&
-                !button->text().isEmpty())
-                captions.append(button->text());
-        return captions.join(' ');
-    }
-    int selectedJobs() { return static_cast<int>(driver->find<ListBox>("lstJobs").selectedItems().size()); }
-    QString builderName() {
-        return data.db.ask("SELECT Name FROM Contractor ORDER BY ContractorKey DESC").toText();
-    }
-
-    BuilderData data;
-    MessageScript script;
-    std::optional<ScreenDriver> driver;
-};
-
-} // namespace
 
 TEST_F(BuilderScreen, WithoutABuilderTheFocusStaysInTheEmptyName) {
     open();

@@ -28,9 +28,7 @@ protected:
             picked.emplace_back("", key);
         addPlanTasks(data.db.connection(), target, {"Aspen", data.plan}, picked);
     }
-    CurrentLot lotOf(const Value& jobLotKey) {
-        return {data.job, data.builder, jobLotKey, 0};
-    }
+    CurrentLot lotOf(const Value& jobLotKey) { return {data.job, data.builder, jobLotKey, 0}; }
     QString plan() { return QString::number(data.plan); }
 
     LotData data;

@@ -104,6 +104,53 @@ TEST_F(OptionGroupScreen, AnEditStaysWithItsGroupAndDelFollowsTheFocus) {
     EXPECT_EQ(count("Code WHERE Code1=5"), 1);
 }
 
+TEST_F(OptionGroupScreen, ARefusedPriceKeepsItsGroupAndTheScreen) {
+    const qint64 deck = addGroup("Deck", abel), patio = addGroup("Patio", abel);
+    addTask("Rail", deck);
+    addTask("Slab", patio);
+    open(abel, [&](const ScreenDriver& screen) {
+        auto& grid = screen.find<Grid>("jgGroupOptions");
+        screen.click("jgGroupOptions", {grid.columnViewportPosition(5) + 20, 10});
+        screen.type("7x");
+        for (const auto& leave : std::initializer_list<std::function<void()>>{
+                 [&] { screen.clickLine("lstGroups", 1); }, [&] { screen.clickToolbar("Exit"); },
+                 [&] { screen.window().close(); }}) {
+            script.expect(Answer::Ok);
+            leave();
+            EXPECT_TRUE(waitFor([&] { return screen.focusedName() == "jgGroupOptions"; }));
+            EXPECT_EQ(screen.find<ListBox>("lstGroups").ListIndex(), 0);
+            EXPECT_EQ(grid.value("Name"), Value("Rail"));
+        }
+        EXPECT_EQ(script.shown().size(), 3U);
+        screen.type("7");
+        screen.window().close();
+    });
+    EXPECT_EQ(count("ContractorOptionGroup WHERE MasterPrice=7 AND CodeKey=" + QString::number(deck)), 1);
+    EXPECT_EQ(count("ContractorOptionGroup WHERE MasterPrice=5 AND CodeKey=" + QString::number(patio)), 1);
+}
+
+TEST_F(OptionGroupScreen, EscapeGivesAPriceUpAndSoDoesAnotherSeatsDelete) {
+    const qint64 deck = addGroup("Deck", abel);
+    addTask("Rail", deck);
+    addTask("Stair", deck);
+    open(abel, [&](const ScreenDriver& screen) {
+        auto& grid = screen.find<Grid>("jgGroupOptions");
+        screen.click("jgGroupOptions", {grid.columnViewportPosition(5) + 20, 10});
+        screen.type("8");
+        screen.press(Qt::Key_Escape, Qt::NoModifier, 2);
+        screen.press(Qt::Key_Down);
+        EXPECT_EQ(count("ContractorOptionGroup WHERE MasterPrice=5"), 2);
+        screen.type("9");
+        db.secondSeat()->Execute("DELETE FROM ContractorOptionGroup");
+        script.expect(Answer::Ok);
+        screen.press(Qt::Key_Up);
+        EXPECT_EQ(grid.Row(), 2);
+        screen.press(Qt::Key_Escape);
+        EXPECT_EQ(grid.RowCount(), 0);
+        screen.clickToolbar("Exit");
+    });
+}
+
 TEST_F(OptionGroupScreen, RenamingByEnterSelectsTheFirstGroup) {
     addGroup("Deck", abel);
     addGroup("Patio", abel);

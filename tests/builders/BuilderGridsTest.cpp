@@ -1,0 +1,210 @@
+#include "BuilderScreen.h"
+
+using namespace tarnwell;
+using namespace tarnwell::test;
+
+namespace {
+
+enum Column { PlanName = 3, TaskName = 6, Price, Exclude };
+
+/// The plan "Aspen" holds "Beams" and "Walls" in Framing; the plan "Birch" is empty.
+class BuilderGrids : public BuilderScreen {
+public:
+    ScreenDriver& use() { return *driver; }
+    void clickCell(const char* name, int row, int column) {
+        const Grid& grid = driver->find<Grid>(name);
+        driver->click(name, grid.visualRect(grid.model()->index(row - 1, column - 1)).center());
+    }
+    void closeScreen() {
+        form().close();
+        driver.reset();
+    }
+
+protected:
+    void openPlans() {
+        data.addPlanTask("Beams", data.plan, data.beams, data.framing, 50.0);
+        data.addPlan("Birch", data.builder);
+        openBuilder();
+    }
+    /// A price typed over that of "Walls", the second task; the row is not left yet.
+    void typePrice(const char* price) {
+        clickCell("jgTasks", 2, Price);
+        driver->type(price);
+    }
+    /// On the line behind the two plans.
+    void typeNewPlan(const char* name) {
+        clickCell("jgPlans", 3, PlanName);
+        driver->type(name);
+    }
+    qint64 plansNamed(const char* name) {
+        return data.count("ContractorPlan WHERE ContractorKey=" + QString::number(data.builder) +
+                          " AND PlanName='" + name + '\'');
+    }
+    qint64 tasksAt(const char* name, const char* price) {
+        return data.count(QString("ContractorPlanTask WHERE Name='%1' AND MasterPrice=%2").arg(name, price));
+    }
+    void deleteElsewhere(const QString& from) { data.db.secondSeat()->Execute("DELETE FROM " + from); }
+};
+
+struct Leaving {
+    const char* name;
+    void (*leave)(BuilderGrids& on);
+};
+
+class PlanLeaving : public BuilderGrids, public ::testing::WithParamInterface<Leaving> {};
+class TaskLeaving : public BuilderGrids, public ::testing::WithParamInterface<Leaving> {};
+
+} // namespace
+
+TEST_P(PlanLeaving, ANewPlanIsStoredForItsBuilderWithTasksOfItsOwn) {
+    openPlans();
+    typeNewPlan("Cedar");
+    EXPECT_EQ(plansNamed("Cedar"), 0);
+    GetParam().leave(*this);
+    EXPECT_EQ(plansNamed("Cedar"), 1);
+    EXPECT_EQ(data.count("ContractorPlan"), 3);
+    if (!driver)
+        return;
+    clickCell("jgPlans", 3, PlanName);
+    EXPECT_EQ(plans().value("PlanName"), Value("Cedar"));
+    EXPECT_EQ(tasks().RowCount(), 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Ways, PlanLeaving,
+    ::testing::Values(Leaving{"Tab", [](BuilderGrids& on) { on.use().press(Qt::Key_Tab); }},
+                      Leaving{"BackTab",
+                              [](BuilderGrids& on) { on.use().press(Qt::Key_Backtab, Qt::ShiftModifier); }},
+                      Leaving{"OtherRow", [](BuilderGrids& on) { on.clickCell("jgPlans", 1, PlanName); }},
+                      Leaving{"Tasks", [](BuilderGrids& on) { on.clickCell("jgTasks", 1, TaskName); }},
+                      Leaving{"Arrow", [](BuilderGrids& on) { on.use().press(Qt::Key_Up); }},
+                      Leaving{"Field", [](BuilderGrids& on) { on.use().click("MskField(2)"); }},
+                      Leaving{"Close", [](BuilderGrids& on) { on.closeScreen(); }}),
+    [](const auto& way) { return way.param.name; });
+
+TEST_P(TaskLeaving, APriceIsStoredInItsOwnRowAlone) {
+    openPlans();
+    typePrice("99.5");
+    EXPECT_EQ(tasksAt("Walls", "99.5"), 0);
+    GetParam().leave(*this);
+    EXPECT_EQ(tasksAt("Walls", "99.5"), 1);
+    EXPECT_EQ(tasksAt("Beams", "50"), 1);
+    EXPECT_EQ(data.count("ContractorPlanTask"), 2);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Ways, TaskLeaving,
+    ::testing::Values(
+        Leaving{"Tab", [](BuilderGrids& on) { on.use().press(Qt::Key_Tab, Qt::NoModifier, 2); }},
+        Leaving{"OtherRow", [](BuilderGrids& on) { on.clickCell("jgTasks", 1, TaskName); }},
+        Leaving{"OtherPlan", [](BuilderGrids& on) { on.clickCell("jgPlans", 2, PlanName); }},
+        Leaving{"OtherCategory", [](BuilderGrids& on) { on.use().choose("cmbType", "Drywall"); }},
+        Leaving{"Arrow", [](BuilderGrids& on) { on.use().press(Qt::Key_Up); }},
+        Leaving{"Close", [](BuilderGrids& on) { on.closeScreen(); }}),
+    [](const auto& way) { return way.param.name; });
+
+TEST_F(BuilderGrids, EscapeGivesUpAPendingPlanAndLeavesTheOthers) {
+    openPlans();
+    typeNewPlan("Ced");
+    driver->press(Qt::Key_Escape, Qt::NoModifier, 2);
+    EXPECT_FALSE(plans().isPending());
+    EXPECT_EQ(plans().RowCount(), 2);
+    clickCell("jgPlans", 1, PlanName);
+    driver->type("Alder");
+    driver->press(Qt::Key_Escape, Qt::NoModifier, 2);
+    EXPECT_EQ(plans().value("PlanName"), Value("Aspen"));
+    EXPECT_EQ(tasks().RowCount(), 2);
+    driver->press(Qt::Key_Tab);
+    closeScreen();
+    EXPECT_EQ(plansNamed("Aspen"), 1);
+    EXPECT_EQ(data.count("ContractorPlan"), 2);
+}
+
+TEST_F(BuilderGrids, ARefusedPriceIsToldAndKeptForMending) {
+    openPlans();
+    typePrice("12x");
+    const struct {
+        int messages;
+        std::function<void()> leave;
+    } ways[] = {
+        {1, [&] { driver->press(Qt::Key_Up); }},
+        {1, [&] { clickCell("jgTasks", 1, TaskName); }},
+        {1, [&] { clickCell("jgPlans", 2, PlanName); }},
+        // One when the list opens, one for the choice.
+        {2, [&] { driver->choose("cmbType", "Drywall"); }},
+        {1, [&] { driver->clickToolbar("Exit"); }},
+        {1, [&] { form().close(); }},
+    };
+    std::size_t told = 0;
+    for (const auto& [messages, leave] : ways) {
+        for (int i = 0; i < messages; ++i)
+            script.expect(Answer::Ok);
+        leave();
+        EXPECT_TRUE(waitFor([&] { return driver->focusedName() == "jgTasks"; }));
+        EXPECT_EQ(script.shown().size(), told += static_cast<std::size_t>(messages));
+        EXPECT_EQ(tasks().Row(), 2);
+        EXPECT_EQ(tasks().RowCount(), 2);
+    }
+    driver->type("12");
+    driver->press(Qt::Key_Up);
+    EXPECT_EQ(tasksAt("Walls", "12"), 1);
+    EXPECT_EQ(tasksAt("Beams", "50"), 1);
+    EXPECT_EQ(tasks().RowCount(), 0) << "what was chosen meanwhile is shown";
+}
+
+TEST_F(BuilderGrids, ATaskThatAnotherSeatDeletedIsToldAndGoesWithEscape) {
+    openPlans();
+    typePrice("99");
+    deleteElsewhere("ContractorPlanTask WHERE Name='Walls'");
+    script.expect(Answer::Ok);
+    driver->press(Qt::Key_Up);
+    EXPECT_EQ(tasks().Row(), 2);
+    driver->press(Qt::Key_Escape);
+    EXPECT_EQ(tasks().RowCount(), 1);
+    deleteElsewhere("ContractorPlanTask");
+    script.expect(Answer::Yes);
+    script.expect(Answer::Ok);
+    driver->clickToolbar("Del");
+    EXPECT_EQ(script.shown().size(), 3U);
+    EXPECT_EQ(tasks().RowCount(), 0);
+}
+
+TEST_F(BuilderGrids, APlanThatAnotherSeatDeletedIsToldWhenItIsRenamed) {
+    openPlans();
+    clickCell("jgPlans", 1, PlanName);
+    driver->type("Alder");
+    deleteElsewhere("ContractorPlan WHERE PlanName='Aspen'");
+    script.expect(Answer::Ok);
+    driver->press(Qt::Key_Down);
+    driver->press(Qt::Key_Escape);
+    EXPECT_EQ(plans().RowCount(), 1);
+    EXPECT_EQ(plans().value("PlanName"), Value("Birch"));
+    EXPECT_EQ(tasks().RowCount(), 0) << "no tasks of the plan that has gone";
+    EXPECT_EQ(data.count("ContractorPlan"), 1);
+}
+
+TEST_F(BuilderGrids, TasksAreTypedOneBehindTheOtherOnTheNewRowLine) {
+    openPlans();
+    clickCell("jgTasks", 3, TaskName);
+    driver->type("Sweep");
+    driver->press(Qt::Key_Return);
+    driver->type("7");
+    driver->press(Qt::Key_Return);
+    driver->press(Qt::Key_Space);
+    driver->press(Qt::Key_Down);
+    EXPECT_EQ(tasks().Row(), 4);
+    driver->press(Qt::Key_Home);
+    driver->press(Qt::Key_Right);
+    driver->type("Gone");
+    driver->press(Qt::Key_Escape, Qt::NoModifier, 2);
+    driver->type("Trim");
+    driver->press(Qt::Key_Tab);
+    clickCell("jgTasks", 1, TaskName);
+    const QString own = " AND CustomTask IS NULL AND CodeKey=" + QString::number(data.framing) +
+                        " AND ContractorPlanKey=" + QString::number(data.plan);
+    EXPECT_EQ(
+        data.count("ContractorPlanTask WHERE Name='Sweep' AND MasterPrice=7 AND ExcludeDependency=-1" + own),
+        1);
+    EXPECT_EQ(data.count("ContractorPlanTask WHERE Name='Trim' AND ExcludeDependency=0" + own), 1);
+    EXPECT_EQ(tasks().RowCount(), 4);
+}

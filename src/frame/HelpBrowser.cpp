@@ -4,6 +4,8 @@
 
 #include <QResizeEvent>
 #include <QStyle>
+#include <QTextBlock>
+#include <QTextCursor>
 #include <QTextDocument>
 #include <QTextTable>
 
@@ -16,7 +18,19 @@ namespace {
 constexpr double pageMargin = 20;
 constexpr double cellPadding = 4;
 constexpr double tableMargin = 8;
+constexpr double pictureMargin = 8;
 constexpr double readingScale = 1.1;
+
+void giveRoomToPictures(const QTextDocument& page) {
+    for (QTextBlock block = page.begin(); block.isValid(); block = block.next()) {
+        if (block.begin().atEnd() || !block.begin().fragment().charFormat().isImageFormat())
+            continue;
+        QTextBlockFormat format = block.blockFormat();
+        format.setTopMargin(pictureMargin);
+        format.setBottomMargin(pictureMargin);
+        QTextCursor(block).setBlockFormat(format);
+    }
+}
 
 } // namespace
 
@@ -35,6 +49,7 @@ void HelpBrowser::markWords(const QStringList& words) {
 
 /// Markdown knows no table style, and the toolkit's own draws every line twice.
 void HelpBrowser::dressPage() {
+    giveRoomToPictures(*document());
     for (QTextFrame* frame : document()->rootFrame()->childFrames()) {
         auto* table = qobject_cast<QTextTable*>(frame);
         if (table == nullptr)

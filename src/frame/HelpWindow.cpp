@@ -13,6 +13,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPointer>
+#include <QScreen>
 #include <QSplitter>
 #include <QToolBar>
 #include <QUrl>
@@ -25,7 +26,7 @@ namespace tarnwell {
 
 namespace {
 
-constexpr QSize openingSize(860, 620);
+constexpr QSize openingSize(980, 720);
 constexpr int contentsWidth = 220;
 constexpr int listSpacing = 3;
 const QString contentsPage = QStringLiteral("contents");
@@ -76,7 +77,7 @@ HelpWindow::HelpWindow(QWidget* owner)
     splitter->setStretchFactor(1, 1);
     splitter->setSizes({contentsWidth, openingSize.width() - contentsWidth});
     setCentralWidget(splitter);
-    resize(openingSize);
+    resize(openingSize.boundedTo(screen()->availableSize()));
     buildActions();
     fillContents();
     connect(m_contents, &QListWidget::currentRowChanged, this, guarded([this](int row) {
@@ -127,7 +128,9 @@ void HelpWindow::search() {
     const QStringList words = searchWords(m_search->text());
     int first = -1;
     for (int row = static_cast<int>(m_pages.size()) - 1; row >= 0; --row) {
-        const bool found = isFound(m_pages.at(static_cast<std::size_t>(row)), words);
+        const HelpPage& page = m_pages.at(static_cast<std::size_t>(row));
+        // The contents only name what other pages tell.
+        const bool found = isFound(page, words) && (words.isEmpty() || page.name != contentsPage);
         m_contents->item(row)->setHidden(!found);
         if (found)
             first = row;

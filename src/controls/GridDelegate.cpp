@@ -2,6 +2,7 @@
 
 #include "controls/GridEditor.h"
 #include "controls/GridModel.h"
+#include "frame/Theme.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -22,11 +23,6 @@ constexpr int buttonWidth = 20;
 constexpr int branchWidth = 18; ///< By this much a child goes in.
 constexpr double activeShade = 0.30, quietShade = 0.14, quietFrame = 0.55, gridLine = 0.15, boxLine = 0.45,
                  branchLine = 0.5;
-
-QColor blend(const QColor& base, const QColor& over, double share) {
-    const auto mix = [share](int a, int b) { return static_cast<int>(a + (b - a) * share); };
-    return {mix(base.red(), over.red()), mix(base.green(), over.green()), mix(base.blue(), over.blue())};
-}
 
 QColor baseColor(const QStyleOptionViewItem& option) {
     const bool alternate = option.features.testFlag(QStyleOptionViewItem::Alternate);
@@ -96,20 +92,19 @@ void GridDelegate::paintBackground(QPainter& painter, const QStyleOptionViewItem
                                    const QModelIndex& index) const {
     QColor color = baseColor(option);
     if (index.row() == m_currentRow)
-        color = blend(color, option.palette.color(QPalette::Highlight),
-                      isActive(option) ? activeShade : quietShade);
+        color = mixed(color, markColor(option.palette), isActive(option) ? activeShade : quietShade);
     painter.fillRect(option.rect, color);
     // The styles' own lines can't be seen on a dark base.
     painter.setPen(
-        blend(option.palette.color(QPalette::Base), option.palette.color(QPalette::Text), gridLine));
+        mixed(option.palette.color(QPalette::Base), option.palette.color(QPalette::Text), gridLine));
     painter.drawLine(option.rect.topRight(), option.rect.bottomRight());
     painter.drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
 }
 
 void GridDelegate::paintFrame(QPainter& painter, const QStyleOptionViewItem& option) const {
-    const QColor highlight = option.palette.color(QPalette::Highlight);
+    const QColor highlight = markColor(option.palette);
     painter.setPen(isActive(option) ? QPen(highlight, 2)
-                                    : QPen(blend(baseColor(option), highlight, quietFrame), 1));
+                                    : QPen(mixed(baseColor(option), highlight, quietFrame), 1));
     painter.setBrush(Qt::NoBrush);
     painter.drawRect(isActive(option) ? option.rect.adjusted(1, 1, -1, -1)
                                       : option.rect.adjusted(0, 0, -1, -1));
@@ -126,7 +121,7 @@ void GridDelegate::paintCheckBox(QPainter& painter, const QStyleOptionViewItem& 
                      style.pixelMetric(QStyle::PM_IndicatorHeight, &option, option.widget));
     box.rect.moveCenter(option.rect.center());
     style.drawPrimitive(QStyle::PE_IndicatorItemViewItemCheck, &box, &painter, option.widget);
-    painter.setPen(blend(baseColor(option), option.palette.color(QPalette::Text), boxLine));
+    painter.setPen(mixed(baseColor(option), option.palette.color(QPalette::Text), boxLine));
     painter.setBrush(Qt::NoBrush);
     painter.drawRect(box.rect.adjusted(0, 0, -1, -1));
 }
@@ -190,7 +185,7 @@ void GridDelegate::paintBranch(QPainter& painter, const QStyleOptionViewItem& op
     const int stem = cell.left() + branchWidth / 2;
     const int middle = cell.center().y();
     const bool last = m_model.treeLevel(index.row() + 1, index.column() + 1) != TreeLevel::Child;
-    painter.setPen(blend(baseColor(option), option.palette.color(QPalette::Text), branchLine));
+    painter.setPen(mixed(baseColor(option), option.palette.color(QPalette::Text), branchLine));
     painter.drawLine(stem, cell.top(), stem, last ? middle : cell.bottom());
     painter.drawLine(stem, middle, cell.left() + branchWidth - textMargin, middle);
 }

@@ -9,6 +9,10 @@ constexpr int darkLightness = 128;
 constexpr QColor linkOnLight(0x1d, 0x6f, 0x93);
 constexpr QColor linkOnDark(0x6f, 0xc0, 0xe8);
 
+bool isDark(const QPalette& palette) {
+    return palette.color(QPalette::Active, QPalette::Base).lightness() < darkLightness;
+}
+
 } // namespace
 
 QColor mixed(const QColor& base, const QColor& other, double share) {
@@ -17,17 +21,22 @@ QColor mixed(const QColor& base, const QColor& other, double share) {
             channel(base.blue(), other.blue())};
 }
 
+QColor markColor(const QPalette& palette) {
+    const QColor highlight = palette.color(QPalette::Active, QPalette::Highlight);
+    return isDark(palette) ? mixed(highlight, palette.color(QPalette::Active, QPalette::Text), 0.35)
+                           : highlight;
+}
+
 QPalette refinements(const QPalette& desktop) {
     const QColor base = desktop.color(QPalette::Active, QPalette::Base);
     const QColor text = desktop.color(QPalette::Active, QPalette::Text);
-    const QColor highlight = desktop.color(QPalette::Active, QPalette::Highlight);
-    const QColor link = base.lightness() < darkLightness ? linkOnDark : linkOnLight;
+    const QColor link = isDark(desktop) ? linkOnDark : linkOnLight;
     QPalette refined = desktop;
     refined.setResolveMask(0);
     refined.setColor(QPalette::Link, link);
     refined.setColor(QPalette::LinkVisited, link);
     refined.setColor(QPalette::PlaceholderText, mixed(text, base, 0.45));
-    refined.setColor(QPalette::Inactive, QPalette::Highlight, mixed(base, highlight, 0.35));
+    refined.setColor(QPalette::Inactive, QPalette::Highlight, mixed(base, markColor(desktop), 0.35));
     refined.setColor(QPalette::Inactive, QPalette::HighlightedText, text);
     return refined;
 }

@@ -8,6 +8,10 @@ namespace tarnwell {
 /// `share` of `other` in `base`, from 0 (all `base`) to 1 (all `other`).
 [[nodiscard]] QColor mixed(const QColor& base, const QColor& other, double share);
 
+/// The selection's colour for shades and frames on the base, the same in every window; a dark base takes a
+/// lighter one than the desktop lays under selected text.
+[[nodiscard]] QColor markColor(const QPalette& palette);
+
 /// What a desktop's palette may lack, as a palette that sets nothing else: links and hints that can be read
 /// on its background, and a selection that stays visible while another window is active.
 [[nodiscard]] QPalette refinements(const QPalette& desktop);

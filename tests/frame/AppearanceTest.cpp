@@ -116,4 +116,17 @@ TEST(Theme, LinksCanBeReadOnLightAndDark) {
     }
 }
 
+TEST(Theme, ASelectionStandsOffFromTheBaseAndItsTextFromItInAQuietWindow) {
+    for (const auto& [base, text] : {std::pair(QColor(Qt::white), QColor(Qt::black)),
+                                     std::pair(QColor(0x2d, 0x2d, 0x2d), QColor(Qt::white))}) {
+        QPalette desktop;
+        desktop.setColor(QPalette::Base, base);
+        desktop.setColor(QPalette::Text, text);
+        desktop.setColor(QPalette::Highlight, QColor(0x15, 0x53, 0x9e));
+        const QColor quiet = refinements(desktop).color(QPalette::Inactive, QPalette::Highlight);
+        EXPECT_GT(qAbs(quiet.lightness() - base.lightness()), 25) << base.name().toStdString();
+        EXPECT_GT(qAbs(quiet.lightness() - text.lightness()), 120) << base.name().toStdString();
+    }
+}
+
 } // namespace tarnwell::test

@@ -1,4 +1,6 @@
+#include "data/DatabaseFile.h"
 #include "data/SqliteHandle.h"
+#include "support/DeathFolder.h"
 #include "support/RaisedNumber.h"
 #include "support/TemporaryDatabase.h"
 
@@ -245,21 +247,23 @@ TEST(Closing, CountsTheRowsThatJoinsWerePlannedWithout) {
 }
 
 TEST(KilledProgramDeathTest, LeavesWhatItHadWritten) {
-    TemporaryDatabase database;
-    // The other process must not inherit an open database.
-    database.connection().Close();
+    const DeathFolder folder;
+    const QString path = folder.filePath("Killed.mdb");
+    Connection connection;
+    connection.setConnectionString(connectionStringFor(path));
     EXPECT_EXIT(
         {
-            const auto seat = database.secondSeat();
+            createDatabase(path);
+            connection.Open();
             Recordset rows;
-            rows.Open(QStringLiteral("MasterTask"), *seat, CursorType::Dynamic, LockType::Optimistic);
+            rows.Open(QStringLiteral("MasterTask"), connection, CursorType::Dynamic, LockType::Optimistic);
             rows.AddNew();
             rows.Update();
             std::raise(SIGKILL);
         },
         testing::KilledBySignal(SIGKILL), "");
-    database.connection().Open();
-    EXPECT_EQ(database.ask(QStringLiteral("SELECT COUNT(*) FROM MasterTask")), Value(1));
+    connection.Open();
+    EXPECT_EQ(firstValue(connection, QStringLiteral("SELECT COUNT(*) FROM MasterTask")), Value(1));
 }
 
 TEST(TwoSeats, TheVersionOfTheDataTellsThatEitherHasWritten) {

@@ -7,12 +7,12 @@
 #include "frame/RunTime.h"
 #include "frame/modErrorRoutines.h"
 #include "frame/modGlobalVariables.h"
+#include "support/DeathFolder.h"
 #include "support/MessageScript.h"
 #include "support/TemporaryDatabase.h"
 
 #include <QDir>
 #include <QFile>
-#include <QTemporaryDir>
 #include <QTimer>
 
 #include <gtest/gtest.h>
@@ -28,7 +28,7 @@ protected:
     ErrorPath() : m_clock(setClock([] { return DateTime{QDate(2002, 1, 5), QTime(14, 7)}; })) {
         gUserName = QStringLiteral("ann");
         gProgramFolder = m_folder.filePath(QStringLiteral("Tarnwell"));
-        gLogPath = m_folder.path() + u'/';
+        gLogPath = m_folder.filePath({});
     }
     ~ErrorPath() override {
         setClock(m_clock);
@@ -48,7 +48,7 @@ protected:
     const RunTimeError changed{-2147217864, QStringLiteral("Provider"), QStringLiteral("Row changed.")};
 
 private:
-    QTemporaryDir m_folder;
+    test::DeathFolder m_folder;
     Clock m_clock;
 };
 

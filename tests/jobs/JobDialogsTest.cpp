@@ -208,7 +208,6 @@ TEST_F(LotFromPlan, ALotThatTookNothingStillCountsAsFilled) {
 }
 
 TEST_F(LotFromPlan, APlanClickedForAnUnwrittenLotStopsTheProgram) {
-    GTEST_FLAG_SET(death_test_style, "threadsafe");
     caller.lot.jobLotKey = {};
     EXPECT_EXIT(
         {

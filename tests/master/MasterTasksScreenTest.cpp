@@ -14,7 +14,6 @@ struct MasterTasksTest : MasterScreenTest<frmMasterTasks> {
     qint64 unpaid = data.addLotTask(data.openLot, data.walls);
 
     MasterTasksTest() {
-        GTEST_FLAG_SET(death_test_style, "threadsafe");
         data.addTask("Beams", 40, data.framing);
         data.addTask("Pipes", 30, data.plumbing);
     }
@@ -244,7 +243,6 @@ TEST_F(MasterTasksTest, AddingADependencyWhereThereIsNoOtherCategoryStopsTheProg
             driver->clickToolbar("Add");
         },
         ::testing::ExitedWithCode(1), "381");
-    EXPECT_EQ(ask("SELECT Count(*) FROM CategoryDependency"), Value(0));
 }
 
 TEST_F(MasterTasksTest, DependenciesAreAddedByTypingAndRemovedWhenAsked) {

@@ -1,11 +1,9 @@
-#include <QCoreApplication>
-#include <QStandardPaths>
+#include "support/TestProgram.h"
 
-#include <gtest/gtest.h>
+#include <QCoreApplication>
 
 int main(int argc, char** argv) {
-    ::testing::InitGoogleTest(&argc, argv);
-    QStandardPaths::setTestModeEnabled(true);
+    tarnwell::test::beginTests(argc, argv);
     const QCoreApplication application(argc, argv);
     return RUN_ALL_TESTS();
 }

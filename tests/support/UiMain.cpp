@@ -1,14 +1,12 @@
-#include <QApplication>
-#include <QStandardPaths>
+#include "support/TestProgram.h"
 
-#include <gtest/gtest.h>
+#include <QApplication>
 
 int main(int argc, char** argv) {
-    ::testing::InitGoogleTest(&argc, argv);
+    tarnwell::test::beginTests(argc, argv);
     // Also where a test program only tells its tests, no display is needed.
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
-    QStandardPaths::setTestModeEnabled(true);
     const QApplication application(argc, argv);
     return RUN_ALL_TESTS();
 }

@@ -147,8 +147,10 @@ void Combo::keyPressEvent(QKeyEvent* event) {
         step(by);
     else
         QComboBox::keyPressEvent(event);
-    // Select All and Copy are no input: a search would take the selection away that is to be typed over.
-    if ((event->modifiers() & Qt::ControlModifier) != 0 && currentText() == before)
+    // Select All, Copy and the combo's own mnemonic are no input: a search would take the selection away that
+    // is to be typed over.
+    const bool isCommand = (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) != 0;
+    if (isCommand && currentText() == before)
         m_pressed.erase(event->nativeScanCode());
 }
 

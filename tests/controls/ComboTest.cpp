@@ -7,6 +7,7 @@
 
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QLabel>
 #include <QLineEdit>
 #include <QTest>
 #include <QVBoxLayout>
@@ -156,6 +157,24 @@ TEST_F(ComboTest, SelectAllIsTypedOver) {
     combo->setListIndex(2);
     const ScreenDriver driver(window);
     driver.press(Qt::Key_A, Qt::ControlModifier);
+    EXPECT_EQ(combo->lineEdit()->selectedText(), "Roof");
+    driver.type("fr");
+    EXPECT_EQ(combo->Text(), "Framing");
+}
+
+TEST_F(ComboTest, ItsOwnMnemonicLeavesTheTextToBeTypedOver) {
+    searchOnKeyUp();
+    combo->setListIndex(2);
+    auto* caption = new QLabel("&Category:", &window);
+    caption->setBuddy(combo);
+    window.layout()->addWidget(caption);
+    const ScreenDriver driver(window);
+    combo->lineEdit()->selectAll();
+    chosen.clear();
+    QTest::keyPress(&window, Qt::Key_Alt, Qt::AltModifier);
+    driver.press(Qt::Key_C, Qt::AltModifier);
+    QTest::keyRelease(&window, Qt::Key_Alt);
+    EXPECT_TRUE(chosen.empty());
     EXPECT_EQ(combo->lineEdit()->selectedText(), "Roof");
     driver.type("fr");
     EXPECT_EQ(combo->Text(), "Framing");

@@ -323,8 +323,9 @@ void Driver::windowPicture(const QString& name) {
     QImage image;
     act([&] {
         QWidget& window = front();
-        image =
-            QImage(window.size() + QSize(2 * frameWidth, titleHeight + 2 * frameWidth), QImage::Format_RGB32);
+        const QSize framed = window.size() + QSize(2 * frameWidth, titleHeight + 2 * frameWidth);
+        image = QImage(framed * window.devicePixelRatio(), QImage::Format_RGB32);
+        image.setDevicePixelRatio(window.devicePixelRatio());
         QPainter painter(&image);
         paintWindow(painter, window, window.mapToGlobal(QPoint(-frameWidth, -titleHeight - frameWidth)));
     });

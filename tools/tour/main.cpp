@@ -3,11 +3,13 @@
 #include "SampleScale.h"
 #include "frame/RunTime.h"
 #include "frame/StartUp.h"
+#include "frame/Theme.h"
 #include "frame/modGlobalVariables.h"
 #include "frame/modRegistry.h"
 #include "tour/Chapters.h"
 #include "tour/WindowKeeper.h"
 
+#include <QCommandLineParser>
 #include <QDir>
 #include <QFile>
 #include <QLocale>
@@ -18,7 +20,6 @@
 
 #include <memory>
 #include <span>
-#include <string_view>
 
 namespace {
 
@@ -40,13 +41,17 @@ bool needsDesktop() {
     return true;
 }
 
-/// The toolkit's screen in memory, at the size of a small desktop.
-void standInForDesktop(const QDir& folder) {
+/// The toolkit's screen in memory, at the size of a small desktop; `scale` dots to each of its points.
+void standInForDesktop(const QDir& folder, int scale) {
     const QString path = folder.filePath(QStringLiteral("screen.json"));
     QFile file(path);
     if (file.open(QIODevice::WriteOnly))
-        file.write(R"({"screens": [{"name": "tour", "x": 0, "y": 0, "width": 1280, "height": 800,
-                      "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})");
+        file.write(QStringLiteral(R"({"screens": [{"name": "tour", "x": 0, "y": 0, "width": %1, "height": %2,
+                                  "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})")
+                       .arg(1280 * scale)
+                       .arg(800 * scale)
+                       .toUtf8());
+    qputenv("QT_SCALE_FACTOR", QByteArray::number(scale));
     qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + QFile::encodeName(path));
 }
 
@@ -127,22 +132,42 @@ int follow(const Course& course, Program& program) {
     return passed ? 0 : 1;
 }
 
-int takePictures(const QDir& folder, int& argc, char** argv) {
+/// The colours of a dark desktop.
+void darken() {
+    QPalette dark(QColor(0x31, 0x36, 0x3b), QColor(0x2a, 0x2e, 0x32));
+    const QColor text(0xfc, 0xfc, 0xfc);
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        for (const auto group : {QPalette::Active, QPalette::Inactive})
+            dark.setColor(group, role, text);
+    dark.setColor(QPalette::Base, QColor(0x1b, 0x1e, 0x20));
+    dark.setColor(QPalette::AlternateBase, QColor(0x23, 0x26, 0x29));
+    dark.setColor(QPalette::Highlight, QColor(0x3d, 0xae, 0xe9));
+    QApplication::setPalette(refinements(dark).resolve(dark));
+}
+
+struct Look {
+    bool isDark = false;
+    int scale = 1;
+};
+
+int takePictures(const QDir& folder, const Look& look, int& argc, char** argv) {
     const QTemporaryDir place;
     const QString data = QStringLiteral("data");
     if (!place.isValid() || !QDir(place.path()).mkpath(data) || !QDir::setCurrent(place.path())) {
         say(QStringLiteral("No folder can be made for the sample: ") + place.errorString());
         return 1;
     }
-    standInForDesktop(place.path());
+    standInForDesktop(place.path(), look.scale);
     Program program(argc, argv);
+    if (look.isDark)
+        darken();
     standStill();
     return follow({.folder = folder, .workplace = QDir(data), .chapters = tour::pictureChapters()}, program);
 }
 
 int takeTour(const QDir& folder, int& argc, char** argv) {
     if (needsDesktop())
-        standInForDesktop(folder);
+        standInForDesktop(folder, 1);
     Program program(argc, argv);
     return follow({.folder = folder, .workplace = folder, .chapters = tour::chapters()}, program);
 }
@@ -150,18 +175,27 @@ int takeTour(const QDir& folder, int& argc, char** argv) {
 } // namespace
 
 /// tarnwell-tour FOLDER: walks through the whole program on a fresh sample by keys and clicks and leaves
-/// pictures and PDFs in the folder. With --pictures before it: the pictures of the manual. Exit code 0 when
-/// everything showed what it should.
+/// pictures and PDFs in the folder. With --pictures: the pictures of the manual; they may be made as they are
+/// on a dark desktop or on one of twice the dots. Exit code 0 when everything showed what it should.
 int main(int argc, char** argv) {
-    const bool pictures = argc == 3 && std::string_view(argv[1]) == "--pictures";
-    if (argc != 2 && !pictures) {
-        say(QStringLiteral("usage: tarnwell-tour [--pictures] FOLDER"));
+    QCommandLineParser line;
+    const QCommandLineOption pictures(QStringLiteral("pictures"));
+    const QCommandLineOption dark(QStringLiteral("dark"));
+    const QCommandLineOption doubled(QStringLiteral("double"));
+    line.addOptions({pictures, dark, doubled});
+    QStringList arguments;
+    for (const char* argument : std::span(argv, static_cast<std::size_t>(argc)))
+        arguments << QString::fromLocal8Bit(argument);
+    if (!line.parse(arguments) || line.positionalArguments().size() != 1 ||
+        (!line.isSet(pictures) && (line.isSet(dark) || line.isSet(doubled)))) {
+        say(QStringLiteral("usage: tarnwell-tour [--pictures [--dark] [--double]] FOLDER"));
         return 2;
     }
-    const QDir folder(QDir(QString::fromLocal8Bit(argv[argc - 1])).absolutePath());
+    const QDir folder(QDir(line.positionalArguments().constFirst()).absolutePath());
     if (!folder.mkpath(QStringLiteral("."))) {
         say(QStringLiteral("The folder can't be made: ") + folder.path());
         return 1;
     }
-    return pictures ? takePictures(folder, argc, argv) : takeTour(folder, argc, argv);
+    const Look look{.isDark = line.isSet(dark), .scale = line.isSet(doubled) ? 2 : 1};
+    return line.isSet(pictures) ? takePictures(folder, look, argc, argv) : takeTour(folder, argc, argv);
 }

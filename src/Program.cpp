@@ -6,6 +6,7 @@
 #include "frame/HelpKey.h"
 #include "frame/Icons.h"
 #include "frame/MessagePresenter.h"
+#include "frame/ProgramStyle.h"
 #include "frame/Theme.h"
 #include "frame/Version.h"
 #include "frame/frmAbout.h"
@@ -57,6 +58,7 @@ Program::Program(int& argc, char** argv) : QApplication(argc, argv) {
         QStringLiteral("%1.%2.%3").arg(versionMajor).arg(versionMinor).arg(versionRevision));
     setDesktopFileName(QStringLiteral("tarnwell"));
     setWindowIcon(programIcon());
+    setStyle(new ProgramStyle);
     setPalette(refinements(palette()));
     installPresenters();
     new HelpKey(this);

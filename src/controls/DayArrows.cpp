@@ -1,5 +1,7 @@
 #include "controls/DayArrows.h"
 
+#include "frame/Theme.h"
+
 #include <QContextMenuEvent>
 #include <QProxyStyle>
 #include <QStyleOptionFocusRect>
@@ -58,8 +60,9 @@ void DayArrows::paintEvent(QPaintEvent* event) {
     QScrollBar::paintEvent(event);
     QStylePainter painter(this);
     // A bar's style outlines the side towards the text only; these stand alone, beside a field.
-    constexpr int outlineDarker = 140;
-    painter.setPen(palette().color(QPalette::Window).darker(outlineDarker));
+    constexpr int outlineChange = 140, outlineChangeOnDark = 200;
+    const QColor window = palette().color(QPalette::Window);
+    painter.setPen(isDark(window) ? window.lighter(outlineChangeOnDark) : window.darker(outlineChange));
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
     if (!hasFocus())
         return;

@@ -18,11 +18,11 @@ namespace tarnwell {
 
 namespace {
 
-constexpr int textMargin = 3;
+constexpr int textMargin = 5;
 constexpr int buttonWidth = 20;
 constexpr int branchWidth = 18; ///< By this much a child goes in.
-constexpr double activeShade = 0.30, quietShade = 0.14, quietFrame = 0.55, gridLine = 0.15, boxLine = 0.45,
-                 branchLine = 0.5;
+constexpr double activeShade = 0.30, quietShade = 0.14, quietShadeOnDark = 0.22, quietFrame = 0.55,
+                 gridLine = 0.15, boxLine = 0.45, branchLine = 0.5;
 
 QColor baseColor(const QStyleOptionViewItem& option) {
     const bool alternate = option.features.testFlag(QStyleOptionViewItem::Alternate);
@@ -34,6 +34,13 @@ bool isActive(const QStyleOptionViewItem& option) {
     const QWidget* focus = QApplication::focusWidget();
     return option.widget != nullptr && focus != nullptr &&
            (option.widget == focus || option.widget->isAncestorOf(focus));
+}
+
+/// How much of the highlight is in the current row. A dark base swallows a shade that a light one shows.
+double currentShade(const QStyleOptionViewItem& option) {
+    if (isActive(option))
+        return activeShade;
+    return isDark(baseColor(option)) ? quietShadeOnDark : quietShade;
 }
 
 /// Also across windows: the list that an editor opens is one of its own.
@@ -92,7 +99,7 @@ void GridDelegate::paintBackground(QPainter& painter, const QStyleOptionViewItem
                                    const QModelIndex& index) const {
     QColor color = baseColor(option);
     if (index.row() == m_currentRow)
-        color = mixed(color, markColor(option.palette), isActive(option) ? activeShade : quietShade);
+        color = mixed(color, markColor(option.palette), currentShade(option));
     painter.fillRect(option.rect, color);
     // The styles' own lines can't be seen on a dark base.
     painter.setPen(

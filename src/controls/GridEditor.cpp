@@ -12,6 +12,7 @@ namespace {
 QWidget* makeLine(const GridColumn& column, QWidget* parent) {
     auto* line = new QLineEdit(parent);
     line->setFrame(false);
+    line->setTextMargins(1, 0, 1, 0); // the text stands where the cell shows it
     if (column.maxLength > 0)
         line->setMaxLength(column.maxLength);
     if (column.format == ColumnFormat::Fixed)

@@ -9,10 +9,6 @@ constexpr int darkLightness = 128;
 constexpr QColor linkOnLight(0x1d, 0x6f, 0x93);
 constexpr QColor linkOnDark(0x6f, 0xc0, 0xe8);
 
-bool isDark(const QPalette& palette) {
-    return palette.color(QPalette::Active, QPalette::Base).lightness() < darkLightness;
-}
-
 } // namespace
 
 QColor mixed(const QColor& base, const QColor& other, double share) {
@@ -21,16 +17,21 @@ QColor mixed(const QColor& base, const QColor& other, double share) {
             channel(base.blue(), other.blue())};
 }
 
+bool isDark(const QColor& background) {
+    return background.lightness() < darkLightness;
+}
+
 QColor markColor(const QPalette& palette) {
     const QColor highlight = palette.color(QPalette::Active, QPalette::Highlight);
-    return isDark(palette) ? mixed(highlight, palette.color(QPalette::Active, QPalette::Text), 0.35)
-                           : highlight;
+    return isDark(palette.color(QPalette::Active, QPalette::Base))
+               ? mixed(highlight, palette.color(QPalette::Active, QPalette::Text), 0.35)
+               : highlight;
 }
 
 QPalette refinements(const QPalette& desktop) {
     const QColor base = desktop.color(QPalette::Active, QPalette::Base);
     const QColor text = desktop.color(QPalette::Active, QPalette::Text);
-    const QColor link = isDark(desktop) ? linkOnDark : linkOnLight;
+    const QColor link = isDark(base) ? linkOnDark : linkOnLight;
     QPalette refined = desktop;
     refined.setResolveMask(0);
     refined.setColor(QPalette::Link, link);

@@ -8,6 +8,8 @@ namespace tarnwell {
 /// `share` of `other` in `base`, from 0 (all `base`) to 1 (all `other`).
 [[nodiscard]] QColor mixed(const QColor& base, const QColor& other, double share);
 
+[[nodiscard]] bool isDark(const QColor& background);
+
 /// The selection's colour for shades and frames on the base, the same in every window; a dark base takes a
 /// lighter one than the desktop lays under selected text.
 [[nodiscard]] QColor markColor(const QPalette& palette);

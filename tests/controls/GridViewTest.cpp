@@ -1,4 +1,5 @@
 #include "GridFixture.h"
+#include "frame/Theme.h"
 #include "frame/modGeneral.h"
 
 #include <QAbstractItemView>
@@ -25,6 +26,30 @@ TEST_F(GridTest, AReadOnlyGridIsWalkedAndLeftAtOnce) {
     EXPECT_FALSE(grid->isPending());
     driver->press(Qt::Key_Tab);
     EXPECT_EQ(driver->focusedName(), "after");
+}
+
+TEST_F(GridTest, TheCurrentRowShowsWithoutTheFocusOnLightAndDark) {
+    start();
+    const std::pair<QColor, int> leastDifference[] = {{Qt::white, 40}, {QColor(0x1b, 0x1e, 0x20), 80}};
+    for (const auto& [base, least] : leastDifference) {
+        QPalette palette = refinements(QPalette(base, base));
+        palette.setColor(QPalette::Base, base);
+        palette.setColor(QPalette::Text, isDark(base) ? Qt::white : Qt::black);
+        palette.setColor(QPalette::AlternateBase, base);
+        palette.setColor(QPalette::Highlight, QColor(0x3d, 0xae, 0xe9));
+        window.setPalette(palette);
+        driver->focus("after");
+        const QImage image = grid->viewport()->grab().toImage();
+        const auto corner = [&](int row) {
+            return image.pixelColor(cell(row, Name).topRight() - QPoint(4, -4));
+        };
+        const QColor current = corner(1);
+        const QColor other = corner(2);
+        EXPECT_GT(qAbs(current.red() - other.red()) + qAbs(current.green() - other.green()) +
+                      qAbs(current.blue() - other.blue()),
+                  least)
+            << base.name().toStdString();
+    }
 }
 
 TEST_F(GridTest, AScreenMayTakeAKeyOrReplaceIt) {

@@ -1,13 +1,18 @@
 #include "frame/Icons.h"
 #include "frame/MessagePresenter.h"
+#include "frame/ProgramStyle.h"
 #include "frame/Theme.h"
 #include "support/ScreenDriver.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QRadioButton>
+#include <QStyleOptionButton>
 #include <QTest>
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 namespace tarnwell::test {
@@ -126,6 +131,26 @@ TEST(Theme, ASelectionStandsOffFromTheBaseAndItsTextFromItInAQuietWindow) {
         const QColor quiet = refinements(desktop).color(QPalette::Inactive, QPalette::Highlight);
         EXPECT_GT(qAbs(quiet.lightness() - base.lightness()), 25) << base.name().toStdString();
         EXPECT_GT(qAbs(quiet.lightness() - text.lightness()), 120) << base.name().toStdString();
+    }
+}
+
+TEST(Theme, EmptyBoxesCanBeSeenOnADarkWindow) {
+    const QColor window(0x2a, 0x2e, 0x32);
+    ProgramStyle style;
+    QCheckBox tick;
+    QRadioButton option;
+    for (QAbstractButton* button :
+         {static_cast<QAbstractButton*>(&tick), static_cast<QAbstractButton*>(&option)}) {
+        button->setStyle(&style);
+        QPalette dark(QColor(0x31, 0x36, 0x3b), window);
+        dark.setColor(QPalette::Base, QColor(0x1b, 0x1e, 0x20));
+        button->setPalette(dark);
+        button->resize(button->sizeHint());
+        const QImage image = button->grab().toImage();
+        int lightest = 0;
+        for (int x = 0; x < image.width(); ++x)
+            lightest = std::max(lightest, image.pixelColor(x, image.height() / 2).lightness());
+        EXPECT_GT(lightest, window.lightness() + 60) << button->metaObject()->className();
     }
 }
 

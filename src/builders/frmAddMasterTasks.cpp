@@ -1,6 +1,7 @@
 #include "builders/frmAddMasterTasks.h"
 
 #include "builders/PickedLines.h"
+#include "controls/FormLayout.h"
 #include "controls/ListBox.h"
 #include "frame/DataEnvironment.h"
 #include "frame/EventGuard.h"
@@ -15,7 +16,6 @@ namespace {
 
 constexpr ButtonMask builtButtons = 19;
 constexpr QSize designSize(460, 520);
-constexpr int margin = 12, spacing = 8;
 constexpr auto hint = "Select Master Tasks to Add";
 
 /// What the next press of Select All turns round. It outlives the dialog, so that the first press in the
@@ -53,9 +53,7 @@ void frmAddMasterTasks::layOut() {
     lstTasks->setAccessibleName(hint);
     connect(cmdSelectAll, &QPushButton::clicked, this, guarded([this] { cmdSelectAll_Click(); }));
 
-    auto* form = new QVBoxLayout(canvas());
-    form->setContentsMargins(margin, margin, margin, margin);
-    form->setSpacing(spacing);
+    auto* form = filling<QVBoxLayout>(canvas());
     form->addWidget(lstTasks, 1);
     form->addWidget(cmdSelectAll, 0, Qt::AlignRight);
     setTabOrder(lstTasks, cmdSelectAll);

@@ -1,5 +1,6 @@
 #include "builders/frmBuilder.h"
 #include "controls/Combo.h"
+#include "controls/FormLayout.h"
 #include "controls/Grid.h"
 #include "controls/Label.h"
 #include "controls/ListBox.h"
@@ -17,7 +18,6 @@ namespace tarnwell {
 namespace {
 
 constexpr QSize designSize(1180, 640);
-constexpr int margin = 12, spacing = 8, columnGap = 16;
 constexpr int shortFieldWidth = 110;
 constexpr int recordShare = 3, jobShare = 2; // Of the upper half's width.
 constexpr int planShare = 2, taskShare = 3;  // Of the lower half's.
@@ -77,11 +77,9 @@ void frmBuilder::makeControls() {
     jgTasks = editableGrid(canvas(), taskColumns());
     nameControls();
 
-    auto* form = new QVBoxLayout(canvas());
-    form->setContentsMargins(margin, margin, margin, margin);
-    form->setSpacing(columnGap);
+    auto* form = filling<QVBoxLayout>(canvas(), formColumnGap);
     auto* upper = new QHBoxLayout;
-    upper->setSpacing(columnGap);
+    upper->setSpacing(formColumnGap);
     upper->addWidget(recordFrame(), recordShare);
     upper->addLayout(jobColumn(), jobShare);
     form->addLayout(upper);
@@ -105,9 +103,7 @@ QWidget* frmBuilder::recordFrame() {
     constexpr std::size_t state = 4, zip = 5;
     auto* frame = new QGroupBox("&Builder", canvas());
     frame->setObjectName("fraInformation");
-    auto* grid = new QGridLayout(frame);
-    grid->setHorizontalSpacing(spacing);
-    grid->setVerticalSpacing(spacing);
+    auto* grid = spaced<QGridLayout>(frame);
     int row = 0;
     for (std::size_t i = 0; i < m_fields.size(); ++i) {
         auto* caption =
@@ -130,8 +126,7 @@ QWidget* frmBuilder::recordFrame() {
 /// As high as the record beside it, so that the plans get the room.
 QLayout* frmBuilder::jobColumn() {
     lstJobs->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
-    auto* jobs = new QGridLayout;
-    jobs->setSpacing(spacing);
+    auto* jobs = spaced<QGridLayout>();
     jobs->addWidget(label("Jobs for Price Updates:", "lblField(8)", lstJobs), 0, 0);
     jobs->addWidget(cmdSelectAll, 0, 1, Qt::AlignRight);
     jobs->addWidget(lstJobs, 1, 0, 1, 2);
@@ -140,15 +135,11 @@ QLayout* frmBuilder::jobColumn() {
 }
 
 QLayout* frmBuilder::planHalf() {
-    auto* category = new QHBoxLayout;
-    category->setSpacing(spacing);
-    category->addWidget(label("&Category:", "lblField(0)", cmbType));
-    category->addWidget(cmbType, 1);
     auto* half = new QGridLayout;
-    half->setHorizontalSpacing(columnGap);
-    half->setVerticalSpacing(spacing);
+    half->setHorizontalSpacing(formColumnGap);
+    half->setVerticalSpacing(formSpacing);
     half->addWidget(label("Plans:", "lblField(9)", jgPlans), 0, 0);
-    half->addLayout(category, 0, 1);
+    half->addLayout(labelled("&Category:", "lblField(0)", cmbType), 0, 1);
     half->addWidget(jgPlans, 1, 0);
     half->addWidget(jgTasks, 1, 1);
     half->setColumnStretch(0, planShare);
@@ -161,8 +152,7 @@ QLayout* frmBuilder::planHalf() {
 void frmBuilder::orderTabs() {
     std::vector<QWidget*> order(m_fields.begin(), m_fields.end());
     order.insert(order.end(), {jgPlans, cmbType, jgTasks, lstJobs, cmdSelectAll});
-    for (std::size_t i = 1; i < order.size(); ++i)
-        setTabOrder(order.at(i - 1), order.at(i));
+    tabThrough(order);
 }
 
 } // namespace tarnwell

@@ -1,5 +1,6 @@
 #include "frame/frmOptions.h"
 
+#include "controls/FormLayout.h"
 #include "controls/Label.h"
 #include "frame/DatabaseSettings.h"
 #include "frame/EventGuard.h"
@@ -19,7 +20,6 @@ namespace tarnwell {
 
 namespace {
 
-constexpr int margin = 12, spacing = 8;
 constexpr int pathWidth = 440;
 constexpr int browseWidth = 40;
 constexpr int indent = 24; ///< A field below the option that it belongs to.
@@ -96,13 +96,10 @@ void frmOptions::makeControls() {
 }
 
 void frmOptions::layOut() {
-    const auto caption = [](const QString& text, const QString& name, QWidget* buddy) {
-        return label(text, name, buddy);
-    };
     auto* page = new QWidget;
     auto* paths = frame(QStringLiteral("Paths"), QStringLiteral("fraOptions(0)"), page);
     auto* pathRow = new QGridLayout(paths);
-    pathRow->addWidget(caption(QStringLiteral("Report:"), QStringLiteral("lblReport"), txtReportPath), 0, 0);
+    pathRow->addWidget(label(QStringLiteral("Report:"), QStringLiteral("lblReport"), txtReportPath), 0, 0);
     pathRow->addWidget(txtReportPath, 0, 1);
     pathRow->addWidget(cmdReportPath, 0, 2);
 
@@ -110,42 +107,30 @@ void frmOptions::layOut() {
     auto* rows = new QGridLayout(database);
     rows->setColumnMinimumWidth(0, indent);
     rows->addWidget(optEngine[0], 0, 0, 1, 4);
-    rows->addWidget(caption(QStringLiteral("File Path:"), QStringLiteral("lblFilePath"), txtFilePath), 1, 1);
+    rows->addWidget(label(QStringLiteral("File Path:"), QStringLiteral("lblFilePath"), txtFilePath), 1, 1);
     rows->addWidget(txtFilePath, 1, 2);
     rows->addWidget(cmdDataPath, 1, 3);
     rows->addWidget(optEngine[1], 2, 0, 1, 4);
-    rows->addWidget(caption(QStringLiteral("Server:"), QStringLiteral("lblServer"), txtServer), 3, 1);
+    rows->addWidget(label(QStringLiteral("Server:"), QStringLiteral("lblServer"), txtServer), 3, 1);
     rows->addWidget(txtServer, 3, 2);
-    rows->addWidget(caption(QStringLiteral("Catalog:"), QStringLiteral("lblCatalog"), txtCatalog), 4, 1);
+    rows->addWidget(label(QStringLiteral("Catalog:"), QStringLiteral("lblCatalog"), txtCatalog), 4, 1);
     rows->addWidget(txtCatalog, 4, 2);
     txtFilePath->setMinimumWidth(pathWidth);
     for (QPushButton* browse : {cmdReportPath, cmdDataPath})
         browse->setMaximumWidth(browseWidth);
 
-    auto* column = new QVBoxLayout(page);
-    column->setContentsMargins(margin, margin, margin, margin);
-    column->setSpacing(margin);
+    auto* column = filling<QVBoxLayout>(page, formMargin);
     column->addWidget(paths);
     column->addWidget(database);
 
     auto* tabs = new QTabWidget(canvas());
     tabs->setObjectName(QStringLiteral("TabStrip1"));
     tabs->addTab(page, QStringLiteral("General"));
-    auto* form = new QVBoxLayout(canvas());
-    form->setContentsMargins(margin, margin, margin, margin);
-    form->setSpacing(spacing);
+    auto* form = filling<QVBoxLayout>(canvas());
     form->addWidget(tabs);
-    auto* buttons = new QHBoxLayout;
-    buttons->setSpacing(spacing);
-    buttons->addStretch(1);
-    buttons->addWidget(cmdOK);
-    buttons->addWidget(cmdCancel);
-    form->addLayout(buttons);
-    const std::initializer_list<QWidget*> order{txtReportPath, cmdReportPath, optEngine[0], txtFilePath,
-                                                cmdDataPath,   optEngine[1],  txtServer,    txtCatalog,
-                                                cmdOK,         cmdCancel};
-    for (const auto* control = order.begin(); control + 1 != order.end(); ++control)
-        setTabOrder(control[0], control[1]);
+    form->addLayout(buttonRow({cmdOK, cmdCancel}));
+    tabThrough({txtReportPath, cmdReportPath, optEngine[0], txtFilePath, cmdDataPath, optEngine[1], txtServer,
+                txtCatalog, cmdOK, cmdCancel});
 }
 
 void frmOptions::optEngine_Click() {

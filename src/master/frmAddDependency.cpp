@@ -1,7 +1,7 @@
 #include "master/frmAddDependency.h"
 
 #include "controls/Combo.h"
-#include "controls/Label.h"
+#include "controls/FormLayout.h"
 #include "frame/DataEnvironment.h"
 #include "frame/EventGuard.h"
 #include "master/Categories.h"
@@ -18,7 +18,6 @@ namespace tarnwell {
 namespace {
 
 constexpr QSize designSize(380, 96);
-constexpr int margin = 12, spacing = 8;
 
 } // namespace
 
@@ -55,23 +54,11 @@ void frmAddDependency::Form_Load() {
 
 void frmAddDependency::layOut() {
     setDesignSize(designSize);
-    auto* form = new QVBoxLayout(canvas());
-    form->setContentsMargins(margin, margin, margin, margin);
-    form->setSpacing(spacing);
-    auto* category = new QHBoxLayout;
-    category->setSpacing(spacing);
-    category->addWidget(label("&Category:", "lblField(0)", cmbType));
-    category->addWidget(cmbType, 1);
-    form->addLayout(category);
+    auto* form = filling<QVBoxLayout>(canvas());
+    form->addLayout(labelled("&Category:", "lblField(0)", cmbType));
     form->addStretch(1);
-    auto* buttons = new QHBoxLayout;
-    buttons->setSpacing(spacing);
-    buttons->addStretch(1);
-    buttons->addWidget(cmdAdd);
-    buttons->addWidget(cmdCancel);
-    form->addLayout(buttons);
-    setTabOrder(cmbType, cmdAdd);
-    setTabOrder(cmdAdd, cmdCancel);
+    form->addLayout(buttonRow({cmdAdd, cmdCancel}));
+    tabThrough({cmbType, cmdAdd, cmdCancel});
 }
 
 void frmAddDependency::cmdAdd_Click() {

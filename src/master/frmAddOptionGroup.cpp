@@ -1,5 +1,6 @@
 #include "master/frmAddOptionGroup.h"
 
+#include "controls/FormLayout.h"
 #include "controls/Grid.h"
 #include "controls/Label.h"
 #include "controls/ListBox.h"
@@ -23,7 +24,6 @@ constexpr ButtonMask builtButtons = 2103;
 constexpr ButtonMask noGroupButtons = 19, groupButtons = 55;
 constexpr ButtonMask noGridButtons = 17, noTaskButtons = 2065, taskButtons = 2069;
 constexpr QSize designSize(760, 460);
-constexpr int margin = 12, spacing = 8, columnGap = 16;
 constexpr int groupShare = 2, taskShare = 5; // Of the width.
 constexpr int onGroups = 0, onTasks = 1;     // Of FocusArea.
 
@@ -106,17 +106,11 @@ void frmAddOptionGroup::makeControls() {
 }
 
 void frmAddOptionGroup::layOut() {
-    auto* form = new QVBoxLayout(canvas());
-    form->setContentsMargins(margin, margin, margin, margin);
-    form->setSpacing(spacing);
-    auto* builder = new QHBoxLayout;
-    builder->setSpacing(spacing);
-    builder->addWidget(label("Builder:", "lblField(0)", m_builderName));
-    builder->addWidget(m_builderName, 1);
-    form->addLayout(builder);
+    auto* form = filling<QVBoxLayout>(canvas());
+    form->addLayout(labelled("Builder:", "lblField(0)", m_builderName));
     auto* columns = new QGridLayout;
-    columns->setHorizontalSpacing(columnGap);
-    columns->setVerticalSpacing(spacing);
+    columns->setHorizontalSpacing(formColumnGap);
+    columns->setVerticalSpacing(formSpacing);
     columns->addWidget(label("Groups:", "lblField(1)", lstGroups), 0, 0);
     columns->addWidget(label("Tasks:", "lblField(2)", jgGroupOptions), 0, 1);
     columns->addWidget(lstGroups, 1, 0);
@@ -125,8 +119,7 @@ void frmAddOptionGroup::layOut() {
     columns->setColumnStretch(1, taskShare);
     columns->setRowStretch(1, 1);
     form->addLayout(columns, 1);
-    setTabOrder(lstGroups, jgGroupOptions);
-    setTabOrder(jgGroupOptions, m_builderName);
+    tabThrough({lstGroups, jgGroupOptions, m_builderName});
 }
 
 void frmAddOptionGroup::connectControls() {

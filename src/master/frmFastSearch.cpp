@@ -1,6 +1,6 @@
 #include "master/frmFastSearch.h"
 
-#include "controls/Label.h"
+#include "controls/FormLayout.h"
 #include "controls/ListBox.h"
 #include "controls/MaskedBox.h"
 #include "frame/DataEnvironment.h"
@@ -19,7 +19,6 @@ namespace tarnwell {
 namespace {
 
 constexpr QSize designSize(680, 460);
-constexpr int margin = 12, spacing = 8;
 constexpr int optionColumns = 3;
 
 bool isEnter(const QKeyEvent& event) {
@@ -59,9 +58,7 @@ void frmFastSearch::Form_Load() {
 
 void frmFastSearch::layOut() {
     setDesignSize(designSize);
-    auto* form = new QVBoxLayout(canvas());
-    form->setContentsMargins(margin, margin, margin, margin);
-    form->setSpacing(spacing);
+    auto* form = filling<QVBoxLayout>(canvas());
 
     auto* fraInformation = new QGroupBox("Search By");
     fraInformation->setObjectName("fraInformation");
@@ -74,22 +71,11 @@ void frmFastSearch::layOut() {
     }
     form->addWidget(fraInformation);
 
-    auto* search = new QHBoxLayout;
-    search->setSpacing(spacing);
-    search->addWidget(label("Search:", "lblFieldLabel(0)", m_typed));
-    search->addWidget(m_typed, 1);
-    form->addLayout(search);
+    form->addLayout(labelled("Search:", "lblFieldLabel(0)", m_typed));
     form->addWidget(lstItems, 1);
 
-    auto* buttons = new QHBoxLayout;
-    buttons->setSpacing(spacing);
-    buttons->addStretch(1);
-    buttons->addWidget(cmdSelect);
-    buttons->addWidget(cmdCancel);
-    form->addLayout(buttons);
-    setTabOrder(m_typed, lstItems);
-    setTabOrder(lstItems, cmdSelect);
-    setTabOrder(cmdSelect, cmdCancel);
+    form->addLayout(buttonRow({cmdSelect, cmdCancel}));
+    tabThrough({m_typed, lstItems, cmdSelect, cmdCancel});
 }
 
 void frmFastSearch::Form_Activate() {

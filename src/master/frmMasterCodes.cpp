@@ -1,8 +1,8 @@
 #include "master/frmMasterCodes.h"
 
 #include "controls/Combo.h"
+#include "controls/FormLayout.h"
 #include "controls/Grid.h"
-#include "controls/Label.h"
 #include "frame/DataEnvironment.h"
 #include "frame/EventGuard.h"
 #include "frame/MsgBox.h"
@@ -21,7 +21,6 @@ namespace {
 
 constexpr ButtonMask builtButtons = 21;
 constexpr QSize designSize(560, 480);
-constexpr int margin = 12, spacing = 8;
 
 enum Column { Code1 = 1, Name, Deleted, CodeKey };
 
@@ -66,14 +65,8 @@ void frmMasterCodes::makeControls() {
     // A row goes by the toolbar alone, which asks and only marks it.
     jgCodes->setAllowDelete(false);
 
-    auto* form = new QVBoxLayout(canvas());
-    form->setContentsMargins(margin, margin, margin, margin);
-    form->setSpacing(spacing);
-    auto* category = new QHBoxLayout;
-    category->setSpacing(spacing);
-    category->addWidget(label("&Category:", "lblfield", cmbType));
-    category->addWidget(cmbType, 1);
-    form->addLayout(category);
+    auto* form = filling<QVBoxLayout>(canvas());
+    form->addLayout(labelled("&Category:", "lblfield", cmbType));
     form->addWidget(jgCodes, 1);
     setTabOrder(cmbType, jgCodes);
 }

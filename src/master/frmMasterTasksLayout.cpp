@@ -1,4 +1,5 @@
 #include "controls/Combo.h"
+#include "controls/FormLayout.h"
 #include "controls/Grid.h"
 #include "controls/Label.h"
 #include "controls/ListBox.h"
@@ -16,7 +17,6 @@ namespace tarnwell {
 namespace {
 
 constexpr QSize designSize(1040, 600);
-constexpr int margin = 12, spacing = 8, columnGap = 16;
 constexpr int catalogueShare = 13, cascadeShare = 7;
 
 std::vector<GridColumn> taskColumns() {
@@ -76,9 +76,7 @@ void frmMasterTasks::makeControls() {
     jgDependency->setAllowDelete(false);
     nameControls();
 
-    auto* form = new QHBoxLayout(canvas());
-    form->setContentsMargins(margin, margin, margin, margin);
-    form->setSpacing(columnGap);
+    auto* form = filling<QHBoxLayout>(canvas(), formColumnGap);
     form->addLayout(catalogueColumn(), catalogueShare);
     form->addLayout(cascadeColumn(), cascadeShare);
     orderTabs();
@@ -108,35 +106,24 @@ void frmMasterTasks::nameControls() {
 }
 
 QLayout* frmMasterTasks::catalogueColumn() {
-    auto* column = new QVBoxLayout;
-    column->setSpacing(spacing);
-    auto* category = new QHBoxLayout;
-    category->setSpacing(spacing);
-    category->addWidget(label("&Category:", "lblField(0)", cmbType));
-    category->addWidget(cmbType, 1);
-    column->addLayout(category);
+    auto* column = spaced<QVBoxLayout>();
+    column->addLayout(labelled("&Category:", "lblField(0)", cmbType));
     column->addWidget(jgMasterTasks, 1);
     return column;
 }
 
 QLayout* frmMasterTasks::cascadeColumn() {
-    auto* column = new QVBoxLayout;
-    column->setSpacing(spacing);
-    auto* target = new QHBoxLayout;
-    target->setSpacing(spacing);
-    target->addWidget(label("&Update To:", "lblField(1)", cmbCascade));
-    target->addWidget(cmbCascade, 1);
-    column->addLayout(target);
+    auto* column = spaced<QVBoxLayout>();
+    column->addLayout(labelled("&Update To:", "lblField(1)", cmbCascade));
     column->addWidget(label("Fields:", "lblField(2)"));
     column->addLayout(fieldTicks());
-    column->addSpacing(spacing);
+    column->addSpacing(formSpacing);
     column->addWidget(jgDependency, 1);
     return column;
 }
 
 QLayout* frmMasterTasks::fieldTicks() {
-    auto* row = new QHBoxLayout;
-    row->setSpacing(spacing);
+    auto* row = spaced<QHBoxLayout>();
     const struct {
         const char* text;
         const char* name;
@@ -145,7 +132,7 @@ QLayout* frmMasterTasks::fieldTicks() {
                  {"Price:", "lblField(4)", chkUpdatePrice},
                  {"Exclude:", "lblField(5)", chkUpdateExclude}};
     for (const auto& [text, name, tick] : ticks) {
-        row->addSpacing(spacing);
+        row->addSpacing(formSpacing);
         row->addWidget(label(text, name, tick));
         row->addWidget(tick);
     }
@@ -154,10 +141,8 @@ QLayout* frmMasterTasks::fieldTicks() {
 }
 
 void frmMasterTasks::orderTabs() {
-    QWidget* const order[] = {cmbType,        jgMasterTasks,    cmbCascade,  chkUpdateName,
-                              chkUpdatePrice, chkUpdateExclude, jgDependency};
-    for (std::size_t i = 1; i < std::size(order); ++i)
-        setTabOrder(order[i - 1], order[i]);
+    tabThrough(
+        {cmbType, jgMasterTasks, cmbCascade, chkUpdateName, chkUpdatePrice, chkUpdateExclude, jgDependency});
 }
 
 } // namespace tarnwell

@@ -1,6 +1,6 @@
 #include "master/frmOptionGroupAdd.h"
 
-#include "controls/Label.h"
+#include "controls/FormLayout.h"
 #include "controls/MaskedBox.h"
 #include "frame/EventGuard.h"
 #include "frame/modErrorRoutines.h"
@@ -14,7 +14,7 @@ namespace tarnwell {
 namespace {
 
 constexpr QSize designSize(420, 100);
-constexpr int margin = 12, spacing = 8, nameLength = 50;
+constexpr int nameLength = 50;
 
 } // namespace
 
@@ -33,23 +33,11 @@ void frmOptionGroupAdd::Form_Load() {
     connect(cmdAccept, &QPushButton::clicked, this, guarded([this] { cmdAccept_Click(); }));
     connect(cmdCancel, &QPushButton::clicked, this, guarded([this] { Hide(); }));
 
-    auto* form = new QVBoxLayout(canvas());
-    form->setContentsMargins(margin, margin, margin, margin);
-    form->setSpacing(spacing);
-    auto* entry = new QHBoxLayout;
-    entry->setSpacing(spacing);
-    entry->addWidget(label("Group:", "lblField", m_name));
-    entry->addWidget(m_name, 1);
-    form->addLayout(entry);
+    auto* form = filling<QVBoxLayout>(canvas());
+    form->addLayout(labelled("Group:", "lblField", m_name));
     form->addStretch(1);
-    auto* buttons = new QHBoxLayout;
-    buttons->setSpacing(spacing);
-    buttons->addStretch(1);
-    buttons->addWidget(cmdAccept);
-    buttons->addWidget(cmdCancel);
-    form->addLayout(buttons);
-    setTabOrder(m_name, cmdAccept);
-    setTabOrder(cmdAccept, cmdCancel);
+    form->addLayout(buttonRow({cmdAccept, cmdCancel}));
+    tabThrough({m_name, cmdAccept, cmdCancel});
 }
 
 void frmOptionGroupAdd::Form_Activate() {

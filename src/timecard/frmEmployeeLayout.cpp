@@ -1,5 +1,6 @@
 #include "controls/Combo.h"
 #include "controls/DateBox.h"
+#include "controls/FormLayout.h"
 #include "controls/Label.h"
 #include "controls/ListBox.h"
 #include "controls/MaskedBox.h"
@@ -18,7 +19,7 @@ namespace tarnwell {
 namespace {
 
 constexpr QSize designSize(940, 640);
-constexpr int margin = 12, spacing = 8, columnGap = 24;
+constexpr int sideGap = 24;
 constexpr int ssnWidth = 130, telephoneWidth = 150, dateWidth = 110, smallWidth = 80;
 constexpr int fieldRows = 8, informationHeight = 76;
 constexpr double headingScale = 1.3;
@@ -95,9 +96,7 @@ void frmEmployee::nameControls() {
 }
 
 void frmEmployee::layOut() {
-    auto* form = new QVBoxLayout(canvas());
-    form->setContentsMargins(margin, margin, margin, margin);
-    form->setSpacing(spacing);
+    auto* form = filling<QVBoxLayout>(canvas());
     m_heading = label({}, "lblEmployee");
     QFont font = m_heading->font();
     font.setPointSizeF(font.pointSizeF() * headingScale);
@@ -113,8 +112,7 @@ void frmEmployee::layOut() {
 QWidget* frmEmployee::information() {
     auto* frame = new QGroupBox("&Employee");
     frame->setObjectName("fraInformation");
-    auto* grid = new QGridLayout(frame);
-    grid->setSpacing(spacing);
+    auto* grid = spaced<QGridLayout>(frame);
     const auto add = [grid](int row, int side, int labelIndex, const char* text, QWidget* control,
                             int width = 0) {
         const int column = side * 3;
@@ -130,11 +128,10 @@ QWidget* frmEmployee::information() {
     constexpr std::size_t city = 5, state = 6, zipCode = 7;
     for (std::size_t index = EmployeeField::LastName; index <= city; ++index)
         addField(static_cast<int>(index), 0, index);
-    auto* place = new QHBoxLayout;
-    place->setSpacing(spacing);
+    auto* place = spaced<QHBoxLayout>();
     MskField[state]->setFixedWidth(smallWidth);
     place->addWidget(MskField[state]);
-    place->addSpacing(spacing);
+    place->addSpacing(formSpacing);
     place->addWidget(fieldLabel(fields[zipCode].labelIndex, fields[zipCode].label, MskField[zipCode]));
     place->addWidget(MskField[zipCode], 1);
     grid->addWidget(fieldLabel(fields[state].labelIndex, fields[state].label, MskField[state]), 6, 0);
@@ -151,7 +148,7 @@ QWidget* frmEmployee::information() {
 
     grid->addWidget(fieldLabel(11, "Information:", rchField), fieldRows, 0, Qt::AlignTop);
     grid->addWidget(rchField, fieldRows, 1, 1, 4);
-    grid->setColumnMinimumWidth(2, columnGap - spacing);
+    grid->setColumnMinimumWidth(2, sideGap - formSpacing);
     grid->setColumnStretch(1, 1);
     grid->setColumnStretch(4, 1);
     for (int row = 0; row < fieldRows; ++row)
@@ -167,8 +164,7 @@ void frmEmployee::orderTabs() {
     order.insert(order.end(),
                  {cmbType, cmbForeman, rebHired, rebTerminated, MskField[EmployeeField::Telephone],
                   MskField[EmployeeField::Dependants], cmbMaritalStatus, chkInActive, rchField, lstErrorLog});
-    for (std::size_t i = 1; i < order.size(); ++i)
-        setTabOrder(order[i - 1], order[i]);
+    tabThrough(order);
 }
 
 } // namespace tarnwell

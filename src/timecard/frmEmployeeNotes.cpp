@@ -1,5 +1,6 @@
 #include "timecard/frmEmployeeNotes.h"
 
+#include "controls/FormLayout.h"
 #include "controls/Label.h"
 #include "controls/MaskedBox.h"
 #include "controls/NoteBox.h"
@@ -16,7 +17,7 @@ namespace tarnwell {
 namespace {
 
 constexpr QSize designSize(520, 240);
-constexpr int margin = 12, spacing = 8, dateWidth = 120;
+constexpr int dateWidth = 120;
 
 Connection& connection() {
     return DataEnvironment::cnnConnection();
@@ -50,12 +51,9 @@ void frmEmployeeNotes::Form_Load() {
 
 void frmEmployeeNotes::layOut() {
     setDesignSize(designSize);
-    auto* form = new QVBoxLayout(canvas());
-    form->setContentsMargins(margin, margin, margin, margin);
-    form->setSpacing(spacing);
+    auto* form = filling<QVBoxLayout>(canvas());
 
-    auto* fields = new QGridLayout;
-    fields->setSpacing(spacing);
+    auto* fields = spaced<QGridLayout>();
     m_date->setFixedWidth(dateWidth);
     fields->addWidget(label("Date:", "lblFieldLabel(0)", m_date), 0, 0);
     fields->addWidget(m_date, 0, 1, Qt::AlignLeft);
@@ -64,15 +62,8 @@ void frmEmployeeNotes::layOut() {
     fields->setRowStretch(1, 1);
     form->addLayout(fields, 1);
 
-    auto* buttons = new QHBoxLayout;
-    buttons->setSpacing(spacing);
-    buttons->addStretch(1);
-    buttons->addWidget(cmdAccept);
-    buttons->addWidget(cmdCancel);
-    form->addLayout(buttons);
-    QWidget* const order[] = {m_date, m_note, cmdAccept, cmdCancel};
-    for (std::size_t i = 1; i < std::size(order); ++i)
-        setTabOrder(order[i - 1], order[i]);
+    form->addLayout(buttonRow({cmdAccept, cmdCancel}));
+    tabThrough({m_date, m_note, cmdAccept, cmdCancel});
 }
 
 void frmEmployeeNotes::Form_Activate() {

@@ -1,6 +1,7 @@
 #include "controls/Combo.h"
 #include "controls/DateBox.h"
 #include "controls/DayArrows.h"
+#include "controls/FormLayout.h"
 #include "controls/Grid.h"
 #include "controls/Label.h"
 #include "controls/ListBox.h"
@@ -23,7 +24,6 @@ namespace tarnwell {
 namespace {
 
 constexpr QSize designSize(1180, 640);
-constexpr int margin = 12, spacing = 8, columnGap = 16;
 constexpr int jobNumberDigits = 19, priceDigits = 13, dateDigits = 11; // Widths, in digits of the font.
 constexpr int lotRows = 2, taskRows = 3;                               // Shares of the height.
 constexpr int leftShare = 11, rightShare = 10;
@@ -127,12 +127,10 @@ void frmPayroll::makeControls() {
         history->setSpacing(1);
     nameControls();
 
-    auto* form = new QVBoxLayout(canvas());
-    form->setContentsMargins(margin, margin, margin, margin);
-    form->setSpacing(spacing);
+    auto* form = filling<QVBoxLayout>(canvas());
     form->addLayout(jobRow());
     auto* columns = new QHBoxLayout;
-    columns->setSpacing(columnGap);
+    columns->setSpacing(formColumnGap);
     columns->addLayout(taskColumn(), leftShare);
     columns->addLayout(paymentColumn(), rightShare);
     form->addLayout(columns, 1);
@@ -176,37 +174,30 @@ void frmPayroll::nameControls() {
 }
 
 QLayout* frmPayroll::jobRow() {
-    auto* row = new QHBoxLayout;
-    row->setSpacing(spacing);
+    auto* row = spaced<QHBoxLayout>();
     m_jobNumber->setFixedWidth(digits(*this, jobNumberDigits));
     auto* jobLabel = fieldLabel(0, "Job:", m_jobNumber);
     jobLabel->setMinimumWidth(widestOf(*this, {"Job:", "Category:"}));
     row->addWidget(jobLabel);
     row->addWidget(m_jobNumber);
     row->addWidget(m_jobName, 1);
-    row->addSpacing(columnGap - spacing);
+    row->addSpacing(formColumnGap - formSpacing);
     row->addWidget(fieldLabel(2, "Builder:", m_builder));
     row->addWidget(m_builder, 1);
     return row;
 }
 
 QLayout* frmPayroll::taskColumn() {
-    auto* column = new QVBoxLayout;
-    column->setSpacing(spacing);
+    auto* column = spaced<QVBoxLayout>();
     column->addWidget(jgJobLots, lotRows);
-    auto* category = new QHBoxLayout;
-    category->setSpacing(spacing);
-    category->addWidget(label("&Category:", "lblField(0)", cmbType));
-    category->addWidget(cmbType, 1);
-    column->addLayout(category);
+    column->addLayout(labelled("&Category:", "lblField(0)", cmbType));
     column->addWidget(fieldLabel(10, "Task:", jgTasks));
     column->addWidget(jgTasks, taskRows);
     return column;
 }
 
 QLayout* frmPayroll::paymentColumn() {
-    auto* column = new QVBoxLayout;
-    column->setSpacing(spacing);
+    auto* column = spaced<QVBoxLayout>();
     column->addWidget(timecardEntry());
     column->addWidget(taskEntry());
     column->addLayout(figures());
@@ -220,8 +211,7 @@ QLayout* frmPayroll::paymentColumn() {
 QWidget* frmPayroll::timecardEntry() {
     auto* frame = new QGroupBox("&Timecard Entry");
     frame->setObjectName("Frame1");
-    auto* grid = new QGridLayout(frame);
-    grid->setSpacing(spacing);
+    auto* grid = spaced<QGridLayout>(frame);
     grid->setColumnMinimumWidth(0, entryLabelWidth(*this));
     grid->addWidget(fieldLabel(9, "Employee:", cmbEmployees), 0, 0);
     grid->addWidget(cmbEmployees, 0, 1, 1, 5);
@@ -238,14 +228,13 @@ QWidget* frmPayroll::timecardEntry() {
 QWidget* frmPayroll::taskEntry() {
     auto* frame = new QGroupBox("Task &Entry");
     frame->setObjectName("fraTask");
-    auto* grid = new QGridLayout(frame);
-    grid->setSpacing(spacing);
+    auto* grid = spaced<QGridLayout>(frame);
     grid->setColumnMinimumWidth(0, entryLabelWidth(*this));
     m_price->setFixedWidth(digits(*this, priceDigits));
     grid->addWidget(fieldLabel(7, "Task Price:", m_price), 0, 0);
     grid->addWidget(m_price, 0, 1);
     grid->setColumnStretch(2, 1);
-    rchNote->setFixedHeight(margin + noteLines * fontMetrics().lineSpacing());
+    rchNote->setFixedHeight(formMargin + noteLines * fontMetrics().lineSpacing());
     grid->addWidget(fieldLabel(8, "Note:", rchNote), 1, 0, Qt::AlignTop);
     grid->addWidget(rchNote, 1, 1, 1, 2);
     grid->addWidget(cmdApplyTask, 2, 2, Qt::AlignRight);
@@ -254,7 +243,7 @@ QWidget* frmPayroll::taskEntry() {
 
 QLayout* frmPayroll::figures() {
     auto* grid = new QGridLayout;
-    grid->setContentsMargins(margin, 0, margin, 0);
+    grid->setContentsMargins(formMargin, 0, formMargin, 0);
     grid->setVerticalSpacing(2);
     m_totalPaid = fieldLabel(12, "0.00");
     m_difference = fieldLabel(5, "0.00");
@@ -275,11 +264,8 @@ QLayout* frmPayroll::figures() {
 
 /// The way of one payment, then what is only read.
 void frmPayroll::orderTabs() {
-    QWidget* const order[] = {m_jobNumber,        jgJobLots,          cmbType,   jgTasks,  cmbEmployees,
-                              chkUseTaskEmployee, rebCompleted,       m_price,   rchNote,  cmdApplyTask,
-                              lstTaskHistory,     lstEmployeeHistory, m_jobName, m_builder};
-    for (std::size_t i = 1; i < std::size(order); ++i)
-        setTabOrder(order[i - 1], order[i]);
+    tabThrough({m_jobNumber, jgJobLots, cmbType, jgTasks, cmbEmployees, chkUseTaskEmployee, rebCompleted,
+                m_price, rchNote, cmdApplyTask, lstTaskHistory, lstEmployeeHistory, m_jobName, m_builder});
 }
 
 } // namespace tarnwell

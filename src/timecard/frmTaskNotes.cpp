@@ -1,6 +1,7 @@
 #include "timecard/frmTaskNotes.h"
 
 #include "controls/Combo.h"
+#include "controls/FormLayout.h"
 #include "controls/Label.h"
 #include "controls/MaskedBox.h"
 #include "controls/NoteBox.h"
@@ -18,7 +19,7 @@ namespace tarnwell {
 namespace {
 
 constexpr QSize designSize(560, 320);
-constexpr int margin = 12, spacing = 8, priceWidth = 120, buttonGap = 32;
+constexpr int priceWidth = 120, buttonGap = 32;
 
 Connection& connection() {
     return DataEnvironment::cnnConnection();
@@ -67,12 +68,9 @@ void frmTaskNotes::makeControls() {
 
 void frmTaskNotes::layOut() {
     setDesignSize(designSize);
-    auto* form = new QVBoxLayout(canvas());
-    form->setContentsMargins(margin, margin, margin, margin);
-    form->setSpacing(spacing);
+    auto* form = filling<QVBoxLayout>(canvas());
 
-    auto* fields = new QGridLayout;
-    fields->setSpacing(spacing);
+    auto* fields = spaced<QGridLayout>();
     m_price->setFixedWidth(priceWidth);
     fields->addWidget(label("Employee:", "lblFieldLabel(9)", cmbEmployees), 0, 0);
     fields->addWidget(cmbEmployees, 0, 1);
@@ -84,17 +82,11 @@ void frmTaskNotes::layOut() {
     form->addLayout(fields, 1);
 
     // The button that takes a payment back stands apart from those that leave.
-    auto* buttons = new QHBoxLayout;
-    buttons->setSpacing(spacing);
-    buttons->addWidget(cmdRemove);
-    buttons->addSpacing(buttonGap);
-    buttons->addStretch(1);
-    buttons->addWidget(cmdAccept);
-    buttons->addWidget(cmdCancel);
+    auto* buttons = buttonRow({cmdAccept, cmdCancel});
+    buttons->insertWidget(0, cmdRemove);
+    buttons->insertSpacing(1, buttonGap);
     form->addLayout(buttons);
-    QWidget* const order[] = {cmbEmployees, m_price, rchNote, cmdRemove, cmdAccept, cmdCancel};
-    for (std::size_t i = 1; i < std::size(order); ++i)
-        setTabOrder(order[i - 1], order[i]);
+    tabThrough({cmbEmployees, m_price, rchNote, cmdRemove, cmdAccept, cmdCancel});
 }
 
 void frmTaskNotes::Form_Activate() {

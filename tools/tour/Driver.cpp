@@ -2,6 +2,7 @@
 
 #include "controls/Grid.h"
 #include "input/WidgetInput.h"
+#include "tour/KeyClashes.h"
 #include "tour/SmallPicture.h"
 #include "tour/WindowKeeper.h"
 
@@ -321,14 +322,18 @@ void Driver::picture(const QString& name) {
 
 void Driver::windowPicture(const QString& name) {
     QImage image;
+    QStringList clashes;
     act([&] {
         QWidget& window = front();
+        clashes = keyClashes(window);
         const QSize framed = window.size() + QSize(2 * frameWidth, titleHeight + 2 * frameWidth);
         image = QImage(framed * window.devicePixelRatio(), QImage::Format_RGB32);
         image.setDevicePixelRatio(window.devicePixelRatio());
         QPainter painter(&image);
         paintWindow(painter, window, window.mapToGlobal(QPoint(-frameWidth, -titleHeight - frameWidth)));
     });
+    if (!clashes.isEmpty())
+        throw StepFailed(QStringLiteral("in %1, %2").arg(name, clashes.join(QStringLiteral("; "))));
     save(smallPicture(image), name);
 }
 

@@ -60,7 +60,8 @@ public:
 
     /// Saves what stands on the desktop, the window in front above the others, as `name`.png.
     void picture(const QString& name);
-    /// Saves the window in front alone, in its frame and in few colours.
+    /// Saves the window in front alone, in its frame and in few colours. Throws StepFailed when one key calls
+    /// two of its controls.
     void windowPicture(const QString& name);
     /// Saves a control of it alone, in few colours.
     void controlPicture(const QString& control, const QString& name);

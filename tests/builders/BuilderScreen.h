@@ -6,12 +6,9 @@
 #include "controls/Grid.h"
 #include "controls/ListBox.h"
 #include "controls/MaskedBox.h"
-#include "frame/DataEnvironment.h"
-#include "frame/modGlobalVariables.h"
 #include "support/MessageScript.h"
 #include "support/ScreenDriver.h"
-
-#include <QToolButton>
+#include "support/ScreenTest.h"
 
 #include <gtest/gtest.h>
 #include <optional>
@@ -19,18 +16,9 @@
 namespace tarnwell::test {
 
 /// The builders screen over a small catalogue, driven by keys and clicks.
-class BuilderScreen : public ::testing::Test {
+class BuilderScreen : public ScreenTest {
 protected:
-    void SetUp() override {
-        gAppPath = data.db.folder();
-        gProgramFolder = data.db.folder() + u'/';
-        gConnectionString = connectionStringFor(data.db.path());
-    }
-    void TearDown() override {
-        if (driver)
-            form().Unload();
-        DataEnvironment::close();
-    }
+    void SetUp() override { workOn(data.db); }
 
     frmBuilder& form() { return theForm<frmBuilder>(); }
     void open() {
@@ -47,25 +35,16 @@ protected:
         combo().setListIndex(1);
     }
     void find(std::function<void(const ScreenDriver&)> use) {
-        whenModal([use = std::move(use)](QWidget& dialog) { use(ScreenDriver(dialog)); });
+        whenShown(std::move(use));
         driver->clickToolbar("Find");
     }
-    void pick(std::function<void(const ScreenDriver&)> use) {
-        whenModal([use = std::move(use)](QWidget& dialog) { use(ScreenDriver(dialog)); });
-    }
+    void pick(std::function<void(const ScreenDriver&)> use) { whenShown(std::move(use)); }
 
     MaskedBox& field(int index) { return driver->find<MaskedBox>(QString("MskField(%1)").arg(index)); }
     Grid& plans() { return driver->find<Grid>("jgPlans"); }
     Grid& tasks() { return driver->find<Grid>("jgTasks"); }
     Combo& combo() { return driver->find<Combo>("cmbType"); }
-    QString enabled() {
-        QStringList captions;
-        for (auto* button : form().findChildren<QToolButton*>())
-            if (button->isEnabled() && button->parentWidget()->objectName() == "Toolbar1" &&
-                !button->text().isEmpty())
-                captions.append(button->text());
-        return captions.join(' ');
-    }
+    QString enabled() { return driver->enabledButtons(); }
     int selectedJobs() { return static_cast<int>(driver->find<ListBox>("lstJobs").selectedItems().size()); }
     QString builderName() {
         return data.db.ask("SELECT Name FROM Contractor ORDER BY ContractorKey DESC").toText();

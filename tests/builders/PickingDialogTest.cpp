@@ -1,9 +1,8 @@
 #include "builders/BuilderData.h"
 #include "builders/frmAddMasterTasks.h"
 #include "controls/ListBox.h"
-#include "frame/DataEnvironment.h"
-#include "frame/modGlobalVariables.h"
 #include "support/ScreenDriver.h"
+#include "support/ScreenTest.h"
 
 #include <gtest/gtest.h>
 
@@ -22,20 +21,17 @@ public:
     int parents = 0;
 };
 
-class PickingDialog : public ::testing::Test {
+class PickingDialog : public ScreenTest {
 protected:
     void SetUp() override {
         owner.show();
-        gAppPath = data.db.folder();
-        gProgramFolder = data.db.folder() + u'/';
-        gConnectionString = connectionStringFor(data.db.path());
+        workOn(data.db);
         caller.target.ownerKey = data.db.add("JobLot", {{"JobKey", data.addJob("1", "Elm")}});
     }
-    void TearDown() override { DataEnvironment::close(); }
 
     /// Returns whether the dialog was left by Exit.
     bool pick(int mode, std::function<void(const ScreenDriver&)> use) {
-        whenModal([use = std::move(use)](QWidget& dialog) { use(ScreenDriver(dialog)); });
+        whenShown(std::move(use));
         auto& dialog = theForm<frmAddMasterTasks>();
         dialog.Mode = mode;
         dialog.pickFor(caller, &owner);

@@ -3,14 +3,12 @@
 #include "controls/ListBox.h"
 #include "controls/MaskedBox.h"
 #include "data/RunTimeError.h"
-#include "frame/DataEnvironment.h"
-#include "frame/modGlobalVariables.h"
 #include "jobs/frmAddJobTasks.h"
 #include "jobs/frmJobAdd.h"
 #include "support/MessageScript.h"
 #include "support/RaisedNumber.h"
 #include "support/ScreenDriver.h"
-#include "support/TemporaryDatabase.h"
+#include "support/ScreenTest.h"
 
 #include <QLabel>
 
@@ -21,21 +19,16 @@ using namespace tarnwell::test;
 
 namespace {
 
-class JobDialogs : public ::testing::Test {
+class JobDialogs : public ScreenTest {
 protected:
     void SetUp() override {
         owner.show();
-        gProgramFolder = db.folder() + u'/';
-        gConnectionString = connectionStringFor(db.path());
-    }
-    void TearDown() override {
-        unloadRemainingForms();
-        DataEnvironment::close();
+        workOn(db);
     }
 
     /// The dialog, still loaded, after it was used.
     frmJobAdd& addJob(std::function<void(const ScreenDriver&)> use) {
-        whenModal([use = std::move(use)](QWidget& window) { use(ScreenDriver(window)); });
+        whenShown(std::move(use));
         auto& dialog = theForm<frmJobAdd>();
         dialog.Show(Screen::Modality::Modal, &owner);
         EXPECT_TRUE(dialog.isLoaded());
@@ -53,21 +46,18 @@ public:
     CurrentLot lot;
 };
 
-class LotFromPlan : public ::testing::Test {
+class LotFromPlan : public ScreenTest {
 protected:
     void SetUp() override {
         owner.show();
-        gAppPath = data.db.folder();
-        gProgramFolder = data.db.folder() + u'/';
-        gConnectionString = connectionStringFor(data.db.path());
+        workOn(data.db);
         caller.lot = {data.job, data.builder, data.lot, data.plan};
         data.addPlanTask("Joists", birch, 0, data.framing, 5.0);
     }
-    void TearDown() override { DataEnvironment::close(); }
 
     /// Returns whether the dialog counts as cancelled.
     bool fill(std::function<void(const ScreenDriver&)> use) {
-        whenModal([use = std::move(use)](QWidget& window) { use(ScreenDriver(window)); });
+        whenShown(std::move(use));
         auto& dialog = theForm<frmAddJobTasks>();
         dialog.fillFor(caller, &owner);
         return dialog.Cancelled;

@@ -3,14 +3,11 @@
 #include "controls/Combo.h"
 #include "controls/Grid.h"
 #include "controls/MaskedBox.h"
-#include "frame/DataEnvironment.h"
-#include "frame/modGlobalVariables.h"
 #include "jobs/LotData.h"
 #include "jobs/frmJobs.h"
 #include "support/MessageScript.h"
 #include "support/ScreenDriver.h"
-
-#include <QToolButton>
+#include "support/ScreenTest.h"
 
 #include <gtest/gtest.h>
 #include <optional>
@@ -18,18 +15,9 @@
 namespace tarnwell::test {
 
 /// The jobs screen, shown, on a job with the lots A and B.
-class JobScreen : public ::testing::Test {
+class JobScreen : public ScreenTest {
 protected:
-    void SetUp() override {
-        gAppPath = data.db.folder();
-        gProgramFolder = data.db.folder() + u'/';
-        gConnectionString = connectionStringFor(data.db.path());
-    }
-    void TearDown() override {
-        if (driver)
-            form().Unload();
-        DataEnvironment::close();
-    }
+    void SetUp() override { workOn(data.db); }
 
     frmJobs& form() { return theForm<frmJobs>(); }
     void open() {
@@ -50,9 +38,6 @@ protected:
             search.press(Qt::Key_Return);
         });
         driver->clickToolbar("Find");
-    }
-    static void whenShown(std::function<void(const ScreenDriver&)> use) {
-        whenModal([use = std::move(use)](QWidget& dialog) { use(ScreenDriver(dialog)); });
     }
     /// In place of what stands in the control.
     void retype(const char* control, const QString& text) {
@@ -80,14 +65,7 @@ protected:
     QString cell(const Grid& grid, int row, int column) {
         return grid.model()->index(row - 1, column - 1).data().toString();
     }
-    QString enabled() {
-        QStringList captions;
-        for (auto* button : form().findChildren<QToolButton*>())
-            if (button->isEnabled() && button->parentWidget()->objectName() == "Toolbar1" &&
-                !button->text().isEmpty())
-                captions.append(button->text());
-        return captions.join(' ');
-    }
+    QString enabled() { return driver->enabledButtons(); }
     QString stored(const char* column) {
         return data.db.ask(QString("SELECT %1 FROM Job").arg(column)).toText();
     }

@@ -1,10 +1,9 @@
 #include "controls/ListBox.h"
-#include "frame/DataEnvironment.h"
-#include "frame/modGlobalVariables.h"
 #include "jobs/LotData.h"
 #include "jobs/frmAddJobOptionGroup.h"
 #include "support/RaisedNumber.h"
 #include "support/ScreenDriver.h"
+#include "support/ScreenTest.h"
 
 #include <gtest/gtest.h>
 
@@ -21,22 +20,19 @@ public:
     CurrentLot lot;
 };
 
-class OptionGroupDialog : public ::testing::Test {
+class OptionGroupDialog : public ScreenTest {
 protected:
     void SetUp() override {
         owner.show();
-        gAppPath = data.db.folder();
-        gProgramFolder = data.db.folder() + u'/';
-        gConnectionString = connectionStringFor(data.db.path());
+        workOn(data.db);
         data.addGroupTask(deck, data.walls, 12.5);
         data.addGroupTask(trim, data.hang, 3.0);
         caller.lot = {data.job, data.builder, data.lot, data.plan};
     }
-    void TearDown() override { DataEnvironment::close(); }
 
     /// Returns whether the dialog counts as cancelled.
     bool apply(std::function<void(const ScreenDriver&)> use) {
-        whenModal([use = std::move(use)](QWidget& dialog) { use(ScreenDriver(dialog)); });
+        whenShown(std::move(use));
         auto& dialog = theForm<frmAddJobOptionGroup>();
         dialog.applyTo(caller, &owner);
         return dialog.Cancelled;

@@ -1,12 +1,10 @@
 #include "controls/ListBox.h"
 #include "controls/MaskedBox.h"
-#include "frame/DataEnvironment.h"
-#include "frame/modGlobalVariables.h"
 #include "master/FastSearch.h"
 #include "master/frmFastSearch.h"
 #include "support/MessageScript.h"
 #include "support/ScreenDriver.h"
-#include "support/TemporaryDatabase.h"
+#include "support/ScreenTest.h"
 
 #include <QRadioButton>
 
@@ -17,25 +15,20 @@ using namespace tarnwell::test;
 
 namespace {
 
-class FastSearchScreen : public ::testing::Test {
+class FastSearchScreen : public ScreenTest {
 protected:
     void SetUp() override {
         caller.show();
-        gProgramFolder = db.folder() + u'/';
-        gConnectionString = connectionStringFor(db.path());
+        workOn(db);
         for (const char* name : {"Adams", "Baker", "Young"})
             keys.push_back(db.add("Employee", {{"SSN", "1"}, {"LastName", name}, {"FirstName", "Zoe"}}));
-    }
-    void TearDown() override {
-        theForm<frmFastSearch>().Unload();
-        DataEnvironment::close();
     }
 
     /// Shows the dialog, lets `use` handle it, and returns the key that it reports.
     qint64 show(int type, std::function<void(const ScreenDriver&)> use) {
         auto& form = theForm<frmFastSearch>();
         form.searchType = type;
-        whenModal([use = std::move(use)](QWidget& dialog) { use(ScreenDriver(dialog)); });
+        whenShown(std::move(use));
         form.Show(Screen::Modality::Modal, &caller);
         EXPECT_FALSE(form.isVisible());
         return selectedKeyNumber(form.selectedKey());

@@ -3,14 +3,12 @@
 #include "CatalogueData.h"
 #include "controls/Combo.h"
 #include "controls/Grid.h"
-#include "frame/DataEnvironment.h"
 #include "frame/Forms.h"
-#include "frame/modGlobalVariables.h"
 #include "support/MessageScript.h"
 #include "support/ScreenDriver.h"
+#include "support/ScreenTest.h"
 
 #include <QLineEdit>
-#include <QToolButton>
 
 #include <gtest/gtest.h>
 #include <optional>
@@ -19,17 +17,9 @@ namespace tarnwell::test {
 
 /// A screen over a catalogue, driven by keys and clicks.
 template <class Form>
-struct MasterScreenTest : ::testing::Test {
-    ~MasterScreenTest() override {
-        unloadRemainingForms();
-        DataEnvironment::close();
-    }
-
-    void open() {
-        gProgramFolder = data.db.folder() + u'/';
-        gConnectionString = connectionStringFor(data.db.path());
-        driver.emplace(theForm<Form>());
-    }
+struct MasterScreenTest : ScreenTest {
+    void SetUp() override { workOn(data.db); }
+    void open() { driver.emplace(theForm<Form>()); }
     Grid& grid(const char* name) { return driver->find<Grid>(name); }
     Combo& category() { return driver->find<Combo>("cmbType"); }
     void typeCategory(const char* text) {
@@ -41,13 +31,6 @@ struct MasterScreenTest : ::testing::Test {
     void clickCell(const char* name, int modelRow, int column) {
         Grid& of = grid(name);
         driver->click(name, of.visualRect(of.model()->index(modelRow, column - 1)).center());
-    }
-    QStringList enabledButtons() {
-        QStringList captions;
-        for (const auto* button : theForm<Form>().template findChildren<QToolButton*>())
-            if (button->isEnabled() && !button->text().isEmpty())
-                captions << button->text();
-        return captions;
     }
     Value ask(const QString& sql) { return data.db.ask(sql); }
 

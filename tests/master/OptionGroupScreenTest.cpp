@@ -1,14 +1,10 @@
 #include "controls/Grid.h"
 #include "controls/ListBox.h"
 #include "controls/MaskedBox.h"
-#include "frame/DataEnvironment.h"
-#include "frame/modGlobalVariables.h"
 #include "master/frmAddOptionGroup.h"
 #include "support/MessageScript.h"
 #include "support/ScreenDriver.h"
-#include "support/TemporaryDatabase.h"
-
-#include <QToolButton>
+#include "support/ScreenTest.h"
 
 #include <gtest/gtest.h>
 
@@ -17,15 +13,12 @@ using namespace tarnwell::test;
 
 namespace {
 
-class OptionGroupScreen : public ::testing::Test {
+class OptionGroupScreen : public ScreenTest {
 protected:
     void SetUp() override {
         caller.show();
-        gAppPath = db.folder();
-        gProgramFolder = db.folder() + u'/';
-        gConnectionString = connectionStringFor(db.path());
+        workOn(db);
     }
-    void TearDown() override { DataEnvironment::close(); }
 
     qint64 addGroup(const char* name, qint64 builder) {
         return db.add("Code", {{"Code1", 5}, {"Code2", builder}, {"Description", name}});
@@ -37,17 +30,10 @@ protected:
             {{"ContractorKey", abel}, {"CodeKey", group}, {"MasterTaskKey", master}, {"MasterPrice", 5.0}});
     }
     void open(qint64 builder, std::function<void(const ScreenDriver&)> use) {
-        whenModal([use = std::move(use)](QWidget& window) { use(ScreenDriver(window)); });
+        whenShown(std::move(use));
         theForm<frmAddOptionGroup>().openFor({builder, "Abel"}, {}, &caller);
     }
-    static QString enabled(const ScreenDriver& screen) {
-        QStringList captions;
-        for (auto* button : screen.window().findChildren<QToolButton*>())
-            if (button->isEnabled() && button->parentWidget()->objectName() == "Toolbar1" &&
-                !button->text().isEmpty())
-                captions.append(button->text());
-        return captions.join(' ');
-    }
+    static QString enabled(const ScreenDriver& screen) { return screen.enabledButtons(); }
     qint64 count(const QString& from) { return db.ask("SELECT COUNT(*) FROM " + from).toLong(); }
 
     QWidget caller;

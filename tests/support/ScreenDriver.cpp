@@ -45,6 +45,14 @@ void ScreenDriver::clickToolbar(const QString& caption) const {
     input::click(input::toolbarButton(m_window, caption));
 }
 
+QString ScreenDriver::enabledButtons() const {
+    QStringList captions;
+    for (const auto* button : find("Toolbar1").findChildren<QToolButton*>())
+        if (button->isEnabled() && !button->text().isEmpty())
+            captions.append(button->text());
+    return captions.join(u' ');
+}
+
 void ScreenDriver::focus(const QString& name) const {
     find(name).setFocus(Qt::OtherFocusReason);
 }
@@ -82,6 +90,10 @@ void whenModal(std::function<void(QWidget&)> routine) {
         routine(*modal);
     });
     timer->start(1);
+}
+
+void whenShown(std::function<void(const ScreenDriver&)> use) {
+    whenModal([use = std::move(use)](QWidget& window) { use(ScreenDriver(window)); });
 }
 
 } // namespace tarnwell::test

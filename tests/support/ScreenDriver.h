@@ -34,6 +34,8 @@ public:
     void clickLine(const QString& name, int row) const;
     /// A toolbar button by its caption.
     void clickToolbar(const QString& caption) const;
+    /// Captions of the toolbar's enabled buttons: "Exit Add Find".
+    [[nodiscard]] QString enabledButtons() const;
     void focus(const QString& name) const;
     [[nodiscard]] QString focusedName() const;
 
@@ -47,5 +49,7 @@ private:
 [[nodiscard]] bool waitFor(const std::function<bool()>& condition);
 /// Runs a routine once the next modal window is up and active (before a call that blocks in it).
 void whenModal(std::function<void(QWidget& window)> routine);
+/// The same, with a driver for that window.
+void whenShown(std::function<void(const ScreenDriver& window)> use);
 
 } // namespace tarnwell::test

@@ -3,10 +3,9 @@
 #include "controls/ListBox.h"
 #include "controls/MaskedBox.h"
 #include "controls/NoteBox.h"
-#include "frame/DataEnvironment.h"
-#include "frame/modGlobalVariables.h"
 #include "support/MessageScript.h"
 #include "support/ScreenDriver.h"
+#include "support/ScreenTest.h"
 #include "timecard/TimeCardData.h"
 #include "timecard/frmEmployee.h"
 #include "timecard/frmEmployeeNotes.h"
@@ -24,19 +23,11 @@ using namespace tarnwell::test;
 
 namespace {
 
-class EmployeeScreen : public ::testing::Test {
+class EmployeeScreen : public ScreenTest {
 protected:
     void SetUp() override {
-        gAppPath = data.db.folder();
-        gProgramFolder = data.db.folder() + "/Tarnwell"; // The error log lies beside it.
-        gConnectionString = connectionStringFor(data.db.path());
+        workOn(data.db);
         driver.emplace(form());
-    }
-    void TearDown() override {
-        theForm<frmEmployeeNotes>().Unload();
-        form().Unload();
-        DataEnvironment::close();
-        gProgramFolder.clear();
     }
 
     static frmEmployee& form() { return theForm<frmEmployee>(); }

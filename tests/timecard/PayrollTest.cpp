@@ -4,11 +4,10 @@
 #include "controls/ListBox.h"
 #include "controls/MaskedBox.h"
 #include "controls/NoteBox.h"
-#include "frame/DataEnvironment.h"
 #include "frame/RunTime.h"
-#include "frame/modGlobalVariables.h"
 #include "support/MessageScript.h"
 #include "support/ScreenDriver.h"
+#include "support/ScreenTest.h"
 #include "timecard/TimeCardData.h"
 #include "timecard/frmPayroll.h"
 
@@ -16,7 +15,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QTest>
-#include <QToolButton>
 
 #include <gtest/gtest.h>
 
@@ -25,20 +23,17 @@ using namespace tarnwell::test;
 
 namespace {
 
-class Payroll : public ::testing::Test {
+class Payroll : public ScreenTest {
 protected:
     void SetUp() override {
-        gProgramFolder = data.db.folder() + u'/';
-        gConnectionString = connectionStringFor(data.db.path());
+        workOn(data.db);
         setClock([] { return DateTime{QDate(2024, 12, 31)}; });
         data.addJob("2002", "Oak Rise");
         data.addJob("1500", "Closed", DateTime{QDate(2024, 1, 1)});
         data.addTask("Beams", 40.0, data.framing);
     }
     void TearDown() override {
-        if (driver)
-            form().Unload();
-        DataEnvironment::close();
+        ScreenTest::TearDown();
         setClock(nullptr);
     }
 
@@ -63,12 +58,7 @@ protected:
 
     QString text(const QString& name) { return driver->find<MaskedBox>(name).text(); }
     QString figure(const QString& name) { return driver->find<QLabel>(name).text(); }
-    bool findEnabled() {
-        for (auto* button : form().findChildren<QToolButton*>())
-            if (button->text() == "Find")
-                return button->isEnabled();
-        return false;
-    }
+    bool findEnabled() { return driver->enabledButtons().contains("Find"); }
     QStringList lines(const QString& name) {
         QStringList texts;
         auto& list = driver->find<ListBox>(name);

@@ -2,10 +2,9 @@
 #include "controls/ListBox.h"
 #include "controls/MaskedBox.h"
 #include "controls/NoteBox.h"
-#include "frame/DataEnvironment.h"
-#include "frame/modGlobalVariables.h"
 #include "support/MessageScript.h"
 #include "support/ScreenDriver.h"
+#include "support/ScreenTest.h"
 #include "timecard/TimeCardData.h"
 #include "timecard/frmPayroll.h"
 #include "timecard/frmTaskNotes.h"
@@ -21,23 +20,18 @@ using namespace tarnwell::test;
 namespace {
 
 /// The time card on a task with one payment of 40.00 to Ann, and the dialog behind its history.
-class TaskNotes : public ::testing::Test {
+class TaskNotes : public ScreenTest {
 protected:
     using Work = std::function<void(const ScreenDriver& dialog)>;
 
     void SetUp() override {
-        gAppPath = data.db.folder();
-        gProgramFolder = data.db.folder() + "/Tarnwell"; // The error log lies beside it.
-        gConnectionString = connectionStringFor(data.db.path());
+        workOn(data.db);
         frmPayroll::setTaskNotes(
             [](frmPayroll& caller) { theForm<frmTaskNotes>().Show(Screen::Modality::Modal, &caller); });
     }
     void TearDown() override {
-        theForm<frmTaskNotes>().Unload();
-        theForm<frmPayroll>().Unload();
+        ScreenTest::TearDown();
         frmPayroll::setTaskNotes(nullptr);
-        DataEnvironment::close();
-        gProgramFolder.clear();
     }
 
     void openHistory() {

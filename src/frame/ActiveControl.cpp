@@ -5,6 +5,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QFocusEvent>
+#include <QGroupBox>
 #include <QShortcutEvent>
 
 namespace tarnwell {
@@ -169,6 +170,22 @@ bool ActiveControl::pressesByMnemonic(QObject* watched, const QEvent& event) {
     return true;
 }
 
+/// The toolkit leads a frame's mnemonic to the control of the frame that had the focus last; it leads to the
+/// first one.
+bool ActiveControl::leadsIntoFrame(QObject* watched) const {
+    const auto* frame = qobject_cast<QGroupBox*>(watched);
+    if (frame == nullptr || frame->window() != &m_window)
+        return false;
+    for (QWidget* widget = m_window.nextInFocusChain(); widget != &m_window;
+         widget = widget->nextInFocusChain())
+        if (frame->isAncestorOf(widget) && widget->isVisible() && widget->isEnabled() &&
+            (widget->focusPolicy() & Qt::TabFocus) != 0) {
+            widget->setFocus(Qt::ShortcutFocusReason);
+            return true;
+        }
+    return false;
+}
+
 bool ActiveControl::eventFilter(QObject* watched, QEvent* event) {
     switch (event->type()) {
     case QEvent::FocusIn:
@@ -179,7 +196,7 @@ bool ActiveControl::eventFilter(QObject* watched, QEvent* event) {
             m_interrupted = true;
         break;
     case QEvent::Shortcut:
-        return pressesByMnemonic(watched, *event);
+        return pressesByMnemonic(watched, *event) || leadsIntoFrame(watched);
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick:
     case QEvent::MouseButtonRelease:

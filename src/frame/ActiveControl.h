@@ -53,6 +53,7 @@ private:
     [[nodiscard]] bool isRefused(QWidget* pressed) const;
     [[nodiscard]] bool swallowsMouse(QWidget* widget, QEvent* event);
     [[nodiscard]] bool pressesByMnemonic(QObject* watched, const QEvent& event);
+    [[nodiscard]] bool leadsIntoFrame(QObject* watched) const;
 
     QWidget& m_window;
     std::function<void(QWidget&)> m_defaultGot;

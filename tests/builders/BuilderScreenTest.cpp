@@ -59,6 +59,7 @@ TEST_F(BuilderScreen, ATypedNameBecomesANewBuilderWithAPlanAndATask) {
 
 TEST_F(BuilderScreen, TheFramesMnemonicLeadsToTheName) {
     openBuilder();
+    driver->focus("MskField(3)"); // the frame's field that had the focus last
     driver->focus("jgTasks");
     driver->press(Qt::Key_B, Qt::AltModifier);
     EXPECT_EQ(driver->focusedName(), "MskField(0)");

@@ -69,6 +69,7 @@ private:
     void LoadJobLots(const Value& standOn = {});
     void cmbType_Click();
     void showTasks();
+    void showTasksAt(int row);
     void showEmployees();
     void RefreshTasks();
     void closeGrids();
@@ -101,8 +102,8 @@ private:
 
     std::unique_ptr<Recordset> rsJobLots;
     std::unique_ptr<Recordset> rsJobLotTasks;
-    qint64 CategoryKey = 0;  ///< Of the tasks on show.
-    qint64 m_lotOfTasks = 0; ///< Likewise the lot; 0 for none.
+    qint64 CategoryKey = 0;                 ///< Of the tasks on show.
+    qint64 m_lotOfTasks = 0;                ///< Likewise the lot; 0 for none.
     std::optional<quint32> m_employeesAsOf; ///< Version of the data that the employees on offer come from.
     QString LoadedJobNumber; ///< As it was when the job was loaded; a retyped one is asked about.
     ButtonMask ToolbarMask = 0;

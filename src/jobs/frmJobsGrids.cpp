@@ -166,6 +166,12 @@ void frmJobs::DeleteLot() {
     jgJobLots_RowColChange();
 }
 
+/// Behind a delete, done or refused: a second one is not to meet another task than the user looks at.
+void frmJobs::showTasksAt(int row) {
+    cmbType_Click();
+    jgTasks->setRow(std::min(row, jgTasks->RowCount()));
+}
+
 void frmJobs::DeleteTask() {
     m_deleting.emplace();
     const TreePlace place{.parentKey = numberIn(*jgTasks, parentColumn),
@@ -176,11 +182,10 @@ void frmJobs::DeleteTask() {
         jgTasks->Delete();
         repairTreeAfterDelete(connection(), place);
     } catch (const RunTimeError&) {
-        cmbType_Click();
+        showTasksAt(row);
         throw;
     }
-    cmbType_Click();
-    jgTasks->setRow(std::min(row, jgTasks->RowCount()));
+    showTasksAt(row);
     m_deleting.reset();
 }
 

@@ -279,10 +279,15 @@ void frmJobs::cmbType_GotFocus() {
     showToolTip(cmbType);
 }
 
-/// Only the user's own change: a loaded job tells nothing.
+/// Only the user's own change: a loaded job tells nothing, nor does a text that is no date yet.
 void frmJobs::rebCompletedDate_Change() {
-    if (ActiveControl() == rebCompletedDate)
-        setStatusText(completionHint(!rebCompletedDate->value().isNull()));
+    if (ActiveControl() != rebCompletedDate)
+        return;
+    const Value date = rebCompletedDate->value();
+    if (date.kind() == Value::Kind::Text)
+        showToolTip(rebCompletedDate);
+    else
+        setStatusText(completionHint(!date.isNull()));
 }
 
 bool frmJobs::isJobNumberEmpty() const {

@@ -148,6 +148,7 @@ TEST_F(JobScreen, AWrongDateIsToldAndKeepsTheScreenOpen) {
     openJob();
     driver->focus("rebCompletedDate");
     driver->type("soon");
+    EXPECT_EQ(form().statusText(), "Enter completed date of job") << "it completes nothing";
     script.expect(Answer::Ok);
     form().close();
     EXPECT_TRUE(form().isVisible());

@@ -42,6 +42,42 @@ TEST_F(JobGrids, ATypedLotIsStoredWhenItsColumnChanges) {
     driver.reset();
 }
 
+TEST_F(JobGrids, ATypedLotIsStoredHoweverItIsLeft) {
+    const std::pair<const char*, std::function<void()>> ways[] = {
+        {"by an arrow", [this] { driver->press(Qt::Key_Up); }},
+        {"by Tab", [this] { driver->press(Qt::Key_Tab); }},
+        {"by another lot", [this] { clickCell("jgJobLots", 1, 5); }},
+        {"by another category", [this] { driver->choose("cmbType", "Drywall"); }},
+        {"by Exit", [this] { driver->clickToolbar("Exit"); }},
+    };
+    for (const auto& [way, leave] : ways) {
+        openJob();
+        clickCell("jgJobLots", 3, 3);
+        driver->type("C");
+        leave();
+        EXPECT_EQ(data.count("JobLot WHERE LotBlock='C' AND JobKey=" + QString::number(data.job)), 1) << way;
+        form().Unload();
+        driver.reset();
+        data.db.run("DELETE FROM JobLot WHERE LotBlock='C'");
+    }
+}
+
+TEST_F(JobGrids, AnEditedLotThatAnotherSeatDeletedIsToldAndGoesWithItsTasks) {
+    openJob();
+    const auto other = data.db.secondSeat();
+    other->Execute("DELETE FROM JobLot WHERE LotBlock='A'");
+    lots().setCol(5);
+    driver->focus("jgJobLots");
+    driver->type("5 Elm Street");
+    script.expect(Answer::Ok);
+    driver->press(Qt::Key_Down);
+    EXPECT_TRUE(lots().isPending()) << "what was typed is still there";
+    driver->press(Qt::Key_Escape);
+    EXPECT_EQ(lots().RowCount(), 1);
+    EXPECT_EQ(lots().value("LotBlock"), Value("B"));
+    EXPECT_EQ(tasks().RowCount(), 0);
+}
+
 TEST_F(JobGrids, TheTasksFollowTheLotAndATaskNeedsAStoredOne) {
     openJob();
     EXPECT_EQ(tasks().RowCount(), 1);
@@ -217,6 +253,9 @@ TEST_F(JobGrids, ATaskThatAnotherSeatChangedIsNotOverwritten) {
     script.expect(Answer::Ok);
     driver->press(Qt::Key_Down);
     EXPECT_TRUE(tasks().isPending()) << "what was typed is still there";
+    script.expect(Answer::Ok);
+    driver->clickToolbar("Exit");
+    EXPECT_TRUE(form().isVisible()) << "and holds the screen";
     EXPECT_EQ(count("MasterPrice=77"), 1);
     driver->press(Qt::Key_Escape);
     EXPECT_EQ(cell(tasks(), 1, priceColumn), "77.00");

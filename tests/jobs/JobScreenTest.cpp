@@ -1,6 +1,7 @@
 #include "jobs/JobScreen.h"
 
 #include "controls/DateBox.h"
+#include "frame/MousePointer.h"
 #include "jobs/frmAddJobOptionGroup.h"
 #include "jobs/frmJobAdd.h"
 
@@ -206,6 +207,8 @@ TEST_F(JobScreen, DelMeansWhatIsActive) {
 }
 
 TEST_F(JobScreen, WhatWasPaidIsNotDeletedAndTheScreenShowsIt) {
+    bool hourGlass = false;
+    setMousePointerPresenter([&](bool on) { hourGlass = on; });
     data.addTask("Beams", data.lot);
     const qint64 task = data.addTask("Walls", data.lot);
     const qint64 worker = data.db.add("Employee", {{"LastName", "Archer"}, {"Inactive", false}});
@@ -223,6 +226,11 @@ TEST_F(JobScreen, WhatWasPaidIsNotDeletedAndTheScreenShowsIt) {
         EXPECT_EQ(form().JobKey, data.job);
     }
     EXPECT_EQ(tasks().Row(), 2) << "another Del would mean the same task";
+    EXPECT_TRUE(hourGlass);
+    tasks().setRow(1);
+    del();
+    EXPECT_FALSE(hourGlass);
+    setMousePointerPresenter(nullptr);
 }
 
 TEST_F(JobScreen, CopyAsksEverywhereAndCopiesWhereTheLotIsActive) {

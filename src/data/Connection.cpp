@@ -4,6 +4,8 @@
 
 #include <QStringList>
 
+#include <utility>
+
 namespace tarnwell {
 
 namespace {
@@ -99,6 +101,17 @@ Transaction::~Transaction() {
 void Transaction::commit() {
     m_connection.CommitTrans();
     m_open = false;
+}
+
+/// What others have half read is theirs: it must not end with a statement of this watch.
+StatementWatch::StatementWatch(Connection& connection, std::function<bool()> goesOn)
+    : m_engine(connection.sharedEngine()) {
+    m_engine->completeReaders();
+    m_engine->setWatch(std::move(goesOn));
+}
+
+StatementWatch::~StatementWatch() {
+    m_engine->setWatch({});
 }
 
 } // namespace tarnwell

@@ -5,6 +5,7 @@
 #include <QString>
 
 #include <chrono>
+#include <functional>
 #include <memory>
 
 namespace tarnwell {
@@ -83,6 +84,20 @@ public:
 private:
     Connection& m_connection;
     bool m_open = true;
+};
+
+/// Keeps an eye on the statements that the connection begins while this lives: `goesOn` is asked about every
+/// millisecond of their work, and once it says false they raise Cancelled. It must not use the
+/// connection and must not throw.
+class StatementWatch {
+public:
+    StatementWatch(Connection& connection, std::function<bool()> goesOn);
+    ~StatementWatch();
+    StatementWatch(const StatementWatch&) = delete;
+    StatementWatch& operator=(const StatementWatch&) = delete;
+
+private:
+    std::shared_ptr<data::Engine> m_engine;
 };
 
 } // namespace tarnwell

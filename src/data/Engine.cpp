@@ -6,6 +6,7 @@
 
 #include <limits>
 #include <sqlite3.h>
+#include <utility>
 
 namespace tarnwell::data {
 
@@ -26,6 +27,13 @@ int authorize(void*, int action, const char*, const char*, const char*, const ch
     default:
         return SQLITE_DENY;
     }
+}
+
+/// Far less than a millisecond of the engine's work.
+constexpr int stepsBetweenLooks = 2000;
+
+int endsStatement(void* watch) {
+    return (*static_cast<std::function<bool()>*>(watch))() ? 0 : 1;
 }
 
 /// Counts again the tables that have grown much and whose joins the engine planned without knowing it; a few
@@ -114,6 +122,12 @@ void Engine::abandonTransaction() noexcept {
     m_inTransaction = false;
     if (m_open && sqlite3_get_autocommit(m_handle.get()) == 0)
         sqlite3_exec(m_handle.get(), "ROLLBACK", nullptr, nullptr, nullptr);
+}
+
+void Engine::setWatch(std::function<bool()> goesOn) {
+    m_watch = std::move(goesOn);
+    if (m_open)
+        sqlite3_progress_handler(m_handle.get(), m_watch ? stepsBetweenLooks : 0, endsStatement, &m_watch);
 }
 
 void Engine::removeReader(const RowStore& reader) {

@@ -7,6 +7,7 @@
 #include <QString>
 
 #include <chrono>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -47,6 +48,10 @@ public:
     void abandonTransaction() noexcept;
     [[nodiscard]] bool inTransaction() const { return m_inTransaction; }
 
+    /// Asked again and again while a statement works; false ends it, and it raises Cancelled. Empty:
+    /// nobody is asked.
+    void setWatch(std::function<bool()> goesOn);
+
     /// Recordsets whose statement has not come to its end.
     void addReader(RowStore& reader) { m_readers.push_back(&reader); }
     void removeReader(const RowStore& reader);
@@ -60,6 +65,7 @@ private:
     StatementCache m_cache;
     Dialect m_dialect;
     std::vector<RowStore*> m_readers;
+    std::function<bool()> m_watch;
     bool m_open = true;
     bool m_inTransaction = false;
 };

@@ -54,6 +54,7 @@ constexpr std::array failures{
                  "Operation is not allowed when the object is open."},
     FailureEntry{Failure::ProviderNotFound, 3706, ConnectionSource,
                  "Provider cannot be found. It may not be properly installed."},
+    FailureEntry{Failure::Cancelled, 3712, ConnectionSource, "Operation has been cancelled by the user."},
 
     FailureEntry{Failure::SyntaxError, -2147217900, ProviderSource, "Syntax error in the statement."},
     FailureEntry{Failure::NoSuchTable, -2147217865, ProviderSource, "The table does not exist."},

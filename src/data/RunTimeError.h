@@ -53,6 +53,7 @@ enum class Failure {
     ObjectClosed,     // 3704
     ObjectOpen,       // 3705
     ProviderNotFound, // 3706
+    Cancelled,        // 3712
     // provider
     SyntaxError,      // -2147217900
     NoSuchTable,      // -2147217865

@@ -25,6 +25,7 @@ constexpr std::array codeFailures{
     CodeFailure{SQLITE_AUTH, Failure::PermissionDenied},
     CodeFailure{SQLITE_TOOBIG, Failure::DataOverflow},
     CodeFailure{SQLITE_MISMATCH, Failure::WrongType},
+    CodeFailure{SQLITE_INTERRUPT, Failure::Cancelled},
 };
 
 struct WordsFailure {

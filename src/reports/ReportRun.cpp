@@ -43,6 +43,10 @@ std::optional<qint64> drawPages(const Report& report, Connection& connection,
     Recordset rsReport;
     {
         const HourGlass hourGlass;
+        const StatementWatch watch(connection, [&watcher] {
+            watcher.DoEvents();
+            return !watcher.CancelRequested();
+        });
         rsReport.Open(report.buildQuery(parameters), connection, CursorType::Static, LockType::ReadOnly);
         if (rsReport.RecordCount() == 0)
             return std::nullopt;
@@ -75,7 +79,8 @@ void RunReport(const Report& report, Connection& connection, const ReportParamet
         else if (!watcher.CancelRequested())
             surface.ShowReport(*reportKey, preview);
     } catch (const RunTimeError& error) {
-        ErrorHandler(error, {});
+        if (error.number() != makeError(Failure::Cancelled).number())
+            ErrorHandler(error, {});
     }
 }
 

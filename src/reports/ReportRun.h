@@ -14,7 +14,7 @@ public:
     /// The run's units; also puts the progress back to 0.
     virtual void setMax(int units) = 0;
     virtual void stepOne() = 0;
-    /// Lets waiting events through, once a record.
+    /// Lets waiting events through, once a record and while the statement looks for them.
     virtual void DoEvents() = 0;
     [[nodiscard]] virtual bool CancelRequested() const = 0;
 };

@@ -87,6 +87,7 @@ void frmReport::RunReport() {
     if (!isLoaded())
         return;
     repaint();
+    m_sinceEvents.start();
     m_parameters.calendarMode = CalendarMode;
     tarnwell::RunReport(m_report, DataEnvironment::cnnConnection(), m_parameters, *ctlAHPrintPreview1, *this,
                         Preview);

@@ -75,6 +75,28 @@ TEST_F(ReportRunTest, ACancelledRunShowsNothing) {
     EXPECT_TRUE(pages.shown().isEmpty());
 }
 
+TEST_F(ReportRunTest, CancelIsHeardWhileTheStatementWorks) {
+    const Report slow{"frmRptSlow", "Slow",
+                      [](const ReportParameters& /*parameters*/) {
+                          return QString("SELECT A.CodeKey FROM Code AS A, Code AS B, Code AS C ORDER BY "
+                                         "A.Description, B.Description, C.Description");
+                      },
+                      drawJobs};
+    for (int i = 0; i < 40; ++i)
+        data.database().run(QString("INSERT INTO Code (Code1, Description) VALUES (2, '%1')").arg(i));
+    Recordset halfRead;
+    halfRead.Open("SELECT JobNumber FROM Job", data.connection());
+    watcher.cancelAfter = 1;
+    RunReport(slow, data.connection(), {}, pages, watcher, true);
+    EXPECT_EQ(watcher.units, -1) << "the statement came to its end";
+    EXPECT_TRUE(script.shown().empty()) << "the user knows";
+    EXPECT_TRUE(pages.shown().isEmpty());
+    EXPECT_EQ(halfRead.RecordCount(), 3) << "the rows of others stay";
+    watcher.cancelAfter = -1;
+    run();
+    EXPECT_EQ(pages.shown(), QStringList{"preview 1"});
+}
+
 TEST_F(ReportRunTest, AnErrorInTheMiddleStillShowsWhatWasDrawn) {
     data.database().run("UPDATE Job SET Name='Broken' WHERE JobNumber='2'");
     script.expect(Answer::Ok);

@@ -15,8 +15,6 @@
 #include "jobs/frmJobs.h"
 #include "master/frmMasterCodes.h"
 #include "master/frmMasterTasks.h"
-#include "reports/ReportPreview.h"
-#include "reports/ctlAHPrintPreview.h"
 #include "reports/frmReportParameters.h"
 #include "timecard/frmEmployee.h"
 #include "timecard/frmPayroll.h"
@@ -47,7 +45,6 @@ void registerScreens() {
     registerScreen<frmAbout>("mnuAbout", Screen::Modality::Modal);
     frmPayroll::setTaskNotes(
         [](frmPayroll& caller) { theForm<frmTaskNotes>().Show(Screen::Modality::Modal, &caller); });
-    ctlAHPrintPreview::setPreview(showPreview);
 }
 
 } // namespace

@@ -40,6 +40,7 @@ PreviewView::PreviewView(const PreviewPages& pages, QWidget* parent)
     setFocusPolicy(Qt::StrongFocus);
     viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
     viewport()->setMouseTracking(true);
+    setEnabled(pages.count() > 0);
 }
 
 QSize PreviewView::sizeHint() const {
@@ -184,6 +185,8 @@ void PreviewView::openPage(int page) {
 }
 
 void PreviewView::goToPage(int page) {
+    if (m_pages.count() == 0)
+        return;
     page = std::clamp(page, 1, m_pages.count());
     const QRect place = m_layout.page(page);
     const QRect seen(offset(), viewport()->size());
@@ -309,10 +312,19 @@ void PreviewView::drawCaption(QPainter& painter, int page, const QRect& place) c
     }
 }
 
+void PreviewView::drawNoPages(QPainter& painter) const {
+    painter.setPen(palette().color(QPalette::Active, QPalette::WindowText));
+    painter.drawText(viewport()->rect(), Qt::AlignCenter, QStringLiteral("This report has no pages."));
+}
+
 void PreviewView::paintEvent(QPaintEvent* event) {
     runEvent([&] {
         QPainter painter(viewport());
         painter.fillRect(event->rect(), previewDesktop(palette()));
+        if (m_pages.count() == 0) {
+            drawNoPages(painter);
+            return;
+        }
         painter.translate(-offset());
         const QRect exposed = event->rect().translated(offset());
         const int reach = PreviewLayout::margin + captionHeight();

@@ -21,7 +21,7 @@ public:
     static constexpr double leastZoom = 0.1;
     static constexpr double greatestZoom = 8;
 
-    /// `pages` has one at least and outlives the view.
+    /// `pages` outlives the view. Where there are none it says so.
     PreviewView(const PreviewPages& pages, QWidget* parent);
 
     [[nodiscard]] int pageCount() const { return m_pages.count(); }
@@ -89,6 +89,7 @@ private:
     void scrollTo(QPoint offset);
     void setCurrentPage(int page);
     void followScrolling();
+    void drawNoPages(QPainter& painter) const;
     void drawCaption(QPainter& painter, int page, const QRect& place) const;
     [[nodiscard]] int captionHeight() const;
 

@@ -53,6 +53,14 @@ LastLook& lastLook() {
     return look;
 }
 
+/// The window to stand in front of: the owner's or, where that is hidden, the one that it belongs to.
+QWindow* windowBehind(const QWidget* owner) {
+    QWindow* window = owner != nullptr ? owner->window()->windowHandle() : nullptr;
+    while (window != nullptr && !window->isVisible())
+        window = window->transientParent();
+    return window;
+}
+
 QString percentText(double zoom) {
     return QStringLiteral("%1 %").arg(qRound(zoom * 100));
 }
@@ -84,6 +92,9 @@ PreviewWindow::PreviewWindow(const PreviewPages& pages, const QString& title, Pr
     m_view->setArrangement(lastLook().arrangement);
     showPage();
     showLook();
+    enable({"Print", "SavePdf", "PageSetup", "ZoomOut", "ZoomIn", "Single", "Facing", "Overview", "Find",
+            "FindNextKey", "FindPreviousKey", "GoToPage"},
+           true);
     m_view->setFocus();
 }
 
@@ -211,12 +222,19 @@ void PreviewWindow::arrange(Arrangement arrangement) {
 
 void PreviewWindow::showPage() {
     const int page = m_view->currentPage();
-    m_page->setText(QString::number(page));
-    m_view->setAccessibleName(QStringLiteral("Page %1 of %2").arg(page).arg(m_view->pageCount()));
-    for (const char* name : {"FirstPage", "PreviousPage"})
-        findChild<QAction*>(QLatin1String(name))->setEnabled(page > 1);
-    for (const char* name : {"NextPage", "LastPage"})
-        findChild<QAction*>(QLatin1String(name))->setEnabled(page < m_view->pageCount());
+    const bool hasPages = m_view->pageCount() > 0;
+    m_page->setText(hasPages ? QString::number(page) : QString());
+    m_page->setEnabled(hasPages);
+    m_view->setAccessibleName(hasPages ? QStringLiteral("Page %1 of %2").arg(page).arg(m_view->pageCount())
+                                       : QStringLiteral("No pages"));
+    enable({"FirstPage", "PreviousPage"}, page > 1);
+    enable({"NextPage", "LastPage"}, page < m_view->pageCount());
+}
+
+/// Whatever else is asked for, a report without pages leaves nothing to do with one.
+void PreviewWindow::enable(std::initializer_list<const char*> tools, bool on) {
+    for (const char* name : tools)
+        findChild<QAction*>(QLatin1String(name))->setEnabled(on && m_view->pageCount() > 0);
 }
 
 void PreviewWindow::showLook() {
@@ -229,9 +247,8 @@ void PreviewWindow::showLook() {
     mark("Single", m_view->arrangement() == Arrangement::Single);
     mark("Facing", m_view->arrangement() == Arrangement::Facing);
     mark("Overview", overview);
-    for (const char* name : {"FitWidth", "FitPage", "TrueSize"})
-        findChild<QAction*>(QLatin1String(name))->setEnabled(!overview);
-    m_zoom->setEnabled(!overview);
+    enable({"FitWidth", "FitPage", "TrueSize"}, !overview);
+    m_zoom->setEnabled(!overview && m_view->isEnabled());
     m_zoom->setEditText(percentText(m_view->zoom()));
     m_paper->setText(m_pages.paperName());
 }
@@ -344,9 +361,9 @@ void PreviewWindow::showModal(QWidget* owner) {
     setWindowModality(Qt::ApplicationModal);
     placeOn(owner);
     // Only the desktop knows the owner, as with every form.
-    if (owner != nullptr && owner->window()->windowHandle() != nullptr) {
+    if (QWindow* behind = windowBehind(owner)) {
         create();
-        windowHandle()->setTransientParent(owner->window()->windowHandle());
+        windowHandle()->setTransientParent(behind);
     }
     QEventLoop loop;
     connect(this, &PreviewWindow::closed, &loop, &QEventLoop::quit);

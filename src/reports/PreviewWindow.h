@@ -5,6 +5,7 @@
 #include <QMainWindow>
 
 #include <functional>
+#include <initializer_list>
 
 class QAction;
 class QComboBox;
@@ -31,7 +32,7 @@ class PreviewWindow : public QMainWindow {
     Q_OBJECT
 
 public:
-    /// `pages` has one at least and outlives the window.
+    /// `pages` outlives the window. Without pages all that needs one is disabled.
     PreviewWindow(const PreviewPages& pages, const QString& title, PreviewCommands commands);
 
     ~PreviewWindow() override;
@@ -56,6 +57,7 @@ private:
     void arrange(Arrangement arrangement);
     void showPage();
     void showLook();
+    void enable(std::initializer_list<const char*> tools, bool on);
     void goToTypedPage();
     void takeTypedZoom();
     void openFind();

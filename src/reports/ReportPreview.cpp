@@ -3,7 +3,6 @@
 #include "data/RunTimeError.h"
 #include "frame/MsgBox.h"
 #include "frame/RunTime.h"
-#include "reports/PageOutput.h"
 #include "reports/PreviewWindow.h"
 #include "reports/PrinterDialogs.h"
 #include "reports/StoredPages.h"
@@ -20,6 +19,7 @@ namespace tarnwell {
 
 namespace {
 
+const QString notPrinted = QStringLiteral("The report was not printed.");
 constexpr int progressAfterMilliseconds = 400;
 constexpr int progressWidth = 360;
 
@@ -78,7 +78,7 @@ Result orTell(const QString& failure, Result otherwise, const std::function<Resu
 }
 
 QString printFromPreview(const StoredReport& report, const QString& title, QWidget* owner) {
-    return orTell<QString>(QStringLiteral("The report was not printed."), {}, [&]() -> QString {
+    return orTell<QString>(notPrinted, {}, [&]() -> QString {
         if (!showPrintDialog(owner))
             return {};
         PageProgress progress(QStringLiteral("Printing %1").arg(title), owner);
@@ -123,6 +123,12 @@ void showPreview(const StoredReport& report, const QString& title, QWidget* owne
          .savePdf = [&](QWidget* preview) { return saveFromPreview(report, title, pages.paper(), preview); },
          .setUpPage = [&](QWidget* preview) { return setUpFromPreview(pages, preview); }});
     window.showModal(owner);
+}
+
+void printReport(const StoredReport& report, const QString& title, const FollowPages& follow) {
+    if (report.pageCount() > 0)
+        (void)orTell<bool>(notPrinted, false,
+                           [&] { return printPages(report, currentPrinter(), title, follow); });
 }
 
 } // namespace tarnwell

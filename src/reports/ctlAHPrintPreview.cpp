@@ -2,8 +2,7 @@
 
 #include "data/Connection.h"
 #include "data/RunTimeError.h"
-#include "reports/PageOutput.h"
-#include "reports/PrinterDialogs.h"
+#include "reports/ReportPreview.h"
 
 #include <QWidget>
 
@@ -14,7 +13,7 @@ namespace tarnwell {
 namespace {
 
 ctlAHPrintPreview::Preview& installedPreview() {
-    static ctlAHPrintPreview::Preview preview;
+    static ctlAHPrintPreview::Preview preview = showPreview;
     return preview;
 }
 
@@ -55,14 +54,17 @@ void ctlAHPrintPreview::store(qint64 reportKey, const PageLine& line) {
 void ctlAHPrintPreview::ShowReport(qint64 ReportKey, bool preview) {
     pages().finish(ReportKey);
     const StoredReport report(pages(), ReportKey);
-    if (report.pageCount() == 0)
-        return;
     auto* const form = qobject_cast<QWidget*>(parent());
     const QString title = form != nullptr ? form->windowTitle() : QString();
-    if (preview && installedPreview())
-        installedPreview()(report, title, form);
-    else
-        printPages(report, currentPrinter(), title);
+    if (!preview) {
+        printReport(report, title, m_followPrint);
+        return;
+    }
+    // A progress that is over has nothing to say beside the pages; hidden, the form is still modal to its
+    // end.
+    if (form != nullptr)
+        form->window()->hide();
+    installedPreview()(report, title, form);
 }
 
 } // namespace tarnwell

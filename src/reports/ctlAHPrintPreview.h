@@ -1,12 +1,13 @@
 #pragma once
 
-#include "reports/PageStore.h"
+#include "reports/PageOutput.h"
 #include "reports/PageSurface.h"
 
 #include <QObject>
 
 #include <functional>
 #include <memory>
+#include <utility>
 
 class QWidget;
 
@@ -28,13 +29,16 @@ public:
     void setConnectionString(const QString& text);
     [[nodiscard]] const QString& connectionString() const { return m_connectionString; }
 
+    /// Follows a print; may end it. The preview follows its own prints.
+    void setFollowPrint(FollowPages follow) { m_followPrint = std::move(follow); }
+
     /// Raises what opening the report database raises. The pages of this surface's run before are cleared.
     qint64 NewReport() override;
-    /// A report without pages shows and prints nothing. Raises PrinterError when there is no printer or it
-    /// fails; the pages stay.
+    /// The form is out of sight once the pages are shown. A missing printer, or one that fails, is told by
+    /// message.
     void ShowReport(qint64 ReportKey, bool preview) override;
 
-    /// The preview window, which the program hands in at its start. Returns the one before.
+    /// Replaces the preview window, for tests. Returns the one before.
     static Preview setPreview(Preview preview);
 
 protected:
@@ -45,6 +49,7 @@ private:
     [[nodiscard]] PageStore& pages() const;
 
     QString m_connectionString;
+    FollowPages m_followPrint;
     std::unique_ptr<PageStore> m_pages;
 };
 

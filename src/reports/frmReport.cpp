@@ -35,6 +35,8 @@ void frmReport::Form_Load() {
     ctlAHPrintPreview1 = new ctlAHPrintPreview(this);
     ctlAHPrintPreview1->setObjectName("ctlAHPrintPreview1");
     ctlAHPrintPreview1->setConnectionString(reportConnectionString());
+    ctlAHPrintPreview1->setFollowPrint(
+        [this](qint64 done, qint64 pages) { return followPrint(done, pages); });
 }
 
 void frmReport::makeControls() {
@@ -118,6 +120,14 @@ void frmReport::setMax(int units) {
     proBarStatus->setRange(0, units);
     m_stage->setText("Drawing the pages...");
     showProgress();
+}
+
+bool frmReport::followPrint(qint64 done, qint64 pages) {
+    m_stage->setText("Printing the pages...");
+    proBarStatus->setMaximum(static_cast<int>(pages));
+    m_unitsDone = static_cast<int>(done);
+    DoEvents();
+    return !m_cancelRequested;
 }
 
 void frmReport::DoEvents() {

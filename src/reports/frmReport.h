@@ -49,6 +49,8 @@ private:
     void stepOne() override { ++m_unitsDone; }
     /// Records come far faster than anybody can look or click, so most calls return at once.
     void DoEvents() override;
+    /// False once the print is to end.
+    [[nodiscard]] bool followPrint(qint64 done, qint64 pages);
     void showProgress();
 
     ctlAHPrintPreview* ctlAHPrintPreview1 = nullptr;

@@ -1,6 +1,7 @@
 #include "RecordingPrinter.h"
 #include "reports/PrinterDialogs.h"
 #include "reports/ctlAHPrintPreview.h"
+#include "support/MessageScript.h"
 #include "support/RaisedNumber.h"
 
 #include <QTemporaryDir>
@@ -71,15 +72,42 @@ TEST_F(PrintPreviewTest, PrintsOnTheCurrentPrinterWithoutAPreview) {
     EXPECT_EQ(m_shown, 0);
 }
 
-TEST_F(PrintPreviewTest, AReportWithoutPagesShowsAndPrintsNothing) {
-    for (const bool preview : {true, false})
-        m_surface.ShowReport(drawnReport(0), preview);
-    EXPECT_EQ(m_shown, 0);
+TEST_F(PrintPreviewTest, TheFormGivesWayToThePages) {
+    m_form.show();
+    const qint64 key = drawnReport(1);
+    EXPECT_TRUE(m_form.isVisible());
+    m_surface.ShowReport(key, true);
+    EXPECT_FALSE(m_form.isVisible());
 }
 
-TEST_F(PrintPreviewTest, WithoutAPrinterThePagesStay) {
+TEST_F(PrintPreviewTest, APrintIsFollowedAndCanBeEnded) {
+    auto printer = std::make_unique<RecordingPrinter>();
+    const RecordingPrinter& printed = *printer;
+    setCurrentPrinter(std::move(printer));
+    QStringList followed;
+    m_surface.setFollowPrint([&](qint64 done, qint64 pages) {
+        followed << QStringLiteral("%1 of %2").arg(done).arg(pages);
+        return done < 2;
+    });
+    m_surface.ShowReport(drawnReport(4), false);
+    EXPECT_EQ(followed, (QStringList{"0 of 4", "1 of 4", "2 of 4"}));
+    EXPECT_TRUE(printed.wasAborted());
+}
+
+TEST_F(PrintPreviewTest, AReportWithoutPagesIsShownAsItIsAndPrintsNothing) {
+    m_surface.ShowReport(drawnReport(0), false);
+    EXPECT_EQ(m_shown, 0);
+    m_surface.ShowReport(drawnReport(0), true);
+    EXPECT_EQ(m_shown, 1);
+    EXPECT_EQ(m_pages, 0);
+}
+
+TEST_F(PrintPreviewTest, WithoutAPrinterAMessageSaysSoAndThePagesStay) {
+    test::MessageScript messages{Answer::Ok};
     const qint64 key = drawnReport(1);
-    EXPECT_EQ(raisedNumber([&] { m_surface.ShowReport(key, false); }), numberOf(Failure::PrinterError));
+    m_surface.ShowReport(key, false);
+    ASSERT_EQ(messages.shown().size(), 1U);
+    EXPECT_TRUE(messages.shown().front().text.startsWith("The report was not printed.\n\n"));
     EXPECT_EQ(raisedNumber([&] { (void)showPrinterSetup(&m_form); }), numberOf(Failure::PrinterError));
     m_surface.ShowReport(key, true);
     EXPECT_EQ(m_pages, 1);

@@ -8,6 +8,7 @@
 #include "support/MessageScript.h"
 #include "support/ScreenDriver.h"
 
+#include <QAction>
 #include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
@@ -100,6 +101,20 @@ TEST_F(ReportPreviewTest, ALongReportIsFoundThroughToItsLastPage) {
         driver.press(Qt::Key_W, Qt::ControlModifier);
     });
     showPreview(data.report(), QStringLiteral("Lot Budget"), nullptr);
+}
+
+TEST_F(ReportPreviewTest, WithoutPagesNothingIsOfferedThatNeedsOne) {
+    use(NumberedReport(0), [](const ScreenDriver& driver) {
+        QStringList enabled;
+        for (const QAction* tool : driver.window().actions())
+            if (tool->isEnabled())
+                enabled << tool->objectName();
+        EXPECT_EQ(enabled, QStringList("Close"));
+        EXPECT_EQ(driver.find<QLabel>("lblPageCount").text(), "of 0");
+        driver.window().resize(500, 400); // laid out and painted anew
+        driver.press(Qt::Key_End);
+        EXPECT_FALSE(driver.find<QLineEdit>("txtPage").isEnabled());
+    });
 }
 
 TEST_F(ReportPreviewTest, TheNumberOfPagesIsFoundInTheHeader) {

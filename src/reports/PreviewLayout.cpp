@@ -36,7 +36,8 @@ PreviewLayout::PreviewLayout(const Request& request)
     const int caption = request.arrangement == Arrangement::Overview ? request.captionHeight : 0;
     m_step = m_pageSize + QSize(margin, margin + caption);
     const int rows = (m_pages + m_columns - 1) / m_columns;
-    const QSize filled(margin + m_columns * m_step.width(), margin + rows * m_step.height());
+    const int filledColumns = std::min(m_columns, m_pages);
+    const QSize filled(margin + filledColumns * m_step.width(), margin + rows * m_step.height());
     m_size = filled.expandedTo(request.view);
     m_first = QPoint(margin, margin) + QPoint((m_size.width() - filled.width()) / 2, 0);
     // An overview is read from the top; a single row stands in the middle.

@@ -1,6 +1,7 @@
 #include "controls/Combo.h"
 
 #include "controls/KeyCodes.h"
+#include "controls/ShownStart.h"
 #include "data/RunTimeError.h"
 #include "frame/EventGuard.h"
 
@@ -34,6 +35,7 @@ Combo::Combo(QWidget* parent) : QComboBox(parent), m_items(new ItemModel(this)) 
         list->setUniformItemSizes(true);
     // Leaving the field with a text that equals an entry would choose that entry.
     disconnect(lineEdit(), &QLineEdit::editingFinished, this, nullptr);
+    showStartWhenLeft(*lineEdit());
     connect(lineEdit(), &QLineEdit::textEdited, this, &Combo::forgetChoice);
     connect(this, &QComboBox::activated, this, [this](int index) {
         m_listIndex = index;
@@ -95,7 +97,8 @@ void Combo::choose(int index) {
     m_listIndex = index;
     QComboBox::setCurrentIndex(index);
     // The same index again: the text may have been typed over.
-    setEditText(List(index));
+    if (currentText() != List(index))
+        setEditText(List(index));
     Q_EMIT clicked();
 }
 

@@ -1,5 +1,7 @@
 #include "controls/MaskedBox.h"
 
+#include "controls/ShownStart.h"
+
 #include <QKeyEvent>
 #include <QMouseEvent>
 
@@ -8,6 +10,7 @@ namespace tarnwell {
 MaskedBox::MaskedBox(int limit, QWidget* parent) : QLineEdit(parent) {
     if (limit > 0)
         setMaxLength(limit);
+    showStartWhenLeft(*this);
 }
 
 void MaskedBox::setMask(const QString& mask) {

@@ -30,6 +30,7 @@ struct ComboTest : ::testing::Test {
         column->addWidget(combo);
         column->addWidget(other);
         combo->setObjectName("cmbType");
+        other->setObjectName("txtOther");
         combo->setItems({{"Electric", 11}, {"Framing", 12}, {"Roof", 13}});
         QObject::connect(combo, &Combo::clicked, &window, [this] { chosen.push_back(combo->ListIndex()); });
     }
@@ -178,6 +179,18 @@ TEST_F(ComboTest, ItsOwnMnemonicLeavesTheTextToBeTypedOver) {
     EXPECT_EQ(combo->lineEdit()->selectedText(), "Roof");
     driver.type("fr");
     EXPECT_EQ(combo->Text(), "Framing");
+}
+
+TEST_F(ComboTest, ALongTextShowsItsBeginningUnlessItIsWorkedOn) {
+    const ScreenDriver driver(window);
+    driver.focus("txtOther");
+    combo->setListIndex(1);
+    EXPECT_EQ(combo->SelStart(), 0);
+    driver.focus("cmbType");
+    driver.press(Qt::Key_End);
+    EXPECT_EQ(combo->lineEdit()->cursorPosition(), 7);
+    driver.press(Qt::Key_Tab);
+    EXPECT_EQ(combo->lineEdit()->cursorPosition(), 0);
 }
 
 TEST_F(ComboTest, TypeAheadInAnEmptyListChoosesNothing) {

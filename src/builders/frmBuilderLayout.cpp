@@ -5,6 +5,7 @@
 #include "controls/Label.h"
 #include "controls/ListBox.h"
 #include "controls/MaskedBox.h"
+#include "frame/Theme.h"
 
 #include <QGroupBox>
 #include <QLabel>
@@ -117,7 +118,7 @@ QWidget* frmBuilder::recordFrame() {
         grid->addWidget(m_fields.at(i), row++, 1, 1, i == state ? 1 : 4);
     }
     for (const std::size_t small : {state, zip})
-        m_fields.at(small)->setFixedWidth(shortFieldWidth);
+        m_fields.at(small)->setFixedWidth(scaledToText(shortFieldWidth, *m_fields.at(small)));
     grid->setColumnStretch(2, 1);
     grid->setRowStretch(row, 1);
     return frame;

@@ -1,5 +1,7 @@
 #include "controls/GridWidths.h"
 
+#include "frame/Theme.h"
+
 #include <QHeaderView>
 #include <QScopedValueRollback>
 #include <QTableView>
@@ -22,7 +24,7 @@ void GridWidths::reset(const std::vector<GridColumn>& columns) {
     m_widths.clear();
     for (std::size_t i = 0; i < columns.size(); ++i) {
         const int section = static_cast<int>(i);
-        m_widths.push_back(columns[i].width);
+        m_widths.push_back(scaledToText(columns[i].width, m_view));
         header.moveSection(header.visualIndex(section), section);
         m_view.setColumnHidden(section, !columns[i].visible);
     }
@@ -39,7 +41,7 @@ void GridWidths::apply(const std::vector<LayoutColumn>& layout, const std::vecto
         if (found == columns.end())
             continue;
         const auto section = static_cast<int>(found - columns.begin());
-        m_widths[static_cast<std::size_t>(section)] = told.width;
+        m_widths[static_cast<std::size_t>(section)] = scaledToText(told.width, m_view);
         header.moveSection(header.visualIndex(section), place++);
     }
     share();

@@ -4,6 +4,7 @@
 #include "frame/ActiveControl.h"
 #include "frame/EventGuard.h"
 #include "frame/StatusBar.h"
+#include "frame/Theme.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -165,6 +166,14 @@ void Screen::Unload() {
         deleteLater();
 }
 
+/// A larger font gets a larger form, as far as the screen has room for it.
+QSize Screen::sizeForText(QSize usual) const {
+    const QSize room =
+        screen()->availableGeometry().size() - frameAllowance - (sizeHint() - m_canvas->sizeHint());
+    const QSize scaled(scaledToText(usual.width(), *this), scaledToText(usual.height(), *this));
+    return scaled.boundedTo(room.expandedTo(usual));
+}
+
 /// Takes the layout's places at the design size for the form's own, and does without it and its limits from
 /// then on.
 void Screen::takeDesign() {
@@ -173,7 +182,7 @@ void Screen::takeDesign() {
     const QLayout* layout = m_canvas->layout();
     const QSize least = layout != nullptr ? layout->totalMinimumSize() : QSize();
     const QSize natural = layout != nullptr ? layout->totalSizeHint() : m_canvas->size();
-    m_designSize = (m_designSize.isValid() ? m_designSize : natural).expandedTo(least);
+    m_designSize = (m_designSize.isValid() ? sizeForText(m_designSize) : natural).expandedTo(least);
     m_canvas->resize(m_designSize);
     layOut(*m_canvas);
     StoreFormPositions(m_positions, *m_canvas);

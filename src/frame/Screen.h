@@ -110,6 +110,7 @@ private:
     enum class Life { New, Loading, Loaded, Unloading, Unloaded };
 
     void addToolbar();
+    [[nodiscard]] QSize sizeForText(QSize usual) const;
     void takeDesign();
     void placeOn(const QWidget* owner);
     void waitForClose(QWidget* owner);

@@ -1,5 +1,7 @@
 #include "frame/Theme.h"
 
+#include <algorithm>
+
 namespace tarnwell {
 
 namespace {
@@ -26,6 +28,13 @@ QColor markColor(const QPalette& palette) {
     return isDark(palette.color(QPalette::Active, QPalette::Base))
                ? mixed(highlight, palette.color(QPalette::Active, QPalette::Text), 0.35)
                : highlight;
+}
+
+int scaledToText(int pixels, const QWidget& widget) {
+    constexpr int usualAdvance = 252; // Of nine points at a hundred percent.
+    const int advance =
+        widget.fontMetrics().horizontalAdvance(QStringLiteral("abcdefghijklmnopqrstuvwxyz0123456789"));
+    return pixels * std::max(advance, usualAdvance) / usualAdvance;
 }
 
 QPalette refinements(const QPalette& desktop) {

@@ -2,6 +2,7 @@
 
 #include <QColor>
 #include <QPalette>
+#include <QWidget>
 
 namespace tarnwell {
 
@@ -13,6 +14,10 @@ namespace tarnwell {
 /// The selection's colour for shades and frames on the base, the same in every window; a dark base takes a
 /// lighter one than the desktop lays under selected text.
 [[nodiscard]] QColor markColor(const QPalette& palette);
+
+/// A width that was drawn for a usual desktop's font, for a widget whose font may be larger; a smaller one
+/// changes nothing.
+[[nodiscard]] int scaledToText(int pixels, const QWidget& widget);
 
 /// What a desktop's palette may lack, as a palette that sets nothing else: links and hints that can be read
 /// on its background, and a selection that stays visible while another window is active.

@@ -2,6 +2,7 @@
 #include "controls/Label.h"
 #include "controls/MaskedBox.h"
 #include "frame/EventGuard.h"
+#include "frame/Theme.h"
 #include "reports/JobMarks.h"
 #include "reports/frmReportParameters.h"
 
@@ -141,7 +142,7 @@ QGroupBox* frmReportParameters::reportParameters() {
     dates->addWidget(MskField[1]);
     dates->addStretch(1);
     for (MaskedBox* field : MskField)
-        field->setFixedWidth(dateWidth);
+        field->setFixedWidth(scaledToText(dateWidth, *field));
     grid->addWidget(label("Entry Date:", "lblFieldLabel(6)", MskField[0]), row, 0);
     grid->addLayout(dates, row++, 1);
     MskField[1]->setAccessibleName("Entry Date to");

@@ -5,6 +5,7 @@
 #include "controls/ListBox.h"
 #include "controls/MaskedBox.h"
 #include "controls/NoteBox.h"
+#include "frame/Theme.h"
 #include "timecard/frmEmployee.h"
 
 #include <QCheckBox>
@@ -118,7 +119,7 @@ QWidget* frmEmployee::information() {
         const int column = side * 3;
         grid->addWidget(fieldLabel(labelIndex, text, control), row, column);
         if (width > 0)
-            control->setFixedWidth(width);
+            control->setFixedWidth(scaledToText(width, *control));
         grid->addWidget(control, row, column + 1, width > 0 ? Qt::AlignLeft : Qt::Alignment());
     };
     const auto addField = [&](int row, int side, std::size_t index, int width = 0) {
@@ -129,7 +130,7 @@ QWidget* frmEmployee::information() {
     for (std::size_t index = EmployeeField::LastName; index <= city; ++index)
         addField(static_cast<int>(index), 0, index);
     auto* place = spaced<QHBoxLayout>();
-    MskField[state]->setFixedWidth(smallWidth);
+    MskField[state]->setFixedWidth(scaledToText(smallWidth, *MskField[state]));
     place->addWidget(MskField[state]);
     place->addSpacing(formSpacing);
     place->addWidget(fieldLabel(fields[zipCode].labelIndex, fields[zipCode].label, MskField[zipCode]));

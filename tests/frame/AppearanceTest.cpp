@@ -154,4 +154,18 @@ TEST(Theme, EmptyBoxesCanBeSeenOnADarkWindow) {
     }
 }
 
+TEST(Theme, WidthsGrowWithALargerFontOnly) {
+    QWidget widget;
+    QFont font = widget.font();
+    font.setPointSize(9);
+    widget.setFont(font);
+    EXPECT_NEAR(scaledToText(100, widget), 100, 10);
+    font.setPointSize(5);
+    widget.setFont(font);
+    EXPECT_EQ(scaledToText(100, widget), 100);
+    font.setPointSize(18);
+    widget.setFont(font);
+    EXPECT_NEAR(scaledToText(100, widget), 200, 20);
+}
+
 } // namespace tarnwell::test

@@ -12,10 +12,8 @@ namespace tarnwell {
 namespace {
 
 void chooseMasterCategory(benchmark::State& state) {
-    if (!bench::openLargeSample()) {
-        state.SkipWithError("TARNWELL_SAMPLE names no sample");
+    if (!bench::openLargeSample(state))
         return;
-    }
     auto& form = theForm<frmMasterTasks>();
     form.Show(Screen::Modality::Modeless, nullptr);
     auto* category = form.findChild<Combo*>("cmbType");

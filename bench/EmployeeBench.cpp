@@ -13,8 +13,8 @@ namespace {
 /// From the choice in the search dialog to the painted record. The record before is written on the way, and
 /// so is a foreman's, which reads the list of foremen anew.
 void showFoundEmployee(benchmark::State& state) {
-    if (!bench::openLargeSample())
-        return state.SkipWithError("TARNWELL_SAMPLE names no database");
+    if (!bench::openLargeSample(state))
+        return;
     auto& form = theForm<frmEmployee>();
     form.Show(Screen::Modality::Modeless, nullptr);
     const QString name = bench::middleOf("SELECT LastName FROM Employee ORDER BY LastName");

@@ -41,8 +41,8 @@ void chooseFullCategory(const frmJobs& form) {
 
 /// From the choice in the search dialog to the painted job, the one before saved on the way.
 void showFoundJob(benchmark::State& state, const char* number) {
-    if (!bench::openLargeSample())
-        return state.SkipWithError("TARNWELL_SAMPLE names no database");
+    if (!bench::openLargeSample(state))
+        return;
     auto& form = shownScreen();
     (void)bench::showFound(form, number);
     chooseFullCategory(form);
@@ -57,8 +57,8 @@ BENCHMARK_CAPTURE(showFoundJob, manyTasks, manyTasks)->UseManualTime()->Unit(ben
 
 /// Down and up among 500 lots, the tasks following.
 void changeLotRow(benchmark::State& state) {
-    if (!bench::openLargeSample())
-        return state.SkipWithError("TARNWELL_SAMPLE names no database");
+    if (!bench::openLargeSample(state))
+        return;
     auto& form = shownScreen();
     (void)bench::showFound(form, manyLots);
     auto* lots = form.findChild<Grid*>("jgJobLots");

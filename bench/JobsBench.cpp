@@ -17,13 +17,6 @@ Connection& connection() {
     return DataEnvironment::cnnConnection();
 }
 
-bool isReady(benchmark::State& state) {
-    if (bench::openLargeSample())
-        return true;
-    state.SkipWithError("TARNWELL_SAMPLE names no database");
-    return false;
-}
-
 /// The lot of the sample that has 200 tasks and 60 options below them.
 LotToCopy lotWithOptions() {
     Recordset lot;
@@ -35,7 +28,7 @@ LotToCopy lotWithOptions() {
 }
 
 void copyLotWithOptions(benchmark::State& state) {
-    if (!isReady(state))
+    if (!bench::openLargeSample(state))
         return;
     const LotToCopy source = lotWithOptions();
     for (auto _ : state)
@@ -77,7 +70,7 @@ qint64 addGroup() {
 
 /// From the opening of the groups' rows; the lot has none of the tasks, so that each is added first.
 void applyGroupToEmptyLot(benchmark::State& state) {
-    if (!isReady(state))
+    if (!bench::openLargeSample(state))
         return;
     const QString filter = "CodeKey=" + QString::number(addGroup());
     const Value jobKey = lotWithOptions().jobKey;

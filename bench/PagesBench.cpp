@@ -71,6 +71,7 @@ void storeItems(benchmark::State& state) {
     const QTemporaryDir folder;
     PageStore store(reportDatabase(folder));
     std::vector<PageText> texts;
+    texts.reserve(textsPerPage);
     for (int number = 0; number < textsPerPage; ++number)
         texts.push_back(denseText(1, number));
     for (auto _ : state) {

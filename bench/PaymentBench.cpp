@@ -19,10 +19,8 @@ namespace {
 
 /// The screen on the large sample, shown; every warning is answered with Yes.
 frmPayroll* openPayroll(benchmark::State& state) {
-    if (!bench::openLargeSample()) {
-        state.SkipWithError("TARNWELL_SAMPLE names no database");
+    if (!bench::openLargeSample(state))
         return nullptr;
-    }
     setMessagePresenter([](const MessageRequest&) { return Answer::Yes; });
     auto& form = theForm<frmPayroll>();
     form.Show(Screen::Modality::Modeless, nullptr);

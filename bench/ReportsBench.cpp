@@ -76,13 +76,6 @@ ReportParameters paidoutParameters() {
     return {.incomplete = false, .startDate = "01/01/17", .stopDate = "12/31/17", .allJobsMarked = true};
 }
 
-bool isReady(benchmark::State& state) {
-    if (bench::openLargeSample())
-        return true;
-    state.SkipWithError("TARNWELL_SAMPLE names no database");
-    return false;
-}
-
 /// From the press: statement, rows, drawing.
 void drawOnce(benchmark::State& state, const Report& report, const ReportParameters& parameters,
               PageSurface& surface) {
@@ -95,7 +88,7 @@ void drawOnce(benchmark::State& state, const Report& report, const ReportParamet
 }
 
 void drawToNowhere(benchmark::State& state, const Report& report, ReportParameters (*parameters)()) {
-    if (!isReady(state))
+    if (!bench::openLargeSample(state))
         return;
     const ReportParameters chosen = parameters();
     for (auto _ : state) {
@@ -109,7 +102,7 @@ BENCHMARK_CAPTURE(drawToNowhere, Paidout, paidout, paidoutParameters)->Unit(benc
 
 /// From the press to the first page, as far as no window is needed for it.
 void drawToFirstPage(benchmark::State& state, const Report& report, ReportParameters (*parameters)()) {
-    if (!isReady(state))
+    if (!bench::openLargeSample(state))
         return;
     const QTemporaryDir folder;
     PageStore store(folder.filePath("Report.mdb"));
@@ -152,7 +145,7 @@ qint64 readBare(sqlite3* handle, const QString& sql) {
 }
 
 void readBareRows(benchmark::State& state, QStringList (*statements)()) {
-    if (!isReady(state))
+    if (!bench::openLargeSample(state))
         return;
     const QStringList chosen = statements();
     const QString path = DataEnvironment::cnnConnection().connectionString().section("Data Source=", 1);

@@ -17,8 +17,8 @@ namespace {
 
 /// One key of the dialog, with the list painted anew.
 void searchKey(benchmark::State& state) {
-    if (!bench::openLargeSample())
-        return state.SkipWithError("TARNWELL_SAMPLE names no database");
+    if (!bench::openLargeSample(state))
+        return;
     const int type = static_cast<int>(state.range(0));
     const int option = static_cast<int>(state.range(1));
     const SearchOption& chosen = searchKind(type)->options[static_cast<std::size_t>(option)];

@@ -31,4 +31,8 @@ QLabel* label(const QString& text, const QString& name, QWidget* buddy) {
     return made;
 }
 
+QLabel* fieldLabel(int index, const QString& text, QWidget* buddy) {
+    return label(text, QStringLiteral("lblFieldLabel(%1)").arg(index), buddy);
+}
+
 } // namespace tarnwell

@@ -8,4 +8,7 @@ namespace tarnwell {
 /// name.
 [[nodiscard]] QLabel* label(const QString& text, const QString& name, QWidget* buddy = nullptr);
 
+/// The same, named as one of the array: "lblFieldLabel(3)".
+[[nodiscard]] QLabel* fieldLabel(int index, const QString& text, QWidget* buddy = nullptr);
+
 } // namespace tarnwell

@@ -8,19 +8,15 @@
 #include "data/Schema.h"
 
 #include <QByteArrayList>
-#include <QDir>
 #include <QFileInfo>
 
 namespace tarnwell {
 
 namespace {
 
+using data::quoted;
 using data::SqliteHandle;
 using data::SqliteStatement;
-
-QByteArray quoted(const QString& name) {
-    return '"' + name.toUtf8() + '"';
-}
 
 void insertInitialRow(const SqliteHandle& handle, const schema::InitialRow& row) {
     QByteArrayList names;

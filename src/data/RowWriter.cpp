@@ -12,10 +12,6 @@ namespace tarnwell::data {
 
 namespace {
 
-QByteArray quoted(const QString& name) {
-    return '"' + name.toUtf8() + '"';
-}
-
 /// Equal to the last bit: a change of case alone is somebody's work as well.
 bool sameCell(const Cell& a, const Cell& b) {
     if (a.kind != b.kind)

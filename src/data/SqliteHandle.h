@@ -14,6 +14,11 @@ struct sqlite3_stmt;
 
 namespace tarnwell::data {
 
+/// A table's or column's name as a statement has it.
+[[nodiscard]] inline QByteArray quoted(const QString& name) {
+    return '"' + name.toUtf8() + '"';
+}
+
 /// One prepared statement of the engine's own language. Must not outlive its handle.
 class SqliteStatement {
 public:

@@ -45,10 +45,6 @@ constexpr std::array<Field, EmployeeField::Count> fields{{
     {"Enter Number of Dependants", "Dependants:", 14},
 }};
 
-QLabel* fieldLabel(int index, const char* text, QWidget* buddy) {
-    return label(text, QStringLiteral("lblFieldLabel(%1)").arg(index), buddy);
-}
-
 } // namespace
 
 void frmEmployee::makeControls() {

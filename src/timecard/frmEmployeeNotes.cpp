@@ -55,9 +55,9 @@ void frmEmployeeNotes::layOut() {
 
     auto* fields = spaced<QGridLayout>();
     m_date->setFixedWidth(dateWidth);
-    fields->addWidget(label("Date:", "lblFieldLabel(0)", m_date), 0, 0);
+    fields->addWidget(fieldLabel(0, "Date:", m_date), 0, 0);
     fields->addWidget(m_date, 0, 1, Qt::AlignLeft);
-    fields->addWidget(label("Note:", "lblFieldLabel(1)", m_note), 1, 0, Qt::AlignTop);
+    fields->addWidget(fieldLabel(1, "Note:", m_note), 1, 0, Qt::AlignTop);
     fields->addWidget(m_note, 1, 1);
     fields->setRowStretch(1, 1);
     form->addLayout(fields, 1);

@@ -59,10 +59,6 @@ std::vector<GridColumn> taskColumns() {
             {.key = "EmployeeKey", .caption = "EmployeeKey", .visible = false}};
 }
 
-QLabel* fieldLabel(int index, const QString& text, QWidget* buddy = nullptr) {
-    return label(text, QStringLiteral("lblFieldLabel(%1)").arg(index), buddy);
-}
-
 Grid* readOnlyGrid(QWidget* parent, std::vector<GridColumn> columns) {
     auto* grid = new Grid(parent);
     grid->setColumns(std::move(columns));

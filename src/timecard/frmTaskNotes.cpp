@@ -72,11 +72,11 @@ void frmTaskNotes::layOut() {
 
     auto* fields = spaced<QGridLayout>();
     m_price->setFixedWidth(priceWidth);
-    fields->addWidget(label("Employee:", "lblFieldLabel(9)", cmbEmployees), 0, 0);
+    fields->addWidget(fieldLabel(9, "Employee:", cmbEmployees), 0, 0);
     fields->addWidget(cmbEmployees, 0, 1);
-    fields->addWidget(label("Task Price:", "lblFieldLabel(7)", m_price), 1, 0);
+    fields->addWidget(fieldLabel(7, "Task Price:", m_price), 1, 0);
     fields->addWidget(m_price, 1, 1, Qt::AlignLeft);
-    fields->addWidget(label("Notes:", "lblFieldLabel(0)", rchNote), 2, 0, Qt::AlignTop);
+    fields->addWidget(fieldLabel(0, "Notes:", rchNote), 2, 0, Qt::AlignTop);
     fields->addWidget(rchNote, 2, 1);
     fields->setRowStretch(2, 1);
     form->addLayout(fields, 1);

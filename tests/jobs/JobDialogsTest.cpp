@@ -39,13 +39,6 @@ protected:
     TemporaryDatabase db;
 };
 
-/// The lot that is current on a screen.
-class LotCaller : public CurrentLotCaller {
-public:
-    [[nodiscard]] CurrentLot currentLot() const override { return lot; }
-    CurrentLot lot;
-};
-
 class LotFromPlan : public ScreenTest {
 protected:
     void SetUp() override {

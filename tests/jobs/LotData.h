@@ -1,6 +1,7 @@
 #pragma once
 
 #include "builders/BuilderData.h"
+#include "jobs/CurrentLot.h"
 #include "jobs/TaskTree.h"
 
 namespace tarnwell::test {
@@ -70,6 +71,14 @@ private:
             return name;
         return (parent == task["JobLotTaskKey"].toLong() ? u'+' : u'?') + name;
     }
+};
+
+/// Stands for the screen with the lots.
+class LotCaller : public CurrentLotCaller {
+public:
+    [[nodiscard]] CurrentLot currentLot() const override { return lot; }
+
+    CurrentLot lot;
 };
 
 } // namespace tarnwell::test

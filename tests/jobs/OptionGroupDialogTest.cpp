@@ -12,14 +12,6 @@ using namespace tarnwell::test;
 
 namespace {
 
-/// Stands for the screen with the lots.
-class LotCaller : public CurrentLotCaller {
-public:
-    [[nodiscard]] CurrentLot currentLot() const override { return lot; }
-
-    CurrentLot lot;
-};
-
 class OptionGroupDialog : public ScreenTest {
 protected:
     void SetUp() override {

@@ -2,7 +2,7 @@
 
 #include "data/SqliteHandle.h"
 #include "reports/LotBudgetTasks.h"
-#include "reports/ReportTest.h"
+#include "reports/LotReportTest.h"
 #include "support/RaisedNumber.h"
 
 #include <QRegularExpression>
@@ -14,23 +14,10 @@ namespace {
 
 const Report lotBudget{"frmRptLotBudget", "Lot Budget", lotBudgetQuery, drawLotBudget};
 
-class LotBudgetReport : public ReportTest {
+class LotBudgetReport : public LotReportTest {
 protected:
-    LotBudgetReport() {
-        job = data.add(JobRow{.number = "24-100", .name = "North", .foreman = "Stone/Sid"});
-        category = data.addCategory("Framing");
-        ann = data.add(EmployeeRow{.lastName = "Adams", .firstName = "Ann"});
-    }
+    LotBudgetReport() : LotReportTest(lotBudget) {}
 
-    qint64 addLot(const char* lotBlock) {
-        return data.add(LotRow{.job = job, .lotBlock = lotBlock, .plan = "Oak", .address = "1 Short St"});
-    }
-    qint64 addTask(qint64 lot, const char* name, double price) {
-        return data.add(TaskRow{.lot = lot, .category = category, .name = name, .price = price});
-    }
-    void pay(qint64 task, double price, const char* date = "01/05/24") {
-        data.add(PaymentRow{task, ann, price, on(date)});
-    }
     /// A lot in which something is left of each kind of task.
     void addMixedLot() {
         const qint64 lot = addLot("1/A");
@@ -40,17 +27,6 @@ protected:
         addTask(lot, "Not paid, and with a name too long", 30);
         addTask(lot, "Costs nothing", 0);
     }
-
-    [[nodiscard]] QStringList drawn(const QString& start) {
-        pages = {};
-        draw(lotBudget, parameters);
-        return pages.texts().filter(start);
-    }
-
-    qint64 job = 0;
-    qint64 category = 0;
-    qint64 ann = 0;
-    ReportParameters parameters{.incomplete = false, .allJobsMarked = true};
 };
 
 } // namespace

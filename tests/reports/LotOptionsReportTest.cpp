@@ -1,6 +1,6 @@
 #include "reports/LotOptionsReport.h"
 
-#include "reports/ReportTest.h"
+#include "reports/LotReportTest.h"
 #include "support/RaisedNumber.h"
 
 using namespace tarnwell;
@@ -10,34 +10,15 @@ namespace {
 
 const Report lotOptions{"frmRptLotOptions", "Lot Options", lotOptionsQuery, drawLotOptions};
 
-class LotOptionsReport : public ReportTest {
+class LotOptionsReport : public LotReportTest {
 protected:
-    LotOptionsReport() {
-        job = data.add(JobRow{.number = "24-100", .name = "North", .foreman = "Stone/Sid"});
-        category = data.addCategory("Framing");
-        ann = data.add(EmployeeRow{.lastName = "Adams", .firstName = "Ann"});
-    }
+    LotOptionsReport() : LotReportTest(lotOptions) {}
 
-    qint64 addLot(const char* lotBlock) {
-        return data.add(LotRow{.job = job, .lotBlock = lotBlock, .plan = "Oak", .address = "1 Short St"});
-    }
     qint64 addParent(qint64 lot, const char* name, double price) {
-        const qint64 task = data.add(TaskRow{.lot = lot, .category = category, .name = name, .price = price});
+        const qint64 task = addTask(lot, name, price);
         data.makeParent(task);
         return task;
     }
-    void pay(qint64 task, double price) { data.add(PaymentRow{task, ann, price, on("01/05/24")}); }
-
-    [[nodiscard]] QStringList drawn(const QString& start) {
-        pages = {};
-        draw(lotOptions, parameters);
-        return pages.texts().filter(start);
-    }
-
-    qint64 job = 0;
-    qint64 category = 0;
-    qint64 ann = 0;
-    ReportParameters parameters{.incomplete = false, .allJobsMarked = true};
 };
 
 } // namespace

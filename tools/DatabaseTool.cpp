@@ -8,7 +8,6 @@
 #include "data/FileReplacement.h"
 #include "data/RunTimeError.h"
 
-#include <QFile>
 #include <QFileInfo>
 
 namespace tarnwell::tool {

@@ -8,7 +8,6 @@
 #include "frame/Theme.h"
 
 #include <QGroupBox>
-#include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
 

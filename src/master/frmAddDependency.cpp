@@ -8,7 +8,6 @@
 #include "master/CategoryDependencies.h"
 #include "master/frmMasterTasks.h"
 
-#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>

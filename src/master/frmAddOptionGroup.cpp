@@ -13,7 +13,6 @@
 #include "master/OptionGroups.h"
 #include "master/frmOptionGroupAdd.h"
 
-#include <QLabel>
 #include <QVBoxLayout>
 
 namespace tarnwell {

@@ -10,7 +10,6 @@
 #include "frame/modGlobalVariables.h"
 #include "master/MasterCodes.h"
 
-#include <QLabel>
 #include <QLineEdit>
 #include <QSignalBlocker>
 #include <QVBoxLayout>

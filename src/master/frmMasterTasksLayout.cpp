@@ -6,7 +6,6 @@
 #include "master/frmMasterTasks.h"
 
 #include <QCheckBox>
-#include <QLabel>
 #include <QLineEdit>
 #include <QVBoxLayout>
 

@@ -5,7 +5,6 @@
 #include "frame/EventGuard.h"
 #include "frame/modErrorRoutines.h"
 
-#include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
 

@@ -8,7 +8,6 @@
 
 #include <QApplication>
 #include <QKeyEvent>
-#include <QTest>
 #include <QVBoxLayout>
 
 #include <gtest/gtest.h>

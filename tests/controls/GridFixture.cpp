@@ -2,9 +2,6 @@
 
 #include "frame/modGlobalVariables.h"
 
-#include <QApplication>
-#include <QTest>
-
 namespace tarnwell::test {
 
 namespace {

@@ -4,7 +4,6 @@
 
 #include <QApplication>
 #include <QComboBox>
-#include <QTest>
 
 namespace tarnwell::test {
 

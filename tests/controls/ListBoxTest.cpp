@@ -4,7 +4,6 @@
 #include "support/ScreenDriver.h"
 
 #include <QFontMetrics>
-#include <QTest>
 
 #include <gtest/gtest.h>
 

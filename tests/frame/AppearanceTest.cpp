@@ -7,7 +7,6 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QMessageBox>
-#include <QPushButton>
 #include <QRadioButton>
 #include <QStyleOptionButton>
 #include <QTest>

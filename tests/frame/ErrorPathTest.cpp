@@ -11,7 +11,6 @@
 #include "support/MessageScript.h"
 #include "support/TemporaryDatabase.h"
 
-#include <QDir>
 #include <QFile>
 #include <QTimer>
 

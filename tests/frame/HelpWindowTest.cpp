@@ -13,7 +13,6 @@
 #include <QListWidget>
 #include <QRegularExpression>
 #include <QTemporaryDir>
-#include <QTest>
 #include <QTextBrowser>
 
 #include <gtest/gtest.h>

@@ -4,7 +4,6 @@
 #include "support/ScreenDriver.h"
 
 #include <QApplication>
-#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>

@@ -8,11 +8,10 @@
 #include "support/TemporaryDatabase.h"
 
 #include <QAction>
-#include <QApplication>
+#include <QCoreApplication>
 #include <QFile>
 #include <QLabel>
 #include <QMenuBar>
-#include <QTest>
 #include <QToolButton>
 
 #include <gtest/gtest.h>

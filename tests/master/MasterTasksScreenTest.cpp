@@ -1,7 +1,6 @@
 #include "MasterScreenFixture.h"
 #include "master/frmMasterTasks.h"
 
-#include <QApplication>
 #include <QCheckBox>
 
 namespace tarnwell::test {

@@ -3,8 +3,6 @@
 #include "support/RaisedNumber.h"
 #include "timecard/TimeCardData.h"
 
-#include <QStringList>
-
 #include <gtest/gtest.h>
 
 using namespace tarnwell;

@@ -14,7 +14,6 @@
 #include <QCheckBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QTest>
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,6 @@
 #include "jobs/frmAddJobOptionGroup.h"
 
+#include "controls/FormLayout.h"
 #include "controls/ListBox.h"
 #include "data/Recordset.h"
 #include "frame/DataEnvironment.h"
@@ -16,7 +17,6 @@ namespace tarnwell {
 namespace {
 
 constexpr QSize designSize(360, 320);
-constexpr int margin = 12, spacing = 8;
 constexpr auto hint = "Select option to add to job";
 
 } // namespace
@@ -64,18 +64,10 @@ void frmAddJobOptionGroup::makeControls() {
 }
 
 void frmAddJobOptionGroup::layOut() {
-    auto* form = new QVBoxLayout(canvas());
-    form->setContentsMargins(margin, margin, margin, margin);
-    form->setSpacing(spacing);
+    auto* form = filling<QVBoxLayout>(canvas());
     form->addWidget(lstGroups, 1);
-    auto* buttons = new QHBoxLayout;
-    buttons->setSpacing(spacing);
-    buttons->addStretch();
-    buttons->addWidget(cmdSelect);
-    buttons->addWidget(cmdCancel);
-    form->addLayout(buttons);
-    setTabOrder(lstGroups, cmdSelect);
-    setTabOrder(cmdSelect, cmdCancel);
+    form->addLayout(buttonRow({cmdSelect, cmdCancel}));
+    tabThrough({lstGroups, cmdSelect, cmdCancel});
 }
 
 void frmAddJobOptionGroup::LoadGroups() {

@@ -1,6 +1,7 @@
 #include "jobs/frmAddJobTasks.h"
 
 #include "builders/PickedLines.h"
+#include "controls/FormLayout.h"
 #include "controls/Label.h"
 #include "controls/ListBox.h"
 #include "frame/DataEnvironment.h"
@@ -17,7 +18,7 @@ namespace {
 
 constexpr ButtonMask builtButtons = 0x13;
 constexpr QSize designSize(780, 520);
-constexpr int margin = 12, spacing = 8, planShare = 2, taskShare = 5;
+constexpr int planShare = 2, taskShare = 5;
 constexpr auto hint = "Select Master Tasks to Add";
 
 } // namespace
@@ -55,9 +56,7 @@ void frmAddJobTasks::layOut() {
     connect(lstPlans, &ListBox::keyUp, this, guarded([this] { LoadPlanTasks(); }));
     connect(cmdSelectAll, &QPushButton::clicked, this, guarded([this] { cmdSelectAll_Click(); }));
 
-    auto* form = new QGridLayout(canvas());
-    form->setContentsMargins(margin, margin, margin, margin);
-    form->setSpacing(spacing);
+    auto* form = filling<QGridLayout>(canvas());
     form->addWidget(label("Plans", "lblField(0)", lstPlans), 0, 0);
     form->addWidget(label("Tasks", "lblField(1)", lstTasks), 0, 1);
     form->addWidget(lstPlans, 1, 0);

@@ -2,13 +2,13 @@
 
 #include "builders/BuilderRecord.h"
 #include "controls/Combo.h"
+#include "controls/FormLayout.h"
 #include "controls/Label.h"
 #include "controls/MaskedBox.h"
 #include "frame/DataEnvironment.h"
 #include "frame/EventGuard.h"
 #include "frame/modErrorRoutines.h"
 
-#include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -20,7 +20,7 @@ namespace tarnwell {
 namespace {
 
 constexpr QSize designSize(420, 156);
-constexpr int margin = 12, spacing = 8, textLength = 30;
+constexpr int textLength = 30;
 
 } // namespace
 
@@ -63,9 +63,7 @@ void frmJobAdd::layOut() {
     const std::array rows{Row{"Job:", "lblField(0)", m_number}, Row{"Job Name:", "lblField(1)", m_name},
                           Row{"Builder:", "lblField(2)", cmbContractors}};
     setDesignSize(designSize);
-    auto* form = new QGridLayout(canvas());
-    form->setContentsMargins(margin, margin, margin, margin);
-    form->setSpacing(spacing);
+    auto* form = filling<QGridLayout>(canvas());
     int line = 0;
     for (const Row& row : rows) {
         form->addWidget(label(row.caption, row.name, row.field), line, 0);
@@ -73,12 +71,7 @@ void frmJobAdd::layOut() {
     }
     form->setColumnStretch(1, 1);
     form->setRowStretch(line++, 1);
-    auto* buttons = new QHBoxLayout;
-    buttons->setSpacing(spacing);
-    buttons->addStretch(1);
-    buttons->addWidget(cmdAccept);
-    buttons->addWidget(cmdCancel);
-    form->addLayout(buttons, line, 0, 1, 2);
+    form->addLayout(buttonRow({cmdAccept, cmdCancel}), line, 0, 1, 2);
 }
 
 void frmJobAdd::Form_Activate() {

@@ -1,5 +1,6 @@
 #include "controls/Combo.h"
 #include "controls/DateBox.h"
+#include "controls/FormLayout.h"
 #include "controls/Grid.h"
 #include "controls/Label.h"
 #include "controls/MaskedBox.h"
@@ -17,7 +18,6 @@ namespace tarnwell {
 namespace {
 
 constexpr QSize designSize(1180, 640);
-constexpr int margin = 12, spacing = 8, columnGap = 16;
 constexpr int fieldLength = 30;
 constexpr int numberShare = 2, nameShare = 3; // Of the job's place in the frame.
 constexpr int jobShare = 5, foremanShare = 3; // Of the frame's width.
@@ -152,14 +152,9 @@ void frmJobs::makeControls() {
     jgTasks->setTree(treeColumn, levelOfTask);
     nameControls();
 
-    auto* category = new QHBoxLayout;
-    category->setSpacing(spacing);
-    category->addWidget(label("&Category:", "lblField(5)", cmbType));
-    category->addWidget(cmbType, 1);
+    auto* category = labelled("&Category:", "lblField(5)", cmbType);
     category->addStretch(categoryRest);
-    auto* form = new QVBoxLayout(canvas());
-    form->setContentsMargins(margin, margin, margin, margin);
-    form->setSpacing(spacing);
+    auto* form = filling<QVBoxLayout>(canvas());
     form->addWidget(jobFrame());
     form->addWidget(label("Lots:", "lblField(4)", jgJobLots));
     form->addWidget(jgJobLots, lotShare);
@@ -191,18 +186,15 @@ void frmJobs::nameControls() {
 QWidget* frmJobs::jobFrame() {
     auto* frame = new QGroupBox("&Job Entry", canvas());
     frame->setObjectName("fraInformation");
-    auto* job = new QHBoxLayout;
-    job->setSpacing(spacing);
+    auto* job = spaced<QHBoxLayout>();
     job->addWidget(m_fields[0], numberShare);
     job->addWidget(m_fields[1], nameShare);
-    auto* grid = new QGridLayout(frame);
-    grid->setHorizontalSpacing(spacing);
-    grid->setVerticalSpacing(spacing);
+    auto* grid = spaced<QGridLayout>(frame);
     grid->addWidget(label("Job:", "lblField(0)", m_fields[0]), 0, 0);
     grid->addLayout(job, 0, 1);
     grid->addWidget(label("Builder:", "lblField(1)", m_fields[2]), 1, 0);
     grid->addWidget(m_fields[2], 1, 1);
-    grid->setColumnMinimumWidth(2, columnGap);
+    grid->setColumnMinimumWidth(2, formColumnGap);
     grid->addWidget(label("Foreman:", "lblField(2)", cmbForeman), 0, 3);
     grid->addWidget(cmbForeman, 0, 4);
     grid->addWidget(label("Completed:", "lblField(3)", rebCompletedDate), 1, 3);
@@ -214,10 +206,7 @@ QWidget* frmJobs::jobFrame() {
 
 /// The job, its lots, a lot's tasks.
 void frmJobs::orderTabs() {
-    const std::vector<QWidget*> order{m_fields[0], m_fields[1], cmbForeman, rebCompletedDate,
-                                      jgJobLots,   cmbType,     jgTasks};
-    for (std::size_t i = 1; i < order.size(); ++i)
-        setTabOrder(order.at(i - 1), order.at(i));
+    tabThrough({m_fields[0], m_fields[1], cmbForeman, rebCompletedDate, jgJobLots, cmbType, jgTasks});
 }
 
 } // namespace tarnwell

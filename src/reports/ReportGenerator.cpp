@@ -5,6 +5,7 @@
 #include "frame/modFormatFunctions.h"
 #include "frame/modGeneral.h"
 #include "frame/modGlobalVariables.h"
+#include "reports/ReportText.h"
 
 #include <algorithm>
 
@@ -40,7 +41,7 @@ QString jobLine(const Recordset& jobs) {
     const Value completed = jobs["CompletedDate"];
     return lineOf(length, {{1, FieldText(jobs["JobNumber"]), 10},
                            {11, "|" + FieldText(jobs["Name"]), 24},
-                           {35, completed.isNull() ? QString() : "|" + Format(completed, "mm/dd/yy"), 9}});
+                           {35, completed.isNull() ? QString() : "|" + dateText(completed), 9}});
 }
 
 /// One line for each row, as `lineFor` makes it; none for a row that it gives nothing for.

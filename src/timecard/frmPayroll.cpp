@@ -18,12 +18,12 @@
 #include "timecard/TimeCardJob.h"
 
 #include <QCheckBox>
-#include <QCoreApplication>
+#include <QEventLoop>
 #include <QLabel>
 #include <QPushButton>
 #include <QScopeGuard>
 #include <QScopedValueRollback>
-#include <QThread>
+#include <QTimer>
 
 #include <algorithm>
 
@@ -354,9 +354,10 @@ void frmPayroll::trapped(const std::function<void()>& routine) {
 
 std::function<bool()> frmPayroll::runAgain() const {
     return [self = QPointer(this)] {
-        constexpr unsigned long pauseMs = 10;
-        QThread::msleep(pauseMs);
-        QCoreApplication::processEvents();
+        constexpr int pauseMs = 10;
+        QEventLoop pause;
+        QTimer::singleShot(pauseMs, &pause, &QEventLoop::quit);
+        pause.exec();
         return !self.isNull() && self->isLoaded();
     };
 }

@@ -3,7 +3,6 @@
 #include "builders/frmBuilder.h"
 #include "frame/DataEnvironment.h"
 #include "frame/EventGuard.h"
-#include "frame/HelpKey.h"
 #include "frame/Icons.h"
 #include "frame/MessagePresenter.h"
 #include "frame/ProgramStyle.h"
@@ -58,7 +57,6 @@ Program::Program(int& argc, char** argv) : QApplication(argc, argv) {
     setStyle(new ProgramStyle);
     setPalette(refinements(palette()));
     installPresenters();
-    new HelpKey(this);
     registerScreens();
 }
 

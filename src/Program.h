@@ -1,5 +1,7 @@
 #pragma once
 
+#include "frame/HelpKey.h"
+
 #include <QApplication>
 
 namespace tarnwell {
@@ -14,6 +16,9 @@ public:
     int run();
 
     bool notify(QObject* receiver, QEvent* event) override;
+
+private:
+    HelpKey m_helpKey;
 };
 
 } // namespace tarnwell

@@ -1,10 +1,11 @@
 #!/bin/sh
-# start.sh BIN [RUNS]: starts the program in BIN on a virtual display, RUNS times, and prints for each run the
-# milliseconds from its start to its visible main window (polled, so up to 10 too many) and, with Time Card
-# open, the peak of its memory in megabytes.
+# start.sh BIN [RUNS]: starts the program in BIN, on its data/Tarnwell.mdb and a virtual display, RUNS times, and prints
+# for each run the milliseconds from its start to its visible main window (polled, so up to 10 too many) and, with Time
+# Card open, the peak of its memory in megabytes.
 set -eu
 bin=$(cd "$1" && pwd)
 runs=${2:-10}
+[ -e "$bin/data/Tarnwell.mdb" ] || { echo "$bin/data holds no database" >&2; exit 1; }
 work=$(mktemp -d)
 display= manager= program=
 trap 'kill $program $manager $display 2>/dev/null || true; rm -rf "$work"' EXIT

@@ -111,6 +111,21 @@ TEST(Arrows, TheCoreSeesNoWidgetAndNoScreen) {
     }
 }
 
+TEST(Arrows, AUnitIncludesItsOwnHeaderFirst) {
+    std::set<std::string> headers;
+    for (const auto& entry : fs::recursive_directory_iterator(fs::path(TARNWELL_SOURCE_DIR) / "src"))
+        if (entry.path().extension() == ".h")
+            headers.insert(fs::relative(entry.path(), fs::path(TARNWELL_SOURCE_DIR) / "src").string());
+    std::set<std::string> seen;
+    for (const Include& include : readIncludes()) {
+        const std::string own = fs::path(include.file).replace_extension(".h").string();
+        if (include.file.extension() != ".cpp" || !headers.contains(own) || !seen.insert(own).second)
+            continue;
+        EXPECT_EQ(include.target, own) << "so that the header is known to compile alone";
+    }
+    EXPECT_GT(seen.size(), 100U) << "the units were not found";
+}
+
 TEST(Arrows, ScreensAreNamedForWhatTheyAre) {
     for (const std::string& unit : sourcesOf("tarnwell_core"))
         EXPECT_NE(fs::path(unit).filename().string().substr(0, 3), "frm")

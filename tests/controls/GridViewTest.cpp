@@ -150,7 +150,7 @@ TEST_F(GridTest, ALayoutOrdersAndSizesTheColumnsUntilTheUserDoes) {
     const QHeaderView& header = *grid->horizontalHeader();
     EXPECT_EQ(header.visualIndex(Name - 1), 0);
     EXPECT_EQ(header.visualIndex(Button - 1), 1);
-    EXPECT_EQ(grid->columnWidth(Name - 1), 150);
+    EXPECT_EQ(grid->columnWidth(Name - 1), scaledToText(150, *grid));
     EXPECT_EQ(header.length(), grid->viewport()->width());
     driver->press(Qt::Key_Home);
     EXPECT_EQ(grid->Col(), Name);

@@ -1,6 +1,7 @@
 #include "data/RunTimeError.h"
 #include "frame/RunTime.h"
 #include "frame/Screen.h"
+#include "frame/Theme.h"
 #include "support/ScreenDriver.h"
 
 #include <QApplication>
@@ -192,11 +193,12 @@ TEST_F(ScreenLifeTest, ClosingAllSkipsFormsAndTheRestIsUnloadedAfterwards) {
 
 TEST_F(ScreenLifeTest, OpensAtItsDesignSizeAndFollowsTheWindow) {
     frmLife<1>& form = shown<1>();
-    EXPECT_EQ(form.canvas()->size(), QSize(300, 200));
+    const QSize design = form.canvas()->size();
+    EXPECT_EQ(design, QSize(scaledToText(300, form), scaledToText(200, form)));
     EXPECT_EQ(form.canvas()->layout(), nullptr);
     const QRect before = form.cancel->geometry();
-    form.resize(form.width() + 300, form.height() + 200);
-    ASSERT_TRUE(waitFor([&] { return form.canvas()->width() == 600; }));
+    form.resize(form.size() + design);
+    ASSERT_TRUE(waitFor([&] { return form.canvas()->size() == design * 2; }));
     EXPECT_EQ(form.cancel->geometry(), QRect(before.topLeft() * 2, before.size() * 2));
     form.resize(90, 60);
     ASSERT_TRUE(waitFor([&] { return form.canvas()->width() == 90; }));

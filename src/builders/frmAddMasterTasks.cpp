@@ -61,8 +61,7 @@ void frmAddMasterTasks::layOut() {
 
 void frmAddMasterTasks::showList() {
     const HourGlass hourGlass;
-    const PickingList list =
-        readPickingList(DataEnvironment::cnnConnection(), Mode, m_caller->pickingTarget());
+    const PickingList list = readPickingList(connection(), Mode, m_caller->pickingTarget());
     NonLinked = list.nonLinked;
     if (Mode == PickingMode::TaskOptions)
         setWindowTitle(NonLinked ? "Add Non-Linked Options to Task" : "Add Linked Options to Task");
@@ -95,7 +94,7 @@ void frmAddMasterTasks::AddSelected() {
     const PickingTarget target = m_caller->pickingTarget();
     if (Mode == PickingMode::TaskOptions)
         m_caller->makeTaskParent();
-    addPicked(DataEnvironment::cnnConnection(), Mode, target, NonLinked, pickedLines(*lstTasks));
+    addPicked(connection(), Mode, target, NonLinked, pickedLines(*lstTasks));
 }
 
 } // namespace tarnwell

@@ -28,10 +28,6 @@ namespace {
 constexpr ButtonMask builtButtons = 0x30857;
 constexpr ButtonMask emptyButtons = 0x5B, fieldButtons = 0x2005F, categoryButtons = 0x2001B;
 
-Connection& connection() {
-    return DataEnvironment::cnnConnection();
-}
-
 /// Hands the picking dialog what the option group screen has chosen.
 class GroupPicking : public PickingCaller {
 public:

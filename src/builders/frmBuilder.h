@@ -87,7 +87,6 @@ private:
     void jgTasks_GotFocus();
     void jgTasks_RowColChange();
     void jgTasks_BeforeUpdate();
-    void jgTasks_KeyDown(int& keyCode) const;
     void jgTasks_AfterColUpdate(int column);
 
     void loadPlanTasks();

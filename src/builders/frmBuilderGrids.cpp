@@ -29,10 +29,6 @@ constexpr int planKeyColumn = 1, planBuilderColumn = 2, planNameColumn = 3;
 constexpr int masterTaskColumn = 1, taskPlanColumn = 2, taskCategoryColumn = 3, taskKeyColumn = 4,
               addOnColumn = 5, taskNameColumn = 6, taskPriceColumn = 7;
 
-Connection& connection() {
-    return DataEnvironment::cnnConnection();
-}
-
 bool isNothing(const Value& value) {
     return value.isEmpty() || value.isNull();
 }
@@ -56,7 +52,8 @@ void frmBuilder::connectGrids() {
                 if (column == addOnColumn)
                     AddPlanTasks();
             }));
-    connect(jgTasks, &Grid::keyDown, this, guarded([this](int& keyCode, int) { jgTasks_KeyDown(keyCode); }));
+    connect(jgTasks, &Grid::keyDown, this,
+            guarded([this](int& keyCode, int) { walkByEnter(*jgTasks, keyCode); }));
 }
 
 void frmBuilder::LoadPlans() {
@@ -235,12 +232,6 @@ void frmBuilder::jgTasks_BeforeUpdate() {
         return;
     jgTasks->setValue(taskPlanColumn, m_planOfTasks);
     jgTasks->setValue(taskCategoryColumn, CategoryKey);
-}
-
-/// Enter walks along the row and begins it again at its end.
-void frmBuilder::jgTasks_KeyDown(int& keyCode) const {
-    if (keyCode == KeyCode::Enter)
-        keyCode = jgTasks->Col() == jgTasks->lastColumn() ? KeyCode::Home : KeyCode::Right;
 }
 
 void frmBuilder::jgTasks_AfterColUpdate(int column) {

@@ -54,15 +54,6 @@ std::vector<GridColumn> taskColumns() {
              .headerToolTip = "Exclude Dependency"}};
 }
 
-Grid* editableGrid(QWidget* parent, std::vector<GridColumn> columns) {
-    auto* grid = new Grid(parent);
-    grid->setColumns(std::move(columns));
-    grid->setAllowEdit(true);
-    grid->setAllowAdd(true);
-    grid->setAllowDelete(true);
-    return grid;
-}
-
 } // namespace
 
 void frmBuilder::makeControls() {

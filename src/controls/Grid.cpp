@@ -259,4 +259,13 @@ void Grid::changeEvent(QEvent* event) {
     }
 }
 
+Grid* editableGrid(QWidget* parent, std::vector<GridColumn> columns) {
+    auto* grid = new Grid(parent);
+    grid->setColumns(std::move(columns));
+    grid->setAllowEdit(true);
+    grid->setAllowAdd(true);
+    grid->setAllowDelete(true);
+    return grid;
+}
+
 } // namespace tarnwell

@@ -122,4 +122,10 @@ private:
     std::unique_ptr<Parts> m;
 };
 
+/// A grid whose rows can be changed, added and deleted.
+[[nodiscard]] Grid* editableGrid(QWidget* parent, std::vector<GridColumn> columns);
+
+/// For `keyDown`: Enter walks along the row and begins it again at its end.
+void walkByEnter(const Grid& grid, int& keyCode);
+
 } // namespace tarnwell

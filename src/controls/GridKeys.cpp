@@ -168,4 +168,9 @@ bool Grid::Parts::copy() const {
     return true;
 }
 
+void walkByEnter(const Grid& grid, int& keyCode) {
+    if (keyCode == KeyCode::Enter)
+        keyCode = grid.Col() == grid.lastColumn() ? KeyCode::Home : KeyCode::Right;
+}
+
 } // namespace tarnwell

@@ -13,4 +13,9 @@ public:
     static void close() noexcept;
 };
 
+/// The one shared connection, as the screens name it.
+[[nodiscard]] inline Connection& connection() {
+    return DataEnvironment::cnnConnection();
+}
+
 } // namespace tarnwell

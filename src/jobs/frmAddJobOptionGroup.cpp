@@ -39,8 +39,7 @@ void frmAddJobOptionGroup::Form_Load() {
     Cancelled = false;
     setStatusText(hint);
     rsGroupRows = std::make_unique<Recordset>();
-    rsGroupRows->Open(optionGroupTasks, DataEnvironment::cnnConnection(), CursorType::Static,
-                      LockType::Optimistic);
+    rsGroupRows->Open(optionGroupTasks, connection(), CursorType::Static, LockType::Optimistic);
     rsGroupRows->setFilter("ContractorKey=0");
     LoadGroups();
     if (lstGroups->ListCount() > 0)
@@ -71,8 +70,7 @@ void frmAddJobOptionGroup::layOut() {
 }
 
 void frmAddJobOptionGroup::LoadGroups() {
-    lstGroups->setItems(
-        readOptionGroups(DataEnvironment::cnnConnection(), m_caller->currentLot().contractorKey));
+    lstGroups->setItems(readOptionGroups(connection(), m_caller->currentLot().contractorKey));
 }
 
 void frmAddJobOptionGroup::Form_Unload() {
@@ -93,7 +91,7 @@ void frmAddJobOptionGroup::cmdSelect_Click() {
 void frmAddJobOptionGroup::applyChosen() {
     const HourGlass hourGlass;
     rsGroupRows->setFilter("CodeKey=" + QString::number(lstGroups->ItemData(lstGroups->ListIndex())));
-    applyOptionGroup(DataEnvironment::cnnConnection(), *rsGroupRows, lstGroups->currentItem()->text(),
+    applyOptionGroup(connection(), *rsGroupRows, lstGroups->currentItem()->text(),
                      m_caller->currentLot().jobLotKey);
 }
 

@@ -34,7 +34,7 @@ void frmAddJobTasks::fillFor(CurrentLotCaller& caller, QWidget* owner) {
 void frmAddJobTasks::Form_Load() {
     Cancelled = true;
     layOut();
-    lstPlans->setItems(readPlans(DataEnvironment::cnnConnection(), m_caller->currentLot().contractorKey));
+    lstPlans->setItems(readPlans(connection(), m_caller->currentLot().contractorKey));
     chooseLotsPlan();
     BuildToolbar(*this, builtButtons);
     setStatusText(hint);
@@ -84,8 +84,8 @@ void frmAddJobTasks::LoadPlanTasks() {
     const int plan = lstPlans->ListIndex();
     if (plan < 0)
         return;
-    offerLines(*lstTasks, readPlanTasks(DataEnvironment::cnnConnection(), lstPlans->ItemData(plan),
-                                        m_caller->currentLot().jobLotKey));
+    offerLines(*lstTasks,
+               readPlanTasks(connection(), lstPlans->ItemData(plan), m_caller->currentLot().jobLotKey));
 }
 
 void frmAddJobTasks::Toolbar1_ButtonClick(const QString& caption) {
@@ -111,7 +111,7 @@ void frmAddJobTasks::AddSelectedTasks() {
     const int plan = lstPlans->ListIndex();
     if (lstTasks->currentRow() < 0 || plan < 0)
         return;
-    addPlanTasks(DataEnvironment::cnnConnection(), m_caller->currentLot(),
+    addPlanTasks(connection(), m_caller->currentLot(),
                  {lstPlans->item(plan)->text(), lstPlans->ItemData(plan)}, pickedLines(*lstTasks));
     Cancelled = false;
 }

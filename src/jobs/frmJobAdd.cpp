@@ -30,7 +30,7 @@ void frmJobAdd::Form_Load() {
     Cancelled = true;
     makeControls();
     layOut();
-    cmbContractors->setItems(readBuilders(DataEnvironment::cnnConnection()));
+    cmbContractors->setItems(readBuilders(connection()));
     cmbContractors->setListIndex(0); // A job needs a builder: without one this fails.
 }
 

@@ -34,10 +34,6 @@ constexpr ButtonMask noJobButtons = 0x53, jobButtons = 0x5F, nameButtons = 0xFFF
 constexpr int nameField = 1, builderField = 2;
 constexpr int planNameColumn = 4, taskNameColumn = 8;
 
-Connection& connection() {
-    return DataEnvironment::cnnConnection();
-}
-
 bool confirm(const QString& question, const QString& title) {
     return MsgBox({.text = question,
                    .title = title,

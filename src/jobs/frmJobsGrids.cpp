@@ -34,16 +34,6 @@ constexpr int lotKeyColumn = 1, lotJobColumn = 2, lotBlockColumn = 3, planNameCo
 constexpr int masterTaskColumn = 1, taskLotColumn = 2, taskCategoryColumn = 3, addOnColumn = 4,
               parentColumn = 5, childColumn = 6, employeeColumn = 15;
 
-Connection& connection() {
-    return DataEnvironment::cnnConnection();
-}
-
-/// Enter walks along the row and begins it again at its end.
-void walkOn(const Grid& grid, int& keyCode) {
-    if (keyCode == KeyCode::Enter)
-        keyCode = grid.Col() == grid.lastColumn() ? KeyCode::Home : KeyCode::Right;
-}
-
 qint64 numberIn(const Grid& grid, int column) {
     const Value value = grid.value(column);
     return value.isNoKey() ? 0 : value.toLong();
@@ -61,12 +51,13 @@ void frmJobs::connectGrids() {
     connect(jgJobLots, &Grid::buttonClick, this,
             guarded([this](int column) { jgJobLots_ButtonClick(column); }));
     connect(jgJobLots, &Grid::keyDown, this,
-            guarded([this](int& keyCode, int) { walkOn(*jgJobLots, keyCode); }));
+            guarded([this](int& keyCode, int) { walkByEnter(*jgJobLots, keyCode); }));
     onGotFocus(jgTasks, [this] { jgTasks_GotFocus(); });
     connect(jgTasks, &Grid::rowColChange, this, guarded([this](int, int) { jgTasks_RowColChange(); }));
     connect(jgTasks, &Grid::beforeUpdate, this, guarded([this](bool&) { jgTasks_BeforeUpdate(); }));
     connect(jgTasks, &Grid::buttonClick, this, guarded([this](int column) { jgTasks_ButtonClick(column); }));
-    connect(jgTasks, &Grid::keyDown, this, guarded([this](int& keyCode, int) { walkOn(*jgTasks, keyCode); }));
+    connect(jgTasks, &Grid::keyDown, this,
+            guarded([this](int& keyCode, int) { walkByEnter(*jgTasks, keyCode); }));
 }
 
 /// Stands on the lot of that key, or on the first one.

@@ -129,15 +129,6 @@ TreeLevel levelOfTask(const CellReader& cell) {
     }
 }
 
-Grid* editableGrid(QWidget* parent, std::vector<GridColumn> columns) {
-    auto* grid = new Grid(parent);
-    grid->setColumns(std::move(columns));
-    grid->setAllowEdit(true);
-    grid->setAllowAdd(true);
-    grid->setAllowDelete(true);
-    return grid;
-}
-
 } // namespace
 
 void frmJobs::makeControls() {

@@ -43,10 +43,6 @@ std::vector<GridColumn> optionColumns() {
              .width = 80}};
 }
 
-Connection& connection() {
-    return DataEnvironment::cnnConnection();
-}
-
 bool isDeleteConfirmed(const char* question) {
     return MsgBox({.text = question,
                    .title = "Confirm Delete",

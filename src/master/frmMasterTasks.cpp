@@ -38,10 +38,6 @@ constexpr const char* cascadeTargets[] = {"No Update", "Update Builder, Jobs", "
 enum TaskColumn { CodeKey = 1, Name, Price, Custom, Exclude, MasterTaskKey, Deleted };
 constexpr int dependencyKeyColumn = 1;
 
-Connection& connection() {
-    return DataEnvironment::cnnConnection();
-}
-
 } // namespace
 
 frmMasterTasks::frmMasterTasks()
@@ -103,7 +99,7 @@ void frmMasterTasks::connectGrid() {
     connect(jgMasterTasks, &Grid::afterUpdate, this, guarded([this] { jgMasterTasks_AfterUpdate(); }));
     connect(jgMasterTasks, &Grid::rowColChange, this, guarded([this] { jgMasterTasks_RowColChange(); }));
     connect(jgMasterTasks, &Grid::keyDown, this,
-            [this](int& keyCode, int /*shift*/) { jgMasterTasks_KeyDown(keyCode); });
+            [this](int& keyCode, int /*shift*/) { walkByEnter(*jgMasterTasks, keyCode); });
 }
 
 void frmMasterTasks::SetToolbarForControl() {
@@ -169,12 +165,6 @@ CascadeChoice frmMasterTasks::cascadeChoice() const {
 void frmMasterTasks::jgMasterTasks_RowColChange() {
     if (jgMasterTasks->Row() != -1 && jgMasterTasks->Col() != 0)
         setStatusText(jgMasterTasks->columnTag(jgMasterTasks->Col()));
-}
-
-/// Enter walks along the row, and from its end back to its start.
-void frmMasterTasks::jgMasterTasks_KeyDown(int& keyCode) const {
-    if (keyCode == KeyCode::Enter)
-        keyCode = jgMasterTasks->Col() == jgMasterTasks->lastColumn() ? KeyCode::Home : KeyCode::Right;
 }
 
 void frmMasterTasks::Toolbar1_ButtonClick(const QString& caption) {

@@ -53,7 +53,6 @@ private:
     void LoadDependencies();
     void jgMasterTasks_AfterUpdate();
     void jgMasterTasks_RowColChange();
-    void jgMasterTasks_KeyDown(int& keyCode) const;
     [[nodiscard]] CascadeChoice cascadeChoice() const;
     void AddDependency();
     void RemoveDependency();

@@ -30,10 +30,6 @@ constexpr std::size_t incompleteJobs = 1;
 /// In the order of `GroupBy`.
 constexpr std::array groupings{"Category", "Date", "Employee", "Foreman", "Job"};
 
-Connection& connection() {
-    return DataEnvironment::cnnConnection();
-}
-
 } // namespace
 
 frmReportParameters::frmReportParameters()

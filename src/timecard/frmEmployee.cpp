@@ -36,10 +36,6 @@ constexpr auto noRecordHint = "Press Add to enter new record, Find to get record
 
 constexpr auto ssnSigns = "- "; // Stand between the digits and don't count.
 
-Connection& connection() {
-    return DataEnvironment::cnnConnection();
-}
-
 /// The place in `shown` that has as many digits behind it as the caret had in `typed`.
 int caretIn(const QString& shown, const QString& typed, int caret) {
     const auto isDigit = [](QChar character) { return !QLatin1String(ssnSigns).contains(character); };

@@ -19,10 +19,6 @@ namespace {
 constexpr QSize designSize(520, 240);
 constexpr int dateWidth = 120;
 
-Connection& connection() {
-    return DataEnvironment::cnnConnection();
-}
-
 /// The row is whatever the caller's list stands on.
 qint64 logKey() {
     return theForm<frmEmployee>().selectedLogKey();

@@ -34,10 +34,6 @@ namespace {
 constexpr ButtonMask builtButtons = 81;
 constexpr ButtonMask lotButtons = 17;
 
-Connection& connection() {
-    return DataEnvironment::cnnConnection();
-}
-
 frmPayroll::TaskNotes& taskNotes() {
     static frmPayroll::TaskNotes opener;
     return opener;

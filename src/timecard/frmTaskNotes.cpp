@@ -21,10 +21,6 @@ namespace {
 constexpr QSize designSize(560, 320);
 constexpr int priceWidth = 120, buttonGap = 32;
 
-Connection& connection() {
-    return DataEnvironment::cnnConnection();
-}
-
 /// The payment is whatever the caller's history stands on.
 qint64 paymentKey() {
     return theForm<frmPayroll>().selectedPaymentKey();

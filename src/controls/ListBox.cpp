@@ -58,6 +58,19 @@ qint64 ListBox::ItemData(int index) const {
     return item(index)->data(Qt::UserRole).toLongLong();
 }
 
+void ListBox::keyboardSearch(const QString& search) {
+    const bool marksOnly = selectionMode() == MultiSelection && search == u" ";
+    if (!marksOnly)
+        QListWidget::keyboardSearch(search);
+}
+
+QItemSelectionModel::SelectionFlags ListBox::selectionCommand(const QModelIndex& index,
+                                                              const QEvent* event) const {
+    return selectionMode() == MultiSelection && event == nullptr
+               ? QItemSelectionModel::NoUpdate
+               : QListWidget::selectionCommand(index, event);
+}
+
 void ListBox::keyPressEvent(QKeyEvent* event) {
     m_pressed.insert(event->nativeScanCode());
     if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && ListIndex() >= 0) {

@@ -30,6 +30,8 @@ public:
     void setListIndex(int index);
     /// Raises InvalidPropertyIndex (381) for an index that is not in the list.
     [[nodiscard]] qint64 ItemData(int index) const;
+    /// Typed letters look for the line that begins with them.
+    void keyboardSearch(const QString& search) override;
 
 Q_SIGNALS:
     /// A choice by mouse, key or code.
@@ -40,6 +42,9 @@ Q_SIGNALS:
     void keyUp(int keyCode, int shift);
 
 protected:
+    /// Where several lines can be marked, only a click or Space marks one, never the search for it.
+    [[nodiscard]] QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
+                                                                       const QEvent* event) const override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
 

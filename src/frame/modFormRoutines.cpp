@@ -7,6 +7,7 @@
 
 #include <QComboBox>
 #include <QGroupBox>
+#include <QLabel>
 #include <QScrollBar>
 #include <QShortcut>
 #include <QToolBar>
@@ -97,6 +98,15 @@ void storeChildren(ControlPositions& positions, const QWidget& container, QSizeF
     }
 }
 
+/// A combo keeps its height at the top of its place, and its label's text stays level with it.
+void levelWithCombo(QLabel& label) {
+    const auto* combo = qobject_cast<const QComboBox*>(label.buddy());
+    if (combo == nullptr || combo->parentWidget() != label.parentWidget())
+        return;
+    const int below = label.geometry().bottom() - combo->geometry().bottom();
+    label.setContentsMargins(0, 0, 0, std::max(below, 0));
+}
+
 } // namespace
 
 std::span<const ToolbarButton> toolbarButtons() {
@@ -159,6 +169,9 @@ void ResizeForm(const ControlPositions& positions, QWidget& canvas) {
         }
         position.control->setGeometry(qRound(left), qRound(top), qRound(width), qRound(height));
     }
+    for (const ControlPosition& position : positions)
+        if (auto* label = qobject_cast<QLabel*>(position.control))
+            levelWithCombo(*label);
 }
 
 } // namespace tarnwell

@@ -32,6 +32,10 @@ int authorize(void*, int action, const char*, const char*, const char*, const ch
 /// Far less than a millisecond of the engine's work.
 constexpr int stepsBetweenLooks = 2000;
 
+/// The engine sorts as many kilobytes in one go as its cache may hold, and nobody can look in between: while
+/// somebody watches, that is some hundredths of a second. Its own size is the better one for writing much.
+constexpr int usualCache = 16000, watchedCache = 4000;
+
 int endsStatement(void* watch) {
     return (*static_cast<std::function<bool()>*>(watch))() ? 0 : 1;
 }
@@ -49,7 +53,7 @@ void renewStatistics(sqlite3* handle) noexcept {
 
 Engine::Engine(const QString& path, std::chrono::milliseconds busyTimeout)
     : m_handle(openOurDatabase(path, busyTimeout)), m_cache(m_handle.get()) {
-    sqlite3_set_authorizer(m_handle.get(), authorize, nullptr);
+    setCache(usualCache);
 }
 
 Engine::~Engine() {
@@ -126,8 +130,18 @@ void Engine::abandonTransaction() noexcept {
 
 void Engine::setWatch(std::function<bool()> goesOn) {
     m_watch = std::move(goesOn);
-    if (m_open)
-        sqlite3_progress_handler(m_handle.get(), m_watch ? stepsBetweenLooks : 0, endsStatement, &m_watch);
+    if (!m_open)
+        return;
+    setCache(m_watch ? watchedCache : usualCache);
+    sqlite3_progress_handler(m_handle.get(), m_watch ? stepsBetweenLooks : 0, endsStatement, &m_watch);
+}
+
+/// Statements from outside may not set it, so their guard is put up behind it.
+void Engine::setCache(int kilobytes) noexcept {
+    sqlite3_set_authorizer(m_handle.get(), nullptr, nullptr);
+    const QByteArray sql = "PRAGMA cache_size=-" + QByteArray::number(kilobytes);
+    (void)sqlite3_exec(m_handle.get(), sql.constData(), nullptr, nullptr, nullptr);
+    sqlite3_set_authorizer(m_handle.get(), authorize, nullptr);
 }
 
 void Engine::removeReader(const RowStore& reader) {

@@ -61,6 +61,8 @@ public:
     void completeReaders();
 
 private:
+    void setCache(int kilobytes) noexcept;
+
     SqliteHandle m_handle;
     StatementCache m_cache;
     Dialect m_dialect;

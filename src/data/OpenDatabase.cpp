@@ -56,7 +56,6 @@ SqliteHandle openOurDatabase(const QString& path, std::chrono::milliseconds busy
     sqlite3_busy_timeout(handle.get(), static_cast<int>(busyTimeout.count()));
     try {
         requireOurs(handle, path);
-        handle.run("PRAGMA cache_size=-16000");
         if (access == Access::ReadWrite) {
             handle.run("PRAGMA journal_mode=WAL");
             handle.run("PRAGMA synchronous=FULL");

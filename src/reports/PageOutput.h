@@ -7,14 +7,9 @@
 #include <QString>
 #include <QTransform>
 
-#include <functional>
-
 class QPrinter;
 
 namespace tarnwell {
-
-/// Told before each page how many are done; false ends the work.
-using FollowPages = std::function<bool(qint64 pagesDone, qint64 pages)>;
 
 /// Prints the pages, copies and order that the printer is set to; false when it was cancelled, and what the
 /// printer has by then may come out. Each page lies as the report wants it, whatever the printer is set to.

@@ -76,10 +76,8 @@ SqliteHandle openShared(const QString& path) {
     sqlite3_busy_timeout(handle.get(), busyMilliseconds);
     requireOurs(handle, path);
     handle.run(relaxed);
-    handle.run("PRAGMA temp.page_size=16384");
-    handle.run("PRAGMA temp.cache_size=-8000");
-    handle.run(
-        "CREATE TEMP TABLE Drawn (Part INTEGER PRIMARY KEY, Page INTEGER NOT NULL, Items BLOB NOT NULL)");
+    // Copying a run from the log into the file would be a long commit, and most runs are cleared first.
+    handle.run("PRAGMA wal_autocheckpoint=0");
     return handle;
 }
 
@@ -99,6 +97,27 @@ SqliteHandle openReportDatabase(const QString& path) {
     }
 }
 
+/// A write of many pages, rolled back unless it was committed. The engine's own bookkeeping stays in memory
+/// meanwhile: were it written out and changed again, the commit would have to read the whole log.
+class LargeWrite {
+public:
+    explicit LargeWrite(const SqliteHandle& handle) : m_handle(handle) {
+        handle.run("PRAGMA cache_size=-32000");
+        handle.run("BEGIN IMMEDIATE");
+    }
+    ~LargeWrite() {
+        if (sqlite3_get_autocommit(m_handle.get()) == 0)
+            sqlite3_exec(m_handle.get(), "ROLLBACK", nullptr, nullptr, nullptr);
+        sqlite3_exec(m_handle.get(), "PRAGMA cache_size=-2000", nullptr, nullptr, nullptr);
+    }
+    LargeWrite(const LargeWrite&) = delete;
+    LargeWrite& operator=(const LargeWrite&) = delete;
+    void commit() const { m_handle.run("COMMIT"); }
+
+private:
+    const SqliteHandle& m_handle;
+};
+
 } // namespace
 
 PageStore::PageStore(const QString& path) : m_handle(openReportDatabase(pathOnDisk(path))) {}
@@ -115,7 +134,7 @@ qint64 PageStore::newReport() {
     clearRun();
     m_handle.run("INSERT INTO Report DEFAULT VALUES");
     m_run = sqlite3_last_insert_rowid(m_handle.get());
-    m_open = true;
+    m_drawn.emplace();
     return m_run;
 }
 
@@ -127,16 +146,31 @@ void PageStore::add(qint64 reportKey, const PageLine& line) {
     itemsOf(reportKey, line.page).add(line);
 }
 
-void PageStore::finish(qint64 reportKey) {
-    if (!m_open || reportKey != m_run)
-        return;
+bool PageStore::finish(qint64 reportKey, const FollowPages& follow) {
+    if (!m_drawn.has_value() || reportKey != m_run)
+        return true;
     putAside();
-    SqliteStatement moveIn = m_handle.prepare("INSERT INTO Page (ReportKey, Page, Part, Items) "
-                                              "SELECT ?, Page, Part, Items FROM Drawn ORDER BY Part");
-    moveIn.bind(1, m_run);
-    moveIn.run();
-    m_open = false;
-    m_handle.run("DELETE FROM Drawn");
+    if (!moveIn(follow))
+        return false;
+    m_drawn.reset();
+    return true;
+}
+
+bool PageStore::moveIn(const FollowPages& follow) {
+    const LargeWrite write(m_handle);
+    SqliteStatement add =
+        m_handle.prepare("INSERT INTO Page (ReportKey, Page, Part, Items) VALUES (?, ?, ?, ?)");
+    const bool isWhole = m_drawn->handOut([&](const DrawnPages::Part& part) {
+        add.bind(1, m_run);
+        add.bind(2, part.page);
+        add.bind(3, part.number);
+        add.bindBytes(4, part.items);
+        add.run();
+        return !follow || follow(part.number, m_drawn->count());
+    });
+    if (isWhole)
+        write.commit();
+    return isWhole;
 }
 
 qint64 PageStore::pageCount(qint64 reportKey) const {
@@ -157,7 +191,7 @@ StoredPage PageStore::page(qint64 reportKey, qint64 number) const {
 }
 
 ItemBytes& PageStore::itemsOf(qint64 reportKey, qint64 page) {
-    if (!m_open || reportKey != m_run)
+    if (!m_drawn.has_value() || reportKey != m_run)
         raise(Failure::NotAllowed);
     if (page != m_page || m_items.bytes().size() > partSize)
         putAside();
@@ -166,26 +200,28 @@ ItemBytes& PageStore::itemsOf(qint64 reportKey, qint64 page) {
 }
 
 void PageStore::putAside() {
-    if (m_items.bytes().isEmpty())
-        return;
-    SqliteStatement add = m_handle.prepare("INSERT INTO Drawn (Page, Items) VALUES (?, ?)");
-    add.bind(1, m_page);
-    add.bindBytes(2, m_items.bytes());
-    add.run();
+    if (!m_items.bytes().isEmpty())
+        m_drawn->add(m_page, m_items.bytes());
     m_items.clear();
 }
 
 void PageStore::clearRun() {
     if (m_run == 0)
         return;
-    m_open = false;
+    m_drawn.reset();
     m_items.clear();
-    m_handle.run("DELETE FROM Drawn");
-    for (const char* table : {"Page", "Report"}) {
-        SqliteStatement clear = m_handle.prepare(QByteArray("DELETE FROM ") + table + " WHERE ReportKey=?");
-        clear.bind(1, m_run);
-        clear.run();
+    {
+        const LargeWrite write(m_handle);
+        for (const char* table : {"Page", "Report"}) {
+            SqliteStatement clear =
+                m_handle.prepare(QByteArray("DELETE FROM ") + table + " WHERE ReportKey=?");
+            clear.bind(1, m_run);
+            clear.run();
+        }
+        write.commit();
     }
+    // What another seat still reads stays in the log and is copied by whoever clears next.
+    (void)sqlite3_wal_checkpoint_v2(m_handle.get(), nullptr, SQLITE_CHECKPOINT_PASSIVE, nullptr, nullptr);
 }
 
 std::vector<TextHit> StoredReport::findOnPage(const QString& text, qint64 page,

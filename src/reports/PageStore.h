@@ -1,11 +1,17 @@
 #pragma once
 
 #include "data/SqliteHandle.h"
+#include "reports/DrawnPages.h"
 #include "reports/StoredPage.h"
 
+#include <functional>
+#include <optional>
 #include <vector>
 
 namespace tarnwell {
+
+/// Told before each page how many are done; false ends the work.
+using FollowPages = std::function<bool(qint64 pagesDone, qint64 pages)>;
 
 /// A text that was searched for: its page, counted from 1, and its place in `StoredPage::texts`.
 struct TextHit {
@@ -34,8 +40,10 @@ public:
     /// Adds to the run of that key, which must be the last one and not finished; raises NotAllowed.
     void add(qint64 reportKey, const PageText& text);
     void add(qint64 reportKey, const PageLine& line);
-    /// Brings the run into the file; nothing can be added behind it. Does nothing for a finished run.
-    void finish(qint64 reportKey);
+    /// Brings the run into the file; nothing can be added behind it. Does nothing for a finished run. A
+    /// report of 70,000 pages takes seconds: once `follow`, told about each page, says false, the file and
+    /// whoever waits for it are let go of, this returns false, and it may be called again.
+    bool finish(qint64 reportKey, const FollowPages& follow = {});
 
     /// The highest page of a finished run, 0 for a run without pages; pages below it may be empty.
     [[nodiscard]] qint64 pageCount(qint64 reportKey) const;
@@ -46,12 +54,13 @@ private:
     /// The waiting items of the page, to which its next one is added.
     ItemBytes& itemsOf(qint64 reportKey, qint64 page);
     void putAside();
+    [[nodiscard]] bool moveIn(const FollowPages& follow);
     void clearRun();
 
     data::SqliteHandle m_handle;
-    qint64 m_run = 0;    ///< Key of the last run; 0: none.
-    bool m_open = false; ///< It can still be drawn on.
-    qint64 m_page = 0;   ///< Whose items wait in `m_items`.
+    qint64 m_run = 0;                  ///< Key of the last run; 0: none.
+    std::optional<DrawnPages> m_drawn; ///< Of the last run while it can still be drawn on.
+    qint64 m_page = 0;                 ///< Whose items wait in `m_items`.
     ItemBytes m_items;
 };
 

@@ -4,6 +4,7 @@
 #include "data/RunTimeError.h"
 #include "reports/ReportPreview.h"
 
+#include <QScopedValueRollback>
 #include <QWidget>
 
 #include <utility>
@@ -51,8 +52,21 @@ void ctlAHPrintPreview::store(qint64 reportKey, const PageLine& line) {
     pages().add(reportKey, line);
 }
 
+bool ctlAHPrintPreview::storePages(qint64 reportKey) {
+    for (;;) {
+        {
+            const QScopedValueRollback storing(m_storing, true);
+            if (pages().finish(reportKey, m_followStoring))
+                return true;
+        }
+        if (!m_goesOn())
+            return false;
+    }
+}
+
 void ctlAHPrintPreview::ShowReport(qint64 ReportKey, bool preview) {
-    pages().finish(ReportKey);
+    if (!storePages(ReportKey))
+        return;
     const StoredReport report(pages(), ReportKey);
     auto* const form = qobject_cast<QWidget*>(parent());
     const QString title = form != nullptr ? form->windowTitle() : QString();

@@ -29,13 +29,20 @@ public:
     void setConnectionString(const QString& text);
     [[nodiscard]] const QString& connectionString() const { return m_connectionString; }
 
+    /// Follows the pages on their way into the report database. Once it says false, nobody else waits for
+    /// that file any more, and `goesOn` decides whether they are stored all the same.
+    void setFollowStoring(FollowPages follow, std::function<bool()> goesOn) {
+        m_followStoring = std::move(follow);
+        m_goesOn = std::move(goesOn);
+    }
+    [[nodiscard]] bool isStoring() const { return m_storing; }
     /// Follows a print; may end it. The preview follows its own prints.
     void setFollowPrint(FollowPages follow) { m_followPrint = std::move(follow); }
 
     /// Raises what opening the report database raises. The pages of this surface's run before are cleared.
     qint64 NewReport() override;
     /// The form is out of sight once the pages are shown. A missing printer, or one that fails, is told by
-    /// message.
+    /// message. Neither happens when `goesOn` said no.
     void ShowReport(qint64 ReportKey, bool preview) override;
 
     /// Replaces the preview window, for tests. Returns the one before.
@@ -47,8 +54,12 @@ protected:
 
 private:
     [[nodiscard]] PageStore& pages() const;
+    [[nodiscard]] bool storePages(qint64 reportKey);
 
     QString m_connectionString;
+    FollowPages m_followStoring;
+    std::function<bool()> m_goesOn;
+    bool m_storing = false;
     FollowPages m_followPrint;
     std::unique_ptr<PageStore> m_pages;
 };

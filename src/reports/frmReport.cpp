@@ -35,8 +35,13 @@ void frmReport::Form_Load() {
     ctlAHPrintPreview1 = new ctlAHPrintPreview(this);
     ctlAHPrintPreview1->setObjectName("ctlAHPrintPreview1");
     ctlAHPrintPreview1->setConnectionString(reportConnectionString());
+    ctlAHPrintPreview1->setFollowStoring(
+        [this](qint64 done, qint64 pages) {
+            return follow("Storing the pages...", done, pages) && !m_cancelClicked;
+        },
+        [this] { return goesOnStoring(); });
     ctlAHPrintPreview1->setFollowPrint(
-        [this](qint64 done, qint64 pages) { return followPrint(done, pages); });
+        [this](qint64 done, qint64 pages) { return follow("Printing the pages...", done, pages); });
 }
 
 void frmReport::makeControls() {
@@ -107,7 +112,21 @@ void frmReport::closeRequested() {
         Unload();
 }
 
+/// While pages are stored others wait for the report database, so it is let go of before the question.
 void frmReport::cmdCancel_Click() {
+    if (ctlAHPrintPreview1->isStoring())
+        m_cancelClicked = true;
+    else
+        askToStop();
+}
+
+bool frmReport::goesOnStoring() {
+    if (std::exchange(m_cancelClicked, false))
+        askToStop();
+    return !m_cancelRequested;
+}
+
+void frmReport::askToStop() {
     const Answer answer =
         MsgBox({.text = "Stop printing report?", .title = "Stop Report", .buttons = MessageButtons::YesNo});
     if (answer == Answer::Yes)
@@ -122,8 +141,8 @@ void frmReport::setMax(int units) {
     showProgress();
 }
 
-bool frmReport::followPrint(qint64 done, qint64 pages) {
-    m_stage->setText("Printing the pages...");
+bool frmReport::follow(const char* stage, qint64 done, qint64 pages) {
+    m_stage->setText(stage);
     proBarStatus->setMaximum(static_cast<int>(pages));
     m_unitsDone = static_cast<int>(done);
     DoEvents();

@@ -44,13 +44,15 @@ private:
     void layOut();
     void RunReport();
     void cmdCancel_Click();
+    [[nodiscard]] bool goesOnStoring();
+    void askToStop();
 
     void setMax(int units) override;
     void stepOne() override { ++m_unitsDone; }
     /// Records come far faster than anybody can look or click, so most calls return at once.
     void DoEvents() override;
-    /// False once the print is to end.
-    [[nodiscard]] bool followPrint(qint64 done, qint64 pages);
+    /// False once the work on the pages is to end.
+    [[nodiscard]] bool follow(const char* stage, qint64 done, qint64 pages);
     void showProgress();
 
     ctlAHPrintPreview* ctlAHPrintPreview1 = nullptr;
@@ -64,6 +66,7 @@ private:
     ReportParameters m_parameters;
     bool m_started = false;
     bool m_cancelRequested = false;
+    bool m_cancelClicked = false; ///< And not asked about yet.
     int m_unitsDone = 0;
     QElapsedTimer m_sinceEvents;
 };

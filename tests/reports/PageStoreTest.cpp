@@ -103,6 +103,22 @@ TEST_F(PageStoreTest, ARunThatWasCutShortLeavesNothing) {
     EXPECT_EQ(raisedNumber([&] { store->add(key, text(2, {})); }), numberOf(Failure::NotAllowed));
 }
 
+TEST_F(PageStoreTest, AStoringThatIsHaltedKeepsNobodyWaitingAndCanBeDoneAgain) {
+    const auto store = open();
+    const auto other = open();
+    const qint64 key = store->newReport();
+    for (qint64 page = 1; page <= 100; ++page)
+        store->add(key, text(page, QString::number(page)));
+    EXPECT_FALSE(store->finish(key, [](qint64 done, qint64 /*pages*/) { return done < 70; }));
+    EXPECT_EQ(rowsOf("Page"), 0);
+    EXPECT_GT(other->newReport(), key) << "the file is free";
+    qint64 followed = 0;
+    EXPECT_TRUE(
+        store->finish(key, [&](qint64 done, qint64 pages) { return ++followed == done && pages == 100; }));
+    EXPECT_EQ(store->pageCount(key), 100);
+    EXPECT_EQ(store->page(key, 70).texts.front().text, QStringLiteral("70"));
+}
+
 TEST_F(PageStoreTest, ClearsTheRunBeforeAndItsOwnAtTheEnd) {
     auto store = open();
     qint64 lastKey = 0;

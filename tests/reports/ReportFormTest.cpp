@@ -6,8 +6,11 @@
 #include "support/MessageScript.h"
 #include "support/ScreenDriver.h"
 
+#include <QApplication>
 #include <QElapsedTimer>
 #include <QProgressBar>
+#include <QPushButton>
+#include <QTimer>
 
 #include <gtest/gtest.h>
 
@@ -17,6 +20,7 @@ using namespace tarnwell::test;
 namespace {
 
 constexpr int tooLong = 10'000; ///< Milliseconds after which a report that nobody could cancel gives up.
+constexpr int longerThanAnInstant = 50; ///< Milliseconds after which a form looks for clicks again.
 
 QString anyRow(const ReportParameters& /*parameters*/) {
     return "SELECT * FROM ReportDefinition";
@@ -47,8 +51,19 @@ void drawThreePages(ReportRun& run) {
     }
 }
 
+/// As a user who clicks when the last page is drawn.
+void drawThenCancel(ReportRun& run) {
+    drawThreePages(run);
+    QTimer::singleShot(0, QApplication::activeModalWidget()->findChild<QPushButton*>("cmdCancel"),
+                       &QPushButton::click);
+    QElapsedTimer clock;
+    for (clock.start(); clock.elapsed() < longerThanAnInstant;)
+        continue;
+}
+
 const Report endless{"frmRptEndless", "Endless", anyRow, drawUntilCancelled};
 const Report threePages{"frmRptThree", "Three", anyRow, drawThreePages};
+const Report cancelledAtTheEnd{"frmRptThree", "Three", anyRow, drawThenCancel};
 
 class ReportForm : public ::testing::Test {
 protected:
@@ -124,6 +139,23 @@ TEST_F(ReportForm, CancelStopsTheReportAndNoGoesOn) {
     EXPECT_EQ(script.shown().front().title, "Stop Report");
     EXPECT_EQ(script.shown().front().buttons, MessageButtons::YesNo);
     EXPECT_TRUE(shown.isEmpty());
+}
+
+TEST_F(ReportForm, CancelIsHeardWhileThePagesAreStoredAndTheFileIsFreeMeanwhile) {
+    for (const Answer answer : {Answer::No, Answer::Yes}) {
+        int asked = 0;
+        const Ask before = setMessagePresenter([&](const MessageRequest& request) {
+            ++asked;
+            EXPECT_EQ(request.text, "Stop printing report?");
+            PageStore otherSeat(gReportDataPath);
+            EXPECT_GT(otherSeat.newReport(), 0);
+            return answer;
+        });
+        run(cancelledAtTheEnd);
+        setMessagePresenter(before);
+        EXPECT_EQ(asked, 1);
+        EXPECT_EQ(shown, QStringList{"Three of 4 pages"}) << "after No only";
+    }
 }
 
 TEST_F(ReportForm, EscapeAndTheTitleBarCancelToo) {

@@ -166,12 +166,13 @@ void Screen::Unload() {
         deleteLater();
 }
 
-/// A larger font gets a larger form, as far as the screen has room for it.
+/// A larger font gets a larger form, and a small screen a smaller one: what is laid out for the size at hand
+/// has its labels whole, what `ResizeForm` makes smaller has not.
 QSize Screen::sizeForText(QSize usual) const {
     const QSize room =
         screen()->availableGeometry().size() - frameAllowance - (sizeHint() - m_canvas->sizeHint());
     const QSize scaled(scaledToText(usual.width(), *this), scaledToText(usual.height(), *this));
-    return scaled.boundedTo(room.expandedTo(usual));
+    return scaled.boundedTo(room);
 }
 
 /// Takes the layout's places at the design size for the form's own, and does without it and its limits from

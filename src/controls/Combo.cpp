@@ -1,6 +1,7 @@
 #include "controls/Combo.h"
 
 #include "controls/KeyCodes.h"
+#include "controls/OneLine.h"
 #include "controls/ShownStart.h"
 #include "data/RunTimeError.h"
 #include "frame/EventGuard.h"
@@ -35,6 +36,7 @@ Combo::Combo(QWidget* parent) : QComboBox(parent), m_items(new ItemModel(this)) 
         list->setUniformItemSizes(true);
     // Leaving the field with a text that equals an entry would choose that entry.
     disconnect(lineEdit(), &QLineEdit::editingFinished, this, nullptr);
+    keepOnOneLine(*lineEdit());
     showStartWhenLeft(*lineEdit());
     connect(lineEdit(), &QLineEdit::textEdited, this, &Combo::forgetChoice);
     connect(this, &QComboBox::activated, this, [this](int index) {

@@ -1,6 +1,7 @@
 #include "controls/DateBox.h"
 
 #include "controls/DayArrows.h"
+#include "controls/OneLine.h"
 #include "data/RunTimeError.h"
 #include "frame/EventGuard.h"
 #include "frame/RunTime.h"
@@ -25,6 +26,7 @@ DateBox::DateBox(Arrows arrows, QWidget* parent) : QWidget(parent), m_edit(new Q
     row->setSpacing(1);
     row->addWidget(m_edit);
     m_edit->setMaxLength(longestDateText);
+    keepOnOneLine(*m_edit);
     m_edit->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     m_edit->installEventFilter(this);
     setFocusProxy(m_edit);

@@ -1,5 +1,7 @@
 #include "controls/GridEditor.h"
 
+#include "controls/OneLine.h"
+
 #include <QComboBox>
 #include <QCompleter>
 #include <QLineEdit>
@@ -40,6 +42,7 @@ QWidget* makeList(const GridColumn& column, QWidget* parent) {
 QWidget* makeCellEditor(const GridColumn& column, QWidget* parent) {
     QWidget* editor =
         column.edit == ColumnEdit::ValueList ? makeList(column, parent) : makeLine(column, parent);
+    keepOnOneLine(*lineOf(editor));
     editor->setAutoFillBackground(true);
     editor->setAccessibleName(column.caption);
     return editor;

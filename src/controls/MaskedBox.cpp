@@ -1,5 +1,6 @@
 #include "controls/MaskedBox.h"
 
+#include "controls/OneLine.h"
 #include "controls/ShownStart.h"
 
 #include <QKeyEvent>
@@ -10,6 +11,7 @@ namespace tarnwell {
 MaskedBox::MaskedBox(int limit, QWidget* parent) : QLineEdit(parent) {
     if (limit > 0)
         setMaxLength(limit);
+    keepOnOneLine(*this);
     showStartWhenLeft(*this);
 }
 

@@ -2,6 +2,7 @@
 
 #include "controls/FormLayout.h"
 #include "controls/Label.h"
+#include "controls/OneLine.h"
 #include "frame/DatabaseSettings.h"
 #include "frame/EventGuard.h"
 #include "frame/FileDialog.h"
@@ -61,6 +62,7 @@ void frmOptions::Form_Load() {
 void frmOptions::makeControls() {
     const auto field = [this](const QString& name, const QString& toolTip) {
         auto* made = new QLineEdit(canvas());
+        keepOnOneLine(*made);
         nameControl(made, name, toolTip);
         return made;
     };

@@ -106,6 +106,19 @@ INSTANTIATE_TEST_SUITE_P(Masks, FieldMask,
                                                     "(555) 123-4567"},
                                            MaskCase{"", "a#0", "a#0", "a#0"}));
 
+TEST(MaskedBox, KeepsWhatIsPastedOnOneLine) {
+    MaskedBox box;
+    const ScreenDriver driver(box);
+    box.setText("Wall");
+    box.setCursorPosition(2);
+    box.insert("\tx\r\n");
+    EXPECT_EQ(box.text(), "Wa x ll");
+    EXPECT_EQ(box.cursorPosition(), 5);
+    box.setCursorPosition(7);
+    box.insert("\r\n");
+    EXPECT_EQ(box.text(), "Wa x ll");
+}
+
 TEST_P(TypedDate, IsADateWhenItReadsAsOne) {
     DateBox box(DateBox::Arrows::None);
     const ScreenDriver driver(box);

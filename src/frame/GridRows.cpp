@@ -4,6 +4,8 @@
 #include "data/Recordset.h"
 #include "frame/modGlobalVariables.h"
 
+#include <algorithm>
+
 namespace tarnwell {
 
 void showRows(Connection& connection, Grid& grid, std::unique_ptr<Recordset>& rows, const QString& sql,
@@ -14,6 +16,13 @@ void showRows(Connection& connection, Grid& grid, std::unique_ptr<Recordset>& ro
     grid.bind(opened.get());
     rows = std::move(opened);
     grid.LoadLayout(gLayoutPath + layout);
+}
+
+void readWithoutRow(Grid& grid, Recordset& rows) {
+    const int row = grid.Row();
+    rows.Requery();
+    grid.Rebind();
+    grid.setRow(std::min(row, grid.RowCount()));
 }
 
 } // namespace tarnwell

@@ -16,4 +16,7 @@ class Recordset;
 void showRows(Connection& connection, Grid& grid, std::unique_ptr<Recordset>& rows, const QString& sql,
               const QString& layout);
 
+/// Reads the grid's rows anew after one of them has gone, and stands where it stood.
+void readWithoutRow(Grid& grid, Recordset& rows);
+
 } // namespace tarnwell

@@ -5,6 +5,7 @@
 #include "controls/Grid.h"
 #include "frame/DataEnvironment.h"
 #include "frame/EventGuard.h"
+#include "frame/GridRows.h"
 #include "frame/MsgBox.h"
 #include "frame/modErrorRoutines.h"
 #include "frame/modGlobalVariables.h"
@@ -140,8 +141,7 @@ void frmMasterCodes::DeleteCode() {
         return;
     jgCodes->setValue(Deleted, true);
     jgCodes->Update();
-    CodeRecordset.Requery();
-    jgCodes->Rebind();
+    readWithoutRow(*jgCodes, CodeRecordset);
 }
 
 /// What the database refuses is told, and the form stays with it.

@@ -4,6 +4,7 @@
 #include "controls/Grid.h"
 #include "frame/DataEnvironment.h"
 #include "frame/EventGuard.h"
+#include "frame/GridRows.h"
 #include "frame/MsgBox.h"
 #include "frame/modGlobalVariables.h"
 #include "master/Categories.h"
@@ -198,8 +199,7 @@ void frmMasterTasks::DeleteTask() {
         return;
     jgMasterTasks->setValue(Deleted, true);
     jgMasterTasks->Update();
-    TaskRecordset.Requery();
-    jgMasterTasks->Rebind();
+    readWithoutRow(*jgMasterTasks, TaskRecordset);
 }
 
 /// What the database refuses is told, and the form stays with it.

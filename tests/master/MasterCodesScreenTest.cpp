@@ -75,6 +75,18 @@ TEST_F(MasterCodesTest, DelMarksTheRowAndOnlyFromTheGrid) {
               Value(1));
 }
 
+TEST_F(MasterCodesTest, DelStaysWhereTheRowStood) {
+    open();
+    driver->focus("jgCodes");
+    codes().setRow(codes().RowCount() - 1);
+    script.expect(Answer::Yes);
+    script.expect(Answer::Yes);
+    driver->clickToolbar("Del");
+    EXPECT_EQ(codes().value("Description"), Value("Plumber"));
+    driver->clickToolbar("Del");
+    EXPECT_EQ(codes().Row(), codes().RowCount());
+}
+
 TEST_F(MasterCodesTest, AnEditOutlastsADelThatIsNotConfirmed) {
     open();
     typeCategory("m");

@@ -15,6 +15,8 @@
 
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace tarnwell {
 
 namespace {
@@ -228,6 +230,7 @@ void frmAddOptionGroup::AddGroupTask() {
         return;
     m_pickTasks(*this);
     readGroupTasks();
+    jgGroupOptions_GotFocus(); // The first task of a group can be deleted at once.
 }
 
 void frmAddOptionGroup::DeleteGroup() {
@@ -245,9 +248,11 @@ void frmAddOptionGroup::DeleteGroupTask() {
     if (!isDeleteConfirmed("Delete Current Task?"))
         return;
     const Value task = jgGroupOptions->value("OptionGroupKey");
+    const int row = jgGroupOptions->Row();
     jgGroupOptions->CancelUpdate();
     deleteOptionGroupTask(connection(), task.toLong());
     readGroupTasks();
+    jgGroupOptions->setRow(std::min(row, jgGroupOptions->RowCount()));
     jgGroupOptions_GotFocus();
     SetFocus(jgGroupOptions);
 }

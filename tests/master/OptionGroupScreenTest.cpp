@@ -31,7 +31,9 @@ protected:
     }
     void open(qint64 builder, std::function<void(const ScreenDriver&)> use) {
         whenShown(std::move(use));
-        theForm<frmAddOptionGroup>().openFor({builder, "Abel"}, {}, &caller);
+        theForm<frmAddOptionGroup>().openFor(
+            {builder, "Abel"},
+            [this](frmAddOptionGroup& screen) { addTask("Porch", screen.selectedGroup()); }, &caller);
     }
     static QString enabled(const ScreenDriver& screen) { return screen.enabledButtons(); }
     qint64 count(const QString& from) { return db.ask("SELECT COUNT(*) FROM " + from).toLong(); }
@@ -77,6 +79,10 @@ TEST_F(OptionGroupScreen, AnEditStaysWithItsGroupAndDelFollowsTheFocus) {
         screen.clickToolbar("Del");
         EXPECT_EQ(script.shown().back().text, "Delete Current Task?");
         EXPECT_EQ(enabled(screen), "Exit Task");
+        screen.clickToolbar("Task");
+        EXPECT_EQ(enabled(screen), "Exit Del Task");
+        script.expect(Answer::Yes);
+        screen.clickToolbar("Del");
         screen.clickLine("lstGroups", 0);
         script.expect(Answer::No);
         script.expect(Answer::Yes);

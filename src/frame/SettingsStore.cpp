@@ -28,9 +28,13 @@ const QJsonObject& SettingsStore::content() {
     return m_content;
 }
 
+bool SettingsStore::isDamaged() {
+    static_cast<void>(content());
+    return m_damaged;
+}
+
 bool SettingsStore::replace(const QJsonObject& content) {
-    static_cast<void>(this->content()); // learns what stands there now
-    if (m_damaged && !keepDamaged())
+    if (isDamaged() && !keepDamaged())
         return false;
     const QByteArray bytes = QJsonDocument(content).toJson();
     QSaveFile file(m_path);
@@ -44,7 +48,7 @@ bool SettingsStore::replace(const QJsonObject& content) {
 }
 
 bool SettingsStore::keepDamaged() const {
-    const QString kept = m_path + QStringLiteral(".damaged");
+    const QString kept = damagedPath();
     return (!QFile::exists(kept) || QFile::remove(kept)) && QFile::copy(m_path, kept);
 }
 

@@ -17,8 +17,13 @@ public:
     /// The file's content; an empty object when it is missing, unreadable or no JSON object.
     [[nodiscard]] const QJsonObject& content();
 
-    /// Replaces the file as a whole. What stood there and was no JSON object is kept beside it as
-    /// "<name>.damaged". False, with the file as it was, when it can't be written.
+    /// Something stands there that is no JSON object, or that can't be read.
+    [[nodiscard]] bool isDamaged();
+    /// Where `replace` keeps it.
+    [[nodiscard]] QString damagedPath() const { return m_path + QStringLiteral(".damaged"); }
+
+    /// Replaces the file as a whole. What stood there and was damaged is kept at `damagedPath`. False, with
+    /// the file as it was, when it can't be written.
     [[nodiscard]] bool replace(const QJsonObject& content);
 
 private:

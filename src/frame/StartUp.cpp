@@ -1,5 +1,6 @@
 #include "frame/StartUp.h"
 
+#include "frame/MsgBox.h"
 #include "frame/Version.h"
 #include "frame/modGlobalVariables.h"
 #include "frame/modRegistry.h"
@@ -50,7 +51,18 @@ QString settingText(const QString& name) {
     return readSetting(name).toText();
 }
 
+/// Another database than the one that the user thinks of may be open from here on.
+void tellDamaged(const QString& keptAs) {
+    MsgBox({.text = QStringLiteral(
+                        "The settings can't be read: %1\nTarnwell starts with new ones. The old file is "
+                        "kept as %2")
+                        .arg(settingsFile(), keptAs),
+            .title = QStringLiteral("Tarnwell"),
+            .icon = MessageIcon::Exclamation});
+}
+
 void writeDefaults() {
+    const QString damaged = damagedSettingsFile();
     CreateRegistryKey(gRegistryKey, RegistryRoot::LocalMachine);
     for (const DefaultSetting& setting : defaultSettings) {
         QString value = QString::fromUtf16(setting.value);
@@ -59,6 +71,8 @@ void writeDefaults() {
         WriteRegistryValue(RegistryRoot::LocalMachine, gRegistryKey, QString::fromUtf16(setting.name),
                            RegistryType::Text, value);
     }
+    if (!damaged.isEmpty())
+        tellDamaged(damaged);
 }
 
 QString computerName() {

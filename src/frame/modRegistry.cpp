@@ -98,6 +98,10 @@ void WriteRegistryValue(RegistryRoot root, const QString& keyPath, const QString
     static_cast<void>(replaceKey(root, keyPath, key));
 }
 
+QString damagedSettingsFile() {
+    return store().isDamaged() ? store().damagedPath() : QString();
+}
+
 QString settingsFile() {
     return store().path();
 }

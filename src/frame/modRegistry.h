@@ -27,6 +27,10 @@ void CreateRegistryKey(const QString& keyPath, RegistryRoot root);
 void WriteRegistryValue(RegistryRoot root, const QString& keyPath, const QString& valueName, int type,
                         const Value& data);
 
+/// Where the next write will keep what stands in the place of the settings and is none; empty when all is
+/// well.
+[[nodiscard]] QString damagedSettingsFile();
+
 /// Where the store lies; tests give another place (empty text restores the default).
 [[nodiscard]] QString settingsFile();
 void setSettingsFile(const QString& path);

@@ -2,6 +2,7 @@
 #include "frame/StartUp.h"
 #include "frame/modGlobalVariables.h"
 #include "frame/modRegistry.h"
+#include "support/MessageScript.h"
 
 #include <QDir>
 #include <QFile>
@@ -95,6 +96,15 @@ TEST_F(SettingsFile, KeepsADamagedFileBesideTheNewOne) {
     EXPECT_EQ(contentOf(path() + QStringLiteral(".damaged")), "garbage{ with a path in it");
     write("Provider", RegistryType::Text, QStringLiteral("y"));
     EXPECT_EQ(contentOf(path() + QStringLiteral(".damaged")), "garbage{ with a path in it");
+}
+
+TEST_F(SettingsFile, ADamagedFileIsNotReplacedSilentlyAtTheStart) {
+    put("{ a comma, too many, }");
+    test::MessageScript messages{Answer::Ok};
+    ReadSettings(QStringLiteral("/opt/Tarnwell"));
+    ASSERT_EQ(messages.shown().size(), 1U);
+    EXPECT_TRUE(messages.shown()[0].text.endsWith(path() + QStringLiteral(".damaged")));
+    ReadSettings(QStringLiteral("/opt/Tarnwell")); // now they are whole
 }
 
 TEST_F(SettingsFile, AStoreThatCanNotBeWrittenFailsOnlyTheFirstStart) {

@@ -52,6 +52,7 @@ void frmAbout::Form_Load() {
     lstModifications->AddItem(QStringLiteral("-- Modifications --"));
     for (const char* entry : modifications())
         lstModifications->AddItem(QLatin1String(entry));
+    SetFocus(cmdOK);
 }
 
 void frmAbout::layOut() {

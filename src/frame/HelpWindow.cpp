@@ -14,6 +14,7 @@
 #include <QListWidget>
 #include <QPointer>
 #include <QScreen>
+#include <QScrollBar>
 #include <QSplitter>
 #include <QToolBar>
 #include <QUrl>
@@ -164,6 +165,10 @@ void HelpWindow::keyPressEvent(QKeyEvent* event) {
         m_search->clear();
     else if (event->key() == Qt::Key_Escape)
         close();
+    else if (event->key() == Qt::Key_PageDown) // From the search field, which has no pages of its own.
+        m_page->verticalScrollBar()->triggerAction(QScrollBar::SliderPageStepAdd);
+    else if (event->key() == Qt::Key_PageUp)
+        m_page->verticalScrollBar()->triggerAction(QScrollBar::SliderPageStepSub);
     else
         QMainWindow::keyPressEvent(event);
 }

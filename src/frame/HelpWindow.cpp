@@ -55,6 +55,7 @@ HelpWindow::HelpWindow(QWidget* owner)
     setObjectName(QStringLiteral("helpWindow"));
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(QStringLiteral("Tarnwell Help"));
+    setContextMenuPolicy(Qt::NoContextMenu); // It would offer to hide the buttons.
     m_search->setObjectName(QStringLiteral("txtSearch"));
     m_search->setPlaceholderText(QStringLiteral("Search (Ctrl+F)"));
     m_search->setAccessibleName(QStringLiteral("Search"));

@@ -26,7 +26,7 @@ bool isRowKey(int code) {
 
 /// Keys that leave an open editor and then act on the grid. A list keeps the arrows for its entries.
 bool leavesEditor(int code, int shift, bool list) {
-    if (code == KeyCode::Tab || code == KeyCode::Enter)
+    if (code == KeyCode::Tab || code == KeyCode::Enter || (code == insertKey && shift == none))
         return true;
     return isRowKey(code) && !list && shift == none;
 }
@@ -90,7 +90,11 @@ bool Grid::Parts::runKey(int code, int shift, bool inEditor) {
         Action{KeyCode::Down, altHeld, [](Parts& p) { return p.openList(); }},
         Action{f4, none, [](Parts& p) { return p.openList(); }},
         Action{f2, none, [](Parts& p) { return p.beginEdit(); }},
-        Action{insertKey, none, [](Parts& p) { return toRow(p, p.model->recordCount() + 1, -1); }},
+        Action{insertKey, none,
+               [](Parts& p) {
+                   p.goToNewRow();
+                   return true;
+               }},
         Action{letterC, ctrlHeld, [](Parts& p) { return p.copy(); }},
     };
     if (code == KeyCode::Enter && shift == none)

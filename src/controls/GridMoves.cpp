@@ -42,9 +42,22 @@ void Grid::Parts::moveOn() {
     } else if (row != model->newRowLine()) {
         const int toRow = std::min(row + 1, model->rowCount() - 1);
         goTo(toRow, toRow == row ? column : startColumn(toRow), Asked::ByUser);
-    } else if (const unsigned before = bindings; commit(Asked::ByUser, Then::Leave) && bindings == before) {
-        place(model->newRowLine(), startColumn(model->newRowLine()));
+    } else {
+        goToNewRow();
     }
+}
+
+void Grid::Parts::goToNewRow() {
+    const int line = model->newRowLine();
+    if (line < 0)
+        return;
+    if (line != row || !model->pending().isActive()) {
+        goTo(line, startColumn(line), Asked::ByUser);
+        return;
+    }
+    // What was typed on the line becomes a row; the line behind it is another one.
+    if (const unsigned before = bindings; commit(Asked::ByUser, Then::Leave) && bindings == before)
+        place(model->newRowLine(), startColumn(model->newRowLine()));
 }
 
 int Grid::Parts::nextColumn(int from, int direction) const {

@@ -32,6 +32,7 @@ struct Grid::Parts {
     bool stepColumn(int direction);
     /// To the next cell, and from the last one to the next row.
     void moveOn();
+    void goToNewRow();
     /// The next column that can be current, to the right or left; 0 when there is none.
     [[nodiscard]] int nextColumn(int from, int direction) const;
     [[nodiscard]] int endColumn(int direction) const;

@@ -52,9 +52,9 @@ TEST_F(GridTest, OnTheLineInFrontRowsAreTypedOneBehindTheOther) {
                       {.key = "Name"}});
     start(NewRowPosition::First);
     driver->press(Qt::Key_Insert);
-    for (const char* name : {"Alpha", "Beta"}) {
+    for (const auto& [name, key] : {std::pair("Alpha", Qt::Key_Enter), std::pair("Beta", Qt::Key_Insert)}) {
         driver->type(name);
-        driver->press(Qt::Key_Enter);
+        driver->press(key);
     }
     EXPECT_EQ(grid->Row(), 6); // the fresh line
     EXPECT_EQ(grid->currentIndex().row(), 0);

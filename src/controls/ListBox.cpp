@@ -71,6 +71,16 @@ QItemSelectionModel::SelectionFlags ListBox::selectionCommand(const QModelIndex&
                : QListWidget::selectionCommand(index, event);
 }
 
+/// The toolkit marks a line when it gives the list the focus, and lets the arrows leave it before it was
+/// chosen.
+bool ListBox::chooseFirst(int key) {
+    const bool moves = key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_Home;
+    if (!moves || selectionMode() != SingleSelection || currentRow() != 0 || ListIndex() >= 0)
+        return false;
+    setCurrentRow(0);
+    return true;
+}
+
 void ListBox::keyPressEvent(QKeyEvent* event) {
     m_pressed.insert(event->nativeScanCode());
     if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && ListIndex() >= 0) {
@@ -78,7 +88,8 @@ void ListBox::keyPressEvent(QKeyEvent* event) {
         return;
     }
     const int before = ListIndex();
-    QListWidget::keyPressEvent(event);
+    if (!chooseFirst(event->key()))
+        QListWidget::keyPressEvent(event);
     if (ListIndex() != before)
         Q_EMIT clicked();
 }

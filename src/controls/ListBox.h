@@ -49,6 +49,8 @@ protected:
     void keyReleaseEvent(QKeyEvent* event) override;
 
 private:
+    bool chooseFirst(int key);
+
     std::set<quint32> m_pressed; ///< Scan codes of the keys that went down here.
 };
 

@@ -5,9 +5,21 @@
 
 namespace tarnwell {
 
+namespace {
+
+/// Also while its window waits for the window manager to give it the keyboard back, after a message say.
+bool isWorkedOn(const QLineEdit& line) {
+    const QWidget* taking = &line;
+    while (taking->focusProxy() != nullptr)
+        taking = taking->focusProxy();
+    return line.window()->focusWidget() == taking;
+}
+
+} // namespace
+
 void showStartWhenLeft(QLineEdit& line) {
     QObject::connect(&line, &QLineEdit::textChanged, &line, [&line] {
-        if (!line.hasFocus())
+        if (!isWorkedOn(line))
             line.setCursorPosition(0);
     });
     // A message or another window in between leaves the caret and what is selected where they are.

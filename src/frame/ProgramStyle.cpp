@@ -2,6 +2,7 @@
 
 #include "frame/Theme.h"
 
+#include <QAbstractItemView>
 #include <QPainter>
 #include <QStyleOption>
 
@@ -30,6 +31,21 @@ void outline(QPainter& painter, const QStyleOption& option, bool isRound) {
     painter.restore();
 }
 
+/// A list or grid that has the keyboard and no line yet that could show it.
+bool isBareWithFocus(const QStyleOption& option, const QWidget* widget) {
+    const auto* view = qobject_cast<const QAbstractItemView*>(widget);
+    return view != nullptr && option.state.testFlag(QStyle::State_HasFocus) &&
+           !view->currentIndex().isValid();
+}
+
+void frameFocus(QPainter& painter, const QStyleOption& option) {
+    painter.save();
+    painter.setPen(markColor(option.palette));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(option.rect.adjusted(0, 0, -1, -1));
+    painter.restore();
+}
+
 } // namespace
 
 ProgramStyle::ProgramStyle() : m_isPlain(baseStyle()->name() == QStringLiteral("fusion")) {}
@@ -41,6 +57,8 @@ void ProgramStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* o
     if (m_isPlain && (isRound || element == PE_IndicatorCheckBox) &&
         isDark(option->palette.color(QPalette::Window)))
         outline(*painter, *option, isRound);
+    if (m_isPlain && element == PE_Frame && isBareWithFocus(*option, widget))
+        frameFocus(*painter, *option);
 }
 
 int ProgramStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {

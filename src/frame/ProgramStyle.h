@@ -5,7 +5,8 @@
 namespace tarnwell {
 
 /// The desktop's own style. Where that is the toolkit's plain one: boxes whose outline can be seen also on a
-/// dark window, and room around the captions of buttons and columns.
+/// dark window, room around the captions of buttons and columns, and a frame around an empty list that has
+/// the keyboard.
 class ProgramStyle : public QProxyStyle {
     Q_OBJECT
 

@@ -88,6 +88,14 @@ TEST(MaskedBox, TakesUpToItsLimitAndTellsEachKey) {
     EXPECT_TRUE(released.empty());
 }
 
+TEST(MaskedBox, KeepsTheCaretBehindWhatIsTypedWhileItsWindowWaitsForTheKeyboard) {
+    QWidget window;
+    MaskedBox box(0, &window);
+    box.setFocus();
+    box.insert("A"); // the key that brought up a message is typed when that is answered
+    EXPECT_EQ(box.SelStart(), 1);
+}
+
 TEST_P(FieldMask, KeepsTheTextReadable) {
     MaskedBox box;
     box.setMask(GetParam().mask);

@@ -36,6 +36,8 @@ TEST_F(ListBoxTest, NothingIsChosenBeforeTheUserOrCodeDoes) {
     driver.press(Qt::Key_Return);
     EXPECT_EQ(opened, 0);
     EXPECT_TRUE(chosen.empty());
+    driver.press(Qt::Key_Down);
+    EXPECT_EQ(chosen, std::vector<int>({0}));
 }
 
 TEST_F(ListBoxTest, EveryChoiceFiresOnce) {

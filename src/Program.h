@@ -1,12 +1,13 @@
 #pragma once
 
+#include "frame/AltKeys.h"
 #include "frame/HelpKey.h"
 
 #include <QApplication>
 
 namespace tarnwell {
 
-/// The whole program: its look, its help key, its messages and every screen. An error that no routine caught
+/// The whole program: its look, its keys, its messages and every screen. An error that no routine caught
 /// reaches the outer handler and not the toolkit.
 class Program : public QApplication {
 public:
@@ -18,6 +19,7 @@ public:
     bool notify(QObject* receiver, QEvent* event) override;
 
 private:
+    AltKeys m_altKeys;
     HelpKey m_helpKey;
 };
 

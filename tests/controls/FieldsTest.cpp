@@ -4,6 +4,7 @@
 #include "controls/MaskedBox.h"
 #include "controls/NoteBox.h"
 #include "data/RunTimeError.h"
+#include "frame/AltKeys.h"
 #include "support/ScreenDriver.h"
 
 #include <QApplication>
@@ -94,6 +95,15 @@ TEST(MaskedBox, KeepsTheCaretBehindWhatIsTypedWhileItsWindowWaitsForTheKeyboard)
     box.setFocus();
     box.insert("A"); // the key that brought up a message is typed when that is answered
     EXPECT_EQ(box.SelStart(), 1);
+}
+
+TEST(AltKeys, AltWithALetterThatNothingAnswersToTypesNothing) {
+    MaskedBox box;
+    const ScreenDriver driver(box);
+    const AltKeys keys;
+    driver.press(Qt::Key_A, Qt::AltModifier);
+    driver.type("b");
+    EXPECT_EQ(box.text(), "b");
 }
 
 TEST_P(FieldMask, KeepsTheTextReadable) {

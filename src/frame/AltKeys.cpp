@@ -1,0 +1,39 @@
+#include "frame/AltKeys.h"
+
+#include <QComboBox>
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QTextEdit>
+
+namespace tarnwell {
+
+namespace {
+
+bool takesTyping(const QObject* watched) {
+    return qobject_cast<const QLineEdit*>(watched) != nullptr ||
+           qobject_cast<const QComboBox*>(watched) != nullptr ||
+           qobject_cast<const QTextEdit*>(watched) != nullptr ||
+           qobject_cast<const QPlainTextEdit*>(watched) != nullptr;
+}
+
+/// Ctrl and Alt together are AltGr on some keyboards, which does type.
+bool isAltLetter(const QKeyEvent& key) {
+    const bool held = (key.modifiers() & (Qt::AltModifier | Qt::ControlModifier)) == Qt::AltModifier;
+    return held && !key.text().isEmpty() && key.text().front().isPrint();
+}
+
+} // namespace
+
+AltKeys::AltKeys(QObject* parent) : QObject(parent) {
+    QCoreApplication::instance()->installEventFilter(this);
+}
+
+bool AltKeys::eventFilter(QObject* watched, QEvent* event) {
+    // Menus, buttons and labels had their turn as shortcuts before the key comes by here.
+    return event->type() == QEvent::KeyPress && takesTyping(watched) &&
+           isAltLetter(*static_cast<QKeyEvent*>(event));
+}
+
+} // namespace tarnwell

@@ -226,9 +226,20 @@ void frmSwitchboard::Form_Unload() {
     unloadRemainingForms();
 }
 
+/// A form that can't write what was entered tells why and stays, and so does the window.
+void frmSwitchboard::closeRequested() {
+    const std::vector<QPointer<Screen>> open(loadedForms().rbegin(), loadedForms().rend());
+    for (const QPointer<Screen>& form : open)
+        if (form != nullptr && form != this && form->isVisible() && !form->close()) {
+            form->Show(Modality::Modeless, this);
+            return;
+        }
+    Unload();
+}
+
 void frmSwitchboard::choose(const QString& key) {
     if (key == exitKey)
-        Unload();
+        closeRequested();
     else if (const ScreenEntry* screen = screenFor(key); screen != nullptr)
         screen->form().Show(screen->modality, this);
 }

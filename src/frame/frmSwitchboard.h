@@ -38,6 +38,7 @@ protected:
     void Form_Load() override;
     void Form_Activate() override;
     void Form_Unload() override;
+    void closeRequested() override;
 
 private:
     /// Menus and icon bar are built from tables; both end in `choose` or in an action of their own.
@@ -47,7 +48,7 @@ private:
     [[nodiscard]] QVBoxLayout* welcome();
     /// Ends the program when the connection fails: without one no screen can work.
     void openDatabase();
-    /// Shows the screen that is registered for the key, or unloads the window for "mnuExit".
+    /// Shows the screen that is registered for the key, or closes the window for "mnuExit".
     void choose(const QString& key);
 
     IconBar* m_iconBar = nullptr;

@@ -26,10 +26,15 @@ template <int Number>
 class frmEntry : public Screen {
 public:
     frmEntry() : Screen(QStringLiteral("frmEntry%1").arg(Number), "Entry", {}) {}
+    bool refuses = false; ///< As a form does that can't write its row.
 
 protected:
     void Form_Load() override { setDesignSize({200, 100}); }
     void Form_Unload() override { unloaded << objectName(); }
+    void closeRequested() override {
+        if (!refuses)
+            Unload();
+    }
 };
 
 void setting(const char* name, const QString& value) {
@@ -173,6 +178,11 @@ TEST_F(SwitchboardTest, ClosingUnloadsEveryForm) {
     driver.click("frmPayroll");
     driver.click("frmBuilder");
     window.activateWindow();
+    theForm<frmEntry<1>>().refuses = true;
+    window.close();
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_TRUE(waitFor([] { return theForm<frmEntry<1>>().isActiveWindow(); }));
+    theForm<frmEntry<1>>().refuses = false;
     window.findChild<QAction*>("mnuExit")->trigger();
     unloaded.sort();
     EXPECT_EQ(unloaded, (QStringList{"frmEntry1", "frmEntry2"}));

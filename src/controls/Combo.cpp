@@ -9,6 +9,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListView>
+#include <QMouseEvent>
 #include <QWheelEvent>
 
 #include <algorithm>
@@ -43,6 +44,11 @@ Combo::Combo(QWidget* parent) : QComboBox(parent), m_items(new ItemModel(this)) 
         m_listIndex = index;
         Q_EMIT clicked();
     });
+}
+
+void Combo::setListOnly() {
+    lineEdit()->setReadOnly(true);
+    lineEdit()->installEventFilter(this);
 }
 
 void Combo::AddItem(const QString& text, qint64 itemData, int at) {
@@ -133,6 +139,18 @@ void Combo::step(int by) {
         choose(next);
 }
 
+bool Combo::chooseNext(const QString& beginning) {
+    if (beginning.isEmpty())
+        return false;
+    for (int i = 1; i <= ListCount(); ++i)
+        if (const int index = (m_listIndex + i) % ListCount();
+            List(index).startsWith(beginning, Qt::CaseInsensitive)) {
+            choose(index);
+            return true;
+        }
+    return false;
+}
+
 void Combo::keyPressEvent(QKeyEvent* event) {
     m_pressed.insert(event->nativeScanCode());
     int keyCode = keyCodeOf(*event);
@@ -150,7 +168,7 @@ void Combo::keyPressEvent(QKeyEvent* event) {
                                                       : 0;
     if (plain && by != 0 && ListCount() > 0)
         step(by);
-    else
+    else if (!lineEdit()->isReadOnly() || !chooseNext(event->text()))
         QComboBox::keyPressEvent(event);
     // Select All, Copy and the combo's own mnemonic are no input: a search would take the selection away that
     // is to be typed over.
@@ -168,6 +186,24 @@ void Combo::keyReleaseEvent(QKeyEvent* event) {
     const bool pressedHere = m_pressed.erase(event->nativeScanCode()) > 0;
     if (pressedHere)
         Q_EMIT keyUp(keyCodeOf(*event), shiftStateOf(*event));
+}
+
+/// Only the line of a list that can't be typed over is watched. The release would close a list that the press
+/// opened.
+bool Combo::eventFilter(QObject* watched, QEvent* event) {
+    switch (event->type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+        m_clicked = static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton;
+        return m_clicked;
+    case QEvent::MouseButtonRelease:
+        if (!std::exchange(m_clicked, false))
+            return false;
+        showPopup();
+        return true;
+    default:
+        return QComboBox::eventFilter(watched, event);
+    }
 }
 
 void Combo::wheelEvent(QWheelEvent* event) {

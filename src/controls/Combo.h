@@ -17,6 +17,10 @@ class Combo : public QComboBox, public SearchableList {
 public:
     explicit Combo(QWidget* parent = nullptr);
 
+    /// The text can't be typed over: a letter chooses the next entry that begins with it, a click on the text
+    /// opens the list.
+    void setListOnly();
+
     /// `at` is the new item's index, -1 for the end. Neither the text nor what is chosen changes.
     void AddItem(const QString& text, qint64 itemData = 0, int at = -1);
     /// Replaces all items at once; nothing is chosen then.
@@ -55,16 +59,20 @@ protected:
     void keyReleaseEvent(QKeyEvent* event) override;
     /// Turns only with the focus, so that scrolling past changes no choice.
     void wheelEvent(QWheelEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     /// Shows the entry and fires, whatever was chosen before.
     void choose(int index);
     /// Up or down the list; stops at its ends and fires nothing there.
     void step(int by);
+    /// False when no entry begins with the text.
+    bool chooseNext(const QString& beginning);
     void forgetChoice();
 
     ItemModel* m_items;
     int m_listIndex = -1;
+    bool m_clicked = false;      ///< The line of a list only was pressed.
     std::set<quint32> m_pressed; ///< Scan codes of the keys that went down here.
 };
 

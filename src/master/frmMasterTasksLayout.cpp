@@ -6,7 +6,6 @@
 #include "master/frmMasterTasks.h"
 
 #include <QCheckBox>
-#include <QLineEdit>
 #include <QVBoxLayout>
 
 // The screen as it is seen: texts, columns, places and the order of Tab.
@@ -58,7 +57,7 @@ void frmMasterTasks::makeControls() {
     cmbType = new Combo(canvas());
     cmbCascade = new Combo(canvas());
     // A typed text chooses nothing: the cascade would silently reach nothing.
-    cmbCascade->lineEdit()->setReadOnly(true);
+    cmbCascade->setListOnly();
     chkUpdateName = new QCheckBox(canvas());
     chkUpdatePrice = new QCheckBox(canvas());
     chkUpdateExclude = new QCheckBox(canvas());

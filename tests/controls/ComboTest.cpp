@@ -108,6 +108,16 @@ TEST_F(ComboTest, ArrowsChooseAndStopAtTheEnds) {
     EXPECT_EQ(combo->Text(), "Electric");
 }
 
+TEST_F(ComboTest, AListOnlyIsChosenFromByLetterAndClick) {
+    combo->setListOnly();
+    const ScreenDriver driver(window);
+    driver.type("rxrE");
+    EXPECT_EQ(chosen, std::vector<int>({2, 2, 0}));
+    EXPECT_EQ(combo->Text(), "Electric");
+    QTest::mouseClick(combo->lineEdit(), Qt::LeftButton);
+    EXPECT_TRUE(combo->view()->isVisible());
+}
+
 TEST_F(ComboTest, TypingChoosesNothingNorDoesLeaving) {
     const ScreenDriver driver(window);
     combo->setListIndex(0);

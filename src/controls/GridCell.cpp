@@ -31,8 +31,16 @@ std::optional<double> numberFromText(const QString& text) {
     }
 }
 
+/// One that marks no thousands may be meant for the decimals: "12,50" must not become 1250.
+bool hasMisplacedComma(const QString& text) {
+    const QStringList groups = text.section(u'.', 0, 0).split(u',');
+    return text.section(u'.', 1).contains(u',') ||
+           std::any_of(groups.begin() + 1, groups.end(),
+                       [](const QString& group) { return group.size() != 3; });
+}
+
 ParsedCell parseNumber(const QString& text) {
-    if (const std::optional<double> number = numberFromText(text))
+    if (const std::optional<double> number = numberFromText(text); number && !hasMisplacedComma(text))
         return {.value = *number, .refusal = {}};
     return {.value = {}, .refusal = quoted(text) + QStringLiteral(" is not a number.")};
 }

@@ -72,6 +72,8 @@ TEST(GridCell, TakesOnlyWhatConverts) {
         {price, "1e308", 1e308},
         {price, "1e309", {}, false},
         {price, "12,x", {}, false},
+        {price, "12,50", {}, false},
+        {price, "$1,234.50", 1234.5},
         {price, "", Value::null()},
         {date, "3/4/24 14:05", moment(2024, 14, 5)},
         {date, "02/29/23", {}, false},

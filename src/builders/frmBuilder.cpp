@@ -100,7 +100,7 @@ void frmBuilder::Form_Unload() {
 
 /// A row that can't be written is told, and the form stays with it.
 void frmBuilder::closeRequested() {
-    if (jgPlans->UpdateOrTell() && jgTasks->UpdateOrTell())
+    if (writeGrids())
         Unload();
 }
 

@@ -69,6 +69,7 @@ private:
     void DeletePlan();
     void DeletePlanTask();
     void AddPlanTasks();
+    [[nodiscard]] bool writeGrids();
     [[nodiscard]] static bool confirmDelete(const QString& question);
 
     void SetFieldToolbar(int index);

@@ -45,6 +45,7 @@ void frmBuilder::connectGrids() {
             }));
     onGotFocus(jgTasks, [this] { jgTasks_GotFocus(); });
     connect(jgTasks, &Grid::rowColChange, this, guarded([this](int, int) { jgTasks_RowColChange(); }));
+    connect(jgTasks, &Grid::givenUp, this, guarded([this] { catchUpWithPlan(); }));
     connect(jgTasks, &Grid::beforeUpdate, this, guarded([this](bool&) { jgTasks_BeforeUpdate(); }));
     connect(jgTasks, &Grid::afterColUpdate, this,
             guarded([this](int column) { jgTasks_AfterColUpdate(column); }));
@@ -88,10 +89,8 @@ void frmBuilder::loadPlanTasks() {
 
 void frmBuilder::CopyPlan() {
     const Value plan = jgPlans->value(planKeyColumn);
-    if (plan.isNoKey())
+    if (plan.isNoKey() || !writeGrids())
         return;
-    jgPlans->Update();
-    jgTasks->Update();
     const qint64 copy =
         copyPlan(connection(), ContractorKey, plan.toLong(), FieldText(jgPlans->value(planNameColumn)));
     LoadPlans();
@@ -140,14 +139,16 @@ void frmBuilder::AddTask() {
 }
 
 void frmBuilder::AddPlanTasks() {
-    if (isNothing(jgPlans->value(planKeyColumn)))
+    if (isNothing(jgPlans->value(planKeyColumn)) || !writeGrids())
         return;
-    jgPlans->Update();
-    jgTasks->Update();
     auto& dialog = theForm<frmAddMasterTasks>();
     dialog.Mode = PickingMode::Plan;
     dialog.pickFor(*this, this);
     cmbType_Click();
+}
+
+bool frmBuilder::writeGrids() {
+    return jgPlans->UpdateOrTell() && jgTasks->UpdateOrTell();
 }
 
 PickingTarget frmBuilder::pickingTarget() const {

@@ -91,6 +91,8 @@ Q_SIGNALS:
     void rowColChange(int lastRow, int lastCol);
     /// A row became pending: it belongs to what its owner and category are now.
     void rowBegun();
+    /// Escape gave up what was typed: a cell's text, or all of the pending row.
+    void givenUp();
     /// Before the pending row is written: hidden columns may be set here; setting `cancel` keeps it pending.
     void beforeUpdate(bool& cancel);
     /// The row is written and still current, with its own values, its key still Empty when it was new.

@@ -114,6 +114,7 @@ bool Grid::Parts::editorKey(const QKeyEvent& event) {
     const bool list = qobject_cast<QComboBox*>(delegate->editor()) != nullptr;
     if (code == KeyCode::Escape) {
         abandonEdit();
+        Q_EMIT grid.givenUp();
         return true;
     }
     if (!list && (code == f4 || (code == KeyCode::Down && shift == altHeld)))
@@ -162,6 +163,7 @@ bool Grid::Parts::escape() {
     if (!model->pending().isActive())
         return false;
     cancel();
+    Q_EMIT grid.givenUp();
     return true;
 }
 

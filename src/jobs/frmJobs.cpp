@@ -113,7 +113,8 @@ void frmJobs::pressButton(const QString& caption) {
         {"Exit",
          [this] {
              SuppressVerify = true;
-             Unload();
+             if (writeGrids())
+                 Unload();
          }},
         {"Find",
          [this] {
@@ -123,8 +124,8 @@ void frmJobs::pressButton(const QString& caption) {
         {"Group", [this] { ShowGroups(); }},
         {"Task",
          [this] {
-             jgTasks->Update();
-             pickTasks();
+             if (jgTasks->UpdateOrTell())
+                 pickTasks();
          }},
     };
     for (const auto& button : buttons)
@@ -134,7 +135,8 @@ void frmJobs::pressButton(const QString& caption) {
 
 void frmJobs::AddRecord() {
     SuppressVerify = true;
-    writeAll();
+    if (!writeAll())
+        return;
     auto& dialog = theForm<frmJobAdd>();
     dialog.Show(Modality::Modal, this);
     const auto unload = qScopeGuard([&dialog] { dialog.Unload(); });
@@ -148,15 +150,19 @@ void frmJobs::FindRecord() {
     search.Show(Modality::Modal, this);
     if (search.selectedKey().isEmpty())
         return;
-    writeAll();
-    loadJob(selectedKeyNumber(search.selectedKey()));
+    if (writeAll())
+        loadJob(selectedKeyNumber(search.selectedKey()));
 }
 
-/// The job on the screen with its grids: none of it may be left behind, or come under the next job.
-void frmJobs::writeAll() {
+/// The job on the screen with its grids: none of it may be left behind, or come under the next job. False
+/// when a row was refused, and told.
+bool frmJobs::writeAll() {
     SaveRecord();
-    jgTasks->Update();
-    jgJobLots->Update();
+    return writeGrids();
+}
+
+bool frmJobs::writeGrids() {
+    return jgTasks->UpdateOrTell() && jgJobLots->UpdateOrTell();
 }
 
 /// The buttons of the control that has the focus go by what is loaded, so its routine runs again.

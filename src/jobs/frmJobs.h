@@ -54,7 +54,8 @@ private:
     void DisplayRecord();
     void DeleteRecord();
     void loadJob(qint64 jobKey);
-    void writeAll();
+    [[nodiscard]] bool writeAll();
+    [[nodiscard]] bool writeGrids();
     void deleteActive();
     void MskField_GotFocus(int index);
     void MskField_LostFocus(int index);
@@ -68,8 +69,10 @@ private:
     void connectGrids();
     void LoadJobLots(const Value& standOn = {});
     void cmbType_Click();
-    void showTasks();
+    [[nodiscard]] bool showTasks();
     void showTasksAt(int row);
+    void catchUpWithLot();
+    [[nodiscard]] bool areTasksCurrent() const;
     void showEmployees();
     void RefreshTasks();
     void closeGrids();

@@ -54,6 +54,7 @@ void frmJobs::connectGrids() {
             guarded([this](int& keyCode, int) { walkByEnter(*jgJobLots, keyCode); }));
     onGotFocus(jgTasks, [this] { jgTasks_GotFocus(); });
     connect(jgTasks, &Grid::rowColChange, this, guarded([this](int, int) { jgTasks_RowColChange(); }));
+    connect(jgTasks, &Grid::givenUp, this, guarded([this] { catchUpWithLot(); }));
     connect(jgTasks, &Grid::beforeUpdate, this, guarded([this](bool&) { jgTasks_BeforeUpdate(); }));
     connect(jgTasks, &Grid::buttonClick, this, guarded([this](int column) { jgTasks_ButtonClick(column); }));
     connect(jgTasks, &Grid::keyDown, this,
@@ -78,7 +79,8 @@ void frmJobs::LoadJobLots(const Value& standOn) {
 /// The error of the tasks ends here, that of the employees goes on to whoever asked for the tasks.
 void frmJobs::cmbType_Click() {
     try {
-        showTasks();
+        if (!showTasks())
+            return;
     } catch (const RunTimeError& error) {
         ErrorHandler(error, {});
         return;
@@ -87,16 +89,28 @@ void frmJobs::cmbType_Click() {
 }
 
 /// What is pending is written first: a task belongs to the lot and category on show, and a new lot has its
-/// key from then on.
-void frmJobs::showTasks() {
+/// key from then on. One that can't be is told, and stays on show until it is mended or given up.
+bool frmJobs::showTasks() {
     const QScopedValueRollback binding(m_binding, true);
-    jgTasks->Update();
-    jgJobLots->Update();
+    if (!writeGrids())
+        return false;
     const qint64 lot = currentLotKey();
     const qint64 category = cmbType->ItemData(cmbType->ListIndex());
     showRows(connection(), *jgTasks, rsJobLotTasks, taskRowsOfLot(lot, category), "JobTasks.lyt");
     m_lotOfTasks = lot;
     CategoryKey = category;
+    return true;
+}
+
+bool frmJobs::areTasksCurrent() const {
+    const int index = cmbType->ListIndex();
+    return m_lotOfTasks == currentLotKey() && (index < 0 || cmbType->ItemData(index) == CategoryKey);
+}
+
+/// A task that was refused kept its own rows on show while another lot or category was chosen.
+void frmJobs::catchUpWithLot() {
+    if (!areTasksCurrent() && !jgTasks->isPending())
+        cmbType_Click();
 }
 
 /// Who has no entry shows as an empty cell; the task keeps the key. The many are read again only when
@@ -181,8 +195,8 @@ void frmJobs::DeleteTask() {
 }
 
 void frmJobs::CopyLot() {
-    jgTasks->Update();
-    jgJobLots->Update();
+    if (!writeGrids())
+        return;
     const qint64 copy = copyLot(connection(), {.jobLotKey = jgJobLots->value(lotKeyColumn),
                                                .jobKey = jgJobLots->value(lotJobColumn),
                                                .lotBlock = jgJobLots->value(lotBlockColumn),
@@ -204,7 +218,8 @@ void frmJobs::AddLotTasks() {
 }
 
 void frmJobs::ShowGroups() {
-    jgTasks->Update();
+    if (!jgTasks->UpdateOrTell())
+        return;
     auto& dialog = theForm<frmAddJobOptionGroup>();
     dialog.applyTo(*this, this);
     if (!dialog.Cancelled)
@@ -277,15 +292,16 @@ void frmJobs::jgTasks_GotFocus() {
         SetFocus(jgJobLots);
         return;
     }
-    // A task that the database refused kept its own lot's rows on show until it was given up.
-    if (m_lotOfTasks != currentLotKey() && !jgTasks->isPending())
-        cmbType_Click();
+    catchUpWithLot();
     EnableToolbar(*this, taskButtons, ToolbarMask);
     showToolTip(jgTasks);
 }
 
 void frmJobs::jgTasks_RowColChange() {
-    if (!m_binding && jgTasks->Col() > 0)
+    if (m_binding)
+        return;
+    catchUpWithLot();
+    if (jgTasks->Col() > 0)
         setStatusText(jgTasks->columnTag(jgTasks->Col()));
 }
 

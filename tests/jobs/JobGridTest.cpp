@@ -272,9 +272,31 @@ TEST_F(JobGrids, ARefusedTaskKeepsItsLotAndIsWrittenThereOnceItCanBe) {
     EXPECT_EQ(cell(tasks(), 1, priceColumn), "11.00") << "the other lot's tasks wait for the row";
     driver->focus("jgTasks");
     driver->press(Qt::Key_Escape);
-    driver->focus("jgJobLots");
-    driver->focus("jgTasks");
     EXPECT_EQ(tasks().RowCount(), 0) << "the tasks of the lot that is current";
+}
+
+TEST_F(JobGrids, APriceThatIsNoneIsToldOnceEachTimeAndWhatWasChosenWaitsForIt) {
+    openJob();
+    clickCell("jgTasks", 1, priceColumn);
+    driver->type("12x");
+    const std::function<void()> ways[] = {
+        [this] { clickCell("jgJobLots", 2, 3); },
+        [this] { combo().setListIndex(0); },
+        [this] { driver->clickToolbar("Group"); },
+        [this] { driver->clickToolbar("Task"); },
+        [this] { driver->clickToolbar("Exit"); },
+    };
+    for (const auto& leave : ways) {
+        script.expect(Answer::Ok);
+        leave();
+        EXPECT_TRUE(waitFor([this] { return driver->focusedName() == "jgTasks"; }));
+        EXPECT_EQ(script.shown().back().text, "\"12x\" is not a number.");
+        EXPECT_EQ(cell(tasks(), 1, nameColumn), "Walls");
+    }
+    driver->press(Qt::Key_Escape);
+    EXPECT_EQ(tasks().RowCount(), 0) << "of the lot and category that were chosen meanwhile";
+    clickCell("jgJobLots", 1, 3);
+    EXPECT_EQ(tasks().RowCount(), 0);
 }
 
 TEST_F(JobGrids, ADeletedLotTakesItsPendingTaskAlong) {

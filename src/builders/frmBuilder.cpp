@@ -4,6 +4,7 @@
 #include "builders/frmAddMasterTasks.h"
 #include "controls/Combo.h"
 #include "controls/Grid.h"
+#include "controls/KeyCodes.h"
 #include "controls/ListBox.h"
 #include "controls/MaskedBox.h"
 #include "data/Recordset.h"
@@ -83,7 +84,7 @@ void frmBuilder::connectFields() {
     MaskedBox* name = m_fields[0];
     onLostFocus(name, [this] { MskField_LostFocus(); });
     connect(name, &MaskedBox::keyDown, this,
-            guarded([this](int& keyCode, int) { MskField_KeyDown(keyCode); }));
+            guarded([this](int& keyCode, int shift) { MskField_KeyDown(keyCode, shift); }));
     connect(name, &MaskedBox::keyUp, this, guarded([this] { MskField_KeyUp(); }));
 }
 
@@ -253,10 +254,8 @@ void frmBuilder::MskField_LostFocus() {
     SetFocus(m_fields[0]);
 }
 
-void frmBuilder::MskField_KeyDown(int& keyCode) {
-    // A key that is only held for another one, a toolbar's shortcut say, types nothing.
-    const bool held = keyCode == KeyCode::Shift || keyCode == KeyCode::Control || keyCode == KeyCode::Alt;
-    if (ContractorKey != 0 || held)
+void frmBuilder::MskField_KeyDown(int& keyCode, int shift) {
+    if (ContractorKey != 0 || !isEntryKey(keyCode, shift))
         return;
     const bool add = MsgBox({.text = "Do you want to add a new builder?",
                              .title = "Add Record",

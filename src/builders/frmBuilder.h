@@ -78,7 +78,7 @@ private:
 
     void MskField_GotFocus(int index);
     void MskField_LostFocus();
-    void MskField_KeyDown(int& keyCode);
+    void MskField_KeyDown(int& keyCode, int shift);
     void MskField_KeyUp();
     void cmbType_Click();
     void cmdSelectAll_Click();

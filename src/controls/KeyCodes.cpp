@@ -77,7 +77,8 @@ bool isEntryKey(int keyCode, int shift) {
     constexpr std::array passing{KeyCode::Tab, KeyCode::Shift, KeyCode::Control,
                                  KeyCode::Alt, capsLock,       unknownKey};
     const bool function = keyCode >= firstFunctionKey && keyCode < firstFunctionKey + functionKeys;
-    return shift <= onlyShift && !function &&
+    const bool arrow = keyCode >= KeyCode::Left && keyCode <= KeyCode::Down;
+    return shift <= onlyShift && !function && !arrow &&
            std::find(passing.begin(), passing.end(), keyCode) == passing.end();
 }
 

@@ -41,10 +41,6 @@ bool confirm(const QString& question, const QString& title) {
                    .icon = MessageIcon::Question}) == Answer::Yes;
 }
 
-bool isArrow(int keyCode) {
-    return keyCode >= KeyCode::Left && keyCode <= KeyCode::Down;
-}
-
 } // namespace
 
 frmJobs::frmJobs() : Screen("frmJobs", "Jobs", {Part::Toolbar, Part::StatusBar}) {}
@@ -253,7 +249,7 @@ void frmJobs::MskField_LostFocus(int index) {
 
 /// The key itself is dropped: a number that the dialog gave is not to be typed into.
 void frmJobs::MskField_KeyDown(int& keyCode, int shift) {
-    if (JobKey != 0 || !isEntryKey(keyCode, shift) || isArrow(keyCode))
+    if (JobKey != 0 || !isEntryKey(keyCode, shift))
         return;
     keyCode = 0;
     const bool add = MsgBox({.text = "Do you want to add a new job?",

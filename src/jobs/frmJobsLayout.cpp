@@ -18,7 +18,7 @@ namespace tarnwell {
 namespace {
 
 constexpr QSize designSize(1180, 640);
-constexpr int fieldLength = 30;
+constexpr std::array fieldLengths{30, 30, 0}; // The builder is only shown, whole.
 constexpr int numberShare = 2, nameShare = 3; // Of the job's place in the frame.
 constexpr int jobShare = 5, foremanShare = 3; // Of the frame's width.
 constexpr int categoryRest = 3;               // What the category leaves of its line.
@@ -133,8 +133,8 @@ TreeLevel levelOfTask(const CellReader& cell) {
 
 void frmJobs::makeControls() {
     setDesignSize(designSize);
-    for (MaskedBox*& field : m_fields)
-        field = new MaskedBox(fieldLength, canvas());
+    for (std::size_t i = 0; i < m_fields.size(); ++i)
+        m_fields.at(i) = new MaskedBox(fieldLengths.at(i), canvas());
     cmbForeman = new Combo(canvas());
     rebCompletedDate = new DateBox(DateBox::Arrows::Beside, canvas());
     jgJobLots = editableGrid(canvas(), lotColumns());

@@ -40,6 +40,8 @@ TEST_F(JobScreen, OpensQuietlyWithoutCategoriesAndTellsAtTheNextLoad) {
 }
 
 TEST_F(JobScreen, ATypedKeyLeadsToANewJob) {
+    const QString builder(50, u'B');
+    data.db.run("UPDATE Contractor SET Name='" + builder + u'\'');
     open();
     script.expect(Answer::Yes);
     whenShown([](const ScreenDriver& dialog) {
@@ -50,7 +52,7 @@ TEST_F(JobScreen, ATypedKeyLeadsToANewJob) {
     });
     driver->type("x");
     EXPECT_EQ(field(0).text(), "J-2") << "the key that asked is not typed into the number";
-    EXPECT_EQ(field(2).text(), "Abel Homes");
+    EXPECT_EQ(field(2).text(), builder);
     EXPECT_EQ(form().ContractorKey, data.builder);
     EXPECT_EQ(data.count("Job WHERE JobNumber='J-2' AND Name='Oak' AND ISNULL(Foreman)=-1 AND "
                          "ISNULL(CompletedDate)=-1"),

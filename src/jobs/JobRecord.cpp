@@ -1,6 +1,7 @@
 #include "jobs/JobRecord.h"
 
 #include "data/Recordset.h"
+#include "data/RunTimeError.h"
 #include "frame/modFormatFunctions.h"
 
 namespace tarnwell {
@@ -40,6 +41,8 @@ void saveJob(Connection& connection, qint64 jobKey, const JobRecord& record) {
     job.set("Name", record.name);
     job.set("JobNumber", record.jobNumber);
     job.set("Foreman", record.foreman);
+    if (record.completedDate.kind() == Value::Kind::Text)
+        raise(Failure::WrongType, u'"' + record.completedDate.toText() + "\" is not a date.");
     job.set("CompletedDate", record.completedDate);
     job.Update();
 }

@@ -75,7 +75,7 @@ void frmBuilder::connectControls() {
         EnableToolbar(*this, categoryButtons, ToolbarMask);
         showToolTip(cmbType);
     });
-    connect(cmdSelectAll, &QPushButton::clicked, this, guarded([this] { cmdSelectAll_Click(); }));
+    connect(cmdSelectAll, &QPushButton::clicked, this, guarded([this] { selectAllJobs(!SelectAllJobs); }));
 }
 
 void frmBuilder::connectFields() {
@@ -186,18 +186,17 @@ void frmBuilder::LoadJobList() {
     lstJobs->setItems(readJobList(connection(), ContractorKey));
     if (ContractorKey == 0)
         return;
-    SelectAllJobs = true;
+    selectAllJobs(true);
+}
+
+/// All of them at once: the list repaints once. The header stays as it is.
+void frmBuilder::selectAllJobs(bool select) {
+    SelectAllJobs = select;
     const QAbstractItemModel& lines = *lstJobs->model();
     if (lstJobs->ListCount() > 1)
         lstJobs->selectionModel()->select({lines.index(1, 0), lines.index(lstJobs->ListCount() - 1, 0)},
-                                          QItemSelectionModel::Select);
-}
-
-void frmBuilder::cmdSelectAll_Click() {
-    SelectAllJobs = !SelectAllJobs;
-    for (int i = 0; i < lstJobs->ListCount(); ++i)
-        if (lstJobs->ItemData(i) != 0)
-            lstJobs->item(i)->setSelected(SelectAllJobs);
+                                          select ? QItemSelectionModel::Select
+                                                 : QItemSelectionModel::Deselect);
 }
 
 bool frmBuilder::confirmDelete(const QString& question) {

@@ -64,7 +64,8 @@ private:
     void SaveRecord();
     void DisplayRecord();
     void LoadJobList();
-    void LoadPlans();
+    void selectAllJobs(bool select);
+    void LoadPlans(int standOn = 1);
     void DeleteBuilder();
     void DeletePlan();
     void DeletePlanTask();
@@ -80,8 +81,7 @@ private:
     void MskField_LostFocus();
     void MskField_KeyDown(int& keyCode, int shift);
     void MskField_KeyUp();
-    void cmbType_Click();
-    void cmdSelectAll_Click();
+    void cmbType_Click(int standOn = 1);
     void jgPlans_GotFocus();
     void jgPlans_LostFocus();
     void jgPlans_RowColChange();
@@ -90,7 +90,7 @@ private:
     void jgTasks_BeforeUpdate();
     void jgTasks_AfterColUpdate(int column);
 
-    void loadPlanTasks();
+    void loadPlanTasks(int standOn);
     void catchUpWithPlan();
     [[nodiscard]] bool isBuilderNameEmpty() const;
     [[nodiscard]] qint64 currentPlan() const;

@@ -15,6 +15,8 @@
 
 #include <QScopedValueRollback>
 
+#include <algorithm>
+
 // The plans and a plan's tasks.
 
 namespace tarnwell {
@@ -57,18 +59,19 @@ void frmBuilder::connectGrids() {
             guarded([this](int& keyCode, int) { walkByEnter(*jgTasks, keyCode); }));
 }
 
-void frmBuilder::LoadPlans() {
+void frmBuilder::LoadPlans(int standOn) {
     {
         const QScopedValueRollback binding(m_binding, true);
         showRows(connection(), *jgPlans, rsPlans, plansOfBuilder(ContractorKey), "ContractorPlans.lyt");
         m_builderOfPlans = ContractorKey;
+        jgPlans->setRow(std::min(standOn, jgPlans->RowCount()));
     }
     cmbType_Click();
 }
 
-void frmBuilder::cmbType_Click() {
+void frmBuilder::cmbType_Click(int standOn) {
     try {
-        loadPlanTasks();
+        loadPlanTasks(standOn);
     } catch (const RunTimeError& error) {
         ErrorHandler(error, {});
     }
@@ -76,13 +79,14 @@ void frmBuilder::cmbType_Click() {
 
 /// The pending task is written before anything changes: it belongs to the plan and category on show. One that
 /// can't be is told, and stays on show until it is mended or given up.
-void frmBuilder::loadPlanTasks() {
+void frmBuilder::loadPlanTasks(int standOn) {
     if (cmbType->ListIndex() < 0 || !jgTasks->UpdateOrTell())
         return;
     const qint64 plan = currentPlan();
     const qint64 category = cmbType->ItemData(cmbType->ListIndex());
     const QScopedValueRollback binding(m_binding, true);
     showRows(connection(), *jgTasks, rsPlanTasks, tasksOfPlan(plan, category), "ContractorTasks.lyt");
+    jgTasks->setRow(std::min(standOn, jgTasks->RowCount()));
     m_planOfTasks = plan;
     CategoryKey = category;
 }
@@ -99,20 +103,22 @@ void frmBuilder::CopyPlan() {
             jgPlans->setRow(row);
 }
 
-/// Whatever comes of it, the plans are read anew: another seat may have been there before.
+/// Whatever comes of it, the plans are read anew: another seat may have been there before. The place in the
+/// list stays, that the next one is near.
 void frmBuilder::DeletePlan() {
     if (!confirmDelete("Delete the " + FieldText(jgPlans->value(planNameColumn)) + " Plan?"))
         return;
+    const int row = jgPlans->Row();
     try {
         // The move to the next plan would write a pending task of a plan that is gone.
         const QScopedValueRollback binding(m_binding, true);
         jgPlans->Delete();
     } catch (const RunTimeError&) {
-        LoadPlans();
+        LoadPlans(row);
         throw;
     }
     jgTasks->CancelUpdate();
-    LoadPlans();
+    LoadPlans(row);
     SetFocus(jgPlans);
 }
 
@@ -120,13 +126,14 @@ void frmBuilder::DeletePlanTask() {
     if (isNothing(jgTasks->value(masterTaskColumn)) ||
         !confirmDelete("Delete the " + FieldText(jgTasks->value(taskNameColumn)) + " Task?"))
         return;
+    const int row = jgTasks->Row();
     try {
         jgTasks->Delete();
     } catch (const RunTimeError&) {
-        cmbType_Click();
+        cmbType_Click(row);
         throw;
     }
-    cmbType_Click();
+    cmbType_Click(row);
 }
 
 void frmBuilder::AddTask() {

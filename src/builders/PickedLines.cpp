@@ -6,6 +6,11 @@ namespace tarnwell {
 
 void offerLines(ListBox& list, const std::vector<PickingLine>& lines) {
     list.setItems(lines);
+    QFont heading = list.font();
+    heading.setBold(true);
+    for (std::size_t i = 0; i < lines.size(); ++i)
+        if (lines[i].second == 0)
+            list.item(static_cast<int>(i))->setFont(heading);
     if (!lines.empty())
         list.setCurrentRow(0, QItemSelectionModel::NoUpdate);
 }

@@ -42,7 +42,8 @@ public:
 } // namespace
 
 DayArrows::DayArrows(QWidget* parent) : QScrollBar(Qt::Vertical, parent) {
-    auto* style = new ArrowsOnly;
+    // The toolkit's own: some desktops' bars have no arrows.
+    auto* style = new ArrowsOnly(QStringLiteral("fusion"));
     style->setParent(this);
     setStyle(style);
     setRange(0, 2);

@@ -48,6 +48,8 @@ QPalette refinements(const QPalette& desktop) {
     refined.setColor(QPalette::PlaceholderText, mixed(text, base, 0.45));
     refined.setColor(QPalette::Inactive, QPalette::Highlight, mixed(base, markColor(desktop), 0.35));
     refined.setColor(QPalette::Inactive, QPalette::HighlightedText, text);
+    // Lists without the keyboard draw with it. Some desktops make it as faint as what is disabled.
+    refined.setColor(QPalette::Inactive, QPalette::Text, text);
     return refined;
 }
 

@@ -16,15 +16,18 @@ bool Grid::Parts::tookFocus() const {
 void Grid::Parts::press(const QMouseEvent& event) {
     const QModelIndex index = grid.indexAt(event.position().toPoint());
     pressed = QPersistentModelIndex();
+    const bool gaveFocus = std::exchange(clickedInto, false);
     if (event.button() != Qt::LeftButton || !tookFocus())
         return;
     if (!index.isValid()) {
-        finishEdit(Asked::ByUser);
+        // In a grid that was empty there is no other row to leave the typed one for.
+        if (finishEdit(Asked::ByUser) && model->pending().isNew())
+            commit(Asked::ByUser, Then::Stay);
         return;
     }
     const int clicked = index.column() + 1;
     const int toColumn = isStop(model->column(clicked)) ? clicked : column;
-    wasCurrent = index.row() == row && toColumn == column && !std::exchange(clickedInto, false);
+    wasCurrent = index.row() == row && toColumn == column && !gaveFocus;
     const int toRow = index.row();
     grid.setAutoScroll(false); // the row must not slip away under the pointer
     const bool there = goTo(toRow, toColumn, Asked::ByUser);

@@ -66,6 +66,15 @@ TEST_F(GridTest, OnTheLineInFrontRowsAreTypedOneBehindTheOther) {
     EXPECT_EQ(grid->value(Key).toLong(), database.ask("SELECT Max(JobLotTaskKey) FROM JobLotTask").toLong());
 }
 
+TEST_F(GridTest, AClickBelowTheRowsStoresATypedLine) {
+    start(NewRowPosition::First);
+    driver->press(Qt::Key_Insert);
+    driver->type("Roof");
+    driver->click("jgTasks", QPoint(20, grid->viewport()->height() - 5));
+    EXPECT_EQ(grid->RowCount(), 4);
+    EXPECT_FALSE(grid->isPending());
+}
+
 struct Leaving {
     const char* name;
     std::function<void(Grid&, ScreenDriver&, QPoint otherRow)> leave;

@@ -35,6 +35,7 @@ void MaskedBox::setSelStart(int caret) {
 }
 
 void MaskedBox::keyPressEvent(QKeyEvent* event) {
+    m_pressed.insert(event->nativeScanCode());
     int keyCode = keyCodeOf(*event);
     Q_EMIT keyDown(keyCode, shiftStateOf(*event));
     if (keyCode == 0)
@@ -46,8 +47,17 @@ void MaskedBox::keyPressEvent(QKeyEvent* event) {
 void MaskedBox::keyReleaseEvent(QKeyEvent* event) {
     QLineEdit::keyReleaseEvent(event);
     // A key that is held down is released once.
-    if (!event->isAutoRepeat())
-        Q_EMIT keyUp(keyCodeOf(*event), shiftStateOf(*event));
+    if (event->isAutoRepeat())
+        return;
+    const bool pressedHere = m_pressed.erase(event->nativeScanCode()) > 0;
+    Q_EMIT keyUp(keyCodeOf(*event), shiftStateOf(*event));
+    if (pressedHere)
+        Q_EMIT ownKeyUp(keyCodeOf(*event), shiftStateOf(*event));
+}
+
+void MaskedBox::focusOutEvent(QFocusEvent* event) {
+    QLineEdit::focusOutEvent(event);
+    m_pressed.clear(); // They come up elsewhere.
 }
 
 void MaskedBox::mouseDoubleClickEvent(QMouseEvent* event) {

@@ -5,6 +5,8 @@
 
 #include <QLineEdit>
 
+#include <set>
+
 namespace tarnwell {
 
 /// A one-line text field with a length limit, told keys and a caret: `MskField`, `txtField`. `text()` is the
@@ -31,13 +33,19 @@ Q_SIGNALS:
     void keyDown(int& keyCode, int shift);
     /// Once for a key that was held.
     void keyUp(int keyCode, int shift);
+    /// The same, but only for a key that went down here: not for the one that brought the focus.
+    void ownKeyUp(int keyCode, int shift);
     /// With the left button.
     void doubleClick();
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
+
+private:
+    std::set<quint32> m_pressed; ///< Scan codes of the keys that went down here.
 };
 
 } // namespace tarnwell

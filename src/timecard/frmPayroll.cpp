@@ -89,7 +89,7 @@ void frmPayroll::connectControls() {
     connect(jgJobLots, &Grid::rowColChange, this, guarded([this](int, int) { jgJobLots_RowColChange(); }));
     connect(jgTasks, &Grid::rowColChange, this, guarded([this](int, int) { jgTasks_RowColChange(); }));
     connect(lstTaskHistory, &ListBox::doubleClick, this, guarded([this] { lstTaskHistory_DblClick(); }));
-    connect(m_jobNumber, &MaskedBox::keyUp, this,
+    connect(m_jobNumber, &MaskedBox::ownKeyUp, this,
             guarded([this](int keyCode, int) { MskField_KeyUp(keyCode); }));
     connect(m_price, &MaskedBox::doubleClick, this, guarded([this] { txtField_DblClick(); }));
     connect(vscrCompleted, &DayArrows::valueChanged, this, guarded([this](int) { vscrCompleted_Change(); }));
@@ -134,7 +134,8 @@ void frmPayroll::Toolbar1_ButtonClick(const QString& caption) {
         FindJob();
 }
 
-/// Every release searches, also of a key that changed nothing; End and Home find no job and so clear it.
+/// Every release searches, also of a key that changed nothing; End and Home find no job and so clear it. The
+/// key that brought the focus here does not: a closed job that was picked stays.
 void frmPayroll::MskField_KeyUp(int keyCode) {
     if (m_jobNumber->text().isEmpty())
         return;

@@ -135,8 +135,10 @@ void Combo::setSelStart(int caret) {
 
 void Combo::step(int by) {
     const int next = std::clamp(m_listIndex + by, 0, ListCount() - 1);
-    if (next != m_listIndex)
-        choose(next);
+    if (next == m_listIndex)
+        return;
+    choose(next);
+    lineEdit()->selectAll(); // What is typed next begins a new search.
 }
 
 bool Combo::chooseNext(const QString& beginning) {
@@ -160,20 +162,23 @@ void Combo::keyPressEvent(QKeyEvent* event) {
         return;
     }
     const QString before = currentText();
+    const int caretBefore = SelStart();
     const bool plain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
     const int by = event->key() == Qt::Key_Up         ? -1
                    : event->key() == Qt::Key_Down     ? 1
                    : event->key() == Qt::Key_PageUp   ? -visibleItems
                    : event->key() == Qt::Key_PageDown ? visibleItems
                                                       : 0;
-    if (plain && by != 0 && ListCount() > 0)
+    const bool steps = plain && by != 0 && ListCount() > 0;
+    if (steps)
         step(by);
     else if (!lineEdit()->isReadOnly() || !chooseNext(event->text()))
         QComboBox::keyPressEvent(event);
-    // Select All, Copy and the combo's own mnemonic are no input: a search would take the selection away that
-    // is to be typed over.
+    // What was chosen stands, whatever other entry looks like it. Select All, Copy and the combo's own
+    // mnemonic are no input either: a search would take the selection away that is to be typed over.
     const bool isCommand = (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) != 0;
-    if (isCommand && currentText() == before)
+    const bool isTyped = currentText() != before || (!isCommand && SelStart() != caretBefore);
+    if (steps || (!isTyped && (isCommand || m_listIndex >= 0)))
         m_pressed.erase(event->nativeScanCode());
 }
 

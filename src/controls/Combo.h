@@ -51,7 +51,8 @@ Q_SIGNALS:
     void clicked();
     /// Codes as in `KeyCode`; setting `keyCode` to 0 swallows the key. `shift` as `shiftStateOf` gives it.
     void keyDown(int& keyCode, int shift);
-    /// Only for keys that went down here, and once for one that was held.
+    /// Only for keys that went down here, and once for one that was held. A key that neither types nor moves
+    /// the caret has none while an entry is chosen.
     void keyUp(int keyCode, int shift);
 
 protected:

@@ -163,6 +163,17 @@ TEST_F(ComboTest, TheKeyThatChoosesFromTheListDoesNotSearchAgain) {
     EXPECT_EQ(combo->Text(), "Roof");
 }
 
+TEST_F(ComboTest, WhatArrowsChooseStandsBesideAnEntryThatLooksLikeIt) {
+    searchOnKeyUp();
+    combo->setItems({{"--/Zed", 11}, {"--/Adams", 12}, {"--/Adams", 13}});
+    const ScreenDriver driver(window);
+    driver.press(Qt::Key_Down, Qt::NoModifier, 3);
+    driver.press(Qt::Key_Return);
+    EXPECT_EQ(combo->ListIndex(), 2);
+    driver.type("--/Z");
+    EXPECT_EQ(combo->ListIndex(), 0) << "typing begins a new search";
+}
+
 TEST_F(ComboTest, SelectAllIsTypedOver) {
     searchOnKeyUp();
     combo->setListIndex(2);

@@ -104,6 +104,7 @@ void frmEmployee::AddRecord() {
     SaveRecord();
     EmployeeKey = addEmployee(connection());
     LoadRecord();
+    SetFocus(MskField[EmployeeField::Ssn]); // Whatever field of the one before it stood in.
 }
 
 void frmEmployee::FindRecord() {

@@ -3,6 +3,7 @@
 #include "data/DiskPath.h"
 #include "data/RunTimeError.h"
 #include "reports/PagePainter.h"
+#include "reports/PrintJob.h"
 
 #include <QFileInfo>
 #include <QPageRanges>
@@ -52,7 +53,7 @@ std::vector<qint64> allPages(const StoredReport& report) {
     return pages;
 }
 
-/// What the user asked for. Ranges that the printer's own system cuts out are not told here.
+/// What the user asked for.
 std::vector<qint64> chosenPages(const StoredReport& report, const QPrinter& printer) {
     std::vector<qint64> pages = allPages(report);
     const QPageRanges ranges = printer.pageRanges();
@@ -73,10 +74,6 @@ std::vector<qint64> withCopies(const std::vector<qint64>& pages, const QPrinter&
         for (const qint64 page : pages)
             sheets.insert(sheets.end(), static_cast<std::size_t>(copies), page);
     return sheets;
-}
-
-QPageLayout::Orientation paperOrientation(Orientation orientation) {
-    return orientation == Orientation::Landscape ? QPageLayout::Landscape : QPageLayout::Portrait;
 }
 
 [[noreturn]] void raiseFileError(const QFileDevice& file, const QString& path) {
@@ -117,50 +114,6 @@ bool writePdf(const StoredReport& report, const std::vector<qint64>& pages, cons
     check(file.commit());
     return true;
 }
-
-/// Gives the printer its paper back as it lay, and keeps it from printing a job that was not finished.
-class PrintJob {
-public:
-    explicit PrintJob(QPrinter& printer) : m_printer(printer), m_before(printer.pageLayout()) {}
-    ~PrintJob() {
-        if (!m_finished)
-            m_printer.abort();
-        if (m_painter.isActive())
-            m_painter.end();
-        m_printer.setPageLayout(m_before);
-    }
-    PrintJob(const PrintJob&) = delete;
-    PrintJob& operator=(const PrintJob&) = delete;
-
-    void begin(const QString& title, Orientation orientation) {
-        m_printer.setDocName(title);
-        m_printer.setPageOrientation(paperOrientation(orientation));
-        m_printer.setFullPage(true);
-        if (!m_painter.begin(&m_printer))
-            raiseFailure();
-    }
-    void check(bool isGoing) const {
-        const QPrinter::PrinterState state = m_printer.printerState();
-        if (!isGoing || state == QPrinter::Error || state == QPrinter::Aborted)
-            raiseFailure();
-    }
-    void finish() {
-        check(m_painter.end());
-        m_finished = true;
-    }
-    [[nodiscard]] QPainter& painter() { return m_painter; }
-
-private:
-    [[noreturn]] void raiseFailure() const {
-        raise(Failure::PrinterError,
-              QStringLiteral("%1 does not print. Is it there and switched on?").arg(m_printer.printerName()));
-    }
-
-    QPrinter& m_printer;
-    QPageLayout m_before;
-    QPainter m_painter;
-    bool m_finished = false;
-};
 
 } // namespace
 

@@ -4,6 +4,7 @@
 #include "data/RunTimeError.h"
 #include "frame/EventGuard.h"
 #include "reports/PreviewFindBar.h"
+#include "reports/PreviewToolBar.h"
 #include "reports/PreviewTools.h"
 
 #include <QAction>
@@ -17,8 +18,6 @@
 #include <QScreen>
 #include <QShortcut>
 #include <QStatusBar>
-#include <QToolBar>
-#include <QToolButton>
 #include <QVBoxLayout>
 #include <QWindow>
 
@@ -29,7 +28,6 @@ namespace tarnwell {
 
 namespace {
 
-constexpr QSize toolIcon(20, 20);
 constexpr int boxGap = 4;
 constexpr int statusMilliseconds = 15000;
 /// What the preview takes of the screen at first, besides the width that the pages want.
@@ -111,49 +109,42 @@ QAction* PreviewWindow::addTool(const QString& name, std::function<void()> routi
 }
 
 void PreviewWindow::buildTools() {
-    QToolBar* bar = addToolBar(QStringLiteral("Tools"));
-    bar->setObjectName(QStringLiteral("Toolbar1"));
-    bar->setMovable(false);
-    bar->setIconSize(toolIcon);
-    const auto add = [this, bar](const char* name, std::function<void()> routine, bool withText = false) {
-        bar->addAction(addTool(QLatin1String(name), std::move(routine)));
-        auto* button = qobject_cast<QToolButton*>(bar->widgetForAction(bar->actions().constLast()));
-        button->setObjectName(QStringLiteral("btn") + QLatin1String(name));
-        button->setToolButtonStyle(withText ? Qt::ToolButtonTextBesideIcon : Qt::ToolButtonIconOnly);
+    auto* const bar = new PreviewToolBar(this);
+    addToolBar(bar);
+    const auto add = [this, bar](const char* name, ToolRoom room, std::function<void()> routine) {
+        bar->addTool(addTool(QLatin1String(name), std::move(routine)), room);
     };
+    using enum ToolRoom;
     using Fit = PreviewView::Fit;
-    add(
-        "Print", [this] { say(m_commands.print(this)); }, true);
-    add(
-        "SavePdf", [this] { say(m_commands.savePdf(this)); }, true);
-    add("PageSetup", [this] {
+    add("Print", Caption, [this] { print(); });
+    add("SavePdf", Caption, [this] { say(m_commands.savePdf(this)); });
+    add("PageSetup", Icon, [this] {
         if (m_commands.setUpPage(this))
             m_view->refresh();
     });
     bar->addSeparator();
-    add("FirstPage", [this] { m_view->goToPage(1); });
-    add("PreviousPage", [this] { m_view->turn(-1); });
+    add("FirstPage", Spare, [this] { m_view->goToPage(1); });
+    add("PreviousPage", Icon, [this] { m_view->turn(-1); });
     addPageBox(bar);
-    add("NextPage", [this] { m_view->turn(1); });
-    add("LastPage", [this] { m_view->goToPage(m_view->pageCount()); });
+    add("NextPage", Icon, [this] { m_view->turn(1); });
+    add("LastPage", Spare, [this] { m_view->goToPage(m_view->pageCount()); });
     bar->addSeparator();
-    add("ZoomOut", [this] { m_view->stepZoom(-1); });
+    add("ZoomOut", Spare, [this] { m_view->stepZoom(-1); });
     addZoomBox(bar);
-    add("ZoomIn", [this] { m_view->stepZoom(1); });
-    add("FitWidth", [this] { m_view->setFit(Fit::Width); });
-    add("FitPage", [this] { m_view->setFit(Fit::Page); });
+    add("ZoomIn", Spare, [this] { m_view->stepZoom(1); });
+    add("FitWidth", Icon, [this] { m_view->setFit(Fit::Width); });
+    add("FitPage", Icon, [this] { m_view->setFit(Fit::Page); });
     bar->addSeparator();
-    add("Single", [this] { arrange(Arrangement::Single); });
-    add("Facing", [this] { arrange(Arrangement::Facing); });
-    add("Overview", [this] { arrange(Arrangement::Overview); });
+    add("Single", Icon, [this] { arrange(Arrangement::Single); });
+    add("Facing", Icon, [this] { arrange(Arrangement::Facing); });
+    add("Overview", Icon, [this] { arrange(Arrangement::Overview); });
     bar->addSeparator();
-    add(
-        "Find", [this] { openFind(); }, true);
+    add("Find", Caption, [this] { openFind(); });
     auto* space = new QWidget(bar);
     space->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     bar->addWidget(space);
-    add(
-        "Close", [this] { close(); }, true);
+    add("Close", Caption, [this] { close(); });
+    bar->keepInSight();
     addTool(QStringLiteral("TrueSize"), [this] { m_view->setZoom(1); });
     addTool(QStringLiteral("FindNextKey"), [this] { stepHit(1); });
     addTool(QStringLiteral("FindPreviousKey"), [this] { stepHit(-1); });
@@ -211,6 +202,11 @@ void PreviewWindow::connectView() {
     for (const char* name : {"Find", "TrueSize", "FitWidth", "FitPage", "Single", "Facing", "Overview"})
         m_view->addAction(findChild<QAction*>(QLatin1String(name)));
     m_view->setContextMenuPolicy(Qt::ActionsContextMenu);
+}
+
+void PreviewWindow::print() {
+    say(m_commands.print(m_view->currentPage(), this));
+    m_view->refresh();
 }
 
 /// The keys walk through the pages in their new order at once.

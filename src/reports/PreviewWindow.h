@@ -20,8 +20,9 @@ class PreviewFindBar;
 /// What the preview can do with the report besides showing it. Failures are told by message and leave the
 /// preview open.
 struct PreviewCommands {
-    /// Return what the status bar is to say; nothing when it was given up before it began.
-    std::function<QString(QWidget* owner)> print;
+    /// Return what the status bar is to say; nothing when it was given up before it began. The page is the
+    /// one in front of the user; the pages may have another paper after a print.
+    std::function<QString(int page, QWidget* owner)> print;
     std::function<QString(QWidget* owner)> savePdf;
     /// True when the pages have another paper now.
     std::function<bool(QWidget* owner)> setUpPage;
@@ -54,6 +55,7 @@ private:
     void placeOn(const QWidget* owner);
     void connectView();
 
+    void print();
     void arrange(Arrangement arrangement);
     void showPage();
     void showLook();

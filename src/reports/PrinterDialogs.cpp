@@ -5,12 +5,14 @@
 #include <QCoreApplication>
 #include <QDialogButtonBox>
 #include <QFileDialog>
+#include <QPageRanges>
 #include <QPageSetupDialog>
-#include <QPrintDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
 #include <QPushButton>
+#include <QTabWidget>
 
+#include <optional>
 #include <utility>
 
 namespace tarnwell {
@@ -22,9 +24,33 @@ std::unique_ptr<QPrinter>& chosenPrinter() {
     return printer;
 }
 
+/// What the printer was before the dialog of a print.
+std::optional<PrinterChoice>& beforePrint() {
+    static std::optional<PrinterChoice> choice;
+    return choice;
+}
+
 PrinterDialogs& replacedDialogs() {
     static PrinterDialogs dialogs;
     return dialogs;
+}
+
+/// A printer that has gone from the system can't be had back after its place was taken by another or a file:
+/// the next print looks for one. True when that is so.
+bool dropLostPrinter(const QString& name) {
+    const bool isLost = chosenPrinter() != nullptr && chosenPrinter()->printerName() != name;
+    if (isLost)
+        chosenPrinter().reset();
+    return isLost;
+}
+
+/// Shows a dialog on the current printer.
+bool ask(const std::function<bool(QPrinter&)>& dialog) {
+    const QString name = currentPrinter().printerName();
+    if (dialog(currentPrinter()))
+        return true;
+    dropLostPrinter(name);
+    return false;
 }
 
 QPrinterInfo systemPrinter() {
@@ -37,16 +63,19 @@ QPrinterInfo systemPrinter() {
 bool setUp(QPrinter& printer, QWidget* owner) {
     QPrintDialog dialog(&printer, owner);
     dialog.setWindowTitle(QStringLiteral("Print Setup"));
-    dialog.setOptions(QAbstractPrintDialog::PrintShowPageSize | QAbstractPrintDialog::PrintToFile);
+    dialog.setOptions(QAbstractPrintDialog::PrintShowPageSize);
     if (const auto* buttons = dialog.findChild<QDialogButtonBox*>())
         if (QPushButton* print = buttons->button(QDialogButtonBox::Ok))
             print->setText(QStringLiteral("OK"));
-    return dialog.exec() == QDialog::Accepted;
+    auto* const tabs = dialog.findChild<QTabWidget*>(QStringLiteral("tabs"));
+    if (auto* const copies = dialog.findChild<QWidget*>(QStringLiteral("copiesTab")); tabs && copies)
+        tabs->removeTab(tabs->indexOf(copies));
+    return execKeepingPaper(dialog);
 }
 
-bool print(QPrinter& printer, QWidget* owner) {
-    QPrintDialog dialog(&printer, owner);
-    return dialog.exec() == QDialog::Accepted;
+bool print(QPrinter& printer, PageChoice pages, QWidget* owner) {
+    PrintDialog dialog(&printer, pages, owner);
+    return execKeepingPaper(dialog);
 }
 
 bool pageSetUp(QPrinter& printer, QWidget* owner) {
@@ -78,7 +107,7 @@ QPrinter& currentPrinter() {
                   QStringLiteral("There is no printer. Add one in the system's settings, "
                                  "or save the report as a PDF from its preview."));
         printer = std::make_unique<QPrinter>(system, QPrinter::HighResolution);
-        printer->setPageSize(QPageSize(QPageSize::Letter));
+        printer->setPageSize(ownPaper(system.printerName()));
         // The toolkit's own printers must go before the application does.
         qAddPostRoutine([] { chosenPrinter().reset(); });
     }
@@ -89,18 +118,34 @@ const QPrinter* printerInUse() {
     return chosenPrinter().get();
 }
 
+void forgetPrint() {
+    QPrinter& printer = currentPrinter();
+    if (!printer.outputFileName().isEmpty() && beforePrint()) {
+        beforePrint()->restore(printer);
+        if (dropLostPrinter(beforePrint()->name()))
+            return;
+    }
+    printer.setPrintRange(QPrinter::AllPages);
+    printer.setPageRanges({});
+    printer.setPageOrder(QPrinter::FirstPageFirst);
+    printer.setCopyCount(1);
+    printer.setCollateCopies(true);
+}
+
 void setCurrentPrinter(std::unique_ptr<QPrinter> printer) {
     chosenPrinter() = std::move(printer);
 }
 
 bool showPrinterSetup(QWidget* owner) {
     const auto& dialog = replacedDialogs().setUp;
-    return dialog ? dialog(currentPrinter(), owner) : setUp(currentPrinter(), owner);
+    return ask([&](QPrinter& printer) { return dialog ? dialog(printer, owner) : setUp(printer, owner); });
 }
 
-bool showPrintDialog(QWidget* owner) {
+bool showPrintDialog(QWidget* owner, PageChoice pages) {
+    beforePrint().emplace(currentPrinter());
     const auto& dialog = replacedDialogs().print;
-    return dialog ? dialog(currentPrinter(), owner) : print(currentPrinter(), owner);
+    return ask(
+        [&](QPrinter& printer) { return dialog ? dialog(printer, owner) : print(printer, pages, owner); });
 }
 
 bool showPageSetup(QWidget* owner) {

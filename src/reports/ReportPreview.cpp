@@ -10,7 +10,9 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QPrinter>
+#include <QPrinterInfo>
 #include <QProgressDialog>
+#include <QScopeGuard>
 #include <QStandardPaths>
 
 #include <functional>
@@ -19,6 +21,7 @@ namespace tarnwell {
 
 namespace {
 
+const QString messageTitle = QStringLiteral("Report");
 const QString notPrinted = QStringLiteral("The report was not printed.");
 constexpr int progressAfterMilliseconds = 400;
 constexpr int progressWidth = 360;
@@ -39,12 +42,17 @@ QString proposedName(const QString& title) {
     return QDir(folder).filePath(QStringLiteral("%1 %2.pdf").arg(title, day));
 }
 
+bool isStopped(const QPrinter& printer) {
+    const QPrinterInfo info = QPrinterInfo::printerInfo(printer.printerName());
+    return !info.isNull() && info.state() == QPrinter::Error;
+}
+
 /// A window with the pages done and Cancel, which opens when the work takes longer than a moment.
 class PageProgress {
 public:
     PageProgress(const QString& text, QWidget* owner) : m_window(owner) {
         m_window.setObjectName(QStringLiteral("pageProgress"));
-        m_window.setWindowTitle(QStringLiteral("Report"));
+        m_window.setWindowTitle(messageTitle);
         m_window.setLabelText(text);
         m_window.setCancelButtonText(QStringLiteral("&Cancel"));
         m_window.setWindowModality(Qt::WindowModal);
@@ -71,20 +79,34 @@ Result orTell(const QString& failure, Result otherwise, const std::function<Resu
         return work();
     } catch (const RunTimeError& error) {
         MsgBox({.text = QStringLiteral("%1\n\n%2").arg(failure, error.description()),
-                .title = QStringLiteral("Report"),
+                .title = messageTitle,
                 .icon = MessageIcon::Exclamation});
         return otherwise;
     }
 }
 
-QString printFromPreview(const StoredReport& report, const QString& title, QWidget* owner) {
+/// Where a printed report went; a printer that is stopped keeps it until somebody starts it again.
+QString sentTo(const QPrinter& printer) {
+    if (!printer.outputFileName().isEmpty())
+        return QStringLiteral("Saved as %1").arg(QDir::toNativeSeparators(printer.outputFileName()));
+    const QString name = printer.printerName();
+    return isStopped(printer) ? QStringLiteral("The report waits for %1, which is stopped.").arg(name)
+                              : QStringLiteral("Sent to %1.").arg(name);
+}
+
+QString printFromPreview(StoredPages& pages, const StoredReport& report, const QString& title, int page,
+                         QWidget* owner) {
     return orTell<QString>(notPrinted, {}, [&]() -> QString {
-        if (!showPrintDialog(owner))
+        currentPrinter().setDocName(title); // The dialog proposes a file of that name.
+        if (!showPrintDialog(owner, {.count = pages.count(), .current = page}))
             return {};
+        const auto forget = qScopeGuard([] { forgetPrint(); });
+        QPrinter& printer = currentPrinter();
+        pages.setPaper(printer.pageLayout());
         PageProgress progress(QStringLiteral("Printing %1").arg(title), owner);
-        if (!printPages(report, currentPrinter(), title, progress.follow()))
+        if (!printPages(report, printer, title, progress.follow()))
             return QStringLiteral("Printing was cancelled.");
-        return QStringLiteral("Sent to %1.").arg(currentPrinter().printerName());
+        return sentTo(printer);
     });
 }
 
@@ -119,16 +141,20 @@ void showPreview(const StoredReport& report, const QString& title, QWidget* owne
         pages.setPaper(printer->pageLayout());
     PreviewWindow window(
         pages, title,
-        {.print = [&](QWidget* preview) { return printFromPreview(report, title, preview); },
+        {.print = [&](int page,
+                      QWidget* preview) { return printFromPreview(pages, report, title, page, preview); },
          .savePdf = [&](QWidget* preview) { return saveFromPreview(report, title, pages.paper(), preview); },
          .setUpPage = [&](QWidget* preview) { return setUpFromPreview(pages, preview); }});
     window.showModal(owner);
 }
 
 void printReport(const StoredReport& report, const QString& title, const FollowPages& follow) {
-    if (report.pageCount() > 0)
-        (void)orTell<bool>(notPrinted, false,
-                           [&] { return printPages(report, currentPrinter(), title, follow); });
+    if (report.pageCount() == 0)
+        return;
+    const bool isPrinted =
+        orTell<bool>(notPrinted, false, [&] { return printPages(report, currentPrinter(), title, follow); });
+    if (isPrinted && isStopped(currentPrinter()))
+        MsgBox({.text = sentTo(currentPrinter()), .title = messageTitle, .icon = MessageIcon::Information});
 }
 
 } // namespace tarnwell

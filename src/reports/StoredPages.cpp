@@ -58,7 +58,10 @@ QSizeF StoredPages::paperSize() const {
 }
 
 QString StoredPages::paperName() const {
-    const QString name = m_paper.pageSize().name().section(QStringLiteral(" / "), 0, 0); // "Letter / ANSI A"
+    // Printers have names of their own, "US Letter"; the toolkit's are "Letter / ANSI A".
+    const QPageSize::PageSizeId size = QPageSize::id(m_paper.pageSize().sizePoints());
+    const QString known = size == QPageSize::Custom ? m_paper.pageSize().name() : QPageSize::name(size);
+    const QString name = known.section(QStringLiteral(" / "), 0, 0);
     return QStringLiteral("%1, %2").arg(name, m_paper.orientation() == QPageLayout::Landscape
                                                   ? QStringLiteral("landscape")
                                                   : QStringLiteral("portrait"));

@@ -180,6 +180,22 @@ TEST_F(PreviewTest, FittingFollowsTheWindow) {
     EXPECT_NEAR(view().pageOnScreen(1).height(), view().viewport()->height() - 2 * PreviewLayout::margin, 1);
 }
 
+TEST_F(PreviewTest, InANarrowWindowEveryToolIsInSightOrStillHasItsKeys) {
+    for (const int width : {1000, 700, 100}) {
+        window.resize(width, 700);
+        QCoreApplication::processEvents();
+        for (const char* button : {"btnPrint", "btnOverview", "btnFind", "btnClose"}) {
+            const QWidget& tool = driver.find(button);
+            EXPECT_TRUE(tool.isVisible()) << button << width;
+            EXPECT_LE(tool.mapTo(&window, tool.rect().bottomRight()).x(), window.width()) << button << width;
+        }
+        driver.press(Qt::Key_End, Qt::ControlModifier);
+        EXPECT_EQ(view().currentPage(), 12);
+        driver.press(Qt::Key_Home, Qt::ControlModifier);
+        EXPECT_EQ(view().currentPage(), 1);
+    }
+}
+
 TEST_F(PreviewTest, WhatIsUnderTheMouseStaysThereWhenTheWheelZooms) {
     driver.press(Qt::Key_PageDown, Qt::ControlModifier, 3);
     const QPoint mouse(400, 300);

@@ -12,6 +12,7 @@
 #include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
+#include <QRadioButton>
 #include <QScrollBar>
 #include <QStatusBar>
 
@@ -33,7 +34,12 @@ protected:
         qputenv("CUPS_SERVER", "/nowhere");
         const auto accept = [](QPrinter& /*printer*/, QWidget* /*owner*/) { return true; };
         m_dialogs = setPrinterDialogs({.setUp = accept,
-                                       .print = accept,
+                                       .print =
+                                           [this](QPrinter& printer, QWidget* /*owner*/) {
+                                               if (m_onePrint)
+                                                   m_onePrint(printer);
+                                               return true;
+                                           },
                                        .pageSetUp =
                                            [this](QPrinter& printer, QWidget* /*owner*/) {
                                                printer.setPageSize(QPageSize(m_paper));
@@ -73,6 +79,7 @@ protected:
     QPageSize::PageSizeId m_paper = QPageSize::A4;
     QString m_path;
     QString m_proposed;
+    std::function<void(QPrinter&)> m_onePrint;
 
 private:
     PrinterDialogs m_dialogs;
@@ -159,9 +166,53 @@ TEST_F(ReportPreviewTest, APrintGoesToTheCurrentPrinter) {
     setCurrentPrinter(std::move(printer));
     use(NumberedReport(3), [](const ScreenDriver& driver) {
         driver.click("btnPrint");
-        EXPECT_TRUE(statusOf(driver).startsWith("Sent to"));
+        EXPECT_EQ(statusOf(driver), "Sent to Office printer.");
     });
     EXPECT_EQ(printed.sheets().size(), 3U);
+}
+
+TEST_F(ReportPreviewTest, ThePagesAndCopiesOfAPrintAreNotThoseOfTheNext) {
+    auto printer = std::make_unique<RecordingPrinter>();
+    const RecordingPrinter& printed = *printer;
+    setCurrentPrinter(std::move(printer));
+    m_onePrint = [](QPrinter& chosen) {
+        chosen.setPrintRange(QPrinter::PageRange);
+        chosen.setFromTo(2, 2);
+        chosen.setCopyCount(2);
+    };
+    const NumberedReport data(3);
+    use(data, [](const ScreenDriver& driver) { driver.click("btnPrint"); });
+    EXPECT_EQ(printed.sheets(), std::vector<int>({4, 4}));
+    printReport(data.report(), QStringLiteral("Lot Budget"), {});
+    EXPECT_EQ(printed.sheets(), std::vector<int>({4, 4, 3, 4, 5}));
+}
+
+TEST_F(ReportPreviewTest, ThePrintDialogTakesOnlyPagesThatTheReportHas) {
+    const struct {
+        const char* choice;
+        const char* typed;
+        const char* pages; ///< Nothing for all.
+        bool isRefused = false;
+    } cases[] = {{"pagesRadioButton", "2-3,9,12-15", "2-3,9"},
+                 {"pagesRadioButton", "4,", "", true},
+                 {"pagesRadioButton", "10-12", "", true},
+                 {"pagesRadioButton", "1-9", ""},
+                 {"printCurrentPage", "", "4"},
+                 {"printAll", "", ""}};
+    for (const auto& [choice, typed, pages, isRefused] : cases) {
+        QPrinter printer;
+        PrintDialog dialog(&printer, {.count = 9, .current = 4}, nullptr);
+        dialog.show();
+        dialog.findChild<QRadioButton*>(QLatin1String(choice))->setChecked(true);
+        dialog.findChild<QLineEdit*>("pagesLineEdit")->setText(QLatin1String(typed));
+        MessageScript messages;
+        if (isRefused)
+            messages.expect(Answer::Ok);
+        dialog.accept();
+        EXPECT_EQ(dialog.isVisible(), isRefused) << choice << typed;
+        const bool isPart = printer.printRange() == QPrinter::PageRange;
+        EXPECT_EQ(isPart ? printer.pageRanges().toString() : QString(), QLatin1String(pages)) << choice;
+    }
 }
 
 TEST_F(ReportPreviewTest, AChosenPaperIsShownByThisPreviewAndTheNext) {

@@ -19,8 +19,6 @@ using test::RecordingPrinter;
 class PrintPreviewTest : public testing::Test {
 protected:
     PrintPreviewTest() {
-        // No printing system, whatever the machine has.
-        qputenv("CUPS_SERVER", "/nowhere");
         m_form.setWindowTitle(QStringLiteral("Gantt Chart"));
         m_surface.setConnectionString(QStringLiteral("Provider=Microsoft.Jet.OLEDB.4.0;Data Source=") +
                                       m_folder.filePath(QStringLiteral("Report.mdb")) +

@@ -17,6 +17,9 @@ public:
 
     /// Two lines are the least that invites a note.
     [[nodiscard]] QSize minimumSizeHint() const override;
+
+protected:
+    void insertFromMimeData(const QMimeData* source) override;
 };
 
 } // namespace tarnwell

@@ -8,7 +8,9 @@
 #include "support/ScreenDriver.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QKeyEvent>
+#include <QMimeData>
 #include <QVBoxLayout>
 
 #include <gtest/gtest.h>
@@ -239,6 +241,16 @@ TEST(NoteBox, TabLeavesIt) {
     driver.press(Qt::Key_Tab);
     EXPECT_EQ(note->text(), "a\nb");
     EXPECT_TRUE(next->hasFocus());
+}
+
+TEST(NoteBox, TakesNothingFromAnEmptyClipboard) {
+    NoteBox note;
+    const ScreenDriver driver(note);
+    driver.type("a");
+    QGuiApplication::clipboard()->setMimeData(new QMimeData);
+    driver.press(Qt::Key_V, Qt::ControlModifier);
+    driver.type("b");
+    EXPECT_EQ(note.text(), "ab");
 }
 
 TEST(Label, NamesTheControlAndMovesTheFocusToIt) {

@@ -353,7 +353,9 @@ std::function<bool()> frmPayroll::runAgain() const {
     return [self = QPointer(this)] {
         constexpr int pauseMs = 10;
         QEventLoop pause;
-        QTimer::singleShot(pauseMs, &pause, &QEventLoop::quit);
+        QTimer alarm;
+        connect(&alarm, &QTimer::timeout, &pause, &QEventLoop::quit);
+        alarm.start(pauseMs);
         pause.exec();
         return !self.isNull() && self->isLoaded();
     };

@@ -55,6 +55,7 @@ Program::Program(int& argc, char** argv) : QApplication(argc, argv) {
     setDesktopFileName(QStringLiteral("tarnwell"));
     setWindowIcon(programIcon());
     setStyle(new ProgramStyle);
+    // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks): the application has taken the style.
     setPalette(refinements(palette()));
     installPresenters();
     registerScreens();

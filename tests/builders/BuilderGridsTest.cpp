@@ -8,19 +8,11 @@ namespace {
 enum Column { PlanName = 3, TaskName = 6, Price, Exclude };
 
 /// The plan "Aspen" holds "Beams" and "Walls" in Framing; the plan "Birch" is empty.
-class BuilderGrids : public BuilderScreen {
-public:
-    ScreenDriver& use() { return *driver; }
-    void clickCell(const char* name, int row, int column) {
-        const Grid& grid = driver->find<Grid>(name);
-        driver->click(name, grid.visualRect(grid.model()->index(row - 1, column - 1)).center());
-    }
+struct BuilderGrids : BuilderScreen {
     void closeScreen() {
         form().close();
         driver.reset();
     }
-
-protected:
     void openPlans() {
         data.addPlanTask("Beams", data.plan, data.beams, data.framing, 50.0);
         data.addPlan("Birch", data.builder);
@@ -72,13 +64,13 @@ TEST_P(PlanLeaving, ANewPlanIsStoredForItsBuilderWithTasksOfItsOwn) {
 
 INSTANTIATE_TEST_SUITE_P(
     Ways, PlanLeaving,
-    ::testing::Values(Leaving{"Tab", [](BuilderGrids& on) { on.use().press(Qt::Key_Tab); }},
+    ::testing::Values(Leaving{"Tab", [](BuilderGrids& on) { on.driver->press(Qt::Key_Tab); }},
                       Leaving{"BackTab",
-                              [](BuilderGrids& on) { on.use().press(Qt::Key_Backtab, Qt::ShiftModifier); }},
+                              [](BuilderGrids& on) { on.driver->press(Qt::Key_Backtab, Qt::ShiftModifier); }},
                       Leaving{"OtherRow", [](BuilderGrids& on) { on.clickCell("jgPlans", 1, PlanName); }},
                       Leaving{"Tasks", [](BuilderGrids& on) { on.clickCell("jgTasks", 1, TaskName); }},
-                      Leaving{"Arrow", [](BuilderGrids& on) { on.use().press(Qt::Key_Up); }},
-                      Leaving{"Field", [](BuilderGrids& on) { on.use().click("MskField(2)"); }},
+                      Leaving{"Arrow", [](BuilderGrids& on) { on.driver->press(Qt::Key_Up); }},
+                      Leaving{"Field", [](BuilderGrids& on) { on.driver->click("MskField(2)"); }},
                       Leaving{"Close", [](BuilderGrids& on) { on.closeScreen(); }}),
     [](const auto& way) { return way.param.name; });
 
@@ -95,11 +87,11 @@ TEST_P(TaskLeaving, APriceIsStoredInItsOwnRowAlone) {
 INSTANTIATE_TEST_SUITE_P(
     Ways, TaskLeaving,
     ::testing::Values(
-        Leaving{"Tab", [](BuilderGrids& on) { on.use().press(Qt::Key_Tab, Qt::NoModifier, 2); }},
+        Leaving{"Tab", [](BuilderGrids& on) { on.driver->press(Qt::Key_Tab, Qt::NoModifier, 2); }},
         Leaving{"OtherRow", [](BuilderGrids& on) { on.clickCell("jgTasks", 1, TaskName); }},
         Leaving{"OtherPlan", [](BuilderGrids& on) { on.clickCell("jgPlans", 2, PlanName); }},
-        Leaving{"OtherCategory", [](BuilderGrids& on) { on.use().choose("cmbType", "Drywall"); }},
-        Leaving{"Arrow", [](BuilderGrids& on) { on.use().press(Qt::Key_Up); }},
+        Leaving{"OtherCategory", [](BuilderGrids& on) { on.driver->choose("cmbType", "Drywall"); }},
+        Leaving{"Arrow", [](BuilderGrids& on) { on.driver->press(Qt::Key_Up); }},
         Leaving{"Close", [](BuilderGrids& on) { on.closeScreen(); }}),
     [](const auto& way) { return way.param.name; });
 
@@ -162,8 +154,7 @@ TEST_F(BuilderGrids, ATaskThatAnotherSeatDeletedIsToldAndGoesWithEscape) {
     driver->press(Qt::Key_Escape);
     EXPECT_EQ(tasks().RowCount(), 1);
     deleteElsewhere("ContractorPlanTask");
-    script.expect(Answer::Yes);
-    script.expect(Answer::Ok);
+    script.expect(Answer::Yes, Answer::Ok);
     driver->clickToolbar("Del");
     EXPECT_EQ(script.shown().size(), 3U);
     EXPECT_EQ(tasks().RowCount(), 0);

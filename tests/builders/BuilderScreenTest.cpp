@@ -1,9 +1,6 @@
 #include "BuilderScreen.h"
 
 #include "builders/frmAddMasterTasks.h"
-#include "controls/Combo.h"
-#include "controls/ListBox.h"
-#include "controls/MaskedBox.h"
 #include "master/frmAddOptionGroup.h"
 
 using namespace tarnwell;
@@ -142,8 +139,7 @@ TEST_F(BuilderScreen, CopyStandsOnTheCopyAndDelAsksForWhatIsActive) {
     EXPECT_EQ(data.count("ContractorPlanTask"), 1);
     EXPECT_EQ(tasks().RowCount(), 0);
     driver->focus("jgPlans");
-    script.expect(Answer::No);
-    script.expect(Answer::Yes);
+    script.expect(Answer::No, Answer::Yes);
     driver->clickToolbar("Del");
     driver->clickToolbar("Del");
     EXPECT_EQ(script.shown().back().text, "Delete the Copied Aspen Plan?");
@@ -155,8 +151,7 @@ TEST_F(BuilderScreen, ABuilderWithAJobStaysAndTheScreenWithIt) {
     const qint64 job = data.addJob("1001", "Elm");
     openBuilder();
     driver->focus("MskField(3)");
-    script.expect(Answer::Yes);
-    script.expect(Answer::Ok); // the refusal
+    script.expect(Answer::Yes, Answer::Ok); // the refusal
     driver->clickToolbar("Del");
     EXPECT_EQ(script.shown().front().text, "Delete Current Builder?");
     EXPECT_EQ(field(0).text(), "Abel Homes");
@@ -175,8 +170,7 @@ TEST_F(BuilderScreen, APlanThatAnotherSeatDeletedIsToldAndGoes) {
     openBuilder();
     driver->focus("jgPlans");
     data.db.run("DELETE FROM ContractorPlan");
-    script.expect(Answer::Yes);
-    script.expect(Answer::Ok);
+    script.expect(Answer::Yes, Answer::Ok);
     driver->clickToolbar("Del");
     EXPECT_EQ(plans().RowCount(), 0);
     EXPECT_EQ(tasks().RowCount(), 0);
@@ -186,7 +180,7 @@ TEST_F(BuilderScreen, PickedTasksFillThePlanAndSelectAllCarriesOver) {
     data.addMaster("Bay Y", data.framing, 1.0);
     openBuilder();
     driver->click("jgTasks", {60, 10});
-    pick([](const ScreenDriver& dialog) {
+    whenShown([](const ScreenDriver& dialog) {
         auto& list = dialog.find<ListBox>("lstTasks");
         EXPECT_EQ(list.ListCount(), 5);
         EXPECT_EQ(dialog.focusedName(), "lstTasks");
@@ -196,7 +190,7 @@ TEST_F(BuilderScreen, PickedTasksFillThePlanAndSelectAllCarriesOver) {
     });
     driver->clickToolbar("Task");
     EXPECT_EQ(tasks().RowCount(), 1);
-    pick([](const ScreenDriver& dialog) {
+    whenShown([](const ScreenDriver& dialog) {
         auto& list = dialog.find<ListBox>("lstTasks");
         dialog.click("cmdSelectAll");
         EXPECT_EQ(list.selectedItems().size(), 0) << "the first press clears";
@@ -221,20 +215,18 @@ TEST_F(BuilderScreen, AGroupIsKeptAndFilledForTheBuilder) {
             .ask("SELECT Description FROM Code WHERE Code1=5 AND Code2=" + QString::number(data.builder))
             .toText();
     };
-    pick([&](const ScreenDriver& groups) {
+    whenShown([&](const ScreenDriver& groups) {
         EXPECT_EQ(groups.find<MaskedBox>("txtField(0)").text(), "Abel Homes");
-        whenModal([](QWidget& dialog) {
-            const ScreenDriver name(dialog);
+        whenShown([](const ScreenDriver& name) {
             name.press(Qt::Key_Return);
-            EXPECT_TRUE(dialog.isVisible()) << "an empty name is not accepted";
+            EXPECT_TRUE(name.window().isVisible()) << "an empty name is not accepted";
             name.type("Deck");
             name.press(Qt::Key_Return);
         });
         groups.clickToolbar("Add");
         EXPECT_EQ(group(), "Deck");
         groups.focus("jgGroupOptions");
-        whenModal([](QWidget& dialog) {
-            const ScreenDriver picking(dialog);
+        whenShown([](const ScreenDriver& picking) {
             picking.clickLine("lstTasks", 1);
             picking.clickToolbar("Add");
         });

@@ -1,6 +1,5 @@
 #include "master/FastSearch.h"
 
-#include "data/RunTimeError.h"
 #include "support/TemporaryDatabase.h"
 
 #include <gtest/gtest.h>
@@ -80,10 +79,6 @@ TEST_F(FastSearch, ListsNoMoreThanTheCap) {
     for (int i = 0; i < 310; ++i)
         addJob("10", "Many");
     EXPECT_EQ(search(3, 0, "").size(), 300u);
-}
-
-TEST_F(FastSearch, AQuoteBreaksTheStatement) {
-    EXPECT_THROW(search(1, 0, "O'Neil"), RunTimeError);
 }
 
 TEST_F(FastSearch, AnUnknownTypeHasNoKind) {

@@ -21,7 +21,7 @@ struct MasterCodesTest : MasterScreenTest<frmMasterCodes> {
 
 TEST_F(MasterCodesTest, ShowsTheListThatIsTyped) {
     open();
-    EXPECT_EQ(theForm<frmMasterCodes>().statusText(), "Select Category / Enter Master Codes");
+    EXPECT_EQ(form().statusText(), "Select Category / Enter Master Codes");
     EXPECT_EQ(category().Text(), "Employee Type");
     EXPECT_EQ(driver->enabledButtons(), "Exit Del");
     typeCategory("m");
@@ -46,7 +46,7 @@ TEST_F(MasterCodesTest, ANewRowJoinsTheListOnScreenHoweverItIsLeft) {
     driver->press(Qt::Key_Tab);
     EXPECT_EQ(listOf("Roofing"), 2);
     typeNew("Siding");
-    theForm<frmMasterCodes>().close();
+    form().close();
     EXPECT_EQ(listOf("Siding"), 2);
     EXPECT_EQ(ask("SELECT Deleted FROM Code WHERE Description='Siding'"), Value(false));
 }
@@ -66,8 +66,7 @@ TEST_F(MasterCodesTest, DelMarksTheRowAndOnlyFromTheGrid) {
     driver->press(Qt::Key_Delete);
     driver->press(Qt::Key_Escape);
     EXPECT_EQ(codes().RowCount(), 2);
-    script.expect(Answer::Yes);
-    script.expect(Answer::Yes);
+    script.expect(Answer::Yes, Answer::Yes);
     driver->clickToolbar("Del");
     EXPECT_EQ(codes().RowCount(), 1);
     EXPECT_EQ(ask("SELECT Description FROM Code WHERE Deleted=-1"), Value("Framing"));
@@ -79,8 +78,7 @@ TEST_F(MasterCodesTest, DelStaysWhereTheRowStood) {
     open();
     driver->focus("jgCodes");
     codes().setRow(codes().RowCount() - 1);
-    script.expect(Answer::Yes);
-    script.expect(Answer::Yes);
+    script.expect(Answer::Yes, Answer::Yes);
     driver->clickToolbar("Del");
     EXPECT_EQ(codes().value("Description"), Value("Plumber"));
     driver->clickToolbar("Del");
@@ -98,8 +96,7 @@ TEST_F(MasterCodesTest, AnEditOutlastsADelThatIsNotConfirmed) {
     driver->press(Qt::Key_Escape, Qt::NoModifier, 2);
     EXPECT_EQ(codes().value("Description"), Value("Framing"));
     driver->type("Frames");
-    script.expect(Answer::Yes);
-    script.expect(Answer::Yes);
+    script.expect(Answer::Yes, Answer::Yes);
     driver->clickToolbar("Del");
     EXPECT_EQ(ask("SELECT Description FROM Code WHERE Deleted=-1"), Value("Frames"));
     EXPECT_EQ(codes().RowCount(), 1);
@@ -118,8 +115,8 @@ TEST_F(MasterCodesTest, ARowThatAnotherSeatDeletedKeepsItsListUntilItIsGivenUp) 
     EXPECT_EQ(category().Text(), "Master Task Category");
     EXPECT_EQ(driver->focusedName(), "jgCodes");
     script.expect(Answer::Ok);
-    theForm<frmMasterCodes>().close();
-    EXPECT_TRUE(theForm<frmMasterCodes>().isVisible());
+    form().close();
+    EXPECT_TRUE(form().isVisible());
     driver->press(Qt::Key_Escape);
     EXPECT_EQ(codes().RowCount(), 1);
     driver->clickToolbar("Exit");

@@ -11,46 +11,38 @@ namespace tarnwell::test {
 
 namespace {
 
-struct CodeDeletion {
-    Value code1;
-    const char* description;
-    qint64 list;
-    std::vector<Answer> answers;
-    bool deleted;
-    const char* lastText;
-};
-
-struct CodeDeletionTest : ::testing::TestWithParam<CodeDeletion> {};
-
-TEST_P(CodeDeletionTest, AsksAsOftenAsTheListNeeds) {
-    const CodeDeletion& each = GetParam();
-    MessageScript script;
-    for (const Answer answer : each.answers)
-        script.expect(answer);
-    EXPECT_EQ(confirmCodeDeletion(script.ask(), each.code1, each.description, each.list), each.deleted);
-    ASSERT_EQ(script.shown().size(), each.answers.size());
-    const MessageRequest& last = script.shown().back();
-    EXPECT_EQ(last.text, each.lastText);
-    EXPECT_EQ(last.icon, MessageIcon::Critical);
-    if (last.buttons == MessageButtons::YesNo) {
-        EXPECT_EQ(last.title, "Deletion Verification");
-        EXPECT_EQ(defaultAnswer(last), Answer::No);
+TEST(CodeDeletion, AsksAsOftenAsTheListNeeds) {
+    constexpr auto once = "Delete current item?";
+    constexpr auto twice = "If you DELETE this item the tasks associated to it will NOT be available.\n"
+                           "Do you want to delete the current item?";
+    const struct {
+        Value code1;
+        const char* description;
+        qint64 list;
+        std::vector<Answer> answers;
+        bool deleted;
+        const char* lastText;
+    } cases[] = {{1, "foreMAN", 1, {Answer::Ok}, false, "You cannot delete the foreman type!"},
+                 {2, "Foreman", 2, {Answer::Yes, Answer::Yes}, true, twice},
+                 {1, "Foreman 2", 1, {Answer::Yes}, true, once},
+                 {1, "Painter", 1, {Answer::No}, false, once},
+                 {2, "Roofing", 2, {Answer::Yes, Answer::No}, false, twice},
+                 {4, "Deck", 4, {Answer::Yes, Answer::Yes}, true, twice}};
+    for (const auto& [code1, description, list, answers, deleted, lastText] : cases) {
+        MessageScript script;
+        for (const Answer answer : answers)
+            script.expect(answer);
+        EXPECT_EQ(confirmCodeDeletion(script.ask(), code1, description, list), deleted) << description;
+        ASSERT_EQ(script.shown().size(), answers.size()) << description;
+        const MessageRequest& last = script.shown().back();
+        EXPECT_EQ(last.text, lastText);
+        EXPECT_EQ(last.icon, MessageIcon::Critical);
+        if (last.buttons == MessageButtons::YesNo) {
+            EXPECT_EQ(last.title, "Deletion Verification");
+            EXPECT_EQ(defaultAnswer(last), Answer::No);
+        }
     }
 }
-
-constexpr auto once = "Delete current item?";
-constexpr auto twice = "If you DELETE this item the tasks associated to it will NOT be available.\n"
-                       "Do you want to delete the current item?";
-
-INSTANTIATE_TEST_SUITE_P(Lists, CodeDeletionTest,
-                         ::testing::Values(
-                             CodeDeletion{
-                                 1, "foreMAN", 1, {Answer::Ok}, false, "You cannot delete the foreman type!"},
-                             CodeDeletion{2, "Foreman", 2, {Answer::Yes, Answer::Yes}, true, twice},
-                             CodeDeletion{1, "Foreman 2", 1, {Answer::Yes}, true, once},
-                             CodeDeletion{1, "Painter", 1, {Answer::No}, false, once},
-                             CodeDeletion{2, "Roofing", 2, {Answer::Yes, Answer::No}, false, twice},
-                             CodeDeletion{4, "Deck", 4, {Answer::Yes, Answer::Yes}, true, twice}));
 
 TEST(TaskDeletion, NamesTheTaskAndTakesEnterForYes) {
     MessageScript script({Answer::No, Answer::Yes});

@@ -18,7 +18,7 @@ struct MasterTasksTest : MasterScreenTest<frmMasterTasks> {
     }
     Grid& tasks() { return grid("jgMasterTasks"); }
     Grid& dependencies() { return grid("jgDependency"); }
-    QString status() { return theForm<frmMasterTasks>().statusText(); }
+    QString status() { return form().statusText(); }
     void carryPrice() {
         driver->find<Combo>("cmbCascade").setListIndex(3);
         driver->click("chkUpdatePrice");
@@ -115,10 +115,10 @@ TEST_P(LeavingTest, CarriesTheCommittedRowsOwnPrice) {
 const Leaving waysToLeave[] = {
     {"Arrow", [](MasterTasksTest& on) { on.driver->press(Qt::Key_Up); }},
     {"Tab", [](MasterTasksTest& on) { on.driver->press(Qt::Key_Tab, Qt::NoModifier, 3); }},
-    {"OtherRow", [](MasterTasksTest& on) { on.clickCell("jgMasterTasks", 1, Name); }},
+    {"OtherRow", [](MasterTasksTest& on) { on.clickCell("jgMasterTasks", 2, Name); }},
     {"OtherCategory", [](MasterTasksTest& on) { on.driver->choose("cmbType", "Plumbing"); }},
     {"Exit", [](MasterTasksTest& on) { on.driver->clickToolbar("Exit"); }},
-    {"Close", [](MasterTasksTest&) { theForm<frmMasterTasks>().close(); }}};
+    {"Close", [](MasterTasksTest& on) { on.form().close(); }}};
 
 INSTANTIATE_TEST_SUITE_P(Ways, LeavingTest, ::testing::ValuesIn(waysToLeave));
 
@@ -126,7 +126,7 @@ TEST_F(MasterTasksTest, ANewRowOnTheFirstLineJoinsItsCategoryAndCarriesNothing) 
     data.db.run("UPDATE JobLotTask SET MasterTaskKey=0");
     open();
     carryPrice();
-    clickCell("jgMasterTasks", 0, Name);
+    clickCell("jgMasterTasks", 1, Name);
     driver->type("Soffits");
     driver->press(Qt::Key_Return);
     driver->type("9");
@@ -192,8 +192,7 @@ TEST_F(MasterTasksTest, ADelThatIsNotConfirmedCarriesNoPendingPrice) {
     EXPECT_EQ(master("Deleted", "Walls"), Value(true));
     tasks().setRow(1);
     driver->type("x");
-    script.expect(Answer::Yes);
-    script.expect(Answer::Ok);
+    script.expect(Answer::Yes, Answer::Ok);
     driver->clickToolbar("Del");
     EXPECT_EQ(master("Deleted", "Beams"), Value(false)) << "what can't be written is told and mended first";
     driver->press(Qt::Key_Escape, Qt::NoModifier, 2);
@@ -247,9 +246,8 @@ TEST_F(MasterTasksTest, DependenciesAreAddedByTypingAndRemovedWhenAsked) {
     data.addCategory("Roofing");
     open();
     driver->focus("jgDependency");
-    whenModal([](QWidget& dialog) {
-        const ScreenDriver add(dialog);
-        EXPECT_EQ(dialog.windowTitle(), "Add Category Dependency");
+    whenShown([](const ScreenDriver& add) {
+        EXPECT_EQ(add.window().windowTitle(), "Add Category Dependency");
         EXPECT_EQ(add.find<Combo>("cmbType").ListCount(), 2);
         add.type("r");
         add.press(Qt::Key_Return);

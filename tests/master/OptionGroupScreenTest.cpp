@@ -84,8 +84,7 @@ TEST_F(OptionGroupScreen, AnEditStaysWithItsGroupAndDelFollowsTheFocus) {
         script.expect(Answer::Yes);
         screen.clickToolbar("Del");
         screen.clickLine("lstGroups", 0);
-        script.expect(Answer::No);
-        script.expect(Answer::Yes);
+        script.expect(Answer::No, Answer::Yes);
         screen.clickToolbar("Del");
         screen.clickToolbar("Del");
         EXPECT_EQ(script.shown().back().text, "Delete Current Group?");
@@ -149,9 +148,8 @@ TEST_F(OptionGroupScreen, RenamingByEnterSelectsTheFirstGroup) {
     open(abel, [&](const ScreenDriver& screen) {
         screen.clickLine("lstGroups", 1);
         for (const bool accept : {false, true}) {
-            whenModal([accept](QWidget& dialog) {
-                const ScreenDriver name(dialog);
-                EXPECT_EQ(dialog.windowTitle(), "Change Option Group");
+            whenShown([accept](const ScreenDriver& name) {
+                EXPECT_EQ(name.window().windowTitle(), "Change Option Group");
                 EXPECT_EQ(name.find<MaskedBox>("MskField(0)").text(), "Patio");
                 name.find<MaskedBox>("MskField(0)").clear();
                 name.type("Zen");

@@ -2,6 +2,7 @@
 
 #include "frame/MsgBox.h"
 
+#include <concepts>
 #include <deque>
 #include <initializer_list>
 #include <vector>
@@ -17,7 +18,7 @@ public:
     MessageScript(const MessageScript&) = delete;
     MessageScript& operator=(const MessageScript&) = delete;
 
-    void expect(Answer answer) { m_answers.push_back(answer); }
+    void expect(std::same_as<Answer> auto... answers) { (m_answers.push_back(answers), ...); }
     [[nodiscard]] const std::vector<MessageRequest>& shown() const { return m_shown; }
     /// For rules that ask through a callback.
     [[nodiscard]] Ask ask();

@@ -57,6 +57,14 @@ void ScreenDriver::focus(const QString& name) const {
     find(name).setFocus(Qt::OtherFocusReason);
 }
 
+void ScreenDriver::retype(const QString& name, const QString& text) const {
+    focus(name);
+    press(Qt::Key_A, Qt::ControlModifier);
+    if (text.isEmpty())
+        press(Qt::Key_Delete);
+    type(text);
+}
+
 QString ScreenDriver::focusedName() const {
     for (QWidget* widget = QApplication::focusWidget(); widget != nullptr; widget = widget->parentWidget())
         if (!widget->objectName().isEmpty() && !widget->objectName().startsWith(QLatin1String("qt_")))

@@ -37,6 +37,8 @@ public:
     /// Captions of the toolbar's enabled buttons: "Exit Add Find".
     [[nodiscard]] QString enabledButtons() const;
     void focus(const QString& name) const;
+    /// Types in place of what stands in the control.
+    void retype(const QString& name, const QString& text) const;
     [[nodiscard]] QString focusedName() const;
 
     [[nodiscard]] QWidget& window() const { return m_window; }

@@ -14,12 +14,6 @@ const Value march5 = DateTime{QDate(2024, 3, 5)};
 
 class EmployeeLogRows : public ::testing::Test {
 protected:
-    qint64 add(const Value& occured, const Value& problem) {
-        return data.db.add("EmployeeLog", {{"EmployeeKey", data.ann},
-                                           {"JobLotTaskKey", data.task},
-                                           {"Occured", occured},
-                                           {"Problem", problem}});
-    }
     [[nodiscard]] Value stored(const char* column) {
         return data.db.ask(QString("SELECT %1 FROM EmployeeLog WHERE LogKey=%2").arg(column).arg(row));
     }
@@ -29,7 +23,7 @@ protected:
     }
 
     TimeCardData data;
-    qint64 row = add(DateTime{QDate(1925, 3, 5), QTime(14, 30)}, "Paid twice");
+    qint64 row = data.addLog(DateTime{QDate(1925, 3, 5), QTime(14, 30)}, "Paid twice");
 };
 
 } // namespace

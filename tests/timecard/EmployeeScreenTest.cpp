@@ -1,11 +1,7 @@
-#include "controls/Combo.h"
 #include "controls/DateBox.h"
 #include "controls/ListBox.h"
-#include "controls/MaskedBox.h"
 #include "controls/NoteBox.h"
-#include "support/MessageScript.h"
-#include "support/ScreenDriver.h"
-#include "support/ScreenTest.h"
+#include "support/DrivenScreen.h"
 #include "timecard/TimeCardData.h"
 #include "timecard/frmEmployee.h"
 #include "timecard/frmEmployeeNotes.h"
@@ -16,48 +12,30 @@
 #include <QLabel>
 #include <QLineEdit>
 
-#include <gtest/gtest.h>
-
 using namespace tarnwell;
 using namespace tarnwell::test;
 
 namespace {
 
-class EmployeeScreen : public ScreenTest {
-protected:
+struct EmployeeScreen : DrivenScreen<frmEmployee, TimeCardData> {
     void SetUp() override {
-        workOn(data.db);
-        driver.emplace(form());
+        DrivenScreen::SetUp();
+        open();
     }
-
-    static frmEmployee& form() { return theForm<frmEmployee>(); }
-    [[nodiscard]] QString text(int field) const { return box(field).text(); }
-    [[nodiscard]] MaskedBox& box(int field) const {
-        return driver->find<MaskedBox>(QString("MskField(%1)").arg(field));
-    }
+    [[nodiscard]] QString text(int index) { return field(index).text(); }
     /// Shows Ann or Bob by Find.
     void find(const char* lastName) {
-        whenModal([lastName](QWidget& dialog) {
-            EXPECT_EQ(dialog.windowTitle(), "Employee Search");
-            const ScreenDriver search(dialog);
+        whenShown([lastName](const ScreenDriver& search) {
+            EXPECT_EQ(search.window().windowTitle(), "Employee Search");
             search.type(lastName);
             search.press(Qt::Key_Return);
         });
         driver->clickToolbar("Find");
     }
-    void fill(const char* name, const QString& with) {
-        driver->focus(name);
-        driver->press(Qt::Key_A, Qt::ControlModifier);
-        driver->type(with);
-    }
     [[nodiscard]] Value stored(const char* column, qint64 key) {
-        return data.db.ask(QString("SELECT %1 FROM Employee WHERE EmployeeKey=%2").arg(column).arg(key));
+        return ask(QString("SELECT %1 FROM Employee WHERE EmployeeKey=%2").arg(column).arg(key));
     }
-    [[nodiscard]] qint64 newest() { return data.db.ask("SELECT MAX(EmployeeKey) FROM Employee").toLong(); }
-
-    TimeCardData data;
-    MessageScript script;
-    std::optional<ScreenDriver> driver;
+    [[nodiscard]] qint64 newest() { return ask("SELECT MAX(EmployeeKey) FROM Employee").toLong(); }
 };
 
 } // namespace
@@ -89,7 +67,7 @@ TEST_F(EmployeeScreen, AKeyOnTheEmptyScreenIsDroppedOrBecomesAdd) {
     EXPECT_EQ(script.shown().back().text, "Do you want to add a new employee?");
     EXPECT_EQ(script.shown().back().defaultButton, 2);
     QGuiApplication::clipboard()->setText("5");
-    box(0).paste(); // Nothing gets in around the keys.
+    field(0).paste(); // Nothing gets in around the keys.
     EXPECT_EQ(text(0), "");
     script.expect(Answer::Yes);
     driver->type("7");
@@ -103,18 +81,18 @@ TEST_F(EmployeeScreen, AKeyOnTheEmptyScreenIsDroppedOrBecomesAdd) {
 TEST_F(EmployeeScreen, WhatIsEnteredIsWrittenWhenTheRecordIsLeft) {
     driver->clickToolbar("Add");
     const qint64 key = newest();
-    fill("MskField(0)", "012345678");
+    driver->retype("MskField(0)", "012345678");
     EXPECT_EQ(text(0), "012-34-5678");
-    fill("MskField(1)", "Dunn");
-    fill("MskField(2)", "Dee");
+    driver->retype("MskField(1)", "Dunn");
+    driver->retype("MskField(2)", "Dee");
     EXPECT_EQ(driver->find<QLabel>("lblEmployee").text(), "Dunn, Dee");
-    fill("MskField(8)", "5035550142");
-    fill("MskField(9)", "3x");
+    driver->retype("MskField(8)", "5035550142");
+    driver->retype("MskField(9)", "3x");
     EXPECT_EQ(text(8), "(503) 555-0142");
-    fill("rebHired", "5/1/24");
-    fill("rchField", "exempt");
-    fill("cmbMaritalStatus", "ms");
-    fill("cmbType", "fore");
+    driver->retype("rebHired", "5/1/24");
+    driver->retype("rchField", "exempt");
+    driver->retype("cmbMaritalStatus", "ms");
+    driver->retype("cmbType", "fore");
     driver->click("chkInActive");
     find("a");
     EXPECT_EQ(text(1), "Archer");
@@ -157,7 +135,7 @@ TEST_F(EmployeeScreen, ANumberIsCheckedWhenItsFieldIsLeft) {
     };
     find("a");
     for (const auto& [typed, shown, message] : cases) {
-        fill("MskField(0)", typed);
+        driver->retype("MskField(0)", typed);
         if (*message != 0)
             script.expect(Answer::Ok);
         driver->press(Qt::Key_Tab);
@@ -182,18 +160,18 @@ TEST_F(EmployeeScreen, PastedNumbersEndInOneForm) {
     driver->press(Qt::Key_Delete);
     driver->type("9");
     EXPECT_EQ(text(0), "912-34-5678");
-    EXPECT_EQ(box(0).cursorPosition(), 1) << "the caret stays with what was typed";
+    EXPECT_EQ(field(0).cursorPosition(), 1) << "the caret stays with what was typed";
 }
 
 TEST_F(EmployeeScreen, AddFindAndExitDoNotCheck) {
     find("a");
-    fill("MskField(0)", "12");
+    driver->retype("MskField(0)", "12");
     find("b");
     EXPECT_EQ(stored("SSN", data.ann), Value("12"));
-    fill("MskField(0)", "34");
+    driver->retype("MskField(0)", "34");
     driver->clickToolbar("Add");
     EXPECT_EQ(stored("SSN", data.bob), Value("34"));
-    fill("MskField(0)", "56");
+    driver->retype("MskField(0)", "56");
     driver->clickToolbar("Exit");
     EXPECT_EQ(stored("SSN", newest()), Value("56"));
     EXPECT_TRUE(script.shown().empty());
@@ -201,7 +179,7 @@ TEST_F(EmployeeScreen, AddFindAndExitDoNotCheck) {
 
 TEST_F(EmployeeScreen, ADateThatIsNoneKeepsTheRecordOnTheScreen) {
     find("a");
-    fill("rebHired", "13/45/02");
+    driver->retype("rebHired", "13/45/02");
     for (const char* button : {"Add", "Exit"}) {
         script.expect(Answer::Ok);
         driver->clickToolbar(button);
@@ -210,10 +188,10 @@ TEST_F(EmployeeScreen, ADateThatIsNoneKeepsTheRecordOnTheScreen) {
     }
     EXPECT_EQ(data.count("Employee"), 2);
     // The checks are on again after the failure.
-    fill("MskField(0)", "12");
+    driver->retype("MskField(0)", "12");
     script.expect(Answer::Ok);
     driver->press(Qt::Key_Tab);
-    fill("rebHired", " ");
+    driver->retype("rebHired", " ");
 }
 
 TEST_F(EmployeeScreen, TabReadsTheFormDownTheColumns) {
@@ -232,19 +210,15 @@ TEST_F(EmployeeScreen, TabReadsTheFormDownTheColumns) {
 TEST_F(EmployeeScreen, TheLogIsReadWholeChangedAndCutInTheList) {
     const QString longText(60, u'x');
     for (const auto& [day, problem] : {std::pair(1, Value("older")), std::pair(2, Value(longText))})
-        data.db.add("EmployeeLog", {{"EmployeeKey", data.ann},
-                                    {"JobLotTaskKey", data.task},
-                                    {"Occured", DateTime{QDate(2024, 1, day)}},
-                                    {"Problem", problem}});
+        data.addLog(DateTime{QDate(2024, 1, day)}, problem);
     find("a");
     auto& log = driver->find<ListBox>("lstErrorLog");
     ASSERT_EQ(log.ListCount(), 2);
     EXPECT_EQ(log.ListIndex(), 0);
     EXPECT_EQ(log.item(0)->text(), "01/02/24 | " + longText.left(39));
 
-    whenModal([&](QWidget& dialog) {
-        EXPECT_EQ(dialog.windowTitle(), "Employee Note");
-        const ScreenDriver note(dialog);
+    whenShown([&](const ScreenDriver& note) {
+        EXPECT_EQ(note.window().windowTitle(), "Employee Note");
         EXPECT_EQ(note.find<MaskedBox>("mskfield(0)").text(), "01/02/24");
         EXPECT_EQ(note.find<NoteBox>("txtField(0)").text(), longText);
         note.type("02/03/24");
@@ -257,22 +231,20 @@ TEST_F(EmployeeScreen, TheLogIsReadWholeChangedAndCutInTheList) {
     driver->press(Qt::Key_Return);
     EXPECT_EQ(log.item(0)->text(), QString("02/03/24 | settled").leftJustified(50));
 
-    whenModal([](QWidget& dialog) {
-        const ScreenDriver note(dialog);
+    whenShown([](const ScreenDriver& note) {
         note.type("1");
-        dialog.close();
+        note.window().close();
     });
     driver->clickLine("lstErrorLog", 1);
     driver->doubleClick("lstErrorLog", log.visualItemRect(log.item(1)).center());
-    EXPECT_EQ(data.db.ask("SELECT Occured FROM EmployeeLog WHERE Problem='older'"),
+    EXPECT_EQ(ask("SELECT Occured FROM EmployeeLog WHERE Problem='older'"),
               Value(DateTime{QDate(2024, 1, 1)}));
     EXPECT_EQ(log.ListIndex(), 0);
 }
 
 TEST_F(EmployeeScreen, ARecordThatCanNotBeReadIsNotWrittenOver) {
     find("a");
-    whenModal([this](QWidget& dialog) {
-        const ScreenDriver search(dialog);
+    whenShown([this](const ScreenDriver& search) {
         search.type("b");
         data.db.run("DELETE FROM Employee WHERE LastName='Baker'");
         search.press(Qt::Key_Return);
@@ -291,7 +263,7 @@ TEST_F(EmployeeScreenDeathTest, FailuresOutsideTheToolbarStopTheProgram) {
     const auto stop = [this](const char* field, const char* typed, const std::function<void()>& leave) {
         setMessagePresenter({}); // the message goes to standard error
         find("a");
-        fill(field, typed);
+        driver->retype(field, typed);
         leave();
     };
     EXPECT_EXIT(stop("rebHired", "soon", [] { form().close(); }), ::testing::ExitedWithCode(1), "'3421'");

@@ -85,8 +85,7 @@ TEST_F(PaymentCorrection, OnlyAYesRemoves) {
 
 TEST_F(PaymentCorrection, ARemovalBringsTheDependencyBackAndLeavesTheLog) {
     data.db.add("CategoryDependency", {{"CategoryKey", data.footings}, {"DependentKey", data.framing}});
-    data.db.add("EmployeeLog",
-                {{"EmployeeKey", data.ann}, {"JobLotTaskKey", data.task}, {"Problem", "twice"}});
+    data.addLog(Value::null(), "twice");
     PaymentSelection selection;
     selection.codeKey = data.footings;
     selection.jobLotKey = data.lot;

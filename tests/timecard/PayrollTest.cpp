@@ -1,32 +1,23 @@
-#include "controls/Combo.h"
 #include "controls/DateBox.h"
-#include "controls/Grid.h"
 #include "controls/ListBox.h"
-#include "controls/MaskedBox.h"
 #include "controls/NoteBox.h"
 #include "frame/RunTime.h"
-#include "support/MessageScript.h"
-#include "support/ScreenDriver.h"
-#include "support/ScreenTest.h"
+#include "support/DrivenScreen.h"
 #include "timecard/TimeCardData.h"
 #include "timecard/frmPayroll.h"
 
-#include <QCheckBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QTest>
-
-#include <gtest/gtest.h>
 
 using namespace tarnwell;
 using namespace tarnwell::test;
 
 namespace {
 
-class Payroll : public ScreenTest {
-protected:
+struct Payroll : DrivenScreen<frmPayroll, TimeCardData> {
     void SetUp() override {
-        workOn(data.db);
+        DrivenScreen::SetUp();
         setClock([] { return DateTime{QDate(2024, 12, 31)}; });
         data.addJob("2002", "Oak Rise");
         data.addJob("1500", "Closed", DateTime{QDate(2024, 1, 1)});
@@ -36,22 +27,17 @@ protected:
         ScreenTest::TearDown();
         setClock(nullptr);
     }
-
-    frmPayroll& form() { return theForm<frmPayroll>(); }
-    void open() {
-        form().Show(Screen::Modality::Modeless, nullptr);
-        driver.emplace(form());
-    }
     /// Job 1001, its first lot, the category Framing and its first task, "Beams".
     void openJob() {
         open();
         driver->focus("MskField(2)");
         driver->type("1");
-        driver->find<Combo>("cmbType").setListIndex(1);
+        combo().setListIndex(1);
     }
+    Combo& employees() { return combo("cmbEmployees"); }
     void choose(const char* employee) {
         driver->focus("cmbEmployees");
-        driver->find<Combo>("cmbEmployees").lineEdit()->selectAll();
+        employees().lineEdit()->selectAll();
         driver->type(employee);
     }
     void apply() { driver->click("cmdApplyTask", {5, 5}); }
@@ -66,10 +52,6 @@ protected:
             texts.append(list.item(i)->text());
         return texts;
     }
-
-    TimeCardData data;
-    MessageScript script;
-    std::optional<ScreenDriver> driver;
 };
 
 } // namespace
@@ -77,9 +59,9 @@ protected:
 TEST_F(Payroll, OpensWithoutAJobAndWithTheBlankEmployee) {
     open();
     EXPECT_EQ(form().windowTitle(), "Timecards");
-    EXPECT_EQ(driver->find<Grid>("jgJobLots").RowCount(), 0);
-    EXPECT_EQ(driver->find<Combo>("cmbEmployees").ListIndex(), 0);
-    EXPECT_EQ(driver->find<Combo>("cmbEmployees").Text(), "");
+    EXPECT_EQ(grid("jgJobLots").RowCount(), 0);
+    EXPECT_EQ(employees().ListIndex(), 0);
+    EXPECT_EQ(employees().Text(), "");
     EXPECT_EQ(driver->find<DateBox>("rebCompleted").text(), "12/31/24");
     EXPECT_EQ(text("txtField(0)"), "0.00");
     EXPECT_TRUE(driver->find<MaskedBox>("MskField(8)").isHidden());
@@ -94,7 +76,7 @@ TEST_F(Payroll, TypingFindsTheJobAndKeepsTheCaret) {
     EXPECT_EQ(field.SelStart(), 1);
     EXPECT_EQ(text("MskField(1)"), "Elm Court");
     EXPECT_EQ(text("MskField(4)"), "Abel Homes");
-    EXPECT_EQ(driver->find<Grid>("jgJobLots").RowCount(), 1);
+    EXPECT_EQ(grid("jgJobLots").RowCount(), 1);
     driver->type("1");
     EXPECT_EQ(field.text(), "2002") << "the closed job 1500 is not offered";
     EXPECT_EQ(field.SelStart(), 2);
@@ -107,7 +89,7 @@ TEST_F(Payroll, TypingFindsTheJobAndKeepsTheCaret) {
     EXPECT_EQ(field.text(), "1001");
     driver->press(Qt::Key_Home);
     EXPECT_EQ(field.text(), "");
-    EXPECT_EQ(driver->find<Grid>("jgJobLots").RowCount(), 0);
+    EXPECT_EQ(grid("jgJobLots").RowCount(), 0);
     driver->type("9");
     EXPECT_EQ(field.text(), "") << "nothing stands behind the last job";
 }
@@ -118,7 +100,7 @@ TEST_F(Payroll, AnEmptiedJobFieldKeepsTheGrids) {
     driver->find<MaskedBox>("MskField(2)").selectAll();
     driver->press(Qt::Key_Delete);
     EXPECT_EQ(text("MskField(2)"), "");
-    EXPECT_EQ(driver->find<Grid>("jgJobLots").RowCount(), 1);
+    EXPECT_EQ(grid("jgJobLots").RowCount(), 1);
     driver->click("jgTasks", {20, 10});
     EXPECT_EQ(driver->focusedName(), "MskField(2)");
 }
@@ -194,19 +176,17 @@ TEST_F(Payroll, FindIsEnabledExactlyWhereItFinds) {
 TEST_F(Payroll, FindServesTheActiveControl) {
     open();
     driver->focus("cmbEmployees");
-    whenModal([](QWidget& dialog) {
-        const ScreenDriver search(dialog);
-        EXPECT_EQ(dialog.windowTitle(), "Employee Search");
+    whenShown([](const ScreenDriver& search) {
+        EXPECT_EQ(search.window().windowTitle(), "Employee Search");
         search.type("b");
         search.press(Qt::Key_Return);
     });
     driver->clickToolbar("Find");
-    EXPECT_EQ(driver->find<Combo>("cmbEmployees").Text(), "222-22-2222/Baker,Bob");
+    EXPECT_EQ(employees().Text(), "222-22-2222/Baker,Bob");
 
     driver->focus("MskField(2)");
-    whenModal([](QWidget& dialog) {
-        const ScreenDriver search(dialog);
-        EXPECT_EQ(dialog.windowTitle(), "Job Search");
+    whenShown([](const ScreenDriver& search) {
+        EXPECT_EQ(search.window().windowTitle(), "Job Search");
         search.click("optSearch(2)", {8, 8});
         search.focus("MskField(0)");
         search.type("1");
@@ -222,9 +202,7 @@ TEST_F(Payroll, APaymentMovesTheFiguresAndKeepsTheSelection) {
     openJob();
     EXPECT_EQ(text("txtField(0)"), "40.00");
     choose("2");
-    driver->focus("txtField(0)");
-    driver->press(Qt::Key_A, Qt::ControlModifier);
-    driver->type("15");
+    driver->retype("txtField(0)", "15");
     driver->focus("rchNote");
     driver->type("rear");
     apply();
@@ -233,9 +211,9 @@ TEST_F(Payroll, APaymentMovesTheFiguresAndKeepsTheSelection) {
     EXPECT_EQ(figure("lblFieldLabel(5)"), "25.00");
     EXPECT_EQ(text("txtField(0)"), "25.00");
     EXPECT_EQ(driver->find<NoteBox>("rchNote").text(), "");
-    EXPECT_EQ(driver->find<Combo>("cmbEmployees").Text(), "222-22-2222/Baker,Bob");
+    EXPECT_EQ(employees().Text(), "222-22-2222/Baker,Bob");
     EXPECT_EQ(driver->focusedName(), "jgTasks");
-    EXPECT_EQ(data.db.ask("SELECT Note FROM JobTaskEmployee"), Value("rear"));
+    EXPECT_EQ(ask("SELECT Note FROM JobTaskEmployee"), Value("rear"));
 }
 
 TEST_F(Payroll, APressMeetsAllThreeWarnings) {
@@ -259,9 +237,7 @@ TEST_F(Payroll, GapsSendTheFocusToThem) {
     openJob();
     apply();
     EXPECT_EQ(driver->focusedName(), "cmbEmployees");
-    driver->focus("txtField(0)");
-    driver->press(Qt::Key_A, Qt::ControlModifier);
-    driver->press(Qt::Key_Delete);
+    driver->retype("txtField(0)", "");
     apply();
     EXPECT_EQ(driver->focusedName(), "txtField(0)");
     EXPECT_EQ(data.count("JobTaskEmployee"), 0);
@@ -299,11 +275,10 @@ TEST_F(Payroll, ALogRowStandsWhenTheComboHasNoChoice) {
     driver->click("chkUseTaskEmployee", {6, 6});
     apply();
     EXPECT_EQ(data.count("JobTaskEmployee"), 1);
-    driver->find<Combo>("cmbEmployees").setText("nobody");
+    employees().setText("nobody");
     driver->focus("txtField(0)");
     driver->type("0");
-    script.expect(Answer::Yes);
-    script.expect(Answer::Ok);
+    script.expect(Answer::Yes, Answer::Ok);
     apply();
     EXPECT_EQ(data.count("EmployeeLog"), 1);
     EXPECT_EQ(data.count("JobTaskEmployee"), 1);
@@ -341,8 +316,7 @@ TEST_F(Payroll, FailuresOutsideTheTrapsStopTheProgram) {
         {"'381'", [this] { // An inactive employee is found and not in the list.
              data.addEmployee("000-00-0001", "Gone", "Gus", true);
              driver->focus("cmbEmployees");
-             whenModal([](QWidget& dialog) {
-                 const ScreenDriver search(dialog);
+             whenShown([](const ScreenDriver& search) {
                  search.type("g");
                  search.press(Qt::Key_Return);
              });

@@ -80,10 +80,7 @@ TEST_F(TaskHistory, PricesAndFiguresHaveTheirFormats) {
 
 TEST_F(TaskHistory, AnEmployeesLogIsListedNewestFirst) {
     for (const auto& [day, problem] : {std::pair(1, Value("first")), std::pair(2, Value::null())})
-        data.db.add("EmployeeLog", {{"EmployeeKey", data.ann},
-                                    {"JobLotTaskKey", data.task},
-                                    {"Occured", DateTime{QDate(2024, 1, day)}},
-                                    {"Problem", problem}});
+        data.addLog(DateTime{QDate(2024, 1, day)}, problem);
     readEmployeeHistory(data.db.connection(), data.ann,
                         [this](const QString& text, qint64) { lines.append(text); });
     EXPECT_EQ(lines, (QStringList{"01/02/24 | ", "01/01/24 | first"}));

@@ -54,11 +54,6 @@ protected:
         return driver.find<MaskedBox>(name).text();
     }
     static void cancel(const ScreenDriver& dialog) { dialog.click("cmdCancel"); }
-    static void replace(const ScreenDriver& dialog, const char* name, const QString& with) {
-        dialog.focus(name);
-        dialog.press(Qt::Key_A, Qt::ControlModifier);
-        dialog.type(with);
-    }
     static void expectEmpty(const ScreenDriver& dialog) {
         EXPECT_EQ(dialog.find<Combo>("cmbEmployees").ListIndex(), -1);
         EXPECT_EQ(dialog.find<Combo>("cmbEmployees").Text(), "");
@@ -79,9 +74,9 @@ TEST_F(TaskNotes, ACorrectionMovesHistoryFiguresAndPrice) {
         EXPECT_EQ(dialog.window().windowTitle(), "Task Notes");
         EXPECT_EQ(text(dialog, "txtField(0)"), "40.00");
         EXPECT_EQ(dialog.find<Combo>("cmbEmployees").Text(), "111-11-1111/Archer,Ann");
-        replace(dialog, "txtField(0)", "50");
-        replace(dialog, "rchNote", "agreed");
-        replace(dialog, "cmbEmployees", "2");
+        dialog.retype("txtField(0)", "50");
+        dialog.retype("rchNote", "agreed");
+        dialog.retype("cmbEmployees", "2");
         EXPECT_EQ(dialog.find<Combo>("cmbEmployees").Text(), "222-22-2222/Baker,Bob");
         QTest::keyPress(QApplication::focusWidget(), Qt::Key_2); // Enter comes before its release.
         dialog.press(Qt::Key_Return);
@@ -121,7 +116,7 @@ TEST_F(TaskNotes, EscapeCancelAndTheTitleBarWriteNothing) {
                          [](const ScreenDriver& dialog) { dialog.window().close(); }};
     for (const Work& way : ways) {
         open(0, [&way](const ScreenDriver& dialog) {
-            replace(dialog, "txtField(0)", "99");
+            dialog.retype("txtField(0)", "99");
             way(dialog);
             EXPECT_FALSE(dialog.window().isVisible());
         });
@@ -225,7 +220,7 @@ TEST_F(TaskNotesDeathTest, AcceptStopsTheProgramRatherThanOverwrite) {
                 open(0, [&](const ScreenDriver& dialog) {
                     data.db.secondSeat()->Execute(c.theirWork);
                     dialog.find<Combo>("cmbEmployees").setText({});
-                    replace(dialog, "cmbEmployees", c.ourEmployee);
+                    dialog.retype("cmbEmployees", c.ourEmployee);
                     dialog.click("cmdAccept");
                 });
             },

@@ -47,6 +47,12 @@ struct TimeCardData {
                                           {"Completed", DateTime{on}},
                                           {"Note", ""}});
     }
+    /// A line in Ann's log of corrections.
+    qint64 addLog(const Value& occured, const Value& problem) {
+        return db.add(
+            "EmployeeLog",
+            {{"EmployeeKey", ann}, {"JobLotTaskKey", task}, {"Occured", occured}, {"Problem", problem}});
+    }
     qint64 count(const QString& table) { return db.ask("SELECT COUNT(*) FROM " + table).toLong(); }
 };
 

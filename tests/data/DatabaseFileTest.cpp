@@ -15,15 +15,13 @@ namespace {
 
 class DatabaseFiles : public ::testing::Test {
 protected:
-    QString beside(const char* name) const {
-        return database.folder() + QLatin1Char('/') + QLatin1String(name);
-    }
+    QString beside(const char* name) const { return database.folder() + '/' + name; }
 
     static Value ask(const QString& path, const char* sql) {
         Connection connection;
         connection.setConnectionString(connectionStringFor(path));
         connection.Open();
-        return firstValue(connection, QString::fromUtf8(sql)).value_or(Value());
+        return firstValue(connection, sql).value_or(Value());
     }
 
     /// Overwrites bytes of a closed file.
@@ -38,30 +36,28 @@ protected:
 };
 
 TEST_F(DatabaseFiles, ANewOneHasItsInitialRows) {
-    EXPECT_EQ(
-        database.ask(QStringLiteral("SELECT Description FROM Code WHERE Code1=1 AND Description='FOREMAN'")),
-        Value("Foreman"));
-    EXPECT_EQ(
-        database.ask(QStringLiteral("SELECT COUNT(*) FROM ReportDefinition WHERE objectName='frmRptCalendar' "
-                                    "AND (reportDefinitionKey=5 OR reportDefinitionKey=6)")),
-        Value(2));
+    EXPECT_EQ(database.ask("SELECT Description FROM Code WHERE Code1=1 AND Description='FOREMAN'"),
+              Value("Foreman"));
+    EXPECT_EQ(database.ask("SELECT COUNT(*) FROM ReportDefinition WHERE objectName='frmRptCalendar' "
+                           "AND (reportDefinitionKey=5 OR reportDefinitionKey=6)"),
+              Value(2));
     EXPECT_TRUE(integrityProblems(database.path()).isEmpty());
 }
 
 TEST_F(DatabaseFiles, CreatingOverwritesNothing) {
-    database.add(QStringLiteral("MasterTask"), {});
+    database.add("MasterTask", {});
     EXPECT_EQ(raisedNumber([&] { createDatabase(database.path()); }), 75);
     EXPECT_EQ(raisedNumber([&] { createDatabase(beside("no/such/folder.mdb")); }), 76);
-    EXPECT_EQ(database.ask(QStringLiteral("SELECT COUNT(*) FROM MasterTask")), Value(1));
-    EXPECT_TRUE(QDir(database.folder()).entryList({QStringLiteral("*.tmp*")}, QDir::Files).isEmpty());
+    EXPECT_EQ(database.ask("SELECT COUNT(*) FROM MasterTask"), Value(1));
+    EXPECT_TRUE(QDir(database.folder()).entryList({"*.tmp*"}, QDir::Files).isEmpty());
 }
 
 TEST_F(DatabaseFiles, BackupCopiesWhileInUse) {
     const QString copy = beside("copy.mdb");
-    database.add(QStringLiteral("MasterTask"), {{QStringLiteral("Name"), "kept"}});
+    database.add("MasterTask", {{"Name", "kept"}});
     const auto other = database.secondSeat();
     const Transaction unfinished(*other);
-    (void)other->Execute(QStringLiteral("DELETE FROM MasterTask"));
+    (void)other->Execute("DELETE FROM MasterTask");
     backupDatabase(database.path(), copy, false);
     EXPECT_EQ(ask(copy, "SELECT Name FROM MasterTask"), Value("kept"));
     EXPECT_EQ(raisedNumber([&] { backupDatabase(database.path(), copy, false); }), 75);
@@ -71,30 +67,29 @@ TEST_F(DatabaseFiles, BackupCopiesWhileInUse) {
 TEST_F(DatabaseFiles, BackupReplacesOnlyWhatNobodyUses) {
     const QString copy = beside("copy.mdb");
     createDatabase(copy);
-    database.add(QStringLiteral("MasterTask"), {{QStringLiteral("Name"), "new"}});
+    database.add("MasterTask", {{"Name", "new"}});
     Connection user;
     user.setConnectionString(connectionStringFor(copy));
     user.Open();
     EXPECT_NE(raisedNumber([&] { backupDatabase(database.path(), copy, true); }), 0);
-    (void)user.Execute(QStringLiteral("INSERT INTO MasterTask (Name) VALUES ('old')"));
+    (void)user.Execute("INSERT INTO MasterTask (Name) VALUES ('old')");
     user.Close();
     backupDatabase(database.path(), copy, true);
     EXPECT_EQ(ask(copy, "SELECT Name FROM MasterTask"), Value("new"));
     // A log that a killed program left must not be played into the new file.
     damage(copy, 0, "garbage");
-    QFile log(copy + QStringLiteral("-wal"));
+    QFile log(copy + "-wal");
     ASSERT_TRUE(log.open(QIODevice::WriteOnly));
     log.close();
     backupDatabase(database.path(), copy, true);
     EXPECT_EQ(ask(copy, "SELECT Name FROM MasterTask"), Value("new"));
-    EXPECT_TRUE(QDir(database.folder()).entryList({QStringLiteral("*.tmp*")}, QDir::Files).isEmpty());
+    EXPECT_TRUE(QDir(database.folder()).entryList({"*.tmp*"}, QDir::Files).isEmpty());
 }
 
 TEST_F(DatabaseFiles, BackupTakesNoDamagedSource) {
     Transaction filling(database.connection());
     for (int i = 0; i < 500; ++i)
-        database.add(QStringLiteral("MasterTask"),
-                     {{QStringLiteral("Name"), "a name that fills the pages of the file"}});
+        database.add("MasterTask", {{"Name", "a name that fills the pages of the file"}});
     filling.commit();
     database.connection().Close();
     const qint64 size = QFile(database.path()).size();
@@ -105,14 +100,14 @@ TEST_F(DatabaseFiles, BackupTakesNoDamagedSource) {
 }
 
 TEST_F(DatabaseFiles, NamesABrokenRelation) {
-    const qint64 builder = database.add(QStringLiteral("Contractor"), {});
-    const qint64 job = database.add(QStringLiteral("Job"), {{QStringLiteral("ContractorKey"), builder}});
-    const qint64 lot = database.add(QStringLiteral("JobLot"), {{QStringLiteral("JobKey"), job}});
+    const qint64 builder = database.add("Contractor", {});
+    const qint64 job = database.add("Job", {{"ContractorKey", builder}});
+    const qint64 lot = database.add("JobLot", {{"JobKey", job}});
     database.connection().Close();
     data::SqliteHandle(database.path(), data::SqliteHandle::Access::ReadWrite).run("DELETE FROM Job");
     const QStringList problems = integrityProblems(database.path());
     ASSERT_EQ(problems.size(), 1);
-    EXPECT_EQ(problems.front(), QStringLiteral("JobLot %1: there is no Job %2 for JobKey").arg(lot).arg(job));
+    EXPECT_EQ(problems.front(), QString("JobLot %1: there is no Job %2 for JobKey").arg(lot).arg(job));
 }
 
 TEST_F(DatabaseFiles, CheckingAForeignFileIsAnError) {

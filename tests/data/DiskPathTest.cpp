@@ -12,20 +12,18 @@ namespace {
 class DiskPathTest : public ::testing::Test {
 protected:
     void SetUp() override {
-        ASSERT_TRUE(QDir(m_folder.path()).mkpath(QStringLiteral("Data/Layouts")));
-        QFile file(m_folder.filePath(QStringLiteral("Data/Layouts/MasterCodes.lyt")));
+        ASSERT_TRUE(QDir(m_folder.path()).mkpath("Data/Layouts"));
+        QFile file(m_folder.filePath("Data/Layouts/MasterCodes.lyt"));
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     }
-    [[nodiscard]] QString at(const char* path) const {
-        return m_folder.path() + QLatin1Char('/') + QLatin1String(path);
-    }
+    [[nodiscard]] QString at(const char* path) const { return m_folder.path() + '/' + path; }
 
     QTemporaryDir m_folder;
 };
 
 TEST_F(DiskPathTest, FindsFoldersAndFilesInAnyCaseAndWithEitherSeparator) {
     const QString file = at("Data/Layouts/MasterCodes.lyt");
-    EXPECT_EQ(pathOnDisk(m_folder.path() + QStringLiteral("\\data\\LAYOUTS\\mastercodes.LYT")), file);
+    EXPECT_EQ(pathOnDisk(m_folder.path() + "\\data\\LAYOUTS\\mastercodes.LYT"), file);
     EXPECT_EQ(pathOnDisk(at("DATA/layouts/MasterCodes.lyt")), file);
     EXPECT_EQ(pathOnDisk(file), file);
 }
@@ -35,7 +33,7 @@ TEST_F(DiskPathTest, KeepsATrailingSeparatorSoThatNamesCanBeAppended) {
 }
 
 TEST_F(DiskPathTest, WhatIsNotThereKeepsItsSpelling) {
-    EXPECT_EQ(pathOnDisk(QStringLiteral("C:\\Nowhere\\New.mdb")), QStringLiteral("C:/Nowhere/New.mdb"));
+    EXPECT_EQ(pathOnDisk("C:\\Nowhere\\New.mdb"), "C:/Nowhere/New.mdb");
     EXPECT_EQ(pathOnDisk(at("data\\New Folder\\ErrorLog.txt")), at("Data/New Folder/ErrorLog.txt"));
     EXPECT_EQ(pathOnDisk(QString()), QString());
 }

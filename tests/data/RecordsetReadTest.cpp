@@ -12,12 +12,12 @@ protected:
     /// Tasks named by the list, in that order.
     void addTasks(std::initializer_list<const char*> names) {
         for (const char* name : names)
-            database.add(QStringLiteral("MasterTask"), {{QStringLiteral("Name"), name}});
+            database.add("MasterTask", {{"Name", name}});
     }
 
     Recordset& open(const char* sql, CursorType cursor = CursorType::Static) {
         rows = Recordset();
-        rows.Open(QString::fromUtf8(sql), database.connection(), cursor);
+        rows.Open(sql, database.connection(), cursor);
         return rows;
     }
 
@@ -25,14 +25,14 @@ protected:
     QString walked() {
         QString text;
         for (; !rows.atEnd(); rows.MoveNext())
-            text += rows.field(QStringLiteral("Name")).toText();
+            text += rows.field("Name").toText();
         return text;
     }
 
     QString seen(const Recordset& view) {
         QString text;
         for (int row = 1; view.hasRow(row); ++row)
-            text += view.valueAt(row, view.FieldIndex(QStringLiteral("Name"))).toText();
+            text += view.valueAt(row, view.FieldIndex("Name")).toText();
         return text;
     }
 
@@ -41,30 +41,26 @@ protected:
 };
 
 TEST_F(RecordsetRead, TypesValuesByTheCatalogue) {
-    database.add(QStringLiteral("Employee"), {{QStringLiteral("LastName"), ""},
-                                              {QStringLiteral("Inactive"), true},
-                                              {QStringLiteral("DateofHire"), "02/03/99"}});
-    database.add(QStringLiteral("MasterTask"), {{QStringLiteral("MasterPrice"), 1e308}});
+    database.add("Employee", {{"LastName", ""}, {"Inactive", true}, {"DateofHire", "02/03/99"}});
+    database.add("MasterTask", {{"MasterPrice", 1e308}});
     open("SELECT EmployeeKey, LastName, FirstName, Inactive, DateofHire, COUNT(*) AS N FROM Employee");
-    EXPECT_EQ(rows[QStringLiteral("EmployeeKey")], Value(1));
-    EXPECT_EQ(rows[QStringLiteral("LASTNAME")], Value(""));
-    EXPECT_EQ(rows[QStringLiteral("firstname")], Value::null());
-    EXPECT_EQ(rows[QStringLiteral("Inactive")], Value(true));
-    EXPECT_EQ(rows[QStringLiteral("DateofHire")], Value(DateTime{QDate(1999, 2, 3)}));
-    EXPECT_EQ(rows[QStringLiteral("n")], Value(1));
-    EXPECT_EQ(database.ask(QStringLiteral("SELECT MasterPrice FROM MasterTask")), Value(1e308));
-    EXPECT_EQ(database.ask(QStringLiteral("SELECT MasterPrice FROM MasterTask WHERE MasterPrice=0")),
-              Value());
+    EXPECT_EQ(rows["EmployeeKey"], Value(1));
+    EXPECT_EQ(rows["LASTNAME"], Value(""));
+    EXPECT_EQ(rows["firstname"], Value::null());
+    EXPECT_EQ(rows["Inactive"], Value(true));
+    EXPECT_EQ(rows["DateofHire"], Value(DateTime{QDate(1999, 2, 3)}));
+    EXPECT_EQ(rows["n"], Value(1));
+    EXPECT_EQ(database.ask("SELECT MasterPrice FROM MasterTask"), Value(1e308));
+    EXPECT_EQ(database.ask("SELECT MasterPrice FROM MasterTask WHERE MasterPrice=0"), Value());
 }
 
 // The first and last day of a chart are dates, not the texts in which the file stores them.
 TEST_F(RecordsetRead, TypesExtremesAsTheirColumn) {
     open("SELECT COUNT(*), MIN(Occured), MAX(LogKey) FROM EmployeeLog");
     EXPECT_TRUE(rows.field(1).isNull());
-    const qint64 employee = database.add(QStringLiteral("Employee"), {{QStringLiteral("Inactive"), false}});
+    const qint64 employee = database.add("Employee", {{"Inactive", false}});
     const DateTime moment{QDate(2002, 1, 15), QTime(14, 30)};
-    database.add(QStringLiteral("EmployeeLog"),
-                 {{QStringLiteral("EmployeeKey"), employee}, {QStringLiteral("Occured"), moment}});
+    database.add("EmployeeLog", {{"EmployeeKey", employee}, {"Occured", moment}});
     open("SELECT COUNT(*), MIN(Occured), MAX(LogKey) FROM EmployeeLog");
     EXPECT_EQ(rows.field(0), Value(1));
     EXPECT_EQ(rows.field(1), Value(moment));
@@ -72,81 +68,76 @@ TEST_F(RecordsetRead, TypesExtremesAsTheirColumn) {
 }
 
 TEST_F(RecordsetRead, KeepsALongNoteAndItsCharacters) {
-    const QString note = QStringLiteral("Größe 'ж' \n").repeated(10'000);
-    database.add(QStringLiteral("Employee"), {{QStringLiteral("Information"), note}});
-    EXPECT_EQ(database.ask(QStringLiteral("SELECT Information FROM Employee")), Value(note));
+    const QString note = QString("Größe 'ж' \n").repeated(10'000);
+    database.add("Employee", {{"Information", note}});
+    EXPECT_EQ(database.ask("SELECT Information FROM Employee"), Value(note));
 }
 
 TEST_F(RecordsetRead, QualifiesOnlySharedNames) {
-    const qint64 builder = database.add(QStringLiteral("Contractor"), {{QStringLiteral("Name"), "Brook"}});
-    database.add(QStringLiteral("Job"),
-                 {{QStringLiteral("Name"), "Elm"}, {QStringLiteral("ContractorKey"), builder}});
+    const qint64 builder = database.add("Contractor", {{"Name", "Brook"}});
+    database.add("Job", {{"Name", "Elm"}, {"ContractorKey", builder}});
     open("SELECT Job.Name, Contractor.Name, JobNumber, [Address 1] FROM Job INNER JOIN Contractor "
          "ON Job.ContractorKey = Contractor.ContractorKey");
-    EXPECT_EQ(rows.FieldName(0), QStringLiteral("Job.Name"));
-    EXPECT_EQ(rows[QStringLiteral("job.name")], Value("Elm"));
-    EXPECT_EQ(rows[QStringLiteral("Contractor.Name")], Value("Brook"));
-    EXPECT_EQ(rows.FieldName(2), QStringLiteral("JobNumber"));
-    EXPECT_EQ(rows[QStringLiteral("Job.JobNumber")], Value::null());
-    EXPECT_GE(rows.FieldIndex(QStringLiteral("Address 1")), 0);
-    EXPECT_EQ(rows.FieldIndex(QStringLiteral("Nowhere")), -1);
-    EXPECT_EQ(raisedNumber([&] { (void)rows[QStringLiteral("Name")]; }), 3265);
+    EXPECT_EQ(rows.FieldName(0), "Job.Name");
+    EXPECT_EQ(rows["job.name"], Value("Elm"));
+    EXPECT_EQ(rows["Contractor.Name"], Value("Brook"));
+    EXPECT_EQ(rows.FieldName(2), "JobNumber");
+    EXPECT_EQ(rows["Job.JobNumber"], Value::null());
+    EXPECT_GE(rows.FieldIndex("Address 1"), 0);
+    EXPECT_EQ(rows.FieldIndex("Nowhere"), -1);
+    EXPECT_EQ(raisedNumber([&] { (void)rows["Name"]; }), 3265);
 }
 
 TEST_F(RecordsetRead, FetchesOnlyAsFarAsItIsWalked) {
     // The third row cannot be computed, so that whoever fetches it fails.
     addTasks({"1", "2", "broken", "4"});
     open("SELECT json(Name) AS Name FROM MasterTask ORDER BY MasterTaskKey");
-    EXPECT_EQ(rows[QStringLiteral("Name")], Value("1"));
+    EXPECT_EQ(rows["Name"], Value("1"));
     EXPECT_TRUE(rows.hasRow(2));
     EXPECT_EQ(rows.valueAt(2, 0), Value("2"));
     rows.MoveNext();
-    database.run(QStringLiteral("UPDATE MasterTask SET Deleted=-1"));
+    database.run("UPDATE MasterTask SET Deleted=-1");
     for (int repeated = 0; repeated < 2; ++repeated)
         EXPECT_NE(raisedNumber([&] { (void)rows.RecordCount(); }), 0);
-    EXPECT_EQ(rows[QStringLiteral("Name")], Value("2"));
+    EXPECT_EQ(rows["Name"], Value("2"));
 }
 
 TEST_F(RecordsetRead, DynamicFetchesNothingBeforeTheFirstLook) {
     addTasks({"A"});
     open("SELECT Name FROM MasterTask ORDER BY MasterTaskKey", CursorType::Dynamic);
     Recordset fixed;
-    fixed.Open(QStringLiteral("SELECT Name FROM MasterTask ORDER BY MasterTaskKey"), database.connection());
-    const auto other = database.secondSeat();
-    (void)other->Execute(QStringLiteral("INSERT INTO MasterTask (Name) VALUES ('B')"));
-    EXPECT_EQ(walked(), QStringLiteral("AB"));
+    fixed.Open("SELECT Name FROM MasterTask ORDER BY MasterTaskKey", database.connection());
+    database.secondSeat()->Execute("INSERT INTO MasterTask (Name) VALUES ('B')");
+    EXPECT_EQ(walked(), "AB");
     EXPECT_EQ(fixed.RecordCount(), 1);
 }
 
 TEST_F(RecordsetRead, AWriteBehindAHalfReadRecordsetNeitherFailsNorShows) {
     addTasks({"A", "B", "C"});
     open("SELECT Name FROM MasterTask ORDER BY MasterTaskKey");
-    const auto other = database.secondSeat();
-    (void)other->Execute(QStringLiteral("UPDATE MasterTask SET Name='X'"));
-    database.run(QStringLiteral("DELETE FROM MasterTask WHERE MasterTaskKey=3"));
-    EXPECT_EQ(walked(), QStringLiteral("ABC"));
+    database.secondSeat()->Execute("UPDATE MasterTask SET Name='X'");
+    database.run("DELETE FROM MasterTask WHERE MasterTaskKey=3");
+    EXPECT_EQ(walked(), "ABC");
     rows.Requery();
-    EXPECT_EQ(walked(), QStringLiteral("XX"));
+    EXPECT_EQ(walked(), "XX");
 }
 
 TEST_F(RecordsetRead, AHalfReadRecordsetHidesNothingFromTheNext) {
     addTasks({"A", "B"});
     open("SELECT Name FROM MasterTask ORDER BY MasterTaskKey");
-    (void)database.secondSeat()->Execute(QStringLiteral("UPDATE MasterTask SET Name='X'"));
-    EXPECT_EQ(database.ask(QStringLiteral("SELECT Name FROM MasterTask")), Value("X"));
-    EXPECT_EQ(walked(), QStringLiteral("AB"));
+    (void)database.secondSeat()->Execute("UPDATE MasterTask SET Name='X'");
+    EXPECT_EQ(database.ask("SELECT Name FROM MasterTask"), Value("X"));
+    EXPECT_EQ(walked(), "AB");
 }
 
 TEST_F(RecordsetRead, TwoOfOneStatementDoNotDisturbEachOther) {
     addTasks({"A", "B"});
     open("SELECT Name FROM MasterTask WHERE MasterTaskKey=1 OR MasterTaskKey>0 ORDER BY MasterTaskKey");
     Recordset second;
-    second.Open(
-        QStringLiteral(
-            "SELECT Name FROM MasterTask WHERE MasterTaskKey=2 OR MasterTaskKey>1 ORDER BY MasterTaskKey"),
-        database.connection());
+    second.Open("SELECT Name FROM MasterTask WHERE MasterTaskKey=2 OR MasterTaskKey>1 ORDER BY MasterTaskKey",
+                database.connection());
     EXPECT_EQ(second.field(0), Value("B"));
-    EXPECT_EQ(walked(), QStringLiteral("AB"));
+    EXPECT_EQ(walked(), "AB");
 }
 
 TEST_F(RecordsetRead, MovesAndStopsAtItsEnds) {
@@ -165,7 +156,7 @@ TEST_F(RecordsetRead, MovesAndStopsAtItsEnds) {
     rows.MoveLast();
     EXPECT_EQ(rows.AbsolutePosition(), 3);
     rows.setAbsolutePosition(1);
-    EXPECT_EQ(walked(), QStringLiteral("ABC"));
+    EXPECT_EQ(walked(), "ABC");
     EXPECT_EQ(rows.AbsolutePosition(), -1);
     open("SELECT Name FROM MasterTask WHERE MasterTaskKey=0");
     EXPECT_TRUE(rows.atBeginning() && rows.atEnd());
@@ -192,10 +183,8 @@ struct FilterCase {
 
 TEST_F(RecordsetRead, FiltersByEveryComparison) {
     const auto add = [&](const char* name, const Value& price, bool deleted, const Value& code) {
-        database.add(QStringLiteral("MasterTask"), {{QStringLiteral("Name"), name},
-                                                    {QStringLiteral("MasterPrice"), price},
-                                                    {QStringLiteral("Deleted"), deleted},
-                                                    {QStringLiteral("CodeKey"), code}});
+        database.add("MasterTask",
+                     {{"Name", name}, {"MasterPrice", price}, {"Deleted", deleted}, {"CodeKey", code}});
     };
     add("Roof", 10, false, 1);
     add("O'Hara", 2.5, true, 2);
@@ -220,51 +209,49 @@ TEST_F(RecordsetRead, FiltersByEveryComparison) {
         {"", "RoofO'Hararoofing"},
     };
     for (const FilterCase& entry : cases) {
-        rows.setFilter(QString::fromLatin1(entry.criteria));
-        EXPECT_EQ(walked(), QString::fromLatin1(entry.names)) << entry.criteria;
-        EXPECT_EQ(seen(rows), QString::fromLatin1(entry.names)) << entry.criteria;
+        rows.setFilter(entry.criteria);
+        EXPECT_EQ(walked(), entry.names) << entry.criteria;
+        EXPECT_EQ(seen(rows), entry.names) << entry.criteria;
     }
-    rows.setFilter(QStringLiteral("CodeKey=1"));
+    rows.setFilter("CodeKey=1");
     for (const char* criteria :
          {"CodeKey=", "CodeKey", "Name='x", "CodeKey=1 AND", "CodeKey=1)", "=1", "CodeKey=x"})
-        EXPECT_EQ(raisedNumber([&] { rows.setFilter(QString::fromLatin1(criteria)); }), 3001) << criteria;
-    EXPECT_EQ(raisedNumber([&] { rows.setFilter(QStringLiteral("Nowhere=1")); }), 3265);
-    EXPECT_EQ(rows.Filter(), QStringLiteral("CodeKey=1"));
+        EXPECT_EQ(raisedNumber([&] { rows.setFilter(criteria); }), 3001) << criteria;
+    EXPECT_EQ(raisedNumber([&] { rows.setFilter("Nowhere=1"); }), 3265);
+    EXPECT_EQ(rows.Filter(), "CodeKey=1");
     rows.Requery();
     EXPECT_EQ(rows.RecordCount(), 1);
 }
 
 TEST_F(RecordsetRead, FiltersDates) {
-    database.add(QStringLiteral("Employee"),
-                 {{QStringLiteral("LastName"), "A"}, {QStringLiteral("DateofHire"), "01/15/02"}});
-    database.add(QStringLiteral("Employee"),
-                 {{QStringLiteral("LastName"), "B"}, {QStringLiteral("DateofHire"), "11/02/01"}});
+    database.add("Employee", {{"LastName", "A"}, {"DateofHire", "01/15/02"}});
+    database.add("Employee", {{"LastName", "B"}, {"DateofHire", "11/02/01"}});
     open("SELECT LastName AS Name, DateofHire FROM Employee");
-    rows.setFilter(QStringLiteral("DateofHire >= #01/01/02#"));
-    EXPECT_EQ(walked(), QStringLiteral("A"));
-    rows.setFilter(QStringLiteral("DateofHire = '11/2/2001'"));
-    EXPECT_EQ(walked(), QStringLiteral("B"));
+    rows.setFilter("DateofHire >= #01/01/02#");
+    EXPECT_EQ(walked(), "A");
+    rows.setFilter("DateofHire = '11/2/2001'");
+    EXPECT_EQ(walked(), "B");
 }
 
 TEST_F(RecordsetRead, FindsForwardAndBackward) {
     addTasks({"A", "B", "A", "C"});
     open("SELECT Name, MasterTaskKey FROM MasterTask ORDER BY MasterTaskKey");
-    rows.Find(QStringLiteral("Name='a'"));
+    rows.Find("Name='a'");
     EXPECT_EQ(rows.AbsolutePosition(), 1);
-    rows.Find(QStringLiteral("Name='a'"), 1);
+    rows.Find("Name='a'", 1);
     EXPECT_EQ(rows.AbsolutePosition(), 3);
-    rows.Find(QStringLiteral("MasterTaskKey<3"), 0, true);
+    rows.Find("MasterTaskKey<3", 0, true);
     EXPECT_EQ(rows.AbsolutePosition(), 2);
-    EXPECT_EQ(raisedNumber([&] { rows.Find(QStringLiteral("MasterTaskKey=1 AND Name='A'")); }), 3001);
-    rows.Find(QStringLiteral("Name='x'"));
+    EXPECT_EQ(raisedNumber([&] { rows.Find("MasterTaskKey=1 AND Name='A'"); }), 3001);
+    rows.Find("Name='x'");
     EXPECT_TRUE(rows.atEnd());
-    EXPECT_EQ(raisedNumber([&] { rows.Find(QStringLiteral("Name='A'")); }), 3021);
+    EXPECT_EQ(raisedNumber([&] { rows.Find("Name='A'"); }), 3021);
 }
 
 TEST_F(RecordsetRead, ACloneMovesAlone) {
     addTasks({"A", "B"});
     open("SELECT Name FROM MasterTask ORDER BY MasterTaskKey");
-    rows.setFilter(QStringLiteral("Name='B'"));
+    rows.setFilter("Name='B'");
     Recordset clone = rows.Clone();
     EXPECT_EQ(clone.field(0), Value("A"));
     clone.MoveLast();
@@ -278,18 +265,17 @@ TEST_F(RecordsetRead, SaysThatItIsClosed) {
     EXPECT_EQ(raisedNumber([&] { rows.Close(); }), 3704);
     addTasks({"A", "B"});
     open("SELECT Name FROM MasterTask");
-    EXPECT_EQ(raisedNumber([&] { rows.Open(QStringLiteral("MasterTask"), database.connection()); }), 3705);
+    EXPECT_EQ(raisedNumber([&] { rows.Open("MasterTask", database.connection()); }), 3705);
     database.connection().Close();
     EXPECT_EQ(rows.State(), ObjectState::Closed);
     EXPECT_EQ(raisedNumber([&] { (void)rows.field(0); }), 3704);
     database.connection().Open();
-    rows.Open(QStringLiteral("MasterTask"), database.connection());
+    rows.Open("MasterTask", database.connection());
     EXPECT_EQ(rows.RecordCount(), 2);
     rows.Close();
-    rows.Open(QStringLiteral("DELETE FROM MasterTask"), database.connection(), CursorType::Dynamic,
-              LockType::Optimistic);
+    rows.Open("DELETE FROM MasterTask", database.connection(), CursorType::Dynamic, LockType::Optimistic);
     EXPECT_EQ(rows.State(), ObjectState::Closed);
-    EXPECT_EQ(database.ask(QStringLiteral("SELECT COUNT(*) FROM MasterTask")), Value(0));
+    EXPECT_EQ(database.ask("SELECT COUNT(*) FROM MasterTask"), Value(0));
 }
 
 } // namespace

@@ -1,21 +1,11 @@
 #include "data/Value.h"
 
-#include "data/RunTimeError.h"
+#include "support/RaisedNumber.h"
 
-#include <functional>
 #include <gtest/gtest.h>
 
 namespace tarnwell {
 namespace {
-
-int numberRaisedBy(const std::function<void()>& routine) {
-    try {
-        routine();
-    } catch (const RunTimeError& error) {
-        return error.number();
-    }
-    return 0;
-}
 
 DateTime at(int year, int month, int day, int hour = 0, int minute = 0, int second = 0) {
     return {QDate(year, month, day), QTime(hour, minute, second)};
@@ -58,14 +48,14 @@ TEST(DateFromTextTest, TakesTheFormsThatAreWritten) {
         {"2002-01-15", at(2002, 1, 15)},
     };
     for (const auto& [text, moment] : cases)
-        EXPECT_EQ(dateFromText(QString::fromLatin1(text)), moment) << text;
+        EXPECT_EQ(dateFromText(text), moment) << text;
 }
 
 TEST(DateFromTextTest, RefusesWhatIsNoDate) {
     for (const char* text : {"", "  /  /  ", "02/29/23", "13/45/02", "13/05/02", "0/1/02", "01/15",
                              "01/15-02", "1/15/123", "01/15/02x", "01/15/02 25:00", "01/15/02 13:00 PM",
                              "01/15/02 14", "14:30", "abc", "2002/1/155", "1/15/20022"})
-        EXPECT_FALSE(dateFromText(QString::fromLatin1(text)).isValid()) << text;
+        EXPECT_FALSE(dateFromText(text).isValid()) << text;
 }
 
 TEST(ValueTest, EmptyNullEmptyTextAndZeroStayApart) {
@@ -88,24 +78,24 @@ TEST(ValueTest, ConvertsAsTheRunTimeDoes) {
     EXPECT_EQ(Value(at(2002, 1, 15, 12)).toDouble(), 37271.5);
     EXPECT_EQ(Value(37271.5).toDate(), at(2002, 1, 15, 12));
     EXPECT_EQ(Value("01/15/02").toDate(), at(2002, 1, 15));
-    EXPECT_EQ(Value(at(2002, 1, 5)).toText(), QStringLiteral("01/05/2002"));
-    EXPECT_EQ(Value(at(2002, 1, 5, 7, 8, 9)).toText(), QStringLiteral("01/05/2002 07:08:09"));
+    EXPECT_EQ(Value(at(2002, 1, 5)).toText(), "01/05/2002");
+    EXPECT_EQ(Value(at(2002, 1, 5, 7, 8, 9)).toText(), "01/05/2002 07:08:09");
     const auto stored = storedDate(at(2002, 1, 5, 7, 8, 9));
     EXPECT_EQ(std::string(stored.begin(), stored.end()), "2002-01-05 07:08:09");
-    EXPECT_EQ(Value(true).toText(), QStringLiteral("True"));
+    EXPECT_EQ(Value(true).toText(), "True");
     EXPECT_EQ(Value().toText(), QString());
     EXPECT_EQ(Value().toLong(), 0);
 }
 
 TEST(ValueTest, RaisesTheRunTimesNumbers) {
-    EXPECT_EQ(numberRaisedBy([] { (void)Value::null().toText(); }), 94);
-    EXPECT_EQ(numberRaisedBy([] { (void)Value::null().toDate(); }), 94);
+    EXPECT_EQ(test::raisedNumber([] { (void)Value::null().toText(); }), 94);
+    EXPECT_EQ(test::raisedNumber([] { (void)Value::null().toDate(); }), 94);
     for (const char* text : {"", "abc", "12x", "1e", "inf", "nan", "-", "1.2.3", "01/15/02"})
-        EXPECT_EQ(numberRaisedBy([&] { (void)Value(text).toDouble(); }), 13) << text;
-    EXPECT_EQ(numberRaisedBy([] { (void)Value("13/45/02").toDate(); }), 13);
-    EXPECT_EQ(numberRaisedBy([] { (void)Value("1e400").toDouble(); }), 6);
-    EXPECT_EQ(numberRaisedBy([] { (void)Value(1e308).toLong(); }), 6);
-    EXPECT_EQ(numberRaisedBy([] { (void)Value("3000000000").toLong(); }), 6);
+        EXPECT_EQ(test::raisedNumber([&] { (void)Value(text).toDouble(); }), 13) << text;
+    EXPECT_EQ(test::raisedNumber([] { (void)Value("13/45/02").toDate(); }), 13);
+    EXPECT_EQ(test::raisedNumber([] { (void)Value("1e400").toDouble(); }), 6);
+    EXPECT_EQ(test::raisedNumber([] { (void)Value(1e308).toLong(); }), 6);
+    EXPECT_EQ(test::raisedNumber([] { (void)Value("3000000000").toLong(); }), 6);
     EXPECT_EQ(Value("1e-400").toDouble(), 0.0);
 }
 

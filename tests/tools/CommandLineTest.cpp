@@ -9,34 +9,26 @@
 namespace tarnwell::test {
 namespace {
 
-struct Usage {
-    const char* arguments; // Blanks between them.
-    const char* says;
-};
-
-class WrongArguments : public testing::TestWithParam<Usage> {};
-
-TEST_P(WrongArguments, AreToldOnOneLineAndEndWithTwo) {
-    const ToolResult result =
-        runToolWith(QString::fromLatin1(GetParam().arguments).split(QLatin1Char(' '), Qt::SkipEmptyParts));
-    EXPECT_EQ(result.code, 2);
-    EXPECT_TRUE(result.out.isEmpty());
-    EXPECT_EQ(result.err,
-              QStringLiteral("tarnwell-db: %1\nTry 'tarnwell-db --help'.\n").arg(GetParam().says));
+TEST(CommandLine, WrongArgumentsAreToldOnOneLineAndEndWithTwo) {
+    const std::pair<QString, const char*> cases[] = {
+        {"", "no command given"},
+        {"mend a.mdb", "unknown command 'mend'"},
+        {"create", "create needs FILE"},
+        {"create a b", "create needs FILE"},
+        {"backup a", "backup needs FILE TO"},
+        {"restore a", "restore needs BACKUP FILE"},
+        {"check a --overwrite", "check takes no --overwrite"},
+        {"create a --seed 3", "create takes no --scale and no --seed"},
+        {"sample a --scale huge", "unknown scale 'huge'"},
+        {"sample a --seed x", "the seed 'x' is no number"},
+        {"create a --quick", "Unknown option 'quick'."}};
+    for (const auto& [arguments, says] : cases) {
+        const ToolResult result = runToolWith(arguments.split(' ', Qt::SkipEmptyParts));
+        EXPECT_EQ(result.code, 2);
+        EXPECT_TRUE(result.out.isEmpty());
+        EXPECT_EQ(result.err, QString("tarnwell-db: %1\nTry 'tarnwell-db --help'.\n").arg(says));
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Usage, WrongArguments,
-                         testing::Values(Usage{"", "no command given"},
-                                         Usage{"mend a.mdb", "unknown command 'mend'"},
-                                         Usage{"create", "create needs FILE"},
-                                         Usage{"create a b", "create needs FILE"},
-                                         Usage{"backup a", "backup needs FILE TO"},
-                                         Usage{"restore a", "restore needs BACKUP FILE"},
-                                         Usage{"check a --overwrite", "check takes no --overwrite"},
-                                         Usage{"create a --seed 3", "create takes no --scale and no --seed"},
-                                         Usage{"sample a --scale huge", "unknown scale 'huge'"},
-                                         Usage{"sample a --seed x", "the seed 'x' is no number"},
-                                         Usage{"create a --quick", "Unknown option 'quick'."}));
 
 TEST(CommandLine, HelpNamesEveryCommandAndScale) {
     const ToolResult result = runToolWith({"--help"});

@@ -174,16 +174,6 @@ TEST_F(ComboTest, WhatArrowsChooseStandsBesideAnEntryThatLooksLikeIt) {
     EXPECT_EQ(combo->ListIndex(), 0) << "typing begins a new search";
 }
 
-TEST_F(ComboTest, SelectAllIsTypedOver) {
-    searchOnKeyUp();
-    combo->setListIndex(2);
-    const ScreenDriver driver(window);
-    driver.press(Qt::Key_A, Qt::ControlModifier);
-    EXPECT_EQ(combo->lineEdit()->selectedText(), "Roof");
-    driver.type("fr");
-    EXPECT_EQ(combo->Text(), "Framing");
-}
-
 TEST_F(ComboTest, ItsOwnMnemonicLeavesTheTextToBeTypedOver) {
     searchOnKeyUp();
     combo->setListIndex(2);
@@ -212,14 +202,6 @@ TEST_F(ComboTest, ALongTextShowsItsBeginningUnlessItIsWorkedOn) {
     EXPECT_EQ(combo->lineEdit()->cursorPosition(), 7);
     driver.press(Qt::Key_Tab);
     EXPECT_EQ(combo->lineEdit()->cursorPosition(), 0);
-}
-
-TEST_F(ComboTest, TypeAheadInAnEmptyListChoosesNothing) {
-    searchOnKeyUp();
-    combo->Clear();
-    const ScreenDriver driver(window);
-    driver.type("f");
-    EXPECT_EQ(combo->ListIndex(), -1);
 }
 
 TEST_F(ComboTest, ASwallowedKeyDoesNothing) {

@@ -23,50 +23,30 @@ DateTime day(int year, int month, int dayOfMonth) {
     return {QDate(year, month, dayOfMonth), QTime(0, 0)};
 }
 
-struct KeyCase {
-    int key;
-    Qt::KeyboardModifiers held;
-    int code;
-    int shift;
-};
-
-class KeyCodes : public ::testing::TestWithParam<KeyCase> {};
-
-struct MaskCase {
-    const char* mask;
-    const char* typed;
-    const char* text;
-    const char* shown;
-};
-
-class FieldMask : public ::testing::TestWithParam<MaskCase> {};
-
-struct DateCase {
-    const char* typed;
-    Value value;
-};
-
-class TypedDate : public ::testing::TestWithParam<DateCase> {};
-
 } // namespace
 
-TEST_P(KeyCodes, AreThoseThatTheRoutinesKnow) {
-    const QKeyEvent event(QEvent::KeyPress, GetParam().key, GetParam().held);
-    EXPECT_EQ(keyCodeOf(event), GetParam().code);
-    EXPECT_EQ(shiftStateOf(event), GetParam().shift);
+TEST(KeyCodes, AreThoseThatTheRoutinesKnow) {
+    const struct {
+        int key;
+        Qt::KeyboardModifiers held;
+        int code;
+        int shift;
+    } cases[] = {{Qt::Key_End, Qt::NoModifier, 35, 0},
+                 {Qt::Key_Home, Qt::KeypadModifier, 36, 0},
+                 {Qt::Key_Backtab, Qt::ShiftModifier, 9, 1},
+                 {Qt::Key_Enter, Qt::ControlModifier, 13, 2},
+                 {Qt::Key_A, Qt::AltModifier | Qt::ShiftModifier, 'A', 5},
+                 {Qt::Key_5, Qt::NoModifier, '5', 0},
+                 {Qt::Key_Percent, Qt::ShiftModifier, '5', 1},
+                 {Qt::Key_Period, Qt::NoModifier, 190, 0},
+                 {Qt::Key_F4, Qt::NoModifier, 115, 0},
+                 {Qt::Key_Dead_Acute, Qt::NoModifier, 255, 0}};
+    for (const auto& [key, held, code, shift] : cases) {
+        const QKeyEvent event(QEvent::KeyPress, key, held);
+        EXPECT_EQ(keyCodeOf(event), code);
+        EXPECT_EQ(shiftStateOf(event), shift) << code;
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Keys, KeyCodes,
-                         ::testing::Values(KeyCase{Qt::Key_End, Qt::NoModifier, 35, 0},
-                                           KeyCase{Qt::Key_Home, Qt::KeypadModifier, 36, 0},
-                                           KeyCase{Qt::Key_Backtab, Qt::ShiftModifier, 9, 1},
-                                           KeyCase{Qt::Key_Enter, Qt::ControlModifier, 13, 2},
-                                           KeyCase{Qt::Key_A, Qt::AltModifier | Qt::ShiftModifier, 'A', 5},
-                                           KeyCase{Qt::Key_5, Qt::NoModifier, '5', 0},
-                                           KeyCase{Qt::Key_Percent, Qt::ShiftModifier, '5', 1},
-                                           KeyCase{Qt::Key_Period, Qt::NoModifier, 190, 0},
-                                           KeyCase{Qt::Key_F4, Qt::NoModifier, 115, 0},
-                                           KeyCase{Qt::Key_Dead_Acute, Qt::NoModifier, 255, 0}));
 
 TEST(MaskedBox, TakesUpToItsLimitAndTellsEachKey) {
     MaskedBox box(3);
@@ -108,23 +88,27 @@ TEST(AltKeys, AltWithALetterThatNothingAnswersToTypesNothing) {
     EXPECT_EQ(box.text(), "b");
 }
 
-TEST_P(FieldMask, KeepsTheTextReadable) {
-    MaskedBox box;
-    box.setMask(GetParam().mask);
-    const ScreenDriver driver(box);
-    box.setCursorPosition(0);
-    driver.type(GetParam().typed);
-    EXPECT_EQ(box.text(), GetParam().text);
-    EXPECT_EQ(box.displayText(), GetParam().shown);
+TEST(MaskedBox, KeepsTheTextReadableUnderItsMask) {
+    const struct {
+        const char* mask;
+        const char* typed;
+        const char* text;
+        const char* shown;
+    } cases[] = {{"##/##/##", "01x1502", "01/15/02", "01/15/02"},
+                 {"##/##/##", "", "//", "__/__/__"},
+                 {"##/##/##", "1", "1//", "1_/__/__"},
+                 {"(000) 000-0000", "5551234567", "(555) 123-4567", "(555) 123-4567"},
+                 {"", "a#0", "a#0", "a#0"}};
+    for (const auto& [mask, typed, text, shown] : cases) {
+        MaskedBox box;
+        box.setMask(mask);
+        const ScreenDriver driver(box);
+        box.setCursorPosition(0);
+        driver.type(typed);
+        EXPECT_EQ(box.text(), text);
+        EXPECT_EQ(box.displayText(), shown);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Masks, FieldMask,
-                         ::testing::Values(MaskCase{"##/##/##", "01x1502", "01/15/02", "01/15/02"},
-                                           MaskCase{"##/##/##", "", "//", "__/__/__"},
-                                           MaskCase{"##/##/##", "1", "1//", "1_/__/__"},
-                                           MaskCase{"(000) 000-0000", "5551234567", "(555) 123-4567",
-                                                    "(555) 123-4567"},
-                                           MaskCase{"", "a#0", "a#0", "a#0"}));
 
 TEST(MaskedBox, KeepsWhatIsPastedOnOneLine) {
     MaskedBox box;
@@ -139,20 +123,18 @@ TEST(MaskedBox, KeepsWhatIsPastedOnOneLine) {
     EXPECT_EQ(box.text(), "Wa x ll");
 }
 
-TEST_P(TypedDate, IsADateWhenItReadsAsOne) {
-    DateBox box(DateBox::Arrows::None);
-    const ScreenDriver driver(box);
-    driver.type(GetParam().typed);
-    EXPECT_EQ(box.value(), GetParam().value);
-    EXPECT_EQ(box.text(), GetParam().typed);
+TEST(DateBox, ATextIsADateWhenItReadsAsOne) {
+    const std::pair<const char*, Value> cases[] = {
+        {"", Value::null()},         {"  ", Value::null()},    {"01/15/02", day(2002, 1, 15)},
+        {"1/5/30", day(1930, 1, 5)}, {"02/29/23", "02/29/23"}, {"soon", "soon"}};
+    for (const auto& [typed, value] : cases) {
+        DateBox box(DateBox::Arrows::None);
+        const ScreenDriver driver(box);
+        driver.type(typed);
+        EXPECT_EQ(box.value(), value);
+        EXPECT_EQ(box.text(), typed);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Dates, TypedDate,
-                         ::testing::Values(DateCase{"", Value::null()}, DateCase{"  ", Value::null()},
-                                           DateCase{"01/15/02", day(2002, 1, 15)},
-                                           DateCase{"1/5/30", day(1930, 1, 5)},
-                                           DateCase{"02/29/23", Value("02/29/23")},
-                                           DateCase{"soon", Value("soon")}));
 
 TEST(DateBox, TurnsOverTheYear) {
     DateBox box(DateBox::Arrows::None);

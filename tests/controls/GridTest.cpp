@@ -1,29 +1,11 @@
 #include "GridFixture.h"
-#include "data/RunTimeError.h"
 #include "frame/modGeneral.h"
+#include "support/RaisedNumber.h"
 
 #include <QApplication>
 #include <QComboBox>
 
 namespace tarnwell::test {
-
-namespace {
-
-int numberOf(Failure failure) {
-    return makeError(failure).number();
-}
-
-/// Number of the error that the routine raises, 0 for none.
-int raisedBy(const std::function<void()>& routine) {
-    try {
-        routine();
-        return 0;
-    } catch (const RunTimeError& error) {
-        return error.number();
-    }
-}
-
-} // namespace
 
 TEST_F(GridTest, ANewRowIsWrittenWhenItIsLeftAndTellsItsEventsInOrder) {
     start();
@@ -178,7 +160,7 @@ TEST_P(GridRefusalTest, KeepsTheTypedTextForMending) {
         return combo != nullptr ? combo->currentText() : editor() != nullptr ? editor()->text() : QString();
     };
     EXPECT_EQ(typed(), GetParam().typed);
-    EXPECT_EQ(raisedBy([this] { grid->Update(); }), numberOf(Failure::WrongType));
+    EXPECT_EQ(raisedNumber([this] { grid->Update(); }), numberOf(Failure::WrongType));
     clickCell(2, Name);
     EXPECT_TRUE(waitFor([&] { return typed() == GetParam().typed; }));
     QApplication::processEvents();
@@ -289,7 +271,7 @@ TEST_F(GridTest, ARowThatTheDatabaseRefusesStaysPending) {
     EXPECT_EQ(grid->Row(), 1);
     EXPECT_EQ(grid->currentIndex().row(), 0);
     EXPECT_EQ(grid->value(Lot), Value(98765));
-    EXPECT_EQ(raisedBy([this] { grid->Update(); }), numberOf(Failure::Constraint));
+    EXPECT_EQ(raisedNumber([this] { grid->Update(); }), numberOf(Failure::Constraint));
     EXPECT_TRUE(grid->isPending());
     EXPECT_FALSE(rows.isEditing());
     grid->setValue(Lot, lot);
@@ -306,7 +288,7 @@ TEST_F(GridTest, AnotherSeatsChangeIsToldAndGivenWayTo) {
     driver->type("Mine");
     driver->press(Qt::Key_Down);
     EXPECT_EQ(messages.shown().size(), 1U);
-    EXPECT_EQ(raisedBy([this] { grid->Update(); }), numberOf(Failure::RowChanged));
+    EXPECT_EQ(raisedNumber([this] { grid->Update(); }), numberOf(Failure::RowChanged));
     EXPECT_EQ(shown(1, Name), "Mine");
     driver->press(Qt::Key_Escape);
     EXPECT_EQ(shown(1, Name), "Brick");
@@ -316,7 +298,7 @@ TEST_F(GridTest, AnotherSeatsChangeIsToldAndGivenWayTo) {
     seat->Execute(QStringLiteral("DELETE FROM JobLotTask WHERE JobLotTaskKey=%1").arg(keys[1]));
     grid->setRow(2);
     grid->setValue(Price, 5.0);
-    EXPECT_EQ(raisedBy([this] { grid->Update(); }), numberOf(Failure::RowDeleted));
+    EXPECT_EQ(raisedNumber([this] { grid->Update(); }), numberOf(Failure::RowDeleted));
     grid->CancelUpdate();
     EXPECT_EQ(grid->RowCount(), 1);
     EXPECT_EQ(grid->Row(), 1);
@@ -326,7 +308,7 @@ TEST_F(GridTest, APendingRowIsNeverWrittenToAnotherRowOfItsNumber) {
     start();
     grid->setValue(Name, "Wood");
     open("MasterPrice>10"); // without writing first
-    EXPECT_EQ(raisedBy([this] { grid->bind(&rows); }), numberOf(Failure::RowChanged));
+    EXPECT_EQ(raisedNumber([this] { grid->bind(&rows); }), numberOf(Failure::RowChanged));
     EXPECT_EQ(grid->RowCount(), 2);
     EXPECT_FALSE(grid->isPending());
     EXPECT_EQ(stored("Name", keys[1]), "Frame");

@@ -8,7 +8,6 @@
 #include <QCheckBox>
 #include <QMessageBox>
 #include <QRadioButton>
-#include <QStyleOptionButton>
 #include <QTest>
 
 #include <algorithm>
@@ -17,16 +16,6 @@
 namespace tarnwell::test {
 
 namespace {
-
-struct MessageCase {
-    const char* name;
-    MessageButtons buttons;
-    int defaultButton;
-    Qt::Key key;
-    Answer answer;
-};
-
-class MessageKeys : public ::testing::TestWithParam<MessageCase> {};
 
 /// Mean lightness of what an icon draws; its transparent part does not count.
 double lightness(const QIcon& icon, QIcon::Mode mode = QIcon::Normal) {
@@ -44,26 +33,27 @@ double lightness(const QIcon& icon, QIcon::Mode mode = QIcon::Normal) {
 
 } // namespace
 
-TEST_P(MessageKeys, KeyGivesTheAnswer) {
-    const MessageCase& given = GetParam();
-    whenModal([&](QWidget& box) { QTest::keyClick(&box, given.key); });
-    const Answer answer = presentMessage({.text = "Pay this employee again?",
-                                          .title = "Payment Error!",
-                                          .buttons = given.buttons,
-                                          .defaultButton = given.defaultButton});
-    EXPECT_EQ(answer, given.answer);
+TEST(Message, AKeyGivesTheAnswer) {
+    const struct {
+        MessageButtons buttons;
+        int defaultButton;
+        Qt::Key key;
+        Answer answer;
+    } cases[] = {{MessageButtons::YesNo, 1, Qt::Key_Return, Answer::Yes},
+                 {MessageButtons::YesNo, 2, Qt::Key_Return, Answer::No},
+                 {MessageButtons::YesNo, 1, Qt::Key_Escape, Answer::No},
+                 {MessageButtons::OkCancel, 1, Qt::Key_Escape, Answer::Cancel},
+                 {MessageButtons::YesNoCancel, 1, Qt::Key_Escape, Answer::Cancel},
+                 {MessageButtons::Ok, 1, Qt::Key_Escape, Answer::Ok}};
+    for (const auto& [buttons, defaultButton, key, answer] : cases) {
+        whenModal([pressed = key](QWidget& box) { QTest::keyClick(&box, pressed); });
+        EXPECT_EQ(presentMessage({.text = "Pay this employee again?",
+                                  .title = "Payment Error!",
+                                  .buttons = buttons,
+                                  .defaultButton = defaultButton}),
+                  answer);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Keys, MessageKeys,
-    ::testing::Values(
-        MessageCase{"EnterTakesTheFirst", MessageButtons::YesNo, 1, Qt::Key_Return, Answer::Yes},
-        MessageCase{"EnterTakesTheSecond", MessageButtons::YesNo, 2, Qt::Key_Return, Answer::No},
-        MessageCase{"EscapeIsNo", MessageButtons::YesNo, 1, Qt::Key_Escape, Answer::No},
-        MessageCase{"EscapeIsCancel", MessageButtons::OkCancel, 1, Qt::Key_Escape, Answer::Cancel},
-        MessageCase{"EscapeIsCancelOfThree", MessageButtons::YesNoCancel, 1, Qt::Key_Escape, Answer::Cancel},
-        MessageCase{"EscapeIsOk", MessageButtons::Ok, 1, Qt::Key_Escape, Answer::Ok}),
-    [](const auto& tested) { return tested.param.name; });
 
 TEST(Message, ShowsTextTitleIconAndButtonsToTheLetter) {
     const QString text = "Price <b>entered</b> & more\nContinue paying task?";

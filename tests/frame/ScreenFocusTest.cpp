@@ -82,11 +82,6 @@ struct ChainTest : ::testing::Test {
 
 } // namespace
 
-TEST_F(ChainTest, FirstControlIsActiveAndShowsItsToolTip) {
-    EXPECT_EQ(active(), "MskField(2)");
-    EXPECT_EQ(form.statusText(), "Enter the job");
-}
-
 TEST_F(ChainTest, ARefusedClickComesToRestOverSeveralHopsAndPressesNothing) {
     driver.click("cmdApplyTask");
     EXPECT_EQ(form.trace, QStringList({"-MskField(2)", "cmdApplyTask", "cmbType", "jgJobLots"}));

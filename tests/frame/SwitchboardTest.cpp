@@ -84,46 +84,21 @@ using SwitchboardDeathTest = SwitchboardTest;
 
 } // namespace
 
-TEST_F(SwitchboardTest, BarHasItsItemsInOrderAndOnlyStandingScreensAreEnabled) {
+TEST_F(SwitchboardTest, OnlyWhatStandsCanBeChosen) {
     const auto& window = start();
-    const std::vector<std::tuple<QString, QString, QString, bool>> expected = {
-        {"mnuExit", "Exit", "Exit Application", true},
-        {"frmBuilder", "Builder", "Builder Entry", true},
-        {"frmEmployee", "Employee", "Employee Entry", false},
-        {"frmJobs", "Jobs", "Jobs Entry", false},
-        {"mnuReport", "Reports", "Launch Report Module", true},
-        {"frmPayroll", "Time Card", "Timecard Entry", true},
-        {"frmMasterCodes", "Master Codes", "Master Code Entry", false},
-        {"frmMasterTasks", "Master Tasks", "Master Task Entry", false},
-    };
-    std::vector<std::tuple<QString, QString, QString, bool>> shown;
+    QStringList items;
     for (const auto* item : window.findChild<QWidget*>("nagMenu")->findChildren<QToolButton*>()) {
-        shown.emplace_back(item->objectName(), item->text(), item->toolTip(), item->isEnabled());
         EXPECT_FALSE(item->icon().isNull()) << item->objectName().toStdString();
+        if (item->isEnabled())
+            items << item->objectName();
     }
-    EXPECT_EQ(shown, expected);
-}
-
-TEST_F(SwitchboardTest, MenusCarryTheirNamesAndCaptions) {
-    const auto& window = start();
-    QStringList shown;
-    for (const QAction* menu : window.menuBar()->actions()) {
-        shown << menu->objectName() + " " + menu->text();
+    EXPECT_EQ(items, (QStringList{"mnuExit", "frmBuilder", "mnuReport", "frmPayroll"}));
+    QStringList entries;
+    for (const QAction* menu : window.menuBar()->actions())
         for (const QAction* entry : window.findChild<QMenu*>(menu->objectName())->actions())
-            shown << "- " + entry->objectName() + " " + entry->text() +
-                         (entry->isEnabled() ? "" : " (disabled)");
-    }
-    const QStringList expected = {"mnuFile &File",
-                                  "- mnuExit E&xit",
-                                  "mnuTools &Tools",
-                                  "- mnuDeleteErrorLog &Delete Error Log",
-                                  "- mnuOptions &Options (disabled)",
-                                  "mnuView &View",
-                                  "- mnuErrorLog &Error Log",
-                                  "mnuHelp &Help",
-                                  "- mnuContents &Contents",
-                                  "- mnuAbout &About (disabled)"};
-    EXPECT_EQ(shown, expected);
+            if (entry->isEnabled())
+                entries << entry->text();
+    EXPECT_EQ(entries, (QStringList{"E&xit", "&Delete Error Log", "&Error Log", "&Contents"}));
 }
 
 TEST_F(SwitchboardTest, OpensTheDatabaseAtItsFirstActivationAndNotBefore) {

@@ -30,18 +30,3 @@ TEST(ApprovedPages, TheDifferenceShowsWhatChangedAndWhere) {
     EXPECT_EQ(lineDifference(approved, {"a", "b", "b", "c", "d"}), "line 3:\n  b\n+ b\n  c");
     EXPECT_EQ(lineDifference(approved, {"a", "b"}), "line 3:\n  b\n- c\n- d");
 }
-
-TEST(ApprovedPages, EachItemIsALine) {
-    RecordedPages pages;
-    qint16 y = 300;
-    const qint64 report = pages.NewReport();
-    pages.AddText(report, y, 500, "Job: 1001", 1, Orientation::Landscape, {.Bold = true, .FontSize = 8});
-    pages.AddText(report, y, 13600, "Page:2 of", 2, Orientation::Portrait,
-                  {.FontName = "Arial", .PageTotal = true, .Flag2 = true});
-    pages.AddLine(report, {500, 600, 14800, 600, 2, Orientation::Portrait, 3});
-    EXPECT_EQ(pages.lines(), (QStringList{"1 landscape 500,300       bold 8    \"Job: 1001\"",
-                                          "2 portrait 13600,540     10 Arial  \"Page:2 of\" + total flag 2",
-                                          "2 portrait 500,600     - 14800,600 width 3"}));
-    EXPECT_EQ(pages.texts(2), QStringList{"Page:2 of"});
-    EXPECT_EQ(pages.pageCount(), 2);
-}

@@ -91,7 +91,6 @@ TEST_F(GanttReport, TheDaysCoverTheRangeUpToItsLastDay) {
         data.database().run(QStringLiteral("UPDATE JobLotTask SET StopDate=#%1# WHERE JobLotTaskKey=%2")
                                 .arg(QLatin1String(range.stop))
                                 .arg(task));
-        pages = RecordedPages();
         draw(gantt, allTasks);
         EXPECT_EQ(pages.pageCount(), range.dayPages) << range.why;
         EXPECT_EQ(days(range.dayPages).last(), range.lastDay) << range.why;
@@ -105,14 +104,6 @@ TEST_F(GanttReport, ATaskOnTheLostLastDayHasNoBar) {
     EXPECT_EQ(bars(1), QStringList{"3700-4350"});
     EXPECT_EQ(bars(2), QStringList());
     EXPECT_TRUE(pages.texts(2).contains("Framing an: Paint"));
-}
-
-TEST_F(GanttReport, ABarGoesOnFromThePageBefore) {
-    addTask("Walls", on("03/16/24"), on("03/19/24"));
-    addTask("Start", on("03/01/24"), on("03/01/24"));
-    draw(gantt, allTasks);
-    EXPECT_EQ(bars(1), (QStringList{"3700-4350", "13450-14100", "14100-14750"}));
-    EXPECT_EQ(bars(2), (QStringList{"3700-4350", "4350-5000"}));
 }
 
 TEST_F(GanttReport, ASingleDayHasNoPageToPutItsDateOn) {
@@ -185,7 +176,6 @@ TEST_F(GanttReport, TheFilterHoldsForTheRowsAndForTheirDays) {
     category.category = "Framing and beams";
     for (const ReportParameters& parameters :
          {dates, ReportParameters{.incomplete = false, .markedJobs = {elm}}, foreman, category}) {
-        pages = RecordedPages();
         draw(gantt, parameters);
         EXPECT_EQ(days(1), (QStringList{"03/05", "03/06"})) << ganttQuery(parameters).toStdString();
         EXPECT_FALSE(pages.texts().contains("Roof: Tiles"));

@@ -43,22 +43,11 @@ TEST_F(LotBudgetReport, Pages) {
                           .name = "A name of a job that is too long for its place",
                           .completed = on("02/20/24")});
     data.add(LotRow{.job = job, .lotBlock = "1/A"});
-    const struct {
-        const char* name;
-        DetailLevel detail;
-        bool summary;
-    } variants[] = {{"lot-budget", DetailLevel::All, false},
-                    {"lot-budget-summary", DetailLevel::All, true},
-                    {"lot-budget-paid-full", DetailLevel::PaidFull, false},
-                    {"lot-budget-unpaid", DetailLevel::Unpaid, true}};
-    for (const auto& variant : variants) {
-        pages = {};
-        parameters.detail = variant.detail;
-        parameters.summary = variant.summary;
-        draw(lotBudget, parameters);
-        expectApproved(pages, variant.name);
-        EXPECT_EQ(watcher.steps, 4); // a lot that is left out counts too
-    }
+    expectApprovedPages({{"lot-budget", DetailLevel::All, false},
+                         {"lot-budget-summary", DetailLevel::All, true},
+                         {"lot-budget-paid-full", DetailLevel::PaidFull, false},
+                         {"lot-budget-unpaid", DetailLevel::Unpaid, true}},
+                        4);
 }
 
 // Such a lot has nothing that "Unpaid:" could list, and "Paid Full:" leaves it out by the same test.
@@ -99,7 +88,7 @@ TEST_F(LotBudgetReport, TasksFillTheLeftColumnThenTheRightOneThenAPage) {
         addTask(lot, "Frame", 1);
     quickly.commit();
     parameters.summary = true;
-    draw(lotBudget, parameters);
+    draw();
     std::vector<PageText> tasks;
     for (const PageText& item : pages.textItems())
         if (item.text.startsWith("Task"))
@@ -126,7 +115,7 @@ TEST_F(LotBudgetReport, PaymentsAndHeadersRunPastTheLimit) {
     for (int i = 0; i < 200; ++i)
         pay(task, 1);
     quickly.commit();
-    draw(lotBudget, parameters);
+    draw();
     EXPECT_EQ(pages.pageCount(), 1);
     EXPECT_GT(pages.textItems().back().y, 13500);
     // Beyond 16 bits the pen stays where it is, and the report goes on behind.
@@ -152,8 +141,7 @@ TEST_F(LotBudgetReport, BlocksOfLotsFollowEachOtherWithoutAGap) {
 
 TEST_F(LotBudgetReport, ForemanJobsAndIncompleteNarrowIt) {
     addLot("1/A");
-    const qint64 north = job;
-    job = data.add(JobRow{.number = "24-200", .foreman = "Own/Ed", .completed = on("02/20/24")});
+    const qint64 north = addOtherJob();
     addLot("2/B");
     parameters.foreman = "Own/Ed";
     EXPECT_EQ(drawn("Lot/Block"), QStringList{"Lot/Block: 2/B"});
@@ -173,7 +161,7 @@ TEST_F(LotBudgetReport, CancelEndsItBehindTheLot) {
 TEST_F(LotBudgetReport, AnErrorKeepsWhatWasDrawn) {
     addTask(addLot("1"), "Frame", 10);
     data.add(TaskRow{.lot = addLot("2"), .name = "Without a price", .price = Value::null()});
-    EXPECT_EQ(raisedNumber([&] { draw(lotBudget, parameters); }), numberOf(Failure::InvalidUseOfNull));
+    EXPECT_EQ(raisedNumber([&] { draw(); }), numberOf(Failure::InvalidUseOfNull));
     EXPECT_EQ(pages.texts().filter("Lot/Block").size(), 2);
     EXPECT_EQ(pages.texts().filter("Task: "), QStringList{"Task: Frame"});
 }

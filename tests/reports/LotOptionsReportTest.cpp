@@ -35,21 +35,10 @@ TEST_F(LotOptionsReport, Pages) {
     job = data.add(JobRow{.number = "24-200", .completed = on("02/20/24")});
     const qint64 evened = addParent(data.add(LotRow{.job = job, .lotBlock = "1/A"}), "Evened out", 26);
     data.addOption(evened, "Free", 0);
-    const struct {
-        const char* name;
-        DetailLevel detail;
-        bool summary;
-    } variants[] = {{"lot-options", DetailLevel::All, false},
-                    {"lot-options-summary", DetailLevel::All, true},
-                    {"lot-options-unpaid", DetailLevel::Unpaid, false}};
-    for (const auto& variant : variants) {
-        pages = {};
-        parameters.detail = variant.detail;
-        parameters.summary = variant.summary;
-        draw(lotOptions, parameters);
-        expectApproved(pages, variant.name);
-        EXPECT_EQ(watcher.steps, 3);
-    }
+    expectApprovedPages({{"lot-options", DetailLevel::All, false},
+                         {"lot-options-summary", DetailLevel::All, true},
+                         {"lot-options-unpaid", DetailLevel::Unpaid, false}},
+                        3);
 }
 
 // What was paid for options is only ever added to: it stays from parent to parent for the whole run.
@@ -101,7 +90,7 @@ TEST_F(LotOptionsReport, OptionsGoOnOnANewPageWithoutTheirHeadings) {
     for (int i = 0; i < 60; ++i)
         data.addOption(parent, QString("Option %1").arg(i, 2, 10, QChar('0')), 1);
     quickly.commit();
-    draw(lotOptions, parameters);
+    draw();
     EXPECT_EQ(pages.pageCount(), 2);
     EXPECT_EQ(pages.texts(2).mid(0, 2), (QStringList{"Lot Options: 03/05/24 08:15", "Page:2 of"}));
     EXPECT_EQ(pages.texts(2).value(2), "Task: Option 53") << "the one before it stands at 13,500, the limit";
@@ -122,8 +111,7 @@ TEST_F(LotOptionsReport, BlocksOfParentsFollowEachOtherWithoutAGap) {
 
 TEST_F(LotOptionsReport, ForemanJobsAndIncompleteNarrowIt) {
     addParent(addLot("1/A"), "North", 1);
-    const qint64 north = job;
-    job = data.add(JobRow{.number = "24-200", .foreman = "Own/Ed", .completed = on("02/20/24")});
+    const qint64 north = addOtherJob();
     addParent(addLot("2/B"), "South", 1);
     parameters.foreman = "Own/Ed";
     EXPECT_EQ(drawn("Task: "), QStringList{"Task: South"});
@@ -145,7 +133,7 @@ TEST_F(LotOptionsReport, AnErrorKeepsWhatWasDrawn) {
     addParent(addLot("1"), "Frame", 10);
     data.makeParent(data.add(TaskRow{
         .lot = addLot("2"), .category = category, .name = "Without a price", .price = Value::null()}));
-    EXPECT_EQ(raisedNumber([&] { draw(lotOptions, parameters); }), numberOf(Failure::InvalidUseOfNull));
+    EXPECT_EQ(raisedNumber([&] { draw(); }), numberOf(Failure::InvalidUseOfNull));
     EXPECT_EQ(pages.texts().filter("Lot/Block").size(), 2);
     EXPECT_EQ(pages.texts().filter("Task: "), QStringList{"Task: Frame"});
 }

@@ -19,14 +19,33 @@ protected:
     qint64 addTask(qint64 lot, const char* name, double price) {
         return data.add(TaskRow{.lot = lot, .category = category, .name = name, .price = price});
     }
+    /// A completed job of another foreman, for the lots to come; returns the job before.
+    qint64 addOtherJob() {
+        return std::exchange(
+            job, data.add(JobRow{.number = "24-200", .foreman = "Own/Ed", .completed = on("02/20/24")}));
+    }
     void pay(qint64 task, double price, const char* date = "01/05/24") {
         data.add(PaymentRow{task, ann, price, on(date)});
     }
     /// The texts that begin so when the report is drawn.
     [[nodiscard]] QStringList drawn(const QString& start) {
-        pages = {};
-        draw(m_report, parameters);
-        return pages.texts().filter(start);
+        return ReportTest::drawn(m_report, parameters, start);
+    }
+    void draw() { ReportTest::draw(m_report, parameters); }
+    struct Variant {
+        const char* name; ///< Of the approved pages.
+        DetailLevel detail;
+        bool summary;
+    };
+    /// Draws the report in each way; every lot counts as a step, also one that is left out.
+    void expectApprovedPages(std::initializer_list<Variant> variants, int steps) {
+        for (const Variant& variant : variants) {
+            parameters.detail = variant.detail;
+            parameters.summary = variant.summary;
+            draw();
+            expectApproved(pages, variant.name);
+            EXPECT_EQ(watcher.steps, steps) << variant.name;
+        }
     }
 
     qint64 job = 0;

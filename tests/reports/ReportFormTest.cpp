@@ -1,10 +1,10 @@
-#include "frame/DataEnvironment.h"
 #include "frame/modGlobalVariables.h"
 #include "reports/ReportDatabase.h"
 #include "reports/ctlAHPrintPreview.h"
 #include "reports/frmReport.h"
 #include "support/MessageScript.h"
 #include "support/ScreenDriver.h"
+#include "support/ScreenTest.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -65,12 +65,11 @@ const Report endless{"frmRptEndless", "Endless", anyRow, drawUntilCancelled};
 const Report threePages{"frmRptThree", "Three", anyRow, drawThreePages};
 const Report cancelledAtTheEnd{"frmRptThree", "Three", anyRow, drawThenCancel};
 
-class ReportForm : public ::testing::Test {
+class ReportForm : public ScreenTest {
 protected:
     void SetUp() override {
         owner.show();
-        gProgramFolder = data.database().folder() + u'/';
-        gConnectionString = connectionStringFor(data.database().path());
+        workOn(data.database());
         gReportDataPath = data.database().folder() + "/Report.mdb";
         m_before = ctlAHPrintPreview::setPreview(
             [this](const StoredReport& report, const QString& title, QWidget* form) {
@@ -81,7 +80,7 @@ protected:
     }
     void TearDown() override {
         ctlAHPrintPreview::setPreview(m_before);
-        DataEnvironment::close();
+        ScreenTest::TearDown();
     }
 
     /// Runs a report to its end; `use` once its form is up.
@@ -121,15 +120,13 @@ TEST_F(ReportForm, DrawsOnceAndShowsThePages) {
 }
 
 TEST_F(ReportForm, CancelStopsTheReportAndNoGoesOn) {
-    script.expect(Answer::No);
-    script.expect(Answer::Yes);
+    script.expect(Answer::No, Answer::Yes);
     run(endless, [&](const ScreenDriver& form) {
         EXPECT_EQ(form.window().windowTitle(), "Endless");
         EXPECT_EQ(form.find<QProgressBar>("proBarStatus").maximum(), 4);
         form.click("cmdCancel");
         EXPECT_FALSE(script.shown().empty());
-        whenModal([](QWidget& window) {
-            const ScreenDriver later(window);
+        whenShown([](const ScreenDriver& later) {
             EXPECT_EQ(later.find<QProgressBar>("proBarStatus").value(), 1) << "it went on";
             later.click("cmdCancel");
         });

@@ -1,7 +1,6 @@
 #include "controls/Combo.h"
 #include "controls/ListBox.h"
 #include "controls/MaskedBox.h"
-#include "frame/DataEnvironment.h"
 #include "frame/modGlobalVariables.h"
 #include "reports/PrinterDialogs.h"
 #include "reports/ReportDatabase.h"
@@ -10,11 +9,10 @@
 #include "support/MessageScript.h"
 #include "support/RaisedNumber.h"
 #include "support/ScreenDriver.h"
+#include "support/ScreenTest.h"
 
 #include <QAction>
-#include <QCheckBox>
 #include <QPrinter>
-#include <QRadioButton>
 
 #include <gtest/gtest.h>
 
@@ -26,14 +24,11 @@ namespace {
 constexpr auto oneJobOnly = "You cannot select more than one job per report";
 constexpr auto noJob = "You must select at least one job for the report";
 
-class ReportScreen : public ::testing::Test {
+class ReportScreen : public ScreenTest {
 protected:
     void SetUp() override {
-        const QString folder = data.database().folder();
-        gAppPath = folder;
-        gProgramFolder = folder + u'/';
-        gConnectionString = connectionStringFor(data.database().path());
-        gReportDataPath = folder + "/Report.mdb";
+        workOn(data.database());
+        gReportDataPath = data.database().folder() + "/Report.mdb";
         foreman = data.add(EmployeeRow{"111-11-1111", "Stone", "Sid", "Foreman"});
         helper = data.add(EmployeeRow{"222-22-2222", "Dunn", "Dee", "Helper"});
         const qint64 framing = data.addCategory("Framing");
@@ -53,9 +48,7 @@ protected:
             });
     }
     void TearDown() override {
-        if (driver.has_value())
-            form().Unload();
-        DataEnvironment::close();
+        ScreenTest::TearDown();
         ctlAHPrintPreview::setPreview(m_before);
         setPrinterDialogs({});
         setCurrentPrinter(nullptr);
@@ -173,9 +166,7 @@ TEST_F(ReportScreen, AnotherReportClearsTheCombosAndKeepsTheRest) {
 
 TEST_F(ReportScreen, TypingSearchesEmployeeAndGrouping) {
     open();
-    driver->focus("cmbGroupBy");
-    driver->press(Qt::Key_A, Qt::ControlModifier);
-    driver->type("e");
+    driver->retype("cmbGroupBy", "e");
     EXPECT_EQ(text("cmbGroupBy"), "Employee");
     EXPECT_EQ(form().statusText(), "Select how to group the report by");
     driver->choose("cmbReports", "Employee Paid-out");
@@ -258,9 +249,7 @@ TEST_F(ReportScreen, AnInvalidDateGoesBackWithoutAWord) {
     driver->type("022904");
     driver->press(Qt::Key_Tab);
     EXPECT_EQ(form().parameters().stopDate, "02/29/04");
-    driver->focus("MskField(1)");
-    driver->press(Qt::Key_A, Qt::ControlModifier);
-    driver->press(Qt::Key_Delete);
+    driver->retype("MskField(1)", "");
     driver->press(Qt::Key_Tab);
     EXPECT_EQ(form().parameters().stopDate, "02/29/04");
 }

@@ -109,14 +109,6 @@ TEST_F(ReportRunTest, AnErrorInTheMiddleStillShowsWhatWasDrawn) {
     EXPECT_TRUE(QFile::exists(data.database().folder() + "/ErrorLog.txt"));
 }
 
-TEST_F(ReportRunTest, AnErrorInACancelledRunShowsNothing) {
-    data.database().run("UPDATE Job SET Name='Broken' WHERE JobNumber='2'");
-    watcher.cancelAfter = 1;
-    run();
-    EXPECT_TRUE(script.shown().empty()) << "drawing ends before the error";
-    EXPECT_TRUE(pages.shown().isEmpty());
-}
-
 TEST_F(ReportRunTest, AQueryThatBreaksIsToldAndEndsTheRun) {
     script.expect(Answer::Ok);
     run("O'Neil/Pat");

@@ -33,13 +33,20 @@ protected:
     ReportTest() : m_before(setClock([] { return on("03/05/24 08:15").toDate(); })) {}
     ~ReportTest() override { setClock(m_before); }
 
-    /// Draws what the report's statement finds, as a run does. An error of the drawing is raised, with the
-    /// pages drawn by then recorded.
+    /// Draws on fresh pages what the report's statement finds, as a run does. An error of the drawing is
+    /// raised, with the pages drawn by then recorded.
     void draw(const Report& report, const ReportParameters& parameters) {
+        pages = {};
         Recordset rsReport;
         rsReport.Open(report.buildQuery(parameters), data.connection());
         ReportRun run{data.connection(), rsReport, parameters, pages, pages.NewReport(), watcher};
         report.draw(run);
+    }
+    /// The texts that begin so when it is drawn.
+    [[nodiscard]] QStringList drawn(const Report& report, const ReportParameters& parameters,
+                                    const QString& start) {
+        draw(report, parameters);
+        return pages.texts().filter(start);
     }
 
     ReportDatabase data;

@@ -17,7 +17,7 @@ const Report paidout{"frmRptEmployeePaidout", "Employee Paidout", paidoutQuery, 
 /// The test of a report on employees, over all jobs: an open one and a completed one, with a task each.
 class EmployeeReport : public ReportTest {
 protected:
-    qint64 addEmployee(const char* ssn, const char* lastName, Value foreman = Value::null()) {
+    qint64 addEmployee(const char* ssn, const char* lastName, const Value& foreman = Value::null()) {
         return data.add(EmployeeRow{
             .SSN = ssn, .lastName = lastName, .firstName = "Ann", .type = "Framer", .foreman = foreman});
     }
@@ -55,7 +55,7 @@ protected:
 class PaidoutReport : public EmployeeReport {
 protected:
     void pay(qint64 task, qint64 employee, double price, const char* date = "01/05/24",
-             Value note = Value::null()) {
+             const Value& note = Value::null()) {
         data.add(PaymentRow{task, employee, price, on(date), note});
     }
     [[nodiscard]] QStringList totals(const ReportParameters& with) { return drawn(paidout, with, "Total: "); }

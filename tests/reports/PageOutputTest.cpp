@@ -32,16 +32,14 @@ QString outputOf(const QString& program, const QStringList& arguments) {
 
 QString save(const NumberedReport& data, const QPageSize& paper = QPageSize(QPageSize::Letter)) {
     const QString path = data.pathOf("out.pdf");
-    EXPECT_TRUE(savePdf(data.report(), path, QStringLiteral("Lot Budget"), paper));
+    EXPECT_TRUE(savePdf(data.report(), path, "Lot Budget", paper));
     return path;
 }
 
 /// The left edges of the words of a page, in points.
 std::vector<std::pair<QString, double>> wordsOf(const QString& pdf, int page) {
     const QString number = QString::number(page);
-    const QString boxes =
-        outputOf(QStringLiteral("pdftotext"), {QStringLiteral("-bbox"), QStringLiteral("-f"), number,
-                                               QStringLiteral("-l"), number, pdf, QStringLiteral("-")});
+    const QString boxes = outputOf("pdftotext", {"-bbox", "-f", number, "-l", number, pdf, "-"});
     static const QRegularExpression word(QStringLiteral(R"rx(<word xMin="([\d.]+)".*>(.*)</word>)rx"));
     std::vector<std::pair<QString, double>> words;
     for (auto matches = word.globalMatch(boxes); matches.hasNext();) {
@@ -71,23 +69,20 @@ TEST(PdfTest, TellsItsTitlePagesAndPaper) {
                  {Orientation::Portrait, QPageSize::A4, "595 x 842 pts (A4)"}};
     for (const auto& [orientation, paper, size] : cases) {
         const NumberedReport data(3, orientation);
-        const QString info = outputOf(QStringLiteral("pdfinfo"), {save(data, QPageSize(paper))});
+        const QString info = outputOf("pdfinfo", {save(data, QPageSize(paper))});
         const auto lines = info.simplified();
-        EXPECT_TRUE(lines.contains(QStringLiteral("Title: Lot Budget"))) << info.toStdString();
-        EXPECT_TRUE(lines.contains(QStringLiteral("Pages: 3"))) << info.toStdString();
-        EXPECT_TRUE(lines.contains(QStringLiteral("Page size: ") + QLatin1String(size)))
-            << info.toStdString();
+        EXPECT_TRUE(lines.contains("Title: Lot Budget")) << info.toStdString();
+        EXPECT_TRUE(lines.contains("Pages: 3")) << info.toStdString();
+        EXPECT_TRUE(lines.contains(QString("Page size: ") + size)) << info.toStdString();
     }
 }
 
 TEST(PdfTest, HoldsTheTextsInTheirOrderWithEmbeddedFonts) {
     const NumberedReport data(2);
     const QString path = save(data);
-    const QString text =
-        outputOf(QStringLiteral("pdftotext"), {QStringLiteral("-layout"), path, QStringLiteral("-")});
-    EXPECT_EQ(text.simplified(),
-              QStringLiteral("Budget1 Page:1 of 2 Row1-1 Budget2 Page:2 of 2 Row2-1 Row2-2"));
-    const QString fonts = outputOf(QStringLiteral("pdffonts"), {path});
+    const QString text = outputOf("pdftotext", {"-layout", path, "-"});
+    EXPECT_EQ(text.simplified(), "Budget1 Page:1 of 2 Row1-1 Budget2 Page:2 of 2 Row2-1 Row2-2");
+    const QString fonts = outputOf("pdffonts", {path});
     static const QRegularExpression embedded(QStringLiteral(R"(\n\S*(Arial|Sans)\S* .* yes \w+ +yes )"));
     EXPECT_TRUE(fonts.contains(embedded)) << fonts.toStdString();
 }
@@ -104,7 +99,7 @@ TEST(PdfTest, WordsStandWhereThePreviewHasThem) {
         const QString whole = textOnPage(text, 3);
         PageText before = text;
         before.look.PageTotal = false;
-        before.text = whole.left(whole.lastIndexOf(QLatin1Char(' ')) + 1);
+        before.text = whole.left(whole.lastIndexOf(' ') + 1);
         const double left = (text.x + painter.textBox(before, 3).width()) / twipsPerPoint;
         const QString last = whole.mid(before.text.size());
         const auto found = std::ranges::find_if(
@@ -163,7 +158,7 @@ TEST(PdfTest, AFileIsReplacedOnlyByAWholeOne) {
     std::signal(SIGXFSZ, signalBefore);
     EXPECT_EQ(raised, numberOf(Failure::FileAccess));
     EXPECT_EQ(contentOf(path), "the good one");
-    EXPECT_EQ(data.files(), QStringList{QStringLiteral("out.pdf")}) << "an unfinished file was left";
+    EXPECT_EQ(data.files(), QStringList{"out.pdf"}) << "an unfinished file was left";
 
     EXPECT_TRUE(savePdf(data.report(), path, {}));
     EXPECT_TRUE(contentOf(path).startsWith("%PDF"));
@@ -208,11 +203,11 @@ TEST(PrintTest, PrintsThePagesAndCopiesThatWereAskedFor) {
         printer.setPageOrder(entry.order);
         if (*entry.pages != 0) {
             printer.setPrintRange(QPrinter::PageRange);
-            printer.setPageRanges(QPageRanges::fromString(QLatin1String(entry.pages)));
+            printer.setPageRanges(QPageRanges::fromString(entry.pages));
         }
-        EXPECT_TRUE(printPages(data.report(), printer, QStringLiteral("Lot Budget")));
+        EXPECT_TRUE(printPages(data.report(), printer, "Lot Budget"));
         EXPECT_EQ(printer.sheets(), entry.sheets) << entry.pages;
-        EXPECT_EQ(printer.docName(), QStringLiteral("Lot Budget"));
+        EXPECT_EQ(printer.docName(), "Lot Budget");
         EXPECT_FALSE(printer.wasAborted());
     }
 }
@@ -224,7 +219,7 @@ TEST(PrintTest, APrinterThatFailsIsToldAndItsPaperLiesAsBefore) {
         printer.failAt(sheet);
         const QString told = test::raisedText([&] { (void)printPages(data.report(), printer, {}); });
         EXPECT_TRUE(told.startsWith(makeError(Failure::PrinterError).description())) << told.toStdString();
-        EXPECT_TRUE(told.contains(QStringLiteral("Office printer"))) << told.toStdString();
+        EXPECT_TRUE(told.contains("Office printer")) << told.toStdString();
         EXPECT_EQ(printer.pageLayout().orientation(), QPageLayout::Portrait);
     }
 }
@@ -245,10 +240,9 @@ TEST(PrintTest, AFileInPlaceOfAPrinterGetsTheChosenPages) {
     printer.setPageSize(QPageSize(QPageSize::Letter));
     printer.setPrintRange(QPrinter::PageRange);
     printer.setFromTo(2, 2);
-    EXPECT_TRUE(printPages(data.report(), printer, QStringLiteral("Lot Budget")));
-    const QString text =
-        outputOf(QStringLiteral("pdftotext"), {data.pathOf("printed.pdf"), QStringLiteral("-")});
-    EXPECT_TRUE(text.contains(QStringLiteral("Page:2 of 3")) && !text.contains(QStringLiteral("Page:3")));
+    EXPECT_TRUE(printPages(data.report(), printer, "Lot Budget"));
+    const QString text = outputOf("pdftotext", {data.pathOf("printed.pdf"), "-"});
+    EXPECT_TRUE(text.contains("Page:2 of 3") && !text.contains("Page:3"));
 }
 
 } // namespace

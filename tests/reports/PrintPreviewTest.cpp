@@ -3,6 +3,7 @@
 #include "reports/ctlAHPrintPreview.h"
 #include "support/MessageScript.h"
 #include "support/RaisedNumber.h"
+#include "support/TemporaryDatabase.h"
 
 #include <QTemporaryDir>
 #include <QWidget>
@@ -19,10 +20,8 @@ using test::RecordingPrinter;
 class PrintPreviewTest : public testing::Test {
 protected:
     PrintPreviewTest() {
-        m_form.setWindowTitle(QStringLiteral("Gantt Chart"));
-        m_surface.setConnectionString(QStringLiteral("Provider=Microsoft.Jet.OLEDB.4.0;Data Source=") +
-                                      m_folder.filePath(QStringLiteral("Report.mdb")) +
-                                      QStringLiteral(";Persist Security Info=False"));
+        m_form.setWindowTitle("Gantt Chart");
+        m_surface.setConnectionString(test::connectionStringFor(m_folder.filePath("Report.mdb")));
         m_before = ctlAHPrintPreview::setPreview(
             [this](const StoredReport& report, const QString& title, QWidget* owner) {
                 ++m_shown;
@@ -40,7 +39,7 @@ protected:
         const qint64 key = m_surface.NewReport();
         for (qint64 page = 1; page <= pages; ++page) {
             qint16 y = 300;
-            m_surface.AddText(key, y, 6000, QStringLiteral("Gantt"), page, Orientation::Landscape);
+            m_surface.AddText(key, y, 6000, "Gantt", page, Orientation::Landscape);
             m_surface.AddLine(key, {500, y, 14800, y, page, Orientation::Landscape});
         }
         return key;
@@ -58,13 +57,11 @@ protected:
 TEST_F(PrintPreviewTest, ShowsThePagesUnderTheFormsCaption) {
     m_surface.ShowReport(drawnReport(2), true);
     EXPECT_EQ(m_pages, 2);
-    EXPECT_EQ(m_title, QStringLiteral("Gantt Chart"));
+    EXPECT_EQ(m_title, "Gantt Chart");
 }
 
 TEST_F(PrintPreviewTest, PrintsOnTheCurrentPrinterWithoutAPreview) {
-    auto printer = std::make_unique<RecordingPrinter>();
-    const RecordingPrinter& printed = *printer;
-    setCurrentPrinter(std::move(printer));
+    const RecordingPrinter& printed = RecordingPrinter::makeCurrent();
     m_surface.ShowReport(drawnReport(2), false);
     EXPECT_EQ(printed.sheets(), (std::vector<int>{1, 1}));
     EXPECT_EQ(m_shown, 0);
@@ -79,12 +76,10 @@ TEST_F(PrintPreviewTest, TheFormGivesWayToThePages) {
 }
 
 TEST_F(PrintPreviewTest, APrintIsFollowedAndCanBeEnded) {
-    auto printer = std::make_unique<RecordingPrinter>();
-    const RecordingPrinter& printed = *printer;
-    setCurrentPrinter(std::move(printer));
+    const RecordingPrinter& printed = RecordingPrinter::makeCurrent();
     QStringList followed;
     m_surface.setFollowPrint([&](qint64 done, qint64 pages) {
-        followed << QStringLiteral("%1 of %2").arg(done).arg(pages);
+        followed << QString("%1 of %2").arg(done).arg(pages);
         return done < 2;
     });
     m_surface.ShowReport(drawnReport(4), false);
@@ -126,8 +121,7 @@ TEST_F(PrintPreviewTest, TheSetUpDialogGetsTheCurrentPrinter) {
 }
 
 TEST_F(PrintPreviewTest, AReportDatabaseThatCannotBeIsToldAtTheFirstReport) {
-    m_surface.setConnectionString(QStringLiteral("Data Source=") +
-                                  m_folder.filePath(QStringLiteral("no/R.mdb")));
+    m_surface.setConnectionString(test::connectionStringFor(m_folder.filePath("no/R.mdb")));
     EXPECT_EQ(raisedNumber([&] { (void)m_surface.NewReport(); }), numberOf(Failure::PathNotFound));
 }
 

@@ -1,5 +1,7 @@
 #include "RecordingPrinter.h"
 
+#include "reports/PrinterDialogs.h"
+
 #include <QPageLayout>
 
 namespace tarnwell::test {
@@ -20,6 +22,13 @@ RecordingPrinter::RecordingPrinter() {
         {QPrintEngine::PPK_QPageLayout,
          QVariant::fromValue(QPageLayout(QPageSize(QPageSize::Letter), QPageLayout::Portrait, QMarginsF()))}};
     setEngines(&m_print, &m_paint);
+}
+
+RecordingPrinter& RecordingPrinter::makeCurrent() {
+    auto made = std::make_unique<RecordingPrinter>();
+    RecordingPrinter& printer = *made;
+    setCurrentPrinter(std::move(made));
+    return printer;
 }
 
 bool RecordingPrinter::PrintEngine::newPage() {

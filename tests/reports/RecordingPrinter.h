@@ -14,6 +14,8 @@ class RecordingPrinter : public QPrinter {
 public:
     RecordingPrinter();
     ~RecordingPrinter() override = default;
+    /// A new one that is the program's current printer from here on.
+    [[nodiscard]] static RecordingPrinter& makeCurrent();
 
     /// The texts on each sheet; a sheet that was begun counts.
     [[nodiscard]] const std::vector<int>& sheets() const { return m_print.sheets; }

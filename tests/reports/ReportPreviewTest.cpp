@@ -58,16 +58,15 @@ protected:
 
     /// Shows the preview and uses it; it must be open still at the end, and close by Escape.
     static void use(const NumberedReport& data, const std::function<void(const ScreenDriver&)>& routine) {
-        test::whenModal([&](QWidget& window) {
-            const ScreenDriver driver(window);
+        test::whenShown([&](const ScreenDriver& driver) {
             routine(driver);
-            EXPECT_TRUE(window.isVisible());
+            EXPECT_TRUE(driver.window().isVisible());
             driver.press(Qt::Key_Escape);
-            if (window.isVisible())
+            if (driver.window().isVisible())
                 driver.press(Qt::Key_Escape);
-            EXPECT_FALSE(window.isVisible());
+            EXPECT_FALSE(driver.window().isVisible());
         });
-        showPreview(data.report(), QStringLiteral("Lot Budget"), nullptr);
+        showPreview(data.report(), "Lot Budget", nullptr);
     }
 
     static QString statusOf(const ScreenDriver& driver) {
@@ -87,11 +86,9 @@ private:
 TEST_F(ReportPreviewTest, ALongReportIsFoundThroughToItsLastPage) {
     const test::StoredReportData data(1000, [](PageStore& store, qint64 key, qint64 page) {
         test::drawNumberedPage(store, key, std::min<qint64>(page, 3), Orientation::Portrait);
-        store.add(key,
-                  PageText{700, 4000, QStringLiteral("Sheet%1;").arg(page), page, Orientation::Portrait, {}});
+        store.add(key, PageText{700, 4000, QString("Sheet%1;").arg(page), page, Orientation::Portrait, {}});
     });
-    test::whenModal([](QWidget& window) {
-        const ScreenDriver driver(window);
+    test::whenShown([](const ScreenDriver& driver) {
         auto& view = driver.find<PreviewView>("pages");
         EXPECT_EQ(driver.find<QLabel>("lblPageCount").text(), "of 1000");
         driver.press(Qt::Key_F, Qt::ControlModifier);
@@ -106,7 +103,7 @@ TEST_F(ReportPreviewTest, ALongReportIsFoundThroughToItsLastPage) {
         EXPECT_EQ(view.currentPage(), 500);
         driver.press(Qt::Key_W, Qt::ControlModifier);
     });
-    showPreview(data.report(), QStringLiteral("Lot Budget"), nullptr);
+    showPreview(data.report(), "Lot Budget", nullptr);
 }
 
 TEST_F(ReportPreviewTest, WithoutPagesNothingIsOfferedThatNeedsOne) {
@@ -147,10 +144,8 @@ TEST_F(ReportPreviewTest, WithoutAPrinterTheMessageSaysSoAndThePreviewStays) {
 }
 
 TEST_F(ReportPreviewTest, APrinterThatFailsOnTheWayIsTold) {
-    auto printer = std::make_unique<RecordingPrinter>();
-    const RecordingPrinter& printed = *printer;
-    printer->failAt(2);
-    setCurrentPrinter(std::move(printer));
+    RecordingPrinter& printed = RecordingPrinter::makeCurrent();
+    printed.failAt(2);
     MessageScript messages{Answer::Ok};
     use(NumberedReport(3), [](const ScreenDriver& driver) { driver.click("btnPrint"); });
     ASSERT_EQ(messages.shown().size(), 1U);
@@ -159,9 +154,7 @@ TEST_F(ReportPreviewTest, APrinterThatFailsOnTheWayIsTold) {
 }
 
 TEST_F(ReportPreviewTest, APrintGoesToTheCurrentPrinter) {
-    auto printer = std::make_unique<RecordingPrinter>();
-    const RecordingPrinter& printed = *printer;
-    setCurrentPrinter(std::move(printer));
+    const RecordingPrinter& printed = RecordingPrinter::makeCurrent();
     use(NumberedReport(3), [](const ScreenDriver& driver) {
         driver.click("btnPrint");
         EXPECT_EQ(statusOf(driver), "Sent to Office printer.");
@@ -170,9 +163,7 @@ TEST_F(ReportPreviewTest, APrintGoesToTheCurrentPrinter) {
 }
 
 TEST_F(ReportPreviewTest, ThePagesAndCopiesOfAPrintAreNotThoseOfTheNext) {
-    auto printer = std::make_unique<RecordingPrinter>();
-    const RecordingPrinter& printed = *printer;
-    setCurrentPrinter(std::move(printer));
+    const RecordingPrinter& printed = RecordingPrinter::makeCurrent();
     m_onePrint = [](QPrinter& chosen) {
         chosen.setPrintRange(QPrinter::PageRange);
         chosen.setFromTo(2, 2);
@@ -181,7 +172,7 @@ TEST_F(ReportPreviewTest, ThePagesAndCopiesOfAPrintAreNotThoseOfTheNext) {
     const NumberedReport data(3);
     use(data, [](const ScreenDriver& driver) { driver.click("btnPrint"); });
     EXPECT_EQ(printed.sheets(), std::vector<int>({4, 4}));
-    printReport(data.report(), QStringLiteral("Lot Budget"), {});
+    printReport(data.report(), "Lot Budget", {});
     EXPECT_EQ(printed.sheets(), std::vector<int>({4, 4, 3, 4, 5}));
 }
 
@@ -201,15 +192,15 @@ TEST_F(ReportPreviewTest, ThePrintDialogTakesOnlyPagesThatTheReportHas) {
         QPrinter printer;
         PrintDialog dialog(&printer, {.count = 9, .current = 4}, nullptr);
         dialog.show();
-        dialog.findChild<QRadioButton*>(QLatin1String(choice))->setChecked(true);
-        dialog.findChild<QLineEdit*>("pagesLineEdit")->setText(QLatin1String(typed));
+        dialog.findChild<QRadioButton*>(choice)->setChecked(true);
+        dialog.findChild<QLineEdit*>("pagesLineEdit")->setText(typed);
         MessageScript messages;
         if (isRefused)
             messages.expect(Answer::Ok);
         dialog.accept();
         EXPECT_EQ(dialog.isVisible(), isRefused) << choice << typed;
         const bool isPart = printer.printRange() == QPrinter::PageRange;
-        EXPECT_EQ(isPart ? printer.pageRanges().toString() : QString(), QLatin1String(pages)) << choice;
+        EXPECT_EQ(isPart ? printer.pageRanges().toString() : QString(), pages) << choice;
     }
 }
 

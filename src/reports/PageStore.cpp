@@ -224,24 +224,15 @@ void PageStore::clearRun() {
     (void)sqlite3_wal_checkpoint_v2(m_handle.get(), nullptr, SQLITE_CHECKPOINT_PASSIVE, nullptr, nullptr);
 }
 
-std::vector<TextHit> StoredReport::findOnPage(const QString& text, qint64 page,
-                                              Qt::CaseSensitivity letters) const {
-    std::vector<TextHit> hits;
+std::vector<std::size_t> StoredReport::findOnPage(const QString& text, qint64 page,
+                                                  Qt::CaseSensitivity letters) const {
+    std::vector<std::size_t> hits;
     if (text.isEmpty())
         return hits;
     const StoredPage stored = this->page(page);
     for (std::size_t i = 0; i < stored.texts.size(); ++i)
         if (textOnPage(stored.texts[i], m_pageCount).contains(text, letters))
-            hits.push_back({page, i});
-    return hits;
-}
-
-std::vector<TextHit> StoredReport::find(const QString& text, Qt::CaseSensitivity letters) const {
-    std::vector<TextHit> hits;
-    for (qint64 page = 1; page <= m_pageCount; ++page) {
-        const std::vector<TextHit> onPage = findOnPage(text, page, letters);
-        hits.insert(hits.end(), onPage.begin(), onPage.end());
-    }
+            hits.push_back(i);
     return hits;
 }
 

@@ -13,13 +13,6 @@ namespace tarnwell {
 /// Told before each page how many are done; false ends the work.
 using FollowPages = std::function<bool(qint64 pagesDone, qint64 pages)>;
 
-/// A text that was searched for: its page, counted from 1, and its place in `StoredPage::texts`.
-struct TextHit {
-    qint64 page;
-    std::size_t index;
-    friend bool operator==(const TextHit&, const TextHit&) = default;
-};
-
 /// The report database: the pages of the runs that are on somebody's screen.
 ///
 /// A run is drawn beside the file and goes into it in one transaction, so a long run keeps nobody waiting and
@@ -76,13 +69,10 @@ public:
     [[nodiscard]] StoredPage page(qint64 number) const { return m_store.page(m_reportKey, number); }
     /// Every page of a report lies the same way.
     [[nodiscard]] Orientation orientation() const { return page(1).orientation; }
-    /// The texts of a page that contain `text`, the number of pages behind " of" included; no hit for an
-    /// empty text.
-    [[nodiscard]] std::vector<TextHit> findOnPage(const QString& text, qint64 page,
-                                                  Qt::CaseSensitivity letters = Qt::CaseInsensitive) const;
-    /// The same on all pages, in order.
-    [[nodiscard]] std::vector<TextHit> find(const QString& text,
-                                            Qt::CaseSensitivity letters = Qt::CaseInsensitive) const;
+    /// The places in `StoredPage::texts` of those that contain `text`, the number of pages behind " of"
+    /// included; none for an empty text.
+    [[nodiscard]] std::vector<std::size_t>
+    findOnPage(const QString& text, qint64 page, Qt::CaseSensitivity letters = Qt::CaseInsensitive) const;
 
 private:
     const PageStore& m_store;

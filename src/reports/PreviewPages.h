@@ -36,9 +36,8 @@ public:
     /// Draws a page on white paper; the painter counts in twips from the paper's top left.
     virtual void paint(QPainter& painter, int page) const = 0;
 
-    /// The page of each hit (a text that contains what is looked for), from the first page to the last.
-    /// Raises what reading the pages raises.
-    [[nodiscard]] virtual std::vector<int> find(const PageSearch& search) const = 0;
+    /// How many of the page's texts contain what is looked for. Raises what reading the page raises.
+    [[nodiscard]] virtual int hitsOn(int page, const PageSearch& search) const = 0;
     /// Where the hits of a page stand; nothing on a page that can't be read.
     [[nodiscard]] virtual std::vector<PageMark> marks(int page, const PageSearch& search) const = 0;
 };

@@ -33,7 +33,8 @@ constexpr QSize openingSize(1000, 700);
 } // namespace
 
 PreviewView::PreviewView(const PreviewPages& pages, QWidget* parent)
-    : QAbstractScrollArea(parent), m_pages(pages), m_paper(pages), m_overviewSide(overviewSide) {
+    : QAbstractScrollArea(parent), m_pages(pages), m_paper(pages), m_overviewSide(overviewSide),
+      m_finder(pages) {
     setObjectName(QStringLiteral("pages"));
     setAccessibleName(QStringLiteral("Pages"));
     setFrameShape(QFrame::NoFrame);
@@ -258,21 +259,26 @@ void PreviewView::changeEvent(QEvent* event) {
 }
 
 void PreviewView::search(const PageSearch& search) {
-    m_hitPages = m_pages.find(search);
-    m_currentHit = -1;
+    m_hitPage = 0;
     m_paper.setSearch(search);
+    m_finder.start(search, m_currentPage);
     viewport()->update();
 }
 
+int PreviewView::currentHit() const {
+    return m_hitPage == 0 ? -1 : m_finder.firstHitFrom(m_hitPage) + m_nthHit;
+}
+
 int PreviewView::hitFromHere() const {
-    const auto hit = std::ranges::lower_bound(m_hitPages, m_currentPage);
-    return hit != m_hitPages.end() ? int(hit - m_hitPages.begin()) : 0;
+    const int hit = m_finder.firstHitFrom(m_currentPage);
+    return hit < m_finder.hitCount() ? hit : 0;
 }
 
 void PreviewView::showHit(int hit) {
-    const int page = m_hitPages.at(size_t(hit));
-    const int nth = hit - int(std::ranges::lower_bound(m_hitPages, page) - m_hitPages.begin());
-    m_currentHit = hit;
+    const int page = m_finder.pageOf(hit);
+    const int nth = hit - m_finder.firstHitFrom(page);
+    m_hitPage = page;
+    m_nthHit = nth;
     m_paper.setCurrentHit(page, nth);
     viewport()->update();
     if (m_arrangement == Arrangement::Overview) {

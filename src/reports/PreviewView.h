@@ -1,12 +1,12 @@
 #pragma once
 
+#include "reports/PageFinder.h"
 #include "reports/PreviewLayout.h"
 #include "reports/PreviewPaper.h"
 
 #include <QAbstractScrollArea>
 
 #include <optional>
-#include <vector>
 
 namespace tarnwell {
 
@@ -45,11 +45,12 @@ public:
     /// The next zoom of the usual ones in that direction; in the overview smaller or larger pages.
     void stepZoom(int direction);
 
-    /// Finds and marks; an empty text ends the search. No hit is the current one.
+    /// Looks for a text from the current page on and marks it; an empty one ends the search. No hit is the
+    /// current one.
     void search(const PageSearch& search);
-    [[nodiscard]] int hitCount() const { return int(m_hitPages.size()); }
-    /// From 0; -1: none.
-    [[nodiscard]] int currentHit() const { return m_currentHit; }
+    [[nodiscard]] const PageFinder& finder() const { return m_finder; }
+    /// From 0; -1: none. It moves up as hits before it become known.
+    [[nodiscard]] int currentHit() const;
     /// Makes a hit the current one and scrolls until it is seen.
     void showHit(int hit);
     /// The first hit on the current page or behind it; the first of all when there is none.
@@ -108,8 +109,9 @@ private:
     double m_zoom = 1;
     double m_overviewSide; ///< Pixels of a small page's longer side.
     int m_currentPage = 1;
-    std::vector<int> m_hitPages; ///< The page of each hit.
-    int m_currentHit = -1;
+    PageFinder m_finder;
+    int m_hitPage = 0;      ///< Of the current hit; 0: none.
+    int m_nthHit = 0;       ///< Which of its page, from 0.
     bool m_placing = false; ///< The scroll bars are moved by us; the current page is known.
     std::optional<QPoint> m_grabbed;
     int m_pressedPage = 0;

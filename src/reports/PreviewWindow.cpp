@@ -1,7 +1,6 @@
 #include "reports/PreviewWindow.h"
 
 #include "controls/Label.h"
-#include "data/RunTimeError.h"
 #include "frame/EventGuard.h"
 #include "reports/PreviewFindBar.h"
 #include "reports/PreviewToolBar.h"
@@ -195,6 +194,7 @@ void PreviewWindow::addZoomBox(QToolBar* bar) {
 void PreviewWindow::connectView() {
     connect(m_view, &PreviewView::pageChanged, this, guarded([this] { showPage(); }));
     connect(m_view, &PreviewView::lookChanged, this, guarded([this] { showLook(); }));
+    connect(&m_view->finder(), &PageFinder::progressed, this, guarded([this] { showHits(); }));
     connect(m_findBar, &PreviewFindBar::searchChanged, this, guarded([this] { searchAgain(); }));
     connect(m_findBar, &PreviewFindBar::stepWanted, this,
             guarded([this](int direction) { stepHit(direction); }));
@@ -274,46 +274,50 @@ void PreviewWindow::takeTypedZoom() {
 
 void PreviewWindow::openFind() {
     m_findBar->open();
-    if (m_view->hitCount() == 0)
+    if (m_view->finder().hitCount() == 0 && !m_view->finder().isSearching())
         searchAgain();
 }
 
 void PreviewWindow::searchAgain() {
-    const PageSearch search = m_findBar->search();
-    try {
-        m_view->search(search);
-    } catch (const RunTimeError& error) {
-        m_view->search({});
-        m_findBar->setResult(error.description(), true);
-        return;
-    }
-    if (search.text.isEmpty())
-        m_findBar->setResult({}, false);
-    else if (m_view->hitCount() == 0)
-        m_findBar->setResult(QStringLiteral("Not found"), true);
-    else {
-        m_view->showHit(m_view->hitFromHere());
-        m_findBar->setResult(QStringLiteral("%1 of %2").arg(m_view->currentHit() + 1).arg(m_view->hitCount()),
-                             false);
-    }
+    m_view->search(m_findBar->search());
+    showHits();
 }
 
-/// Round the ends: behind the last hit comes the first.
+/// The first hit is shown as soon as it is known, whatever is still to come.
+void PreviewWindow::showHits(const QString& turned) {
+    const PageFinder& finder = m_view->finder();
+    const int count = finder.hitCount();
+    if (count > 0 && m_view->currentHit() < 0)
+        m_view->showHit(m_view->hitFromHere());
+    const QString more = finder.isSearching() ? QStringLiteral("...") : turned;
+    if (!finder.error().isEmpty())
+        m_findBar->setResult(finder.error(), true);
+    else if (m_findBar->search().text.isEmpty())
+        m_findBar->setResult({}, false);
+    else if (count > 0)
+        m_findBar->setResult(QStringLiteral("%1 of %2%3").arg(m_view->currentHit() + 1).arg(count).arg(more),
+                             false);
+    else if (finder.isSearching())
+        m_findBar->setResult(QStringLiteral("Searching..."), false);
+    else
+        m_findBar->setResult(QStringLiteral("Not found"), true);
+}
+
+/// Round the ends: behind the last hit comes the first, once it is known which these are.
 void PreviewWindow::stepHit(int direction) {
     if (m_findBar->isHidden() || m_findBar->search().text.isEmpty()) {
         openFind();
         return;
     }
-    const int count = m_view->hitCount();
-    if (count == 0)
-        return;
+    const int count = m_view->finder().hitCount();
     const int hit = m_view->currentHit() + direction;
+    const bool turns = hit < 0 || hit >= count;
+    if (count == 0 || (turns && m_view->finder().isSearching()))
+        return;
     m_view->showHit((hit + count) % count);
-    const QString turned = hit < 0        ? QStringLiteral(" (from the end)")
-                           : hit >= count ? QStringLiteral(" (from the beginning)")
-                                          : QString();
-    m_findBar->setResult(QStringLiteral("%1 of %2%3").arg(m_view->currentHit() + 1).arg(count).arg(turned),
-                         false);
+    showHits(hit < 0 ? QStringLiteral(" (from the end)")
+             : turns ? QStringLiteral(" (from the beginning)")
+                     : QString());
 }
 
 void PreviewWindow::closeFind() {

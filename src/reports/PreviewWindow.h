@@ -64,6 +64,7 @@ private:
     void takeTypedZoom();
     void openFind();
     void searchAgain();
+    void showHits(const QString& turned = {});
     void stepHit(int direction);
     void closeFind();
     void escape();

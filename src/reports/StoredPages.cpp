@@ -90,20 +90,17 @@ void StoredPages::paint(QPainter& painter, int page) const {
     painter.restore();
 }
 
-std::vector<int> StoredPages::find(const PageSearch& search) const {
-    std::vector<int> pages;
-    for (const TextHit& hit : m_report.find(search.text, search.letters))
-        pages.push_back(static_cast<int>(hit.page));
-    return pages;
+int StoredPages::hitsOn(int page, const PageSearch& search) const {
+    return static_cast<int>(m_report.findOnPage(search.text, page, search.letters).size());
 }
 
 std::vector<PageMark> StoredPages::marks(int page, const PageSearch& search) const {
     std::vector<PageMark> marks;
     try {
-        const std::vector<TextHit> hits = m_report.findOnPage(search.text, page, search.letters);
+        const std::vector<std::size_t> hits = m_report.findOnPage(search.text, page, search.letters);
         const StoredPage stored = hits.empty() ? StoredPage() : m_report.page(page);
-        for (int hit = 0; const TextHit& found : hits) {
-            const PageText& text = stored.texts.at(found.index);
+        for (int hit = 0; const std::size_t found : hits) {
+            const PageText& text = stored.texts.at(found);
             for (const QRectF& box : boxesIn(text, search, m_report.pageCount(), m_painter))
                 marks.push_back({hit, ontoPaper().mapRect(box)});
             ++hit;

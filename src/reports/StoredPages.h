@@ -23,7 +23,7 @@ public:
     [[nodiscard]] QString paperName() const override;
     /// A page that can't be read says so on its paper.
     void paint(QPainter& painter, int page) const override;
-    [[nodiscard]] std::vector<int> find(const PageSearch& search) const override;
+    [[nodiscard]] int hitsOn(int page, const PageSearch& search) const override;
     [[nodiscard]] std::vector<PageMark> marks(int page, const PageSearch& search) const override;
 
 private:

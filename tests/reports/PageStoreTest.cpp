@@ -172,12 +172,12 @@ TEST_F(PageStoreTest, FindsTextsAsTheyAreReadOnThePage) {
     store->add(key, text(12, QStringLiteral("FRAMING and framing")));
     store->finish(key);
     const StoredReport report(*store, key);
-    using Hits = std::vector<TextHit>;
-    EXPECT_EQ(report.find(QStringLiteral("framing")), (Hits{{1, 1}, {12, 0}}));
-    EXPECT_EQ(report.find(QStringLiteral("Framing"), Qt::CaseSensitive), (Hits{{1, 1}}));
-    EXPECT_EQ(report.find(QStringLiteral("1 of 12")), (Hits{{1, 0}}));
-    EXPECT_EQ(report.find(QStringLiteral("roof")), Hits{});
-    EXPECT_EQ(report.find({}), Hits{});
+    using Hits = std::vector<std::size_t>;
+    EXPECT_EQ(report.findOnPage(QStringLiteral("framing"), 1), Hits{1});
+    EXPECT_EQ(report.findOnPage(QStringLiteral("framing"), 12), Hits{0});
+    EXPECT_EQ(report.findOnPage(QStringLiteral("Framing"), 12, Qt::CaseSensitive), Hits{});
+    EXPECT_EQ(report.findOnPage(QStringLiteral("1 of 12"), 1), Hits{0});
+    EXPECT_EQ(report.findOnPage({}, 1), Hits{});
 }
 
 TEST_F(PageStoreTest, RefusesAPlaceWhereNoReportDatabaseCanBe) {

@@ -19,8 +19,9 @@ namespace {
 
 constexpr QSize designSize(1180, 640);
 constexpr int shortFieldWidth = 110;
-constexpr int recordShare = 3, jobShare = 2; // Of the upper half's width.
-constexpr int planShare = 2, taskShare = 3;  // Of the lower half's.
+constexpr int frameTitleTop = 1, frameTitleGap = 3; // Above a frame's title, and between it and the edge.
+constexpr int recordShare = 3, jobShare = 2;        // Of the upper half's width.
+constexpr int planShare = 2, taskShare = 3;         // Of the lower half's.
 
 constexpr auto taskToolTip = "Enter new tasks, Press Add to include tasks";
 
@@ -114,14 +115,18 @@ QWidget* frmBuilder::recordFrame() {
     return frame;
 }
 
-/// As high as the record beside it, so that the plans get the room.
+/// As high as the record beside it, so that the plans get the room; its title and edges are level with the
+/// record's.
 QLayout* frmBuilder::jobColumn() {
     lstJobs->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
-    auto* jobs = spaced<QGridLayout>();
-    jobs->addWidget(label("Jobs for Price Updates:", "lblField(8)", lstJobs), 0, 0);
-    jobs->addWidget(cmdSelectAll, 0, 1, Qt::AlignRight);
-    jobs->addWidget(lstJobs, 1, 0, 1, 2);
-    jobs->setRowStretch(1, 1);
+    auto* jobs = new QVBoxLayout;
+    jobs->setSpacing(0);
+    jobs->addSpacing(frameTitleTop);
+    jobs->addWidget(label("Jobs for Price Updates:", "lblField(8)", lstJobs));
+    jobs->addSpacing(frameTitleGap);
+    jobs->addWidget(lstJobs, 1);
+    jobs->addSpacing(formSpacing);
+    jobs->addWidget(cmdSelectAll, 0, Qt::AlignRight);
     return jobs;
 }
 

@@ -26,6 +26,7 @@ DateBox::DateBox(Arrows arrows, QWidget* parent) : QWidget(parent), m_edit(new Q
     row->setSpacing(1);
     row->addWidget(m_edit);
     m_edit->setMaxLength(longestDateText);
+    m_edit->setPlaceholderText(QStringLiteral("mm/dd/yy"));
     keepOnOneLine(*m_edit);
     m_edit->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     m_edit->installEventFilter(this);

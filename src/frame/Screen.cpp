@@ -1,5 +1,6 @@
 #include "frame/Screen.h"
 
+#include "controls/FormLayout.h"
 #include "data/RunTimeError.h"
 #include "frame/ActiveControl.h"
 #include "frame/EventGuard.h"
@@ -7,12 +8,15 @@
 #include "frame/Theme.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QCloseEvent>
 #include <QEventLoop>
 #include <QGroupBox>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLayout>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QScreen>
 #include <QToolBar>
 #include <QToolButton>
@@ -42,6 +46,23 @@ void layOut(QWidget& container) {
     }
     for (auto* frame : container.findChildren<QGroupBox*>(Qt::FindDirectChildrenOnly))
         layOut(*frame);
+}
+
+/// Texts and ticks take of the space around them what keeps them whole in a window smaller than the design.
+/// At the design size they look as they did.
+void giveRoom(QWidget& container) {
+    constexpr int beside = formSpacing - 2, aboveAndBelow = 3;
+    for (auto* control : container.findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+        const auto* text = qobject_cast<QLabel*>(control);
+        if (text == nullptr && qobject_cast<QCheckBox*>(control) == nullptr &&
+            qobject_cast<QRadioButton*>(control) == nullptr)
+            continue;
+        const bool endsRight = text != nullptr && text->alignment().testFlag(Qt::AlignRight);
+        control->setGeometry(control->geometry().adjusted(endsRight ? -beside : 0, -aboveAndBelow,
+                                                          endsRight ? 0 : beside, aboveAndBelow));
+    }
+    for (auto* frame : container.findChildren<QGroupBox*>(Qt::FindDirectChildrenOnly))
+        giveRoom(*frame);
 }
 
 void dropLayouts(QWidget& container) {
@@ -186,6 +207,7 @@ void Screen::takeDesign() {
     m_designSize = (m_designSize.isValid() ? sizeForText(m_designSize) : natural).expandedTo(least);
     m_canvas->resize(m_designSize);
     layOut(*m_canvas);
+    giveRoom(*m_canvas);
     StoreFormPositions(m_positions, *m_canvas);
     dropLayouts(*m_canvas);
     for (const ControlPosition& position : m_positions) {
@@ -301,7 +323,8 @@ bool Screen::event(QEvent* event) {
 }
 
 bool Screen::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == m_canvas && event->type() == QEvent::Resize && isLoaded())
+    const bool isPlaced = event->type() == QEvent::Resize || event->type() == QEvent::Show;
+    if (watched == m_canvas && isPlaced && isLoaded())
         ResizeForm(m_positions, *m_canvas);
     return QMainWindow::eventFilter(watched, event);
 }

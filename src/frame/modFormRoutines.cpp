@@ -98,13 +98,35 @@ void storeChildren(ControlPositions& positions, const QWidget& container, QSizeF
     }
 }
 
+/// The least number of pixels that are whole dots of the display; 1 where a few are not.
+int pixelsOfWholeDots(double dotsEach) {
+    for (const int pixels : {1, 2, 4})
+        if (std::abs(pixels * dotsEach - std::round(pixels * dotsEach)) < 0.01)
+            return pixels;
+    return 1;
+}
+
+/// At 150 percent an edge may fall between two dots, and what a list shows would then cover its frame: the
+/// first and the last pixel each begin on a dot.
+QRect onWholeDots(const QRect& place, const QWidget& parent) {
+    const int step = pixelsOfWholeDots(parent.devicePixelRatioF());
+    if (step == 1)
+        return place;
+    const auto whole = [step](int pixels) { return qRound(static_cast<double>(pixels) / step) * step; };
+    const QPoint origin = parent.mapTo(parent.window(), QPoint());
+    const QPoint start(whole(place.x() + origin.x()), whole(place.y() + origin.y()));
+    return {start - origin, QSize(whole(place.width() - 1) + 1, whole(place.height() - 1) + 1)};
+}
+
 /// A combo keeps its height at the top of its place, and its label's text stays level with it.
 void levelWithCombo(QLabel& label) {
     const auto* combo = qobject_cast<const QComboBox*>(label.buddy());
     if (combo == nullptr || combo->parentWidget() != label.parentWidget())
         return;
-    const int below = label.geometry().bottom() - combo->geometry().bottom();
-    label.setContentsMargins(0, 0, 0, std::max(below, 0));
+    const QRect place = label.geometry();
+    const int down = combo->y() + combo->geometry().bottom() - place.y() - place.bottom(); // Twice the way.
+    const int most = std::max(place.height() - label.fontMetrics().height(), 0);
+    label.setContentsMargins(0, std::clamp(down, 0, most), 0, std::clamp(-down, 0, most));
 }
 
 } // namespace
@@ -167,7 +189,8 @@ void ResizeForm(const ControlPositions& positions, QWidget& canvas) {
             else
                 height = std::min(height, position.height);
         }
-        position.control->setGeometry(qRound(left), qRound(top), qRound(width), qRound(height));
+        position.control->setGeometry(onWholeDots({qRound(left), qRound(top), qRound(width), qRound(height)},
+                                                  *position.control->parentWidget()));
     }
     for (const ControlPosition& position : positions)
         if (auto* label = qobject_cast<QLabel*>(position.control))

@@ -32,11 +32,16 @@ constexpr auto taskToolTip = "Enter new tasks, Press Task to include tasks";
 std::vector<GridColumn> lotColumns() {
     return {{.key = "JobLotKey", .caption = "JobKey", .visible = false},
             {.key = "JobKey", .caption = "JobKey", .visible = false, .defaultValue = 0},
-            {.key = "LotBlock", .caption = "Lot/Block", .maxLength = 10, .tag = "Enter the lot / block"},
+            {.key = "LotBlock",
+             .caption = "Lot/Block",
+             .maxLength = 10,
+             .width = 126,
+             .tag = "Enter the lot / block"},
             {.key = "PlanName",
              .caption = "Plan Name",
              .edit = ColumnEdit::TextWithButton,
              .maxLength = 20,
+             .width = 180,
              .tag = "Click the down arrow to select the plan / tasks"},
             {.key = "Address", .caption = "Address", .maxLength = 50, .tag = "Enter the address"},
             {.key = "ContractorPlanKey", .visible = false, .defaultValue = 0},
@@ -58,7 +63,7 @@ GridColumn dateColumn(const char* key, const char* caption, const char* tag, con
     return {.key = key,
             .caption = caption,
             .format = ColumnFormat::GeneralDate,
-            .width = 116,
+            .width = 120,
             .tag = tag,
             .headerToolTip = toolTip};
 }
@@ -69,7 +74,7 @@ std::vector<GridColumn> scheduleColumns() {
              .caption = "Exclude",
              .format = ColumnFormat::YesNo,
              .edit = ColumnEdit::CheckBox,
-             .width = 64,
+             .width = 72,
              .defaultValue = 0,
              .tag = "Exclude this task from dependency check in payroll?",
              .headerToolTip = "Exclude dependency"},
@@ -80,7 +85,7 @@ std::vector<GridColumn> scheduleColumns() {
             {.key = "EmployeeKey",
              .caption = "Employee",
              .edit = ColumnEdit::ValueList,
-             .width = 170,
+             .width = 160,
              .tag = "Enter the employee to complete task",
              .headerToolTip = "Employee"}};
 }
@@ -106,7 +111,7 @@ std::vector<GridColumn> taskColumns() {
         {.key = "CustomTask",
          .caption = "Custom",
          .edit = ColumnEdit::ValueList,
-         .width = 68,
+         .width = 74,
          .tag = "Is this a custom task?",
          .valueList = {{.value = "N", .text = "N"}, {.value = "Y", .text = "Y"}}},
         {.key = "ContractorPlanTaskKey",

@@ -61,8 +61,6 @@ void frmEmployee::makeControls() {
     cmbMaritalStatus = new Combo(canvas());
     rebHired = new DateBox(DateBox::Arrows::Beside, canvas());
     rebTerminated = new DateBox(DateBox::Arrows::Beside, canvas());
-    for (DateBox* date : {rebHired, rebTerminated})
-        date->edit()->setPlaceholderText("mm/dd/yy");
     rchField = new NoteBox(canvas());
     chkInActive = new QCheckBox(canvas());
     lstErrorLog = new ListBox(ListBox::Pitch::Fixed, canvas());

@@ -37,7 +37,7 @@ std::vector<GridColumn> lotColumns() {
     return {{.key = "JobLotKey", .caption = "JobKey", .visible = false},
             {.key = "JobKey", .caption = "JobKey", .visible = false},
             {.key = "LotBlock", .caption = "Lot/Block", .maxLength = 10, .width = 100},
-            {.key = "PlanName", .caption = "Plan Name", .maxLength = 20, .width = 150},
+            {.key = "PlanName", .caption = "Plan Name", .maxLength = 20, .width = 210},
             {.key = "Address", .caption = "Address", .maxLength = 50},
             {.key = "ContractorPlanKey", .caption = "", .visible = false},
             {.key = "ExcludeDependencyCheck",
@@ -210,14 +210,17 @@ QWidget* frmPayroll::timecardEntry() {
     auto* grid = spaced<QGridLayout>(frame);
     grid->setColumnMinimumWidth(0, entryLabelWidth(*this));
     grid->addWidget(fieldLabel(9, "Employee:", cmbEmployees), 0, 0);
-    grid->addWidget(cmbEmployees, 0, 1, 1, 5);
+    grid->addWidget(cmbEmployees, 0, 1, 1, 4);
     rebCompleted->setFixedWidth(digits(*this, dateDigits));
     grid->addWidget(fieldLabel(1, "Completed:", rebCompleted), 1, 0);
-    grid->addWidget(rebCompleted, 1, 1);
-    grid->addWidget(vscrCompleted, 1, 2);
-    grid->setColumnStretch(3, 1);
-    grid->addWidget(fieldLabel(14, "Use Task Employee:", chkUseTaskEmployee), 1, 4);
-    grid->addWidget(chkUseTaskEmployee, 1, 5);
+    auto* date = new QHBoxLayout;
+    date->setSpacing(1);
+    date->addWidget(rebCompleted);
+    date->addWidget(vscrCompleted);
+    grid->addLayout(date, 1, 1);
+    grid->setColumnStretch(2, 1);
+    grid->addWidget(fieldLabel(14, "Use Task Employee:", chkUseTaskEmployee), 1, 3);
+    grid->addWidget(chkUseTaskEmployee, 1, 4);
     return frame;
 }
 

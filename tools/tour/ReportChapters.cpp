@@ -54,7 +54,7 @@ void print(Driver& driver, const PrintedReport& report, const QString& grouping)
     QFile::remove(path);
     driver.act([path] {
         PrinterDialogs dialogs;
-        dialogs.savePdfAs = [path](const QString&, QWidget*) { return path; };
+        dialogs.savePdfAs = [path](const QString&, QWidget*) { return QString(path); };
         setPrinterDialogs(std::move(dialogs));
     });
     if (!grouping.isEmpty())

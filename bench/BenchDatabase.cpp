@@ -1,7 +1,7 @@
 #include "bench/BenchDatabase.h"
 
-#include "data/DatabaseFile.h"
-#include "data/Recordset.h"
+#include "data/file/DatabaseFile.h"
+#include "data/recordset/Recordset.h"
 
 namespace tarnwell::bench {
 

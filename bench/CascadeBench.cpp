@@ -1,7 +1,7 @@
 // One changed master task, carried into 100,000 unpaid lot tasks of a thousand open jobs.
 
 #include "bench/BenchDatabase.h"
-#include "data/Recordset.h"
+#include "data/recordset/Recordset.h"
 #include "master/PriceCascade.h"
 
 #include <benchmark/benchmark.h>

@@ -2,7 +2,7 @@
 
 #include "bench/LargeSample.h"
 #include "controls/Combo.h"
-#include "controls/Grid.h"
+#include "controls/grid/Grid.h"
 #include "master/frmMasterTasks.h"
 
 #include <benchmark/benchmark.h>

@@ -1,4 +1,4 @@
-#include "data/Dialect.h"
+#include "data/sql/Dialect.h"
 
 #include <benchmark/benchmark.h>
 #include <vector>

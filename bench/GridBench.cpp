@@ -1,6 +1,6 @@
 #include "bench/BenchDatabase.h"
-#include "controls/Grid.h"
-#include "data/Recordset.h"
+#include "controls/grid/Grid.h"
+#include "data/recordset/Recordset.h"
 
 #include <QApplication>
 #include <QKeyEvent>

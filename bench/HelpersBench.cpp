@@ -1,8 +1,8 @@
 // The helpers that run for every line of a list or at every key.
 
-#include "frame/RunTime.h"
-#include "frame/modFormatFunctions.h"
-#include "frame/modGeneral.h"
+#include "runtime/RunTime.h"
+#include "runtime/modFormatFunctions.h"
+#include "runtime/modGeneral.h"
 
 #include <QStringList>
 

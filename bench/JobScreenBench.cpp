@@ -3,7 +3,7 @@
 #include "bench/LargeSample.h"
 #include "bench/SearchUse.h"
 #include "controls/Combo.h"
-#include "controls/Grid.h"
+#include "controls/grid/Grid.h"
 #include "jobs/frmJobs.h"
 
 #include <QApplication>

@@ -1,9 +1,9 @@
 #include "bench/LargeSample.h"
-#include "data/Recordset.h"
-#include "frame/DataEnvironment.h"
+#include "data/recordset/Recordset.h"
 #include "jobs/JobOptionGroup.h"
 #include "jobs/TaskTree.h"
 #include "master/OptionGroups.h"
+#include "runtime/DataEnvironment.h"
 
 #include <benchmark/benchmark.h>
 

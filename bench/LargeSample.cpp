@@ -1,9 +1,9 @@
 #include "bench/LargeSample.h"
 
-#include "data/Recordset.h"
-#include "frame/DataEnvironment.h"
-#include "frame/modFormatFunctions.h"
-#include "frame/modGlobalVariables.h"
+#include "data/recordset/Recordset.h"
+#include "runtime/DataEnvironment.h"
+#include "runtime/modFormatFunctions.h"
+#include "runtime/modGlobalVariables.h"
 
 #include <QFile>
 #include <QTemporaryDir>

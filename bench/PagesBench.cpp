@@ -1,5 +1,5 @@
-#include "reports/PageOutput.h"
-#include "reports/PagePainter.h"
+#include "reports/output/PageOutput.h"
+#include "reports/pages/PagePainter.h"
 
 #include <QFile>
 #include <QImage>

@@ -1,10 +1,10 @@
 #include "bench/LargeSample.h"
 #include "controls/Combo.h"
-#include "controls/Grid.h"
 #include "controls/MaskedBox.h"
-#include "data/Recordset.h"
-#include "frame/DataEnvironment.h"
-#include "frame/MsgBox.h"
+#include "controls/grid/Grid.h"
+#include "data/recordset/Recordset.h"
+#include "runtime/DataEnvironment.h"
+#include "runtime/MsgBox.h"
 #include "timecard/frmPayroll.h"
 
 #include <QApplication>

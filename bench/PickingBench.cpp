@@ -1,6 +1,6 @@
 #include "builders/TaskPicking.h"
-#include "data/DatabaseFile.h"
-#include "data/Recordset.h"
+#include "data/file/DatabaseFile.h"
+#include "data/recordset/Recordset.h"
 
 #include <QTemporaryDir>
 

@@ -1,5 +1,5 @@
 #include "bench/BenchDatabase.h"
-#include "data/Recordset.h"
+#include "data/recordset/Recordset.h"
 
 #include <QByteArray>
 

@@ -1,9 +1,9 @@
 #include "bench/ReportSample.h"
 
 #include "bench/LargeSample.h"
-#include "data/Recordset.h"
-#include "data/Schema.h"
-#include "frame/DataEnvironment.h"
+#include "data/recordset/Recordset.h"
+#include "data/schema/Schema.h"
+#include "runtime/DataEnvironment.h"
 
 #include <initializer_list>
 #include <utility>

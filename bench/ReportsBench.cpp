@@ -1,10 +1,10 @@
 #include "bench/LargeSample.h"
 #include "bench/ReportSample.h"
-#include "data/Recordset.h"
-#include "frame/DataEnvironment.h"
-#include "reports/LotBudgetReport.h"
-#include "reports/PageStore.h"
-#include "reports/PaidoutReport.h"
+#include "data/recordset/Recordset.h"
+#include "reports/drawing/LotBudgetReport.h"
+#include "reports/drawing/PaidoutReport.h"
+#include "reports/pages/PageStore.h"
+#include "runtime/DataEnvironment.h"
 
 #include <QTemporaryDir>
 

@@ -1,9 +1,9 @@
 #include "bench/LargeSample.h"
 #include "controls/ListBox.h"
 #include "controls/MaskedBox.h"
-#include "frame/DataEnvironment.h"
 #include "master/FastSearch.h"
 #include "master/frmFastSearch.h"
+#include "runtime/DataEnvironment.h"
 
 #include <QApplication>
 #include <QKeyEvent>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "frame/AltKeys.h"
-#include "frame/HelpKey.h"
+#include "frame/help/HelpKey.h"
 
 #include <QApplication>
 

@@ -2,11 +2,11 @@
 
 #include "CommandLine.h"
 #include "SampleDatabase.h"
-#include "data/Connection.h"
-#include "data/DatabaseCheck.h"
-#include "data/DatabaseFile.h"
-#include "data/FileReplacement.h"
 #include "data/RunTimeError.h"
+#include "data/file/DatabaseCheck.h"
+#include "data/file/DatabaseFile.h"
+#include "data/file/FileReplacement.h"
+#include "data/recordset/Connection.h"
 
 #include <QFileInfo>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "SampleScale.h"
-#include "data/Connection.h"
+#include "data/recordset/Connection.h"
 
 #include <functional>
 

@@ -1,6 +1,6 @@
 #include "SampleTables.h"
 
-#include "data/Schema.h"
+#include "data/schema/Schema.h"
 
 namespace tarnwell::sample {
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "data/Connection.h"
-#include "data/Recordset.h"
+#include "data/recordset/Connection.h"
+#include "data/recordset/Recordset.h"
 
 #include <QString>
 

@@ -1,7 +1,7 @@
 #include "builders/BuilderRecord.h"
 
-#include "data/Recordset.h"
-#include "frame/modFormatFunctions.h"
+#include "data/recordset/Recordset.h"
+#include "runtime/modFormatFunctions.h"
 
 namespace tarnwell {
 

@@ -1,8 +1,8 @@
 #include "builders/JobList.h"
 
-#include "data/Recordset.h"
-#include "frame/modFormatFunctions.h"
-#include "frame/modGeneral.h"
+#include "data/recordset/Recordset.h"
+#include "runtime/modFormatFunctions.h"
+#include "runtime/modGeneral.h"
 
 namespace tarnwell {
 

@@ -1,8 +1,8 @@
 #include "builders/PlanCopy.h"
 
 #include "builders/WriteTogether.h"
-#include "data/Recordset.h"
-#include "frame/modFormatFunctions.h"
+#include "data/recordset/Recordset.h"
+#include "runtime/modFormatFunctions.h"
 
 namespace tarnwell {
 

@@ -1,6 +1,6 @@
 #include "builders/PricePropagation.h"
 
-#include "data/Recordset.h"
+#include "data/recordset/Recordset.h"
 
 namespace tarnwell {
 

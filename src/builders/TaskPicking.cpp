@@ -1,9 +1,9 @@
 #include "builders/TaskPicking.h"
 
 #include "builders/WriteTogether.h"
-#include "data/Recordset.h"
-#include "frame/modFormatFunctions.h"
-#include "frame/modGeneral.h"
+#include "data/recordset/Recordset.h"
+#include "runtime/modFormatFunctions.h"
+#include "runtime/modGeneral.h"
 
 #include <optional>
 

@@ -3,9 +3,9 @@
 #include "builders/PickedLines.h"
 #include "controls/FormLayout.h"
 #include "controls/ListBox.h"
-#include "frame/DataEnvironment.h"
-#include "frame/EventGuard.h"
-#include "frame/MousePointer.h"
+#include "runtime/DataEnvironment.h"
+#include "runtime/EventGuard.h"
+#include "runtime/MousePointer.h"
 
 #include <QPushButton>
 #include <QVBoxLayout>

@@ -3,15 +3,15 @@
 #include "builders/frmAddMasterTasks.h"
 #include "builders/frmBuilder.h"
 #include "controls/Combo.h"
-#include "controls/Grid.h"
 #include "controls/ListBox.h"
 #include "controls/MaskedBox.h"
-#include "data/Recordset.h"
-#include "frame/DataEnvironment.h"
-#include "frame/EventGuard.h"
-#include "frame/GridRows.h"
-#include "frame/modErrorRoutines.h"
-#include "frame/modFormatFunctions.h"
+#include "controls/grid/Grid.h"
+#include "controls/grid/GridRows.h"
+#include "data/recordset/Recordset.h"
+#include "runtime/DataEnvironment.h"
+#include "runtime/EventGuard.h"
+#include "runtime/modErrorRoutines.h"
+#include "runtime/modFormatFunctions.h"
 
 #include <QScopedValueRollback>
 

@@ -1,11 +1,11 @@
 #include "builders/frmBuilder.h"
 #include "controls/Combo.h"
 #include "controls/FormLayout.h"
-#include "controls/Grid.h"
 #include "controls/Label.h"
 #include "controls/ListBox.h"
 #include "controls/MaskedBox.h"
-#include "frame/Theme.h"
+#include "controls/grid/Grid.h"
+#include "look/Theme.h"
 
 #include <QGroupBox>
 #include <QPushButton>

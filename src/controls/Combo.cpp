@@ -4,7 +4,7 @@
 #include "controls/OneLine.h"
 #include "controls/ShownStart.h"
 #include "data/RunTimeError.h"
-#include "frame/EventGuard.h"
+#include "runtime/EventGuard.h"
 
 #include <QKeyEvent>
 #include <QLineEdit>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "controls/ItemModel.h"
-#include "frame/modGeneral.h"
+#include "runtime/modGeneral.h"
 
 #include <QComboBox>
 

@@ -3,8 +3,8 @@
 #include "controls/DayArrows.h"
 #include "controls/OneLine.h"
 #include "data/RunTimeError.h"
-#include "frame/EventGuard.h"
-#include "frame/RunTime.h"
+#include "runtime/EventGuard.h"
+#include "runtime/RunTime.h"
 
 #include <QEvent>
 #include <QHBoxLayout>

@@ -1,6 +1,6 @@
 #include "controls/DayArrows.h"
 
-#include "frame/Theme.h"
+#include "look/Theme.h"
 
 #include <QContextMenuEvent>
 #include <QProxyStyle>

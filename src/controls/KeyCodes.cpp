@@ -1,6 +1,6 @@
 #include "controls/KeyCodes.h"
 
-#include "frame/modGeneral.h"
+#include "runtime/modGeneral.h"
 
 #include <QKeyEvent>
 

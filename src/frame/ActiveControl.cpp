@@ -1,6 +1,6 @@
 #include "frame/ActiveControl.h"
 
-#include "frame/EventGuard.h"
+#include "runtime/EventGuard.h"
 
 #include <QAbstractButton>
 #include <QApplication>

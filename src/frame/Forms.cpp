@@ -1,8 +1,8 @@
 #include "frame/Forms.h"
 
 #include "data/RunTimeError.h"
-#include "frame/EventGuard.h"
 #include "frame/Screen.h"
+#include "runtime/EventGuard.h"
 
 #include <algorithm>
 

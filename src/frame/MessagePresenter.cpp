@@ -1,6 +1,6 @@
 #include "frame/MessagePresenter.h"
 
-#include "frame/MousePointer.h"
+#include "runtime/MousePointer.h"
 
 #include <QApplication>
 #include <QGridLayout>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "frame/MsgBox.h"
+#include "runtime/MsgBox.h"
 
 namespace tarnwell {
 

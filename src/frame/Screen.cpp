@@ -3,9 +3,9 @@
 #include "controls/FormLayout.h"
 #include "data/RunTimeError.h"
 #include "frame/ActiveControl.h"
-#include "frame/EventGuard.h"
 #include "frame/StatusBar.h"
-#include "frame/Theme.h"
+#include "look/Theme.h"
+#include "runtime/EventGuard.h"
 
 #include <QApplication>
 #include <QCheckBox>

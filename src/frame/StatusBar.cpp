@@ -1,8 +1,8 @@
 #include "frame/StatusBar.h"
 
 #include "frame/CapsLock.h"
-#include "frame/EventGuard.h"
-#include "frame/RunTime.h"
+#include "runtime/EventGuard.h"
+#include "runtime/RunTime.h"
 
 #include <QLocale>
 #include <QPainter>

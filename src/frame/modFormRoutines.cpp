@@ -1,9 +1,9 @@
 #include "frame/modFormRoutines.h"
 
 #include "data/RunTimeError.h"
-#include "frame/EventGuard.h"
-#include "frame/Icons.h"
 #include "frame/Screen.h"
+#include "look/Icons.h"
+#include "runtime/EventGuard.h"
 
 #include <QComboBox>
 #include <QGroupBox>

@@ -1,8 +1,8 @@
 #include "jobs/JobRecord.h"
 
-#include "data/Recordset.h"
 #include "data/RunTimeError.h"
-#include "frame/modFormatFunctions.h"
+#include "data/recordset/Recordset.h"
+#include "runtime/modFormatFunctions.h"
 
 namespace tarnwell {
 

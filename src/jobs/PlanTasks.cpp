@@ -2,11 +2,11 @@
 
 #include "builders/BuilderRecord.h"
 #include "builders/WriteTogether.h"
-#include "data/Recordset.h"
 #include "data/RunTimeError.h"
-#include "frame/RunTime.h"
-#include "frame/modFormatFunctions.h"
-#include "frame/modGeneral.h"
+#include "data/recordset/Recordset.h"
+#include "runtime/RunTime.h"
+#include "runtime/modFormatFunctions.h"
+#include "runtime/modGeneral.h"
 
 #include <set>
 

@@ -2,12 +2,12 @@
 
 #include "controls/FormLayout.h"
 #include "controls/ListBox.h"
-#include "data/Recordset.h"
-#include "frame/DataEnvironment.h"
-#include "frame/EventGuard.h"
-#include "frame/MousePointer.h"
+#include "data/recordset/Recordset.h"
 #include "jobs/JobOptionGroup.h"
 #include "master/OptionGroups.h"
+#include "runtime/DataEnvironment.h"
+#include "runtime/EventGuard.h"
+#include "runtime/MousePointer.h"
 
 #include <QPushButton>
 #include <QVBoxLayout>

@@ -4,10 +4,10 @@
 #include "controls/FormLayout.h"
 #include "controls/Label.h"
 #include "controls/ListBox.h"
-#include "frame/DataEnvironment.h"
-#include "frame/EventGuard.h"
-#include "frame/modFormatFunctions.h"
 #include "jobs/PlanTasks.h"
+#include "runtime/DataEnvironment.h"
+#include "runtime/EventGuard.h"
+#include "runtime/modFormatFunctions.h"
 
 #include <QGridLayout>
 #include <QPushButton>

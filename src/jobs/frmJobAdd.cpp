@@ -5,9 +5,9 @@
 #include "controls/FormLayout.h"
 #include "controls/Label.h"
 #include "controls/MaskedBox.h"
-#include "frame/DataEnvironment.h"
-#include "frame/EventGuard.h"
-#include "frame/modErrorRoutines.h"
+#include "runtime/DataEnvironment.h"
+#include "runtime/EventGuard.h"
+#include "runtime/modErrorRoutines.h"
 
 #include <QLabel>
 #include <QLineEdit>

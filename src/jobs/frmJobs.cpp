@@ -2,21 +2,21 @@
 
 #include "controls/Combo.h"
 #include "controls/DateBox.h"
-#include "controls/Grid.h"
 #include "controls/KeyCodes.h"
 #include "controls/MaskedBox.h"
-#include "data/Recordset.h"
-#include "frame/DataEnvironment.h"
-#include "frame/EventGuard.h"
-#include "frame/MsgBox.h"
-#include "frame/modErrorRoutines.h"
-#include "frame/modFormatFunctions.h"
+#include "controls/grid/Grid.h"
+#include "data/recordset/Recordset.h"
 #include "jobs/JobRecord.h"
 #include "jobs/frmJobAdd.h"
 #include "master/Categories.h"
 #include "master/FastSearch.h"
 #include "master/Foremen.h"
 #include "master/frmFastSearch.h"
+#include "runtime/DataEnvironment.h"
+#include "runtime/EventGuard.h"
+#include "runtime/MsgBox.h"
+#include "runtime/modErrorRoutines.h"
+#include "runtime/modFormatFunctions.h"
 
 #include <QScopeGuard>
 

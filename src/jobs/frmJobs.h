@@ -1,9 +1,9 @@
 #pragma once
 
 #include "builders/TaskPicking.h"
-#include "frame/MousePointer.h"
 #include "frame/Screen.h"
 #include "jobs/CurrentLot.h"
+#include "runtime/MousePointer.h"
 
 #include <array>
 #include <memory>

@@ -1,9 +1,9 @@
 #include "controls/Combo.h"
 #include "controls/DateBox.h"
 #include "controls/FormLayout.h"
-#include "controls/Grid.h"
 #include "controls/Label.h"
 #include "controls/MaskedBox.h"
+#include "controls/grid/Grid.h"
 #include "jobs/LotTasks.h"
 #include "jobs/frmJobs.h"
 

@@ -1,6 +1,6 @@
 #include "master/Foremen.h"
 
-#include "data/Recordset.h"
+#include "data/recordset/Recordset.h"
 
 namespace tarnwell {
 

@@ -1,6 +1,6 @@
 #include "master/MasterCodes.h"
 
-#include "frame/modFormatFunctions.h"
+#include "runtime/modFormatFunctions.h"
 
 namespace tarnwell {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "data/Value.h"
-#include "frame/MsgBox.h"
+#include "runtime/MsgBox.h"
 
 #include <QString>
 

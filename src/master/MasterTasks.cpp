@@ -1,6 +1,6 @@
 #include "master/MasterTasks.h"
 
-#include "frame/modFormatFunctions.h"
+#include "runtime/modFormatFunctions.h"
 
 namespace tarnwell {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/Connection.h"
+#include "data/recordset/Connection.h"
 
 #include <QString>
 

@@ -1,7 +1,7 @@
 #include "master/PriceCascade.h"
 
-#include "data/Recordset.h"
-#include "frame/MousePointer.h"
+#include "data/recordset/Recordset.h"
+#include "runtime/MousePointer.h"
 
 #include <QStringList>
 

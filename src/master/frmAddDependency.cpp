@@ -2,11 +2,11 @@
 
 #include "controls/Combo.h"
 #include "controls/FormLayout.h"
-#include "frame/DataEnvironment.h"
-#include "frame/EventGuard.h"
 #include "master/Categories.h"
 #include "master/CategoryDependencies.h"
 #include "master/frmMasterTasks.h"
+#include "runtime/DataEnvironment.h"
+#include "runtime/EventGuard.h"
 
 #include <QLineEdit>
 #include <QPushButton>

@@ -1,17 +1,17 @@
 #include "master/frmAddOptionGroup.h"
 
 #include "controls/FormLayout.h"
-#include "controls/Grid.h"
 #include "controls/Label.h"
 #include "controls/ListBox.h"
 #include "controls/MaskedBox.h"
-#include "data/Recordset.h"
-#include "frame/DataEnvironment.h"
-#include "frame/EventGuard.h"
-#include "frame/MsgBox.h"
-#include "frame/modGlobalVariables.h"
+#include "controls/grid/Grid.h"
+#include "data/recordset/Recordset.h"
 #include "master/OptionGroups.h"
 #include "master/frmOptionGroupAdd.h"
+#include "runtime/DataEnvironment.h"
+#include "runtime/EventGuard.h"
+#include "runtime/MsgBox.h"
+#include "runtime/modGlobalVariables.h"
 
 #include <QVBoxLayout>
 

@@ -3,10 +3,10 @@
 #include "controls/FormLayout.h"
 #include "controls/ListBox.h"
 #include "controls/MaskedBox.h"
-#include "frame/DataEnvironment.h"
-#include "frame/EventGuard.h"
-#include "frame/modErrorRoutines.h"
 #include "master/FastSearch.h"
+#include "runtime/DataEnvironment.h"
+#include "runtime/EventGuard.h"
+#include "runtime/modErrorRoutines.h"
 
 #include <QGroupBox>
 #include <QKeyEvent>

@@ -2,14 +2,14 @@
 
 #include "controls/Combo.h"
 #include "controls/FormLayout.h"
-#include "controls/Grid.h"
-#include "frame/DataEnvironment.h"
-#include "frame/EventGuard.h"
-#include "frame/GridRows.h"
-#include "frame/MsgBox.h"
-#include "frame/modErrorRoutines.h"
-#include "frame/modGlobalVariables.h"
+#include "controls/grid/Grid.h"
+#include "controls/grid/GridRows.h"
 #include "master/MasterCodes.h"
+#include "runtime/DataEnvironment.h"
+#include "runtime/EventGuard.h"
+#include "runtime/MsgBox.h"
+#include "runtime/modErrorRoutines.h"
+#include "runtime/modGlobalVariables.h"
 
 #include <QLineEdit>
 #include <QSignalBlocker>

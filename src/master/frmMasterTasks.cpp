@@ -1,16 +1,16 @@
 #include "master/frmMasterTasks.h"
 
 #include "controls/Combo.h"
-#include "controls/Grid.h"
-#include "frame/DataEnvironment.h"
-#include "frame/EventGuard.h"
-#include "frame/GridRows.h"
-#include "frame/MsgBox.h"
-#include "frame/modGlobalVariables.h"
+#include "controls/grid/Grid.h"
+#include "controls/grid/GridRows.h"
 #include "master/Categories.h"
 #include "master/CategoryDependencies.h"
 #include "master/MasterTasks.h"
 #include "master/frmAddDependency.h"
+#include "runtime/DataEnvironment.h"
+#include "runtime/EventGuard.h"
+#include "runtime/MsgBox.h"
+#include "runtime/modGlobalVariables.h"
 
 #include <QCheckBox>
 #include <QLineEdit>

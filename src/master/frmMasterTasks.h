@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/Recordset.h"
+#include "data/recordset/Recordset.h"
 #include "frame/Screen.h"
 #include "master/PriceCascade.h"
 

@@ -1,8 +1,8 @@
 #include "controls/Combo.h"
 #include "controls/FormLayout.h"
-#include "controls/Grid.h"
 #include "controls/Label.h"
 #include "controls/ListBox.h"
+#include "controls/grid/Grid.h"
 #include "master/frmMasterTasks.h"
 
 #include <QCheckBox>

@@ -2,8 +2,8 @@
 
 #include "controls/FormLayout.h"
 #include "controls/MaskedBox.h"
-#include "frame/EventGuard.h"
-#include "frame/modErrorRoutines.h"
+#include "runtime/EventGuard.h"
+#include "runtime/modErrorRoutines.h"
 
 #include <QPushButton>
 #include <QVBoxLayout>

@@ -1,9 +1,9 @@
 #include "timecard/EmployeeLog.h"
 
-#include "data/Recordset.h"
-#include "frame/RunTime.h"
-#include "frame/modFormatFunctions.h"
-#include "frame/modGeneral.h"
+#include "data/recordset/Recordset.h"
+#include "runtime/RunTime.h"
+#include "runtime/modFormatFunctions.h"
+#include "runtime/modGeneral.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 #include "timecard/PaymentCorrection.h"
 
-#include "data/Recordset.h"
-#include "frame/RunTime.h"
+#include "data/recordset/Recordset.h"
+#include "runtime/RunTime.h"
 
 namespace tarnwell {
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "data/Connection.h"
 #include "data/Value.h"
-#include "frame/MsgBox.h"
+#include "data/recordset/Connection.h"
+#include "runtime/MsgBox.h"
 #include "timecard/ShownRow.h"
 
 #include <QString>

@@ -1,9 +1,9 @@
 #include "timecard/PaymentRules.h"
 
-#include "data/Recordset.h"
-#include "frame/RunTime.h"
-#include "frame/modErrorRoutines.h"
-#include "frame/modFormatFunctions.h"
+#include "data/recordset/Recordset.h"
+#include "runtime/RunTime.h"
+#include "runtime/modErrorRoutines.h"
+#include "runtime/modFormatFunctions.h"
 
 #include <type_traits>
 #include <utility>

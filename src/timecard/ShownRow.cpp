@@ -1,7 +1,7 @@
 #include "timecard/ShownRow.h"
 
-#include "data/Recordset.h"
 #include "data/RunTimeError.h"
+#include "data/recordset/Recordset.h"
 
 namespace tarnwell {
 

@@ -1,8 +1,8 @@
 #include "timecard/TaskHistory.h"
 
-#include "data/Recordset.h"
-#include "frame/RunTime.h"
-#include "frame/modFormatFunctions.h"
+#include "data/recordset/Recordset.h"
+#include "runtime/RunTime.h"
+#include "runtime/modFormatFunctions.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,8 +1,8 @@
 #include "timecard/TimeCardJob.h"
 
-#include "data/Recordset.h"
-#include "frame/modFormatFunctions.h"
+#include "data/recordset/Recordset.h"
 #include "master/Categories.h"
+#include "runtime/modFormatFunctions.h"
 
 namespace tarnwell {
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "data/Connection.h"
 #include "data/Value.h"
+#include "data/recordset/Connection.h"
 
 #include <QString>
 

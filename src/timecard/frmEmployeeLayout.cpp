@@ -5,7 +5,7 @@
 #include "controls/ListBox.h"
 #include "controls/MaskedBox.h"
 #include "controls/NoteBox.h"
-#include "frame/Theme.h"
+#include "look/Theme.h"
 #include "timecard/frmEmployee.h"
 
 #include <QCheckBox>

@@ -4,9 +4,9 @@
 #include "controls/Label.h"
 #include "controls/MaskedBox.h"
 #include "controls/NoteBox.h"
-#include "frame/DataEnvironment.h"
-#include "frame/EventGuard.h"
-#include "frame/modErrorRoutines.h"
+#include "runtime/DataEnvironment.h"
+#include "runtime/EventGuard.h"
+#include "runtime/modErrorRoutines.h"
 #include "timecard/frmEmployee.h"
 
 #include <QPushButton>

@@ -2,11 +2,11 @@
 #include "controls/DateBox.h"
 #include "controls/DayArrows.h"
 #include "controls/FormLayout.h"
-#include "controls/Grid.h"
 #include "controls/Label.h"
 #include "controls/ListBox.h"
 #include "controls/MaskedBox.h"
 #include "controls/NoteBox.h"
+#include "controls/grid/Grid.h"
 #include "timecard/frmPayroll.h"
 
 #include <QCheckBox>

@@ -2,7 +2,7 @@
 
 #include "controls/KeyCodes.h"
 #include "data/RunTimeError.h"
-#include "frame/EventGuard.h"
+#include "runtime/EventGuard.h"
 #include "support/ScreenDriver.h"
 
 #include <QAbstractItemView>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "data/Schema.h"
-#include "data/SqliteHandle.h"
+#include "data/schema/Schema.h"
+#include "data/sqlite/SqliteHandle.h"
 #include "support/RaisedNumber.h"
 
 #include <QStringList>

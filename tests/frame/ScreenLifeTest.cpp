@@ -1,7 +1,7 @@
 #include "data/RunTimeError.h"
-#include "frame/RunTime.h"
 #include "frame/Screen.h"
-#include "frame/Theme.h"
+#include "look/Theme.h"
+#include "runtime/RunTime.h"
 #include "support/ScreenDriver.h"
 
 #include <QApplication>

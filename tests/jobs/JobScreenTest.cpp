@@ -1,9 +1,9 @@
 #include "jobs/JobScreen.h"
 
 #include "controls/DateBox.h"
-#include "frame/MousePointer.h"
 #include "jobs/frmAddJobOptionGroup.h"
 #include "jobs/frmJobAdd.h"
+#include "runtime/MousePointer.h"
 
 using namespace tarnwell;
 using namespace tarnwell::test;

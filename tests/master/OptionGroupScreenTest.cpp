@@ -1,6 +1,6 @@
-#include "controls/Grid.h"
 #include "controls/ListBox.h"
 #include "controls/MaskedBox.h"
+#include "controls/grid/Grid.h"
 #include "master/frmAddOptionGroup.h"
 #include "support/MessageScript.h"
 #include "support/ScreenDriver.h"

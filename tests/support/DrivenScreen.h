@@ -1,8 +1,8 @@
 #pragma once
 
 #include "controls/Combo.h"
-#include "controls/Grid.h"
 #include "controls/MaskedBox.h"
+#include "controls/grid/Grid.h"
 #include "frame/Forms.h"
 #include "support/MessageScript.h"
 #include "support/ScreenDriver.h"

@@ -1,8 +1,8 @@
 #include "support/ScreenTest.h"
 
-#include "frame/DataEnvironment.h"
 #include "frame/Forms.h"
-#include "frame/modGlobalVariables.h"
+#include "runtime/DataEnvironment.h"
+#include "runtime/modGlobalVariables.h"
 
 namespace tarnwell::test {
 

@@ -1,7 +1,7 @@
 #include "support/TemporaryDatabase.h"
 
-#include "data/DatabaseFile.h"
-#include "data/Schema.h"
+#include "data/file/DatabaseFile.h"
+#include "data/schema/Schema.h"
 
 namespace tarnwell::test {
 

@@ -1,6 +1,6 @@
 #include "timecard/PaymentRules.h"
 
-#include "frame/modGlobalVariables.h"
+#include "runtime/modGlobalVariables.h"
 #include "support/MessageScript.h"
 #include "timecard/TaskHistory.h"
 #include "timecard/TimeCardData.h"

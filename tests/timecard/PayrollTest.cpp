@@ -1,7 +1,7 @@
 #include "controls/DateBox.h"
 #include "controls/ListBox.h"
 #include "controls/NoteBox.h"
-#include "frame/RunTime.h"
+#include "runtime/RunTime.h"
 #include "support/DrivenScreen.h"
 #include "timecard/TimeCardData.h"
 #include "timecard/frmPayroll.h"

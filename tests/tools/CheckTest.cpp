@@ -1,5 +1,5 @@
 #include "ToolRun.h"
-#include "data/DatabaseCheck.h"
+#include "data/file/DatabaseCheck.h"
 
 #include <QFile>
 #include <QTemporaryDir>

@@ -1,7 +1,7 @@
 #include "SampleDatabase.h"
 #include "SampleRandom.h"
 #include "ToolRun.h"
-#include "data/SqliteHandle.h"
+#include "data/sqlite/SqliteHandle.h"
 #include "support/TemporaryDatabase.h"
 
 #include <gtest/gtest.h>

@@ -1,8 +1,8 @@
 #include "ToolRun.h"
 
 #include "DatabaseTool.h"
-#include "data/Schema.h"
-#include "data/SqliteHandle.h"
+#include "data/schema/Schema.h"
+#include "data/sqlite/SqliteHandle.h"
 
 namespace tarnwell::test {
 

@@ -1,6 +1,6 @@
 #include "tour/Driver.h"
 
-#include "controls/Grid.h"
+#include "controls/grid/Grid.h"
 #include "input/WidgetInput.h"
 #include "tour/KeyClashes.h"
 #include "tour/SmallPicture.h"

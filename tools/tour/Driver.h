@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/SqliteHandle.h"
+#include "data/sqlite/SqliteHandle.h"
 
 #include <QKeySequence>
 #include <QString>

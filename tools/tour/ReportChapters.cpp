@@ -1,4 +1,4 @@
-#include "reports/PrinterDialogs.h"
+#include "reports/output/PrinterDialogs.h"
 #include "tour/Chapters.h"
 
 #include <QDir>

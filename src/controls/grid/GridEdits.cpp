@@ -1,0 +1,112 @@
+#include "controls/grid/GridEditor.h"
+#include "controls/grid/GridParts.h"
+#include "data/RunTimeError.h"
+#include "runtime/MsgBox.h"
+
+#include <QLineEdit>
+#include <QScopedValueRollback>
+#include <QTimer>
+
+namespace tarnwell {
+
+bool Grid::Parts::beginEdit() {
+    if (delegate->editor() != nullptr || !model->isEditable(row, column) || !takesText(model->column(column)))
+        return false;
+    grid.scrollTo(model->index(row, column - 1));
+    grid.edit(model->index(row, column - 1));
+    return delegate->editor() != nullptr;
+}
+
+bool Grid::Parts::editorChanged() const {
+    return delegate->editor() != nullptr && lineOf(delegate->editor())->text() != delegate->textBefore();
+}
+
+void Grid::Parts::abandonEdit() {
+    QWidget* editor = delegate->editor();
+    if (editor == nullptr)
+        return;
+    delegate->forgetEditor();
+    grid.closeEditor(editor, QAbstractItemDelegate::NoHint);
+}
+
+ParsedCell Grid::Parts::parseEditor() const {
+    return parseCell(model->column(column), model->valueList(column), lineOf(delegate->editor())->text());
+}
+
+bool Grid::Parts::finishEdit(Asked asked) {
+    if (refusing && asked == Asked::ByUser)
+        return false;
+    if (!editorChanged()) {
+        abandonEdit();
+        return true;
+    }
+    const int edited = column;
+    const ParsedCell parsed = parseEditor();
+    if (parsed.refusal.isEmpty()) {
+        abandonEdit();
+        store(edited, parsed.value);
+        return true;
+    }
+    if (asked == Asked::ByProgram)
+        tarnwell::raise(Failure::WrongType, parsed.refusal);
+    refusal->stop();
+    const QScopedValueRollback<bool> guard(refusing, true);
+    MsgBox(
+        {.text = parsed.refusal, .title = model->column(edited).caption, .icon = MessageIcon::Exclamation});
+    if (QWidget* editor = delegate->editor()) {
+        editor->setFocus();
+        lineOf(editor)->selectAll();
+    }
+    return false;
+}
+
+/// Runs inside the toolkit's change of focus, where no message may come up: a refusal is shown after it.
+void Grid::Parts::editorLeft() {
+    if (refusing)
+        return;
+    if (!editorChanged() || parseEditor().refusal.isEmpty()) {
+        finishEdit(Asked::ByUser);
+        return;
+    }
+    refusal->start();
+}
+
+void Grid::Parts::beginRow() {
+    if (model->pending().isActive())
+        return;
+    model->beginPending(row);
+    Q_EMIT grid.rowBegun();
+}
+
+void Grid::Parts::store(int toColumn, const Value& value) {
+    beginRow();
+    model->setPending(toColumn, value);
+    Q_EMIT grid.afterColUpdate(toColumn);
+}
+
+bool Grid::Parts::toggle() {
+    if (!model->isEditable(row, column) || !showsCheckBox(model->column(column)))
+        return false;
+    store(column, !isYes(model->cellValue(row, column)));
+    return true;
+}
+
+bool Grid::Parts::clearCell() {
+    if (!model->isEditable(row, column) || !takesText(model->column(column)))
+        return false;
+    if (model->editText(row, column).isEmpty())
+        return true;
+    const ParsedCell parsed = parseCell(model->column(column), model->valueList(column), {});
+    store(column, parsed.value);
+    return true;
+}
+
+bool Grid::Parts::pressButton() {
+    if (row < 0 || !model->hasColumn(column) || !hasButton(model->column(column)))
+        return false;
+    if (finishEdit(Asked::ByUser))
+        Q_EMIT grid.buttonClick(column);
+    return true;
+}
+
+} // namespace tarnwell

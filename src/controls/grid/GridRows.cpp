@@ -1,0 +1,28 @@
+#include "controls/grid/GridRows.h"
+
+#include "controls/grid/Grid.h"
+#include "data/recordset/Recordset.h"
+#include "runtime/modGlobalVariables.h"
+
+#include <algorithm>
+
+namespace tarnwell {
+
+void showRows(Connection& connection, Grid& grid, std::unique_ptr<Recordset>& rows, const QString& sql,
+              const QString& layout) {
+    grid.Update();
+    auto opened = std::make_unique<Recordset>();
+    opened->Open(sql, connection, CursorType::Static, LockType::Optimistic);
+    grid.bind(opened.get());
+    rows = std::move(opened);
+    grid.LoadLayout(gLayoutPath + layout);
+}
+
+void readWithoutRow(Grid& grid, Recordset& rows) {
+    const int row = grid.Row();
+    rows.Requery();
+    grid.Rebind();
+    grid.setRow(std::min(row, grid.RowCount()));
+}
+
+} // namespace tarnwell

@@ -1,0 +1,130 @@
+#include "data/file/DatabaseCheck.h"
+
+#include "data/DiskPath.h"
+#include "data/RunTimeError.h"
+#include "data/file/CheckRules.h"
+#include "data/recordset/Connection.h"
+#include "data/schema/Schema.h"
+#include "data/sqlite/OpenDatabase.h"
+#include "data/sqlite/SqliteHandle.h"
+
+#include <QFileInfo>
+
+#include <algorithm>
+#include <sqlite3.h>
+
+namespace tarnwell {
+
+namespace {
+
+using data::CheckRule;
+using data::SqliteHandle;
+
+constexpr int longestShownValue = 60;
+
+QStringList missingParts(const SqliteHandle& handle) {
+    QStringList missing;
+    for (const schema::Table& table : schema::tables()) {
+        QStringList columns;
+        for (const schema::Column& column : table.columns)
+            if (!data::hasColumn(handle, table, column))
+                columns << QStringLiteral("%1.%2 is missing").arg(table.name, column.name);
+        if (columns.size() == static_cast<qsizetype>(table.columns.size()))
+            columns = {QStringLiteral("%1 is missing").arg(table.name)};
+        missing << columns;
+    }
+    return missing;
+}
+
+struct EngineReport {
+    QStringList damage;
+    QStringList constraints; ///< Values that a column refuses: "CHECK constraint failed in Job".
+};
+
+EngineReport askEngine(const SqliteHandle& handle, int shown) {
+    EngineReport report;
+    auto lines = handle.prepare("PRAGMA integrity_check(" + QByteArray::number(shown) + ")");
+    while (lines.step()) {
+        const QString line = lines.textAt(0);
+        if (line.startsWith(QLatin1String("CHECK constraint")) ||
+            line.startsWith(QLatin1String("NULL value")))
+            report.constraints << line;
+        else if (line != QLatin1String("ok"))
+            report.damage << line;
+    }
+    return report;
+}
+
+/// The engine names a refused value's table at best; our rules name its row, and then say it all.
+QStringList unexplained(const QStringList& constraints, const std::vector<FindingGroup>& groups) {
+    QStringList rest;
+    for (const QString& line : constraints) {
+        const bool named = std::ranges::any_of(groups, [&](const FindingGroup& group) {
+            const QString table = group.first.front().table;
+            return line.section(QLatin1String(" in "), 1).section(QLatin1Char('.'), 0, 0) == table;
+        });
+        if (!named)
+            rest << line;
+    }
+    return rest;
+}
+
+FindingGroup examine(const SqliteHandle& handle, const CheckRule& rule, int shown) {
+    FindingGroup group{.rule = QStringLiteral("%1.%2 %3").arg(rule.table, rule.column, rule.fault),
+                       .first = {}};
+    const QByteArray key = schema::findTable(rule.table)->keyColumn.toUtf8();
+    auto rows = handle.prepare("SELECT t.[" + key + "], coalesce(CAST(t.[" + rule.column.toUtf8() +
+                               "] AS TEXT),'Null') FROM [" + rule.table.toUtf8() + "] AS t WHERE " +
+                               rule.condition + " ORDER BY 1");
+    for (; rows.step(); ++group.count)
+        if (group.count < shown)
+            group.first.push_back(
+                {rule.table, rows.integerAt(0), rule.column, rows.textAt(1).left(longestShownValue)});
+    return group;
+}
+
+CheckResult checkRows(const SqliteHandle& handle, int shownPerRule) {
+    handle.run("PRAGMA query_only=1");
+    handle.run("BEGIN");
+    EngineReport report = askEngine(handle, shownPerRule);
+    CheckResult result{.engineProblems = report.damage, .groups = {}};
+    if (result.isClean())
+        result.engineProblems = missingParts(handle);
+    if (!result.isClean())
+        return result;
+    for (const CheckRule& rule : data::checkRules())
+        if (FindingGroup group = examine(handle, rule, shownPerRule); group.count > 0)
+            result.groups.push_back(std::move(group));
+    result.engineProblems = unexplained(report.constraints, result.groups);
+    return result;
+}
+
+} // namespace
+
+QString Finding::text() const {
+    return QStringLiteral("%1 %2: %3 is %4").arg(table, QString::number(key), column, value);
+}
+
+qint64 CheckResult::count() const {
+    qint64 sum = engineProblems.size();
+    for (const FindingGroup& group : groups)
+        sum += group.count;
+    return sum;
+}
+
+CheckResult checkDatabase(const QString& path, int shownPerRule) {
+    const QFileInfo file(pathOnDisk(path));
+    if (!file.isFile())
+        raise(Failure::DatabaseNotFound, path);
+    const SqliteHandle handle(file.filePath(), data::accessFor(file));
+    sqlite3_busy_timeout(handle.get(), static_cast<int>(usualBusyTimeout.count()));
+    try {
+        return checkRows(handle, shownPerRule);
+    } catch (const RunTimeError&) {
+        if (!handle.foundDamage())
+            throw;
+        raise(Failure::DatabaseForeign, path);
+    }
+}
+
+} // namespace tarnwell

@@ -1,0 +1,138 @@
+#include "data/file/DatabaseFile.h"
+
+#include "data/DiskPath.h"
+#include "data/RunTimeError.h"
+#include "data/file/FileReplacement.h"
+#include "data/recordset/Connection.h"
+#include "data/schema/Schema.h"
+#include "data/sqlite/OpenDatabase.h"
+
+#include <QByteArrayList>
+#include <QFileInfo>
+
+namespace tarnwell {
+
+namespace {
+
+using data::quoted;
+using data::SqliteHandle;
+using data::SqliteStatement;
+
+void insertInitialRow(const SqliteHandle& handle, const schema::InitialRow& row) {
+    QByteArrayList names;
+    QByteArrayList values;
+    for (const auto& [column, value] : row.values) {
+        names << quoted(column);
+        values << "?";
+    }
+    SqliteStatement statement = handle.prepare("INSERT INTO " + quoted(row.table) + " (" + names.join(',') +
+                                               ") VALUES (" + values.join(',') + ')');
+    int parameter = 0;
+    for (const auto& [column, value] : row.values)
+        statement.bind(++parameter, value);
+    statement.run();
+}
+
+void fillNewDatabase(const QString& path) {
+    const SqliteHandle handle(path, SqliteHandle::Access::Create);
+    handle.run("BEGIN");
+    for (const QString& sql : schema::createStatements())
+        handle.run(sql.toUtf8());
+    for (const schema::InitialRow& row : schema::initialRows())
+        insertInitialRow(handle, row);
+    handle.run("COMMIT");
+    // The file remembers it; inside of the transaction it could not be set.
+    handle.run("PRAGMA journal_mode=WAL");
+}
+
+QStringList linesOf(SqliteStatement statement) {
+    QStringList lines;
+    while (statement.step())
+        lines << statement.textAt(0);
+    return lines;
+}
+
+QStringList engineProblems(const SqliteHandle& handle) {
+    QStringList lines = linesOf(handle.prepare("PRAGMA integrity_check"));
+    lines.removeAll(QStringLiteral("ok"));
+    return lines;
+}
+
+/// "JobLot 5: there is no Job 77 for JobKey".
+QString danglingText(const SqliteHandle& handle, const schema::Table& table, const schema::Relation& relation,
+                     qint64 key) {
+    SqliteStatement value = handle.prepare("SELECT " + quoted(relation.column) + " FROM " +
+                                           quoted(table.name) + " WHERE " + quoted(table.keyColumn) + "=?");
+    value.bind(1, key);
+    const QString missing = value.step() ? value.textAt(0) : QString();
+    return QStringLiteral("%1 %2: there is no %3 %4 for %5")
+        .arg(table.name, QString::number(key), relation.parentTable, missing, relation.column);
+}
+
+QStringList relationProblems(const SqliteHandle& handle) {
+    QStringList lines;
+    SqliteStatement check = handle.prepare("PRAGMA foreign_key_check");
+    // One row of the answer for each broken relation of a row: table, row, parent, number of the relation.
+    while (check.step()) {
+        const schema::Table* table = schema::findTable(check.textAt(0));
+        for (const schema::Relation& relation : table->relations)
+            if (relation.parentTable.compare(check.textAt(2), Qt::CaseInsensitive) == 0)
+                lines << danglingText(handle, *table, relation, check.integerAt(1));
+    }
+    return lines;
+}
+
+void requireSound(const QString& path) {
+    const QStringList problems = integrityProblems(path);
+    if (!problems.isEmpty())
+        raise(Failure::DatabaseForeign, QStringLiteral("%1 (%2)").arg(path, problems.front()));
+}
+
+} // namespace
+
+void createDatabase(const QString& path) {
+    const QString target = pathOnDisk(path);
+    // First the folder, so that a missing one is named as such.
+    data::FileReplacement file(target);
+    if (QFileInfo::exists(target))
+        raise(Failure::FileAccess, target);
+    fillNewDatabase(file.temporaryPath());
+    file.moveIntoPlace(data::FileReplacement::Existing::Keep);
+}
+
+void backupDatabase(const QString& source, const QString& target, bool overwrite) {
+    const QString from = pathOnDisk(source);
+    const QString to = pathOnDisk(target);
+    const bool exists = QFileInfo::exists(to);
+    const bool same = exists && QFileInfo(from).canonicalFilePath() == QFileInfo(to).canonicalFilePath();
+    if (same || (exists && !overwrite))
+        raise(Failure::FileAccess, to);
+    const SqliteHandle handle = data::openOurDatabase(from, usualBusyTimeout);
+    data::FileReplacement file(to);
+    // A copy as of one moment, whatever others write meanwhile.
+    SqliteStatement copy = handle.prepare("VACUUM INTO ?1");
+    copy.bind(1, file.temporaryPath());
+    copy.run();
+    requireSound(file.temporaryPath());
+    file.moveIntoPlace(overwrite ? data::FileReplacement::Existing::Replace
+                                 : data::FileReplacement::Existing::Keep);
+}
+
+void updateStatistics(const QString& path) {
+    data::openOurDatabase(path, usualBusyTimeout).run("ANALYZE");
+}
+
+QStringList integrityProblems(const QString& path) {
+    const SqliteHandle handle = data::openOurDatabase(path, usualBusyTimeout);
+    try {
+        const QStringList problems = engineProblems(handle);
+        // A damaged file has no rows on whose keys one could rely.
+        return problems.isEmpty() ? relationProblems(handle) : problems;
+    } catch (const RunTimeError& error) {
+        if (!handle.foundDamage())
+            throw;
+        return {error.description()};
+    }
+}
+
+} // namespace tarnwell

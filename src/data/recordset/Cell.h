@@ -1,0 +1,71 @@
+#pragma once
+
+#include "data/Value.h"
+#include "data/schema/Schema.h"
+
+#include <cstddef>
+#include <memory>
+#include <optional>
+#include <span>
+#include <vector>
+
+struct sqlite3_stmt;
+
+namespace tarnwell::data {
+
+/// One value of a fetched row in 16 bytes. Texts stay as the engine gave them, in the store's `TextArena`,
+/// and become a QString when somebody reads them.
+struct Cell {
+    union {
+        qint64 number;    ///< Long; YesNo as 0 and 1; Date as milliseconds since Julian day 0.
+        double real;      ///< Double.
+        const char* text; ///< Text, UTF-8.
+    };
+    quint32 length; ///< Text: its bytes.
+    Value::Kind kind;
+};
+
+/// Keeps texts for as long as it lives, in blocks, so that a row costs no allocation.
+class TextArena {
+public:
+    /// A copy of the text; it stays where it is for as long as the arena lives.
+    [[nodiscard]] const char* keep(const char* text, std::size_t size);
+
+private:
+    void addBlock(std::size_t atLeast);
+
+    std::vector<std::unique_ptr<char[]>> m_blocks;
+    char* m_next = nullptr;
+    std::size_t m_left = 0;
+    std::size_t m_blockSize = 512;
+};
+
+/// Rows of cells in blocks, so that growing moves nothing.
+class CellRows {
+public:
+    /// `width`: cells of a row.
+    explicit CellRows(int width);
+
+    [[nodiscard]] int size() const { return m_size; }
+    /// Room for one more row; its cells are not set.
+    [[nodiscard]] std::span<Cell> append();
+    /// Stays valid while rows are appended.
+    [[nodiscard]] std::span<Cell> row(int index);
+    /// Takes the last row away.
+    void removeLast() { --m_size; }
+
+private:
+    int m_width;
+    int m_shift; ///< A block holds 2^shift rows.
+    int m_size = 0;
+    std::vector<std::unique_ptr<Cell[]>> m_blocks;
+};
+
+/// A column of the row that the statement stands on. The catalogue's type decides; without one, or where the
+/// stored value is of another kind than the type, the engine's own storage does.
+[[nodiscard]] Cell cellFromColumn(sqlite3_stmt* statement, int column, std::optional<schema::ColumnType> type,
+                                  TextArena& texts);
+[[nodiscard]] Cell cellFromValue(const Value& value, TextArena& texts);
+[[nodiscard]] Value valueOf(const Cell& cell);
+
+} // namespace tarnwell::data

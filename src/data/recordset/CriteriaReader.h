@@ -1,0 +1,16 @@
+#pragma once
+
+#include "data/recordset/RecordFilter.h"
+
+#include <QString>
+
+#include <vector>
+
+namespace tarnwell::data {
+
+/// Reads the criteria of a filter. Raises WrongArguments where the text is none, ItemNotFound for an unknown
+/// column.
+[[nodiscard]] std::vector<RecordFilter::Step> readCriteria(const QString& criteria,
+                                                           const ResultColumns& columns);
+
+} // namespace tarnwell::data

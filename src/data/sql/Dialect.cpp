@@ -1,0 +1,191 @@
+#include "data/sql/Dialect.h"
+
+#include "data/RunTimeError.h"
+#include "data/sql/ConditionRewriter.h"
+#include "data/sql/JoinOrder.h"
+#include "data/sql/SqlTokens.h"
+#include "data/sql/StatementShape.h"
+#include "data/sql/StatementTables.h"
+#include "data/sql/TextJoins.h"
+
+#include <string>
+#include <unordered_map>
+
+namespace tarnwell::data {
+
+namespace {
+
+// A statement longer than this lists marked keys: it is not sent twice, and its shape would push out others.
+constexpr qsizetype LongestCachedStatement = 4000;
+constexpr std::size_t MostShapes = 1000;
+
+StatementKind kindOf(const SqlTokens& tokens) {
+    const Token& first = tokens.at(0);
+    switch (first.keyword) {
+    case Keyword::Select:
+        return StatementKind::Select;
+    case Keyword::Insert:
+        return StatementKind::Insert;
+    case Keyword::Update:
+        return StatementKind::Update;
+    case Keyword::Delete:
+        return StatementKind::Delete;
+    case Keyword::SchemaChange:
+        raise(Failure::PermissionDenied, first.text.toString());
+    default:
+        raise(Failure::SyntaxError,
+              QStringLiteral("expected DELETE, INSERT, SELECT or UPDATE: %1").arg(first.text));
+    }
+}
+
+/// One semicolon may end a statement; whatever follows it would be a second one.
+void dropSemicolon(SqlTokens& tokens) {
+    const QLatin1String semicolon(";");
+    if (tokens.at(tokens.size() - 1).is(semicolon))
+        tokens.dropLast();
+    for (int i = 0; i < tokens.size(); ++i)
+        if (tokens.at(i).is(semicolon))
+            raise(Failure::SyntaxError, QStringLiteral("characters found after the end of the statement"));
+    if (tokens.size() == 0)
+        raise(Failure::SyntaxError, QStringLiteral("the statement is empty"));
+}
+
+bool isAggregate(const SqlTokens& tokens, int at) {
+    switch (tokens.at(at).keyword) {
+    case Keyword::Avg:
+    case Keyword::Count:
+    case Keyword::Max:
+    case Keyword::Min:
+    case Keyword::Sum:
+    case Keyword::Total:
+        return tokens.at(at + 1).is(QLatin1String("("));
+    default:
+        return false;
+    }
+}
+
+/// Whether each row of a select stands for one stored row of each of its tables.
+bool rowsAreStored(const SqlTokens& tokens, const StatementTables& tables) {
+    if (tables.from() < 0 || tables.hasDerivedRows() || tokens.at(1).is(Keyword::Distinct))
+        return false;
+    for (const Keyword word :
+         {Keyword::Group, Keyword::Having, Keyword::Union, Keyword::Except, Keyword::Intersect})
+        if (tokens.find(word) >= 0)
+            return false;
+    for (int i = 0; i < tables.from(); ++i)
+        if (isAggregate(tokens, i))
+            return false;
+    return true;
+}
+
+/// MIN and MAX of a column have the column's type, which the engine does not tell.
+void addExtremeTypes(const SqlTokens& tokens, const StatementTables& tables, TranslatedShape& shape) {
+    int position = 0;
+    for (int i = 1; i < tables.from(); ++i) {
+        if (tokens.at(i).is(QLatin1String("*")))
+            return; // Positions behind all columns of a table are not known here.
+        if (tokens.at(i).is(QLatin1String(",")))
+            ++position;
+        if (!tokens.at(i).is(QLatin1String("(")))
+            continue;
+        const int open = i;
+        i = tokens.at(open).partner;
+        const Token& function = tokens.at(open - 1);
+        if (!function.is(Keyword::Min) && !function.is(Keyword::Max))
+            continue;
+        if (const auto type = tables.columnType(tokens, open + 1, i - 1))
+            shape.computedTypes.emplace_back(position, *type);
+    }
+}
+
+void writeSelect(const SqlTokens& tokens, const StatementTables& tables, TranslatedShape& shape) {
+    QByteArray keys;
+    if (rowsAreStored(tokens, tables))
+        for (const auto& [alias, name] : tables.list())
+            if (const schema::Table* table = schema::findTable(name)) {
+                keys += ", [" + alias.toUtf8() + "].[" + table->keyColumn.toUtf8() + "] ";
+                shape.keyTables.push_back(table->name);
+            }
+    const QByteArray head = tokens.write(0, tables.from());
+    const QByteArray tail = tokens.write(tables.from(), tokens.size());
+    shape.sql = head + tail;
+    shape.sqlWithKeys = keys.isEmpty() ? shape.sql : head + keys + tail;
+    if (shape.keyTables.empty())
+        addExtremeTypes(tokens, tables, shape);
+}
+
+std::shared_ptr<const TranslatedShape> translateShape(QStringView text) {
+    SqlTokens tokens(text);
+    dropSemicolon(tokens);
+    if (tokens.size() == 1 && tokens.at(0).isName()) {
+        // The name alone opens the table.
+        const std::u16string rows =
+            u"SELECT * FROM [" + tokens.at(0).name().toString().toStdU16String() + u"]";
+        return translateShape(rows);
+    }
+    auto shape = std::make_shared<TranslatedShape>();
+    shape->kind = kindOf(tokens);
+    const StatementTables tables(tokens, shape->kind);
+    shape->tables = tables.list();
+    rewriteConditions(tokens);
+    rewriteKeyLists(tokens);
+    rewriteTextJoins(tokens, tables);
+    orderJoin(tokens);
+    for (int i = 1; i < tokens.size(); ++i)
+        if (tokens.at(i).kind == TokenKind::TextMark && tokens.at(i - 1).is(Keyword::Like))
+            shape->patterns.push_back(tokens.at(i).literal);
+    if (shape->kind == StatementKind::Select && tables.from() >= 0)
+        writeSelect(tokens, tables, *shape);
+    else
+        shape->sql = shape->sqlWithKeys = tokens.write(0, tokens.size());
+    return shape;
+}
+
+/// Patterns are written with "*" and "?"; the engine's own wildcards pass as well.
+void translatePatterns(const std::vector<int>& patterns, std::vector<Value>& parameters) {
+    for (const int pattern : patterns) {
+        Value& parameter = parameters[static_cast<std::size_t>(pattern) - 1];
+        QString text = parameter.toText();
+        parameter =
+            text.replace(QLatin1Char('*'), QLatin1Char('%')).replace(QLatin1Char('?'), QLatin1Char('_'));
+    }
+}
+
+} // namespace
+
+/// Shapes by their text, looked up by the scan's own buffer without a copy of it.
+struct Dialect::Cache {
+    struct Hash {
+        using is_transparent = void;
+        std::size_t operator()(std::u16string_view text) const {
+            return std::hash<std::u16string_view>()(text);
+        }
+    };
+    std::unordered_map<std::u16string, std::shared_ptr<const TranslatedShape>, Hash, std::equal_to<>> shapes;
+    std::u16string text; ///< Of the statement at hand; kept for its room.
+};
+
+Dialect::Dialect() : m_cache(std::make_unique<Cache>()) {}
+Dialect::~Dialect() = default;
+
+Translation Dialect::translate(QStringView sql) {
+    const bool cached = sql.size() <= LongestCachedStatement;
+    Translation translation;
+    translation.parameters =
+        takeOutLiterals(sql, cached ? Numbers::TakenOut : Numbers::Inline, m_cache->text);
+    auto& shapes = m_cache->shapes;
+    if (!cached) {
+        translation.shape = translateShape(m_cache->text);
+    } else if (const auto found = shapes.find(std::u16string_view(m_cache->text)); found != shapes.end()) {
+        translation.shape = found->second;
+    } else {
+        translation.shape = translateShape(m_cache->text);
+        if (shapes.size() >= MostShapes)
+            shapes.clear();
+        shapes.emplace(m_cache->text, translation.shape);
+    }
+    translatePatterns(translation.shape->patterns, translation.parameters);
+    return translation;
+}
+
+} // namespace tarnwell::data

@@ -1,0 +1,65 @@
+#pragma once
+
+#include "data/sqlite/SqliteHandle.h"
+
+#include <QByteArray>
+
+#include <memory>
+#include <unordered_map>
+
+namespace tarnwell::data {
+
+class ResultColumns;
+
+/// A prepared statement with what is known of its result, so that the thousandth query of a loop only binds.
+struct PreparedStatement {
+    QByteArray sql; ///< The key by which it is found again.
+    SqliteStatement statement;
+    std::shared_ptr<const ResultColumns> columns; ///< Null until somebody asked for them.
+    quint64 lastUse = 0;                          ///< By the cache's own clock.
+};
+
+/// Prepared statements that nobody uses at the moment. Must not outlive its handle.
+class StatementCache {
+public:
+    explicit StatementCache(sqlite3* handle) : m_handle(handle) {}
+
+    /// An idle statement of that text, else a new one. It belongs to the caller alone until given back.
+    [[nodiscard]] std::unique_ptr<PreparedStatement> take(const QByteArray& sql);
+    /// Resets it. The statement least lately used goes when there are too many.
+    void giveBack(std::unique_ptr<PreparedStatement> prepared);
+    /// Finalizes all that is idle; what comes back later is finalized as well.
+    void close();
+
+private:
+    void dropOldest();
+
+    sqlite3* m_handle;
+    quint64 m_clock = 0;
+    std::unordered_multimap<QByteArray, std::unique_ptr<PreparedStatement>> m_idle;
+};
+
+/// The use of one prepared statement; gives it back at its end.
+class StatementLease {
+public:
+    StatementLease() = default;
+    StatementLease(StatementCache& cache, const QByteArray& sql)
+        : m_cache(&cache), m_prepared(cache.take(sql)) {}
+    ~StatementLease() { release(); }
+    StatementLease(StatementLease&& other) noexcept = default;
+    StatementLease& operator=(StatementLease&& other) noexcept;
+    StatementLease(const StatementLease&) = delete;
+    StatementLease& operator=(const StatementLease&) = delete;
+
+    /// Gives it back now; nothing when it holds none.
+    void release();
+    [[nodiscard]] explicit operator bool() const { return m_prepared != nullptr; }
+    [[nodiscard]] SqliteStatement* operator->() const { return &m_prepared->statement; }
+    [[nodiscard]] PreparedStatement& prepared() const { return *m_prepared; }
+
+private:
+    StatementCache* m_cache = nullptr;
+    std::unique_ptr<PreparedStatement> m_prepared;
+};
+
+} // namespace tarnwell::data

@@ -1,0 +1,116 @@
+#include "frame/help/HelpBrowser.h"
+
+#include "runtime/EventGuard.h"
+
+#include <QResizeEvent>
+#include <QStyle>
+#include <QTextBlock>
+#include <QTextCursor>
+#include <QTextDocument>
+#include <QTextTable>
+
+#include <algorithm>
+
+namespace tarnwell {
+
+namespace {
+
+constexpr double pageMargin = 20;
+constexpr double cellPadding = 4;
+constexpr double tableMargin = 8;
+constexpr double pictureMargin = 8;
+constexpr double readingScale = 1.1;
+
+void giveRoomToPictures(const QTextDocument& page) {
+    for (QTextBlock block = page.begin(); block.isValid(); block = block.next()) {
+        if (block.begin().atEnd() || !block.begin().fragment().charFormat().isImageFormat())
+            continue;
+        QTextBlockFormat format = block.blockFormat();
+        format.setTopMargin(pictureMargin);
+        format.setBottomMargin(pictureMargin);
+        QTextCursor(block).setBlockFormat(format);
+    }
+}
+
+} // namespace
+
+HelpBrowser::HelpBrowser(QWidget* parent) : QTextBrowser(parent) {
+    document()->setDocumentMargin(pageMargin);
+    QFont reading = font();
+    reading.setPointSizeF(reading.pointSizeF() * readingScale);
+    setFont(reading);
+    connect(this, &QTextBrowser::sourceChanged, this, guarded([this] { dressPage(); }));
+}
+
+void HelpBrowser::markWords(const QStringList& words) {
+    m_words = words;
+    showMarks();
+}
+
+/// Markdown knows no table style, and the toolkit's own draws every line twice.
+void HelpBrowser::dressPage() {
+    giveRoomToPictures(*document());
+    for (QTextFrame* frame : document()->rootFrame()->childFrames()) {
+        auto* table = qobject_cast<QTextTable*>(frame);
+        if (table == nullptr)
+            continue;
+        QTextTableFormat format = table->format();
+        format.setBorder(0);
+        format.setCellPadding(cellPadding);
+        format.setTopMargin(tableMargin);
+        format.setBottomMargin(tableMargin);
+        table->setFormat(format);
+    }
+    showMarks();
+}
+
+void HelpBrowser::showMarks() {
+    QTextCharFormat marked;
+    marked.setBackground(palette().highlight());
+    marked.setForeground(palette().highlightedText());
+    QList<ExtraSelection> marks;
+    for (const QString& word : m_words)
+        for (QTextCursor found = document()->find(word); !found.isNull();
+             found = document()->find(word, found))
+            marks.append({found, marked});
+    setExtraSelections(marks);
+    if (!marks.isEmpty()) {
+        const auto first = std::ranges::min_element(
+            marks, {}, [](const ExtraSelection& mark) { return mark.cursor.selectionStart(); });
+        QTextCursor place = first->cursor;
+        place.clearSelection();
+        setTextCursor(place);
+    }
+}
+
+/// Counted as if the page were long enough to scroll: else a picture that just fits would drive the scroll
+/// bar off and on.
+int HelpBrowser::roomForPictures() const {
+    const int scrollBar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
+    return std::max(1, contentsRect().width() - scrollBar - static_cast<int>(2 * pageMargin));
+}
+
+QImage HelpBrowser::fitted(const QImage& picture) const {
+    const qreal ratio = devicePixelRatioF();
+    const int room = static_cast<int>(roomForPictures() * ratio);
+    QImage shown = picture.width() > room ? picture.scaledToWidth(room, Qt::SmoothTransformation) : picture;
+    shown.setDevicePixelRatio(ratio);
+    return shown;
+}
+
+QVariant HelpBrowser::loadResource(int type, const QUrl& name) {
+    if (type != QTextDocument::ImageResource)
+        return QTextBrowser::loadResource(type, name);
+    const QImage picture(source().resolved(name).toLocalFile());
+    m_pictures.insert(name, picture);
+    return fitted(picture);
+}
+
+void HelpBrowser::resizeEvent(QResizeEvent* event) {
+    if (event->size().width() != event->oldSize().width())
+        for (auto picture = m_pictures.cbegin(); picture != m_pictures.cend(); ++picture)
+            document()->addResource(QTextDocument::ImageResource, picture.key(), fitted(picture.value()));
+    QTextBrowser::resizeEvent(event);
+}
+
+} // namespace tarnwell

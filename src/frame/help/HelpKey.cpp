@@ -1,0 +1,44 @@
+#include "frame/help/HelpKey.h"
+
+#include "frame/help/HelpWindow.h"
+#include "runtime/EventGuard.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QWidget>
+
+namespace tarnwell {
+
+namespace {
+
+/// A control inside a form counts as its form, and a dialog of the toolkit as the form that opened it.
+QString pageFor(const QWidget& widget) {
+    const QWidget* window = widget.window();
+    while (!HelpWindow::hasPage(window->objectName()) && window->parentWidget() != nullptr)
+        window = window->parentWidget()->window();
+    return window->objectName();
+}
+
+} // namespace
+
+HelpKey::HelpKey(QObject* parent) : QObject(parent) {
+    QCoreApplication::instance()->installEventFilter(this);
+}
+
+bool HelpKey::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::KeyPress || !watched->isWidgetType())
+        return false;
+    const auto* key = static_cast<QKeyEvent*>(event);
+    if (key->key() != Qt::Key_F1 || key->modifiers() != Qt::NoModifier)
+        return false;
+    runEvent([&] { HelpWindow::open(pageFor(*static_cast<QWidget*>(watched))); });
+    return true;
+}
+
+void sendHelpKey() {
+    QWidget* front = QApplication::activeWindow();
+    if (front != nullptr)
+        QCoreApplication::postEvent(front, new QKeyEvent(QEvent::KeyPress, Qt::Key_F1, Qt::NoModifier));
+}
+
+} // namespace tarnwell

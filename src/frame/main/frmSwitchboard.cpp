@@ -1,0 +1,247 @@
+#include "frame/main/frmSwitchboard.h"
+
+#include "frame/help/HelpKey.h"
+#include "frame/help/HelpWindow.h"
+#include "frame/main/ErrorLogMenu.h"
+#include "frame/main/IconBar.h"
+#include "look/Icons.h"
+#include "runtime/DataEnvironment.h"
+#include "runtime/EventGuard.h"
+#include "runtime/RunTime.h"
+#include "runtime/StartUp.h"
+#include "runtime/modErrorRoutines.h"
+#include "runtime/modGlobalVariables.h"
+#include "runtime/modRegistry.h"
+
+#include <QBoxLayout>
+#include <QCoreApplication>
+#include <QDir>
+#include <QLabel>
+#include <QLocale>
+#include <QMenuBar>
+
+#include <algorithm>
+#include <array>
+#include <map>
+#include <vector>
+
+namespace tarnwell {
+
+namespace {
+
+constexpr QSize designSize(840, 460);
+constexpr int welcomeMargin = 40;
+constexpr int programIconExtent = 64;
+constexpr int pathLines = 3; ///< Room for a long path of the database.
+const QString exitKey = QStringLiteral("mnuExit");
+
+/// `label` is the caption with its underlined letter; the letters of the menus are taken.
+struct BarItem {
+    const char* key;
+    const char* caption;
+    const char* label;
+    const char* toolTip;
+    const char* imageKey;
+};
+
+constexpr std::array<BarItem, 8> barItems{{
+    {"mnuExit", "Exit", "E&xit", "Exit Application", "icoExit"},
+    {"frmBuilder", "Builder", "&Builder", "Builder Entry", "icoBuilder"},
+    {"frmEmployee", "Employee", "&Employee", "Employee Entry", "icoEmployee"},
+    {"frmJobs", "Jobs", "&Jobs", "Jobs Entry", "icoJob"},
+    {"mnuReport", "Reports", "&Reports", "Launch Report Module", "icoReport"},
+    {"frmPayroll", "Time Card", "Time &Card", "Timecard Entry", "icoTimecard"},
+    {"frmMasterCodes", "Master Codes", "Master C&odes", "Master Code Entry", "icoCode"},
+    {"frmMasterTasks", "Master Tasks", "&Master Tasks", "Master Task Entry", "icoCode"},
+}};
+
+/// Entries of one menu stand together; its first entry makes the menu.
+struct MenuEntry {
+    const char* menu;
+    const char* menuCaption;
+    const char* name;
+    const char* caption;
+};
+
+constexpr std::array<MenuEntry, 6> menuEntries{{
+    {"mnuFile", "&File", "mnuExit", "E&xit"},
+    {"mnuTools", "&Tools", "mnuDeleteErrorLog", "&Delete Error Log"},
+    {"mnuTools", "&Tools", "mnuOptions", "&Options"},
+    {"mnuView", "&View", "mnuErrorLog", "&Error Log"},
+    {"mnuHelp", "&Help", "mnuContents", "&Contents"},
+    {"mnuHelp", "&Help", "mnuAbout", "&About"},
+}};
+
+std::vector<ScreenEntry>& screens() {
+    static std::vector<ScreenEntry> registered;
+    return registered;
+}
+
+const ScreenEntry* screenFor(const QString& key) {
+    const auto found = std::ranges::find(screens(), key, &ScreenEntry::key);
+    return found == screens().end() ? nullptr : &*found;
+}
+
+/// What an entry does that shows no screen.
+const std::map<QString, void (*)()>& ownActions() {
+    static const std::map<QString, void (*)()> actions = {
+        {QStringLiteral("mnuDeleteErrorLog"), deleteErrorLog},
+        {QStringLiteral("mnuErrorLog"), showErrorLog},
+        {QStringLiteral("mnuContents"), sendHelpKey},
+    };
+    return actions;
+}
+
+bool isAvailable(const QString& key) {
+    return key == exitKey || ownActions().contains(key) || screenFor(key) != nullptr;
+}
+
+/// A text in `scale` times the desktop's size.
+QLabel* label(double scale, bool strong = false) {
+    auto* made = new QLabel;
+    QFont font = made->font();
+    font.setPointSizeF(font.pointSizeF() * scale);
+    font.setWeight(strong ? QFont::DemiBold : QFont::Normal);
+    made->setFont(font);
+    made->setTextFormat(Qt::PlainText);
+    return made;
+}
+
+} // namespace
+
+frmSwitchboard::frmSwitchboard() : Screen(QStringLiteral("frmSwitchboard"), QStringLiteral("Tarnwell"), {}) {}
+
+void frmSwitchboard::registerScreen(ScreenEntry entry) {
+    screens().push_back(std::move(entry));
+}
+
+void frmSwitchboard::Form_Load() {
+    setWindowTitle(mainWindowCaption());
+    ReadSettings(QDir::toNativeSeparators(QCoreApplication::applicationDirPath()));
+    HelpWindow::setFolder(gAppPath + QStringLiteral("/help"));
+    buildMenus();
+    buildIconBar();
+    layOut();
+    setDesignSize(designSize);
+    m_iconBar->focusFirst(1); // Enter on a fresh window must not end the program.
+}
+
+void frmSwitchboard::buildMenus() {
+    QMenu* menu = nullptr;
+    for (const MenuEntry& entry : menuEntries) {
+        const QString menuName = QLatin1String(entry.menu);
+        if (menu == nullptr || menu->objectName() != menuName) {
+            menu = menuBar()->addMenu(QLatin1String(entry.menuCaption));
+            menu->setObjectName(menuName);
+            menu->menuAction()->setObjectName(menuName);
+        }
+        const QString name = QLatin1String(entry.name);
+        QAction* action = menu->addAction(QLatin1String(entry.caption));
+        action->setObjectName(name);
+        action->setEnabled(isAvailable(name));
+        // The window may be closed while an own action waits, so that runs on no slot of the window.
+        if (const auto own = ownActions().find(name); own != ownActions().end())
+            connect(action, &QAction::triggered, QCoreApplication::instance(), guarded(own->second),
+                    Qt::QueuedConnection);
+        else
+            connect(action, &QAction::triggered, this, guarded([this, name] { choose(name); }));
+    }
+}
+
+void frmSwitchboard::buildIconBar() {
+    m_iconBar = new IconBar;
+    nameControl(m_iconBar, QStringLiteral("nagMenu"));
+    m_iconBar->setGroup(QStringLiteral("Entry"), QStringLiteral("Entry Modules"));
+    for (const BarItem& item : barItems) {
+        const QString key = QLatin1String(item.key);
+        m_iconBar->addItem({key, QLatin1String(item.caption), QLatin1String(item.label),
+                            QLatin1String(item.toolTip), QLatin1String(item.imageKey)});
+        m_iconBar->setItemEnabled(key, isAvailable(key));
+    }
+    connect(m_iconBar, &IconBar::itemClicked, this, guarded([this](const QString& key) { choose(key); }));
+}
+
+void frmSwitchboard::layOut() {
+    auto* row = new QHBoxLayout(canvas());
+    row->setContentsMargins(0, 0, 0, 0);
+    row->addWidget(m_iconBar);
+    row->addLayout(welcome(), 1);
+}
+
+QVBoxLayout* frmSwitchboard::welcome() {
+    QLabel* icon = label(1);
+    icon->setPixmap(programIcon().pixmap(QSize(programIconExtent, programIconExtent), devicePixelRatioF()));
+    QLabel* program = label(2.6, true);
+    program->setText(QStringLiteral("Tarnwell"));
+    m_today = label(1.25);
+    nameControl(m_today, QStringLiteral("lblToday"));
+    QLabel* databaseCaption = label(1, true);
+    databaseCaption->setText(QStringLiteral("Database"));
+    m_database = label(1);
+    nameControl(m_database, QStringLiteral("lblDatabase"));
+    m_database->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    m_database->setWordWrap(true);
+    m_database->setAlignment(Qt::AlignTop);
+    m_database->setMinimumHeight(pathLines * m_database->fontMetrics().lineSpacing());
+    QLabel* keys = label(1);
+    keys->setText(QStringLiteral("Press Alt and an underlined letter to open an item, F1 for help."));
+    keys->setWordWrap(true);
+
+    auto* column = new QVBoxLayout;
+    column->setContentsMargins(welcomeMargin, welcomeMargin, welcomeMargin, welcomeMargin);
+    column->addStretch(1);
+    for (QWidget* widget : std::initializer_list<QWidget*>{icon, program, m_today})
+        column->addWidget(widget);
+    column->addSpacing(32);
+    column->addWidget(databaseCaption);
+    column->addWidget(m_database);
+    column->addStretch(2);
+    column->addWidget(keys);
+    return column;
+}
+
+void frmSwitchboard::Form_Activate() {
+    // The date may have changed while another form was in front.
+    m_today->setText(QLocale().toString(Today().date, QLocale::LongFormat));
+    if (m_activatedBefore)
+        return;
+    openDatabase();
+    m_activatedBefore = true;
+}
+
+void frmSwitchboard::openDatabase() {
+    try {
+        static_cast<void>(DataEnvironment::cnnConnection());
+    } catch (const RunTimeError& error) {
+        ErrorHandler(error, {});
+        endProgram();
+    }
+    m_database->setText(
+        ReadRegistryValue(RegistryRoot::LocalMachine, gRegistryKey, QStringLiteral("DataSource")).toText());
+}
+
+void frmSwitchboard::Form_Unload() {
+    HelpWindow::closeOpen();
+    CloseAllForms();
+    unloadRemainingForms();
+}
+
+/// A form that can't write what was entered tells why and stays, and so does the window.
+void frmSwitchboard::closeRequested() {
+    const std::vector<QPointer<Screen>> open(loadedForms().rbegin(), loadedForms().rend());
+    for (const QPointer<Screen>& form : open)
+        if (form != nullptr && form != this && form->isVisible() && !form->close()) {
+            form->Show(Modality::Modeless, this);
+            return;
+        }
+    Unload();
+}
+
+void frmSwitchboard::choose(const QString& key) {
+    if (key == exitKey)
+        closeRequested();
+    else if (const ScreenEntry* screen = screenFor(key); screen != nullptr)
+        screen->form().Show(screen->modality, this);
+}
+
+} // namespace tarnwell

@@ -1,0 +1,32 @@
+#include "reports/drawing/LookAhead.h"
+
+#include <QStringList>
+
+namespace tarnwell {
+
+namespace {
+
+constexpr int rowsOfBlock = 100;
+
+} // namespace
+
+LookAhead::LookAhead(const Recordset& rows, const QString& keyColumn)
+    : m_rows(rows), m_keyColumn(rows.FieldIndex(keyColumn)) {}
+
+bool LookAhead::beginsBlock() {
+    const int row = m_rows.AbsolutePosition();
+    if (row < m_end)
+        return false;
+    m_begin = row;
+    m_end = row + rowsOfBlock;
+    return true;
+}
+
+QString LookAhead::keys() const {
+    QStringList keys;
+    for (int row = m_begin; row < m_end && m_rows.hasRow(row); ++row)
+        keys += QString::number(m_rows.valueAt(row, m_keyColumn).toLong());
+    return '(' + keys.join(',') + ')';
+}
+
+} // namespace tarnwell

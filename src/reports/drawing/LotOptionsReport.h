@@ -1,0 +1,14 @@
+#pragma once
+
+#include "reports/drawing/ReportRun.h"
+
+namespace tarnwell {
+
+/// Parent tasks (rows with a `ParentKey` that are no child) by job number, job and lot/block.
+[[nodiscard]] QString lotOptionsQuery(const ReportParameters& parameters);
+
+/// Each parent task's price, what was paid and the balance and, unless `summary`, its options. What was paid
+/// for options runs on from parent to parent. Raises InvalidUseOfNull for a task without a price.
+void drawLotOptions(ReportRun& run);
+
+} // namespace tarnwell

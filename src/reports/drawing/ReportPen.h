@@ -1,0 +1,38 @@
+#pragma once
+
+#include "reports/drawing/PageSurface.h"
+
+namespace tarnwell {
+
+/// Draws a report from top to bottom: it knows the run, the page and how far down it is.
+///
+/// A coordinate beyond 16 bits costs a misplaced item and no more: the pen stays where it is and goes on, so
+/// nothing here raises Overflow.
+class ReportPen {
+public:
+    ReportPen(PageSurface& surface, qint64 reportKey, Orientation orientation);
+
+    [[nodiscard]] qint16 y() const { return m_y; }
+    [[nodiscard]] qint64 page() const { return m_page; }
+    void moveTo(qint16 y) { m_y = y; }
+    void down(int twips);
+    /// Counts a page and stands at `y` on it.
+    void newPage(qint16 y);
+
+    /// A text at `x` on the pen's height; the look's step takes the pen down.
+    void text(int x, const QString& text, const TextLook& look = {});
+    /// The page's number, which the surface completes by the number of pages; takes the pen down by 300.
+    void pageNumber(int x);
+    /// A rule on the pen's height.
+    void rule(int x1, int x2, int width = 1) { line(x1, m_y, x2, m_y, width); }
+    void line(int x1, int y1, int x2, int y2, int width = 1);
+
+private:
+    PageSurface& m_surface;
+    qint64 m_reportKey;
+    Orientation m_orientation;
+    qint16 m_y = 0;
+    qint64 m_page = 0;
+};
+
+} // namespace tarnwell

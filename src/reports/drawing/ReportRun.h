@@ -1,0 +1,49 @@
+#pragma once
+
+#include "data/recordset/Connection.h"
+#include "data/recordset/Recordset.h"
+#include "reports/drawing/PageSurface.h"
+#include "reports/drawing/ReportParameters.h"
+
+namespace tarnwell {
+
+/// Follows a report while it is drawn; the progress window implements it.
+class ReportWatcher {
+public:
+    virtual ~ReportWatcher() = default;
+    /// The run's units; also puts the progress back to 0.
+    virtual void setMax(int units) = 0;
+    virtual void stepOne() = 0;
+    /// Lets waiting events through, once a record and while the statement looks for them.
+    virtual void DoEvents() = 0;
+    [[nodiscard]] virtual bool CancelRequested() const = 0;
+};
+
+/// What a report is drawn from and onto. `rsReport` stands on its first row and has at least one.
+struct ReportRun {
+    Connection& connection;
+    Recordset& rsReport;
+    const ReportParameters& parameters;
+    PageSurface& surface;
+    qint64 reportKey;
+    ReportWatcher& watcher;
+};
+
+/// A report: its form, its statement and how it is drawn. `draw` raises what goes wrong; the pages drawn by
+/// then are shown all the same.
+struct Report {
+    QString objectName; ///< "frmRptGantt"
+    QString caption;    ///< "Gantt Chart"
+    QString (*buildQuery)(const ReportParameters& parameters);
+    void (*draw)(ReportRun& run);
+};
+
+/// The report of a form's name, spelled exactly so; null for any other.
+[[nodiscard]] const Report* findReport(const QString& objectName);
+
+/// Runs a report: statement, recordset, pages, and, unless it was cancelled, `ShowReport`. Says so when there
+/// is nothing to print. Errors go to `ErrorHandler`.
+void RunReport(const Report& report, Connection& connection, const ReportParameters& parameters,
+               PageSurface& surface, ReportWatcher& watcher, bool preview);
+
+} // namespace tarnwell

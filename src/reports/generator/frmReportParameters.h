@@ -1,0 +1,75 @@
+#pragma once
+
+#include "frame/Screen.h"
+#include "reports/drawing/ReportParameters.h"
+#include "reports/generator/ReportGenerator.h"
+
+#include <array>
+
+class QCheckBox;
+class QGroupBox;
+class QPushButton;
+class QRadioButton;
+
+namespace tarnwell {
+
+class Combo;
+class JobMarks;
+class MaskedBox;
+class ctlAHPrintPreview;
+
+/// The one door to all reports: the report, what its definition lets be set, and the jobs. What a control
+/// holds counts for the report also while it is disabled.
+class frmReportParameters : public Screen {
+    Q_OBJECT
+
+public:
+    frmReportParameters();
+
+    /// What the controls hold now.
+    [[nodiscard]] ReportParameters parameters() const;
+
+protected:
+    void Form_Load() override;
+    void Toolbar1_ButtonClick(const QString& caption) override;
+
+private:
+    // frmReportParametersLayout.cpp
+    void makeControls();
+    void nameControls();
+    void layOut();
+    [[nodiscard]] QGroupBox* jobs();
+    [[nodiscard]] QGroupBox* reportParameters();
+    void orderTabs();
+
+    void connectControls();
+    void makeMenu();
+
+    void LoadReports();
+    void LoadJobList();
+    void ShowReportParameters();
+    void startReport(bool preview);
+    void MskField_LostFocus(std::size_t index);
+    void mnuPrintSetup_Click();
+    /// Null while no report is chosen.
+    [[nodiscard]] const ReportDefinitionRecord* chosenReport() const;
+
+    ctlAHPrintPreview* ctlAHPrintPreview1 = nullptr; ///< Never drawn on here.
+    Combo* cmbReports = nullptr;
+    JobMarks* lstJobs = nullptr;
+    QPushButton* cmdClear = nullptr;
+    QPushButton* cmdSelectAll = nullptr;
+    std::array<QRadioButton*, 2> optJobType{}; ///< All, Incomplete.
+    Combo* cmbCategory = nullptr;
+    Combo* cmbGroupBy = nullptr;
+    QCheckBox* chkSummary = nullptr;
+    Combo* cmbSSN = nullptr;
+    std::array<QRadioButton*, 3> optDetail{}; ///< In the order of `DetailLevel`.
+    Combo* cmbForeman = nullptr;
+    std::array<MaskedBox*, 2> MskField{}; ///< Start and stop.
+
+    std::vector<ReportDefinitionRecord> m_definitions;
+    QString m_dateBefore; ///< What the date field held when it took the focus.
+};
+
+} // namespace tarnwell

@@ -1,0 +1,160 @@
+#include "reports/output/PageOutput.h"
+
+#include "data/DiskPath.h"
+#include "data/RunTimeError.h"
+#include "reports/output/PrintJob.h"
+#include "reports/pages/PagePainter.h"
+
+#include <QFileInfo>
+#include <QPageRanges>
+#include <QPainter>
+#include <QPdfWriter>
+#include <QPrinter>
+#include <QSaveFile>
+
+#include <algorithm>
+#include <cerrno>
+#include <system_error>
+#include <vector>
+
+namespace tarnwell {
+
+namespace {
+
+constexpr int twipsPerInch = 1440;
+/// Reports keep at least this clear at every edge of the page, in twips.
+constexpr double clearEdge = 300;
+
+/// Raises when something is wrong with the device, or when it went no further.
+using CheckDevice = std::function<void(bool isGoing)>;
+
+/// Draws the pages of the list, one sheet each; false when it was cancelled.
+bool drawPages(const StoredReport& report, const std::vector<qint64>& list, QPagedPaintDevice& device,
+               QPainter& painter, const QTransform& ontoPaper, const CheckDevice& check,
+               const FollowPages& follow) {
+    const auto pages = static_cast<qint64>(list.size());
+    PagePainter pagePainter;
+    painter.setTransform(ontoPaper);
+    for (qint64 done = 0; done < pages; ++done) {
+        if (follow && !follow(done, pages))
+            return false;
+        if (done > 0)
+            check(device.newPage());
+        pagePainter.drawPage(painter, report.page(list[static_cast<std::size_t>(done)]), report.pageCount());
+        check(true);
+    }
+    return true;
+}
+
+std::vector<qint64> allPages(const StoredReport& report) {
+    std::vector<qint64> pages;
+    for (qint64 page = 1; page <= report.pageCount(); ++page)
+        pages.push_back(page);
+    return pages;
+}
+
+/// What the user asked for.
+std::vector<qint64> chosenPages(const StoredReport& report, const QPrinter& printer) {
+    std::vector<qint64> pages = allPages(report);
+    const QPageRanges ranges = printer.pageRanges();
+    if (printer.printRange() == QPrinter::PageRange && !ranges.isEmpty())
+        std::erase_if(pages, [&](qint64 page) { return !ranges.contains(static_cast<int>(page)); });
+    if (printer.pageOrder() == QPrinter::LastPageFirst)
+        std::ranges::reverse(pages);
+    return pages;
+}
+
+std::vector<qint64> withCopies(const std::vector<qint64>& pages, const QPrinter& printer) {
+    const int copies = printer.supportsMultipleCopies() ? 1 : std::max(printer.copyCount(), 1);
+    std::vector<qint64> sheets;
+    if (printer.collateCopies())
+        for (int copy = 0; copy < copies; ++copy)
+            sheets.insert(sheets.end(), pages.begin(), pages.end());
+    else
+        for (const qint64 page : pages)
+            sheets.insert(sheets.end(), static_cast<std::size_t>(copies), page);
+    return sheets;
+}
+
+[[noreturn]] void raiseFileError(const QFileDevice& file, const QString& path) {
+    const auto noSpace = QString::fromStdString(std::generic_category().message(ENOSPC));
+    const bool isFull = file.error() == QFileDevice::ResourceError || file.errorString() == noSpace;
+    raise(isFull ? Failure::DiskFull : Failure::FileAccess,
+          QStringLiteral("%1: %2").arg(path, file.errorString()));
+}
+
+/// A PDF of some of the pages.
+bool writePdf(const StoredReport& report, const std::vector<qint64>& pages, const QString& path,
+              const QString& title, const QPageSize& paper, const FollowPages& follow) {
+    const QString target = pathOnDisk(path);
+    const QString folder = QFileInfo(target).absolutePath();
+    if (!QFileInfo(folder).isDir())
+        raise(Failure::PathNotFound, folder);
+    QSaveFile file(target);
+    if (!file.open(QIODevice::WriteOnly))
+        raiseFileError(file, path);
+    const CheckDevice check = [&](bool isGoing) {
+        if (!isGoing || file.error() != QFileDevice::NoError)
+            raiseFileError(file, path);
+    };
+    const Orientation orientation = report.orientation();
+    {
+        QPdfWriter writer(&file);
+        writer.setTitle(title);
+        writer.setCreator(QStringLiteral("Tarnwell"));
+        writer.setResolution(twipsPerInch);
+        writer.setPageLayout({paper, paperOrientation(orientation), QMarginsF()});
+        QPainter painter(&writer);
+        const QTransform ontoPaper = pageOntoPaper(orientation, writer.pageLayout());
+        if (!drawPages(report, pages, writer, painter, ontoPaper, check, follow))
+            return false; // an unfinished file goes with its QSaveFile
+        painter.end();
+    }
+    check(file.flush()); // committing overlooks what goes wrong with the last bytes
+    check(file.commit());
+    return true;
+}
+
+} // namespace
+
+QTransform pageOntoPaper(Orientation orientation, QPageLayout layout) {
+    constexpr double twipsPerPoint = 20;
+    constexpr double rounding = twipsPerPoint; // papers are told in whole points
+    layout.setUnits(QPageLayout::Point);
+    const QSizeF page = pageSizeTwips(orientation);
+    const QSizeF paper = layout.fullRect().size() * twipsPerPoint;
+    const QMarginsF edges = layout.minimumMargins() * twipsPerPoint;
+    const bool isLetter =
+        qAbs(paper.width() - page.width()) <= rounding && qAbs(paper.height() - page.height()) <= rounding;
+    if (isLetter && std::max({edges.left(), edges.top(), edges.right(), edges.bottom()}) <= clearEdge)
+        return {};
+    const QRectF printable = QRectF(QPointF(), paper).marginsRemoved(edges);
+    const double scale = std::min(printable.width() / page.width(), printable.height() / page.height());
+    const QPointF corner = printable.center() - QPointF(page.width(), page.height()) * scale / 2;
+    return {scale, 0, 0, scale, corner.x(), corner.y()};
+}
+
+bool printPages(const StoredReport& report, QPrinter& printer, const QString& title,
+                const FollowPages& follow) {
+    const std::vector<qint64> sheets = withCopies(chosenPages(report, printer), printer);
+    if (!printer.outputFileName().isEmpty())
+        return writePdf(report, sheets, printer.outputFileName(), title, printer.pageLayout().pageSize(),
+                        follow);
+    PrintJob job(printer);
+    job.begin(title, report.orientation());
+    const double dots = static_cast<double>(printer.resolution()) / twipsPerInch;
+    const QTransform ontoPaper =
+        pageOntoPaper(report.orientation(), printer.pageLayout()) * QTransform::fromScale(dots, dots);
+    const CheckDevice check = [&](bool isGoing) { job.check(isGoing); };
+    if (!drawPages(report, sheets, printer, job.painter(), ontoPaper, check, follow))
+        return false;
+    job.finish();
+    return true;
+}
+
+bool savePdf(const StoredReport& report, const QString& path, const QString& title, const QPageSize& paper,
+             const FollowPages& follow) {
+    return writePdf(report, allPages(report), path, title, paper, follow);
+}
+
+} // namespace tarnwell

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "reports/drawing/PageSurface.h"
+
+#include <QPageLayout>
+#include <QPainter>
+#include <QTemporaryDir>
+
+class QPrinter;
+
+namespace tarnwell {
+
+[[nodiscard]] QPageLayout::Orientation paperOrientation(Orientation orientation);
+
+/// One print. Gives the printer its paper back as it lay, and keeps it from printing a job that was not
+/// finished.
+class PrintJob {
+public:
+    /// `printer` outlives the job.
+    explicit PrintJob(QPrinter& printer);
+    ~PrintJob();
+    PrintJob(const PrintJob&) = delete;
+    PrintJob& operator=(const PrintJob&) = delete;
+
+    /// These raise PrinterError when the printer does not start, fails on the way or does not take the job.
+    void begin(const QString& title, Orientation orientation);
+    void check(bool isGoing) const;
+    void finish();
+
+    [[nodiscard]] QPainter& painter() { return m_painter; }
+
+private:
+    [[noreturn]] void raiseFailure() const;
+
+    QPrinter& m_printer;
+    QPageLayout m_before;
+    QTemporaryDir m_spool;
+    QPainter m_painter;
+    bool m_finished = false;
+};
+
+} // namespace tarnwell

@@ -1,0 +1,161 @@
+#include "reports/output/PrinterDialogs.h"
+
+#include "data/RunTimeError.h"
+
+#include <QCoreApplication>
+#include <QDialogButtonBox>
+#include <QFileDialog>
+#include <QPageRanges>
+#include <QPageSetupDialog>
+#include <QPrinter>
+#include <QPrinterInfo>
+#include <QPushButton>
+#include <QTabWidget>
+
+#include <optional>
+#include <utility>
+
+namespace tarnwell {
+
+namespace {
+
+std::unique_ptr<QPrinter>& chosenPrinter() {
+    static std::unique_ptr<QPrinter> printer;
+    return printer;
+}
+
+/// What the printer was before the dialog of a print.
+std::optional<PrinterChoice>& beforePrint() {
+    static std::optional<PrinterChoice> choice;
+    return choice;
+}
+
+PrinterDialogs& replacedDialogs() {
+    static PrinterDialogs dialogs;
+    return dialogs;
+}
+
+/// A printer that has gone from the system can't be had back after its place was taken by another or a file:
+/// the next print looks for one. True when that is so.
+bool dropLostPrinter(const QString& name) {
+    const bool isLost = chosenPrinter() != nullptr && chosenPrinter()->printerName() != name;
+    if (isLost)
+        chosenPrinter().reset();
+    return isLost;
+}
+
+/// Shows a dialog on the current printer.
+bool ask(const std::function<bool(QPrinter&)>& dialog) {
+    const QString name = currentPrinter().printerName();
+    if (dialog(currentPrinter()))
+        return true;
+    dropLostPrinter(name);
+    return false;
+}
+
+QPrinterInfo systemPrinter() {
+    const QPrinterInfo printer = QPrinterInfo::defaultPrinter();
+    const QStringList names = QPrinterInfo::availablePrinterNames();
+    return printer.isNull() && !names.isEmpty() ? QPrinterInfo::printerInfo(names.front()) : printer;
+}
+
+/// The toolkit has no dialog that only chooses: this is the one for printing, without what is for one print.
+bool setUp(QPrinter& printer, QWidget* owner) {
+    QPrintDialog dialog(&printer, owner);
+    dialog.setWindowTitle(QStringLiteral("Print Setup"));
+    dialog.setOptions(QAbstractPrintDialog::PrintShowPageSize);
+    if (const auto* buttons = dialog.findChild<QDialogButtonBox*>())
+        if (QPushButton* print = buttons->button(QDialogButtonBox::Ok))
+            print->setText(QStringLiteral("OK"));
+    auto* const tabs = dialog.findChild<QTabWidget*>(QStringLiteral("tabs"));
+    if (auto* const copies = dialog.findChild<QWidget*>(QStringLiteral("copiesTab")); tabs && copies)
+        tabs->removeTab(tabs->indexOf(copies));
+    return execKeepingPaper(dialog);
+}
+
+bool print(QPrinter& printer, PageChoice pages, QWidget* owner) {
+    PrintDialog dialog(&printer, pages, owner);
+    return execKeepingPaper(dialog);
+}
+
+bool pageSetUp(QPrinter& printer, QWidget* owner) {
+    QPageSetupDialog dialog(&printer, owner);
+    return dialog.exec() == QDialog::Accepted;
+}
+
+QString savePdfAs(const QString& proposed, QWidget* owner) {
+    QFileDialog dialog(owner, QStringLiteral("Save as PDF"), {}, QStringLiteral("PDF (*.pdf)"));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(QStringLiteral("pdf"));
+    dialog.selectFile(proposed);
+    const bool isChosen = dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty();
+    return isChosen ? dialog.selectedFiles().front() : QString();
+}
+
+} // namespace
+
+PrinterDialogs setPrinterDialogs(PrinterDialogs dialogs) {
+    return std::exchange(replacedDialogs(), std::move(dialogs));
+}
+
+QPrinter& currentPrinter() {
+    std::unique_ptr<QPrinter>& printer = chosenPrinter();
+    if (!printer) {
+        const QPrinterInfo system = systemPrinter();
+        if (system.isNull())
+            raise(Failure::PrinterError,
+                  QStringLiteral("There is no printer. Add one in the system's settings, "
+                                 "or save the report as a PDF from its preview."));
+        printer = std::make_unique<QPrinter>(system, QPrinter::HighResolution);
+        printer->setPageSize(ownPaper(system.printerName()));
+        // The toolkit's own printers must go before the application does.
+        qAddPostRoutine([] { chosenPrinter().reset(); });
+    }
+    return *printer;
+}
+
+const QPrinter* printerInUse() {
+    return chosenPrinter().get();
+}
+
+void forgetPrint() {
+    QPrinter& printer = currentPrinter();
+    if (!printer.outputFileName().isEmpty() && beforePrint()) {
+        beforePrint()->restore(printer);
+        if (dropLostPrinter(beforePrint()->name()))
+            return;
+    }
+    printer.setPrintRange(QPrinter::AllPages);
+    printer.setPageRanges({});
+    printer.setPageOrder(QPrinter::FirstPageFirst);
+    printer.setCopyCount(1);
+    printer.setCollateCopies(true);
+}
+
+void setCurrentPrinter(std::unique_ptr<QPrinter> printer) {
+    chosenPrinter() = std::move(printer);
+}
+
+bool showPrinterSetup(QWidget* owner) {
+    const auto& dialog = replacedDialogs().setUp;
+    return ask([&](QPrinter& printer) { return dialog ? dialog(printer, owner) : setUp(printer, owner); });
+}
+
+bool showPrintDialog(QWidget* owner, PageChoice pages) {
+    beforePrint().emplace(currentPrinter());
+    const auto& dialog = replacedDialogs().print;
+    return ask(
+        [&](QPrinter& printer) { return dialog ? dialog(printer, owner) : print(printer, pages, owner); });
+}
+
+bool showPageSetup(QWidget* owner) {
+    const auto& dialog = replacedDialogs().pageSetUp;
+    return dialog ? dialog(currentPrinter(), owner) : pageSetUp(currentPrinter(), owner);
+}
+
+QString askForPdfName(const QString& proposed, QWidget* owner) {
+    const auto& dialog = replacedDialogs().savePdfAs;
+    return dialog ? dialog(proposed, owner) : savePdfAs(proposed, owner);
+}
+
+} // namespace tarnwell

@@ -1,0 +1,239 @@
+#include "reports/pages/PageStore.h"
+
+#include "data/DiskPath.h"
+#include "data/RunTimeError.h"
+
+#include <QFileInfo>
+
+#include <cstdio>
+#include <sqlite3.h>
+
+namespace tarnwell {
+
+namespace {
+
+using data::SqliteHandle;
+using data::SqliteStatement;
+
+constexpr qint64 applicationId = 0x54775270; // "TwRp": tells the file from every other database
+constexpr int busyMilliseconds = 5000;
+constexpr qsizetype partSize = 0x40000; ///< Bytes of a page that are kept in memory while it is drawn.
+
+/// A power cut may take the last runs and leaves the file whole; waiting for the disk would cost more.
+constexpr auto relaxed = "PRAGMA synchronous=NORMAL";
+
+qint64 answerOf(const SqliteHandle& handle, const QByteArray& sql) {
+    SqliteStatement statement = handle.prepare(sql);
+    return statement.step() ? statement.integerAt(0) : 0;
+}
+
+bool isOurs(const SqliteHandle& handle) {
+    return answerOf(handle, "PRAGMA application_id") == applicationId;
+}
+
+void requireOurs(const SqliteHandle& handle, const QString& path) {
+    if (!isOurs(handle))
+        raise(Failure::DatabaseForeign, path);
+}
+
+void createTables(const SqliteHandle& handle) {
+    // A report's page fits into one of the file's; deleted ones give their room on the disk back.
+    handle.run("PRAGMA page_size=16384");
+    handle.run("PRAGMA auto_vacuum=FULL");
+    handle.run("BEGIN IMMEDIATE");
+    handle.run("CREATE TABLE Report (ReportKey INTEGER PRIMARY KEY AUTOINCREMENT)");
+    handle.run("CREATE TABLE Page (ReportKey INTEGER NOT NULL, Page INTEGER NOT NULL, Part INTEGER NOT NULL, "
+               "Items BLOB NOT NULL, PRIMARY KEY (ReportKey, Page, Part))");
+    handle.run("PRAGMA application_id=" + QByteArray::number(applicationId));
+    handle.run("COMMIT");
+    handle.run("PRAGMA journal_mode=WAL");
+}
+
+/// Makes the tables of a new file, or clears what ended programs left in an old one, as long as nobody else
+/// has the file open: an open one is locked against this, also while its owner does nothing.
+void prepareAlone(const QString& path) {
+    const SqliteHandle handle(path, SqliteHandle::Access::Create);
+    try {
+        handle.run("PRAGMA locking_mode=EXCLUSIVE");
+        if (answerOf(handle, "PRAGMA page_count") == 0)
+            createTables(handle);
+        requireOurs(handle, path);
+        handle.run(relaxed);
+        if (answerOf(handle, "SELECT EXISTS (SELECT 1 FROM Report)") != 0) {
+            handle.run("DELETE FROM Page");
+            handle.run("DELETE FROM Report");
+        }
+    } catch (const RunTimeError&) {
+        if (handle.foundDamage())
+            raise(Failure::DatabaseForeign, path);
+        if (!handle.foundBusy())
+            throw;
+    }
+}
+
+SqliteHandle openShared(const QString& path) {
+    SqliteHandle handle(path, SqliteHandle::Access::ReadWrite);
+    sqlite3_busy_timeout(handle.get(), busyMilliseconds);
+    requireOurs(handle, path);
+    handle.run(relaxed);
+    // Copying a run from the log into the file would be a long commit, and most runs are cleared first.
+    handle.run("PRAGMA wal_autocheckpoint=0");
+    return handle;
+}
+
+/// The engine's words say neither which file nor that a right is missing.
+SqliteHandle openReportDatabase(const QString& path) {
+    const QFileInfo file(path);
+    if (!QFileInfo(file.path()).isDir())
+        raise(Failure::PathNotFound, file.path());
+    try {
+        prepareAlone(path);
+        return openShared(path);
+    } catch (const RunTimeError& error) {
+        const bool isReadOnly = error.number() == makeError(Failure::PermissionDenied).number();
+        if (isReadOnly || !file.isFile() || !file.isWritable() || !QFileInfo(file.path()).isWritable())
+            raise(Failure::FileAccess, path);
+        throw;
+    }
+}
+
+/// A write of many pages, rolled back unless it was committed. The engine's own bookkeeping stays in memory
+/// meanwhile: were it written out and changed again, the commit would have to read the whole log.
+class LargeWrite {
+public:
+    explicit LargeWrite(const SqliteHandle& handle) : m_handle(handle) {
+        handle.run("PRAGMA cache_size=-32000");
+        handle.run("BEGIN IMMEDIATE");
+    }
+    ~LargeWrite() {
+        if (sqlite3_get_autocommit(m_handle.get()) == 0)
+            sqlite3_exec(m_handle.get(), "ROLLBACK", nullptr, nullptr, nullptr);
+        sqlite3_exec(m_handle.get(), "PRAGMA cache_size=-2000", nullptr, nullptr, nullptr);
+    }
+    LargeWrite(const LargeWrite&) = delete;
+    LargeWrite& operator=(const LargeWrite&) = delete;
+    void commit() const { m_handle.run("COMMIT"); }
+
+private:
+    const SqliteHandle& m_handle;
+};
+
+} // namespace
+
+PageStore::PageStore(const QString& path) : m_handle(openReportDatabase(pathOnDisk(path))) {}
+
+PageStore::~PageStore() {
+    try {
+        clearRun();
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "The report's pages could not be cleared: %s\n", error.what());
+    }
+}
+
+qint64 PageStore::newReport() {
+    clearRun();
+    m_handle.run("INSERT INTO Report DEFAULT VALUES");
+    m_run = sqlite3_last_insert_rowid(m_handle.get());
+    m_drawn.emplace();
+    return m_run;
+}
+
+void PageStore::add(qint64 reportKey, const PageText& text) {
+    itemsOf(reportKey, text.page).add(text);
+}
+
+void PageStore::add(qint64 reportKey, const PageLine& line) {
+    itemsOf(reportKey, line.page).add(line);
+}
+
+bool PageStore::finish(qint64 reportKey, const FollowPages& follow) {
+    if (!m_drawn.has_value() || reportKey != m_run)
+        return true;
+    putAside();
+    if (!moveIn(follow))
+        return false;
+    m_drawn.reset();
+    return true;
+}
+
+bool PageStore::moveIn(const FollowPages& follow) {
+    const LargeWrite write(m_handle);
+    SqliteStatement add =
+        m_handle.prepare("INSERT INTO Page (ReportKey, Page, Part, Items) VALUES (?, ?, ?, ?)");
+    const bool isWhole = m_drawn->handOut([&](const DrawnPages::Part& part) {
+        add.bind(1, m_run);
+        add.bind(2, part.page);
+        add.bind(3, part.number);
+        add.bindBytes(4, part.items);
+        add.run();
+        return !follow || follow(part.number, m_drawn->count());
+    });
+    if (isWhole)
+        write.commit();
+    return isWhole;
+}
+
+qint64 PageStore::pageCount(qint64 reportKey) const {
+    SqliteStatement statement = m_handle.prepare("SELECT MAX(Page) FROM Page WHERE ReportKey=?");
+    statement.bind(1, reportKey);
+    return statement.step() ? statement.integerAt(0) : 0;
+}
+
+StoredPage PageStore::page(qint64 reportKey, qint64 number) const {
+    StoredPage page;
+    SqliteStatement parts =
+        m_handle.prepare("SELECT Items FROM Page WHERE ReportKey=? AND Page=? ORDER BY Part");
+    parts.bind(1, reportKey);
+    parts.bind(2, number);
+    while (parts.step())
+        readItems(parts.bytesAt(0), number, page);
+    return page;
+}
+
+ItemBytes& PageStore::itemsOf(qint64 reportKey, qint64 page) {
+    if (!m_drawn.has_value() || reportKey != m_run)
+        raise(Failure::NotAllowed);
+    if (page != m_page || m_items.bytes().size() > partSize)
+        putAside();
+    m_page = page;
+    return m_items;
+}
+
+void PageStore::putAside() {
+    if (!m_items.bytes().isEmpty())
+        m_drawn->add(m_page, m_items.bytes());
+    m_items.clear();
+}
+
+void PageStore::clearRun() {
+    if (m_run == 0)
+        return;
+    m_drawn.reset();
+    m_items.clear();
+    {
+        const LargeWrite write(m_handle);
+        for (const char* table : {"Page", "Report"}) {
+            SqliteStatement clear =
+                m_handle.prepare(QByteArray("DELETE FROM ") + table + " WHERE ReportKey=?");
+            clear.bind(1, m_run);
+            clear.run();
+        }
+        write.commit();
+    }
+    // What another seat still reads stays in the log and is copied by whoever clears next.
+    (void)sqlite3_wal_checkpoint_v2(m_handle.get(), nullptr, SQLITE_CHECKPOINT_PASSIVE, nullptr, nullptr);
+}
+
+std::vector<std::size_t> StoredReport::findOnPage(const QString& text, qint64 page,
+                                                  Qt::CaseSensitivity letters) const {
+    std::vector<std::size_t> hits;
+    if (text.isEmpty())
+        return hits;
+    const StoredPage stored = this->page(page);
+    for (std::size_t i = 0; i < stored.texts.size(); ++i)
+        if (textOnPage(stored.texts[i], m_pageCount).contains(text, letters))
+            hits.push_back(i);
+    return hits;
+}
+
+} // namespace tarnwell

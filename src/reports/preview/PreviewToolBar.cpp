@@ -1,0 +1,74 @@
+#include "reports/preview/PreviewToolBar.h"
+
+#include <QAction>
+#include <QEvent>
+#include <QToolButton>
+
+namespace tarnwell {
+
+namespace {
+
+constexpr QSize toolIcon(20, 20);
+
+void showCaption(QToolButton& button, bool on) {
+    button.setToolButtonStyle(on ? Qt::ToolButtonTextBesideIcon : Qt::ToolButtonIconOnly);
+}
+
+/// Takes no room when it is off. Its tool stays as it is: one that is hidden has no keys.
+void showButton(QToolButton& button, bool on) {
+    button.setMaximumWidth(on ? QWIDGETSIZE_MAX : 0);
+}
+
+} // namespace
+
+PreviewToolBar::PreviewToolBar(QWidget* parent) : QToolBar(QStringLiteral("Tools"), parent) {
+    setObjectName(QStringLiteral("Toolbar1"));
+    setMovable(false);
+    setIconSize(toolIcon);
+}
+
+void PreviewToolBar::addTool(QAction* tool, ToolRoom room) {
+    addAction(tool);
+    auto* const button = qobject_cast<QToolButton*>(widgetForAction(tool));
+    button->setObjectName(QStringLiteral("btn") + tool->objectName());
+    showCaption(*button, false);
+    if (room == ToolRoom::Caption)
+        m_captioned.push_back(button);
+    else if (room == ToolRoom::Spare)
+        m_spare.push_back(button);
+}
+
+void PreviewToolBar::keepInSight() {
+    for (QToolButton* button : m_captioned)
+        showCaption(*button, false);
+    for (QToolButton* button : m_spare)
+        showButton(*button, false);
+    setMinimumWidth(sizeHint().width());
+    fit();
+}
+
+void PreviewToolBar::fit() {
+    for (QToolButton* button : m_captioned)
+        showCaption(*button, true);
+    for (QToolButton* button : m_spare)
+        showButton(*button, true);
+    for (auto button = m_captioned.rbegin(); button != m_captioned.rend(); ++button)
+        if (sizeHint().width() > width())
+            showCaption(**button, false);
+    for (auto button = m_spare.rbegin(); button != m_spare.rend(); ++button)
+        if (sizeHint().width() > width())
+            showButton(**button, false);
+}
+
+void PreviewToolBar::resizeEvent(QResizeEvent* event) {
+    QToolBar::resizeEvent(event);
+    fit();
+}
+
+void PreviewToolBar::changeEvent(QEvent* event) {
+    QToolBar::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        keepInSight();
+}
+
+} // namespace tarnwell

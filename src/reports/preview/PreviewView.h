@@ -1,0 +1,120 @@
+#pragma once
+
+#include "reports/preview/PageFinder.h"
+#include "reports/preview/PreviewLayout.h"
+#include "reports/preview/PreviewPaper.h"
+
+#include <QAbstractScrollArea>
+
+#include <optional>
+
+namespace tarnwell {
+
+/// The pages of a report on the preview's desktop: scrolled, zoomed, turned over by mouse and keys. A page is
+/// painted when it is seen for the first time.
+class PreviewView : public QAbstractScrollArea {
+    Q_OBJECT
+
+public:
+    enum class Fit { None, Width, Page };
+
+    static constexpr double leastZoom = 0.1;
+    static constexpr double greatestZoom = 8;
+
+    /// `pages` outlives the view. Where there are none it says so.
+    PreviewView(const PreviewPages& pages, QWidget* parent);
+
+    [[nodiscard]] int pageCount() const { return m_pages.count(); }
+    [[nodiscard]] int currentPage() const { return m_currentPage; }
+    /// Shows the page from its top; a number beyond the ends means the page there.
+    void goToPage(int page);
+    /// To the next (previous) row of pages; in the overview to the next page.
+    void turn(int direction);
+
+    [[nodiscard]] Arrangement arrangement() const { return m_arrangement; }
+    void setArrangement(Arrangement arrangement);
+    /// Leaves the overview for the arrangement before it.
+    void openPage(int page);
+
+    /// 1 is the true size on paper by the screen's own measure.
+    [[nodiscard]] double zoom() const;
+    [[nodiscard]] Fit fit() const { return m_fit; }
+    void setFit(Fit fit);
+    /// Keeps what is in the middle of the view there. Bounded by `leastZoom` and `greatestZoom`.
+    void setZoom(double zoom);
+    /// The next zoom of the usual ones in that direction; in the overview smaller or larger pages.
+    void stepZoom(int direction);
+
+    /// Looks for a text from the current page on and marks it; an empty one ends the search. No hit is the
+    /// current one.
+    void search(const PageSearch& search);
+    [[nodiscard]] const PageFinder& finder() const { return m_finder; }
+    /// From 0; -1: none. It moves up as hits before it become known.
+    [[nodiscard]] int currentHit() const;
+    /// Makes a hit the current one and scrolls until it is seen.
+    void showHit(int hit);
+    /// The first hit on the current page or behind it; the first of all when there is none.
+    [[nodiscard]] int hitFromHere() const;
+
+    /// Where a page is seen now, in the viewport's pixels.
+    [[nodiscard]] QRect pageOnScreen(int page) const { return m_layout.page(page).translated(-offset()); }
+    /// The pages have another paper: lays all out and paints anew.
+    void refresh();
+
+    [[nodiscard]] QSize sizeHint() const override;
+
+Q_SIGNALS:
+    void pageChanged(int page);
+    /// Zoom, fit or arrangement.
+    void lookChanged();
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void scrollContentsBy(int dx, int dy) override;
+    void changeEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
+private:
+    [[nodiscard]] QPoint offset() const;
+    [[nodiscard]] double twipPixels() const;
+    [[nodiscard]] double scaleFor(const PreviewLayout::Request& request) const;
+    void layOut();
+    void layOutAround(QPoint anchor);
+    void zoomAround(double zoom, QPoint anchor);
+    void scaleOverview(double factor);
+    void scrollTo(QPoint offset);
+    void setCurrentPage(int page);
+    void followScrolling();
+    void drawNoPages(QPainter& painter) const;
+    void drawCaption(QPainter& painter, int page, const QRect& place) const;
+    [[nodiscard]] int captionHeight() const;
+
+    [[nodiscard]] bool pageKey(const QKeyEvent& event);
+    [[nodiscard]] bool overviewKey(const QKeyEvent& event);
+    void screenDown();
+    void screenUp();
+    void updateCursor(QPoint mouse);
+
+    const PreviewPages& m_pages;
+    PreviewPaper m_paper;
+    PreviewLayout m_layout;
+    Arrangement m_arrangement = Arrangement::Single;
+    Arrangement m_readingArrangement = Arrangement::Single;
+    Fit m_fit = Fit::Width;
+    double m_zoom = 1;
+    double m_overviewSide; ///< Pixels of a small page's longer side.
+    int m_currentPage = 1;
+    PageFinder m_finder;
+    int m_hitPage = 0;      ///< Of the current hit; 0: none.
+    int m_nthHit = 0;       ///< Which of its page, from 0.
+    bool m_placing = false; ///< The scroll bars are moved by us; the current page is known.
+    std::optional<QPoint> m_grabbed;
+    int m_pressedPage = 0;
+};
+
+} // namespace tarnwell

@@ -1,0 +1,114 @@
+#include "reports/preview/StoredPages.h"
+
+#include "data/RunTimeError.h"
+#include "reports/output/PageOutput.h"
+
+#include <QPainter>
+
+#include <utility>
+
+namespace tarnwell {
+
+namespace {
+
+constexpr double twipsPerPoint = 20;
+constexpr int messageMargin = 1440;
+constexpr int messageHeight = 240; ///< Twips of its letters.
+
+/// The text's boxes of what is looked for, one for each time that it stands there.
+std::vector<QRectF> boxesIn(const PageText& text, const PageSearch& search, qint64 pages,
+                            PagePainter& painter) {
+    PageText read = text;
+    read.text = textOnPage(text, pages);
+    read.look.PageTotal = false;
+    const QString whole = read.text;
+    const auto boxOfFirst = [&](qsizetype letters) {
+        read.text = whole.first(letters);
+        return painter.textBox(read, pages);
+    };
+    std::vector<QRectF> boxes;
+    qsizetype at = whole.indexOf(search.text, 0, search.letters);
+    for (; at >= 0; at = whole.indexOf(search.text, at + search.text.size(), search.letters)) {
+        QRectF box = boxOfFirst(at + search.text.size());
+        box.setLeft(at == 0 ? box.left() : boxOfFirst(at).right());
+        boxes.push_back(box);
+    }
+    return boxes;
+}
+
+} // namespace
+
+StoredPages::StoredPages(const StoredReport& report) : m_report(report), m_orientation(report.orientation()) {
+    setPaper({QPageSize(QPageSize::Letter), QPageLayout::Portrait, QMarginsF()});
+}
+
+void StoredPages::setPaper(QPageLayout paper) {
+    paper.setUnits(QPageLayout::Point);
+    paper.setOrientation(m_orientation == Orientation::Landscape ? QPageLayout::Landscape
+                                                                 : QPageLayout::Portrait);
+    m_paper = std::move(paper);
+}
+
+int StoredPages::count() const {
+    return static_cast<int>(m_report.pageCount());
+}
+
+QSizeF StoredPages::paperSize() const {
+    return m_paper.fullRect().size() * twipsPerPoint;
+}
+
+QString StoredPages::paperName() const {
+    // Printers have names of their own, "US Letter"; the toolkit's are "Letter / ANSI A".
+    const QPageSize::PageSizeId size = QPageSize::id(m_paper.pageSize().sizePoints());
+    const QString known = size == QPageSize::Custom ? m_paper.pageSize().name() : QPageSize::name(size);
+    const QString name = known.section(QStringLiteral(" / "), 0, 0);
+    return QStringLiteral("%1, %2").arg(name, m_paper.orientation() == QPageLayout::Landscape
+                                                  ? QStringLiteral("landscape")
+                                                  : QStringLiteral("portrait"));
+}
+
+QTransform StoredPages::ontoPaper() const {
+    return pageOntoPaper(m_orientation, m_paper);
+}
+
+void StoredPages::paint(QPainter& painter, int page) const {
+    painter.save();
+    try {
+        const StoredPage stored = m_report.page(page);
+        painter.setTransform(ontoPaper(), true);
+        m_painter.drawPage(painter, stored, m_report.pageCount());
+    } catch (const RunTimeError& error) {
+        QFont font;
+        font.setPixelSize(messageHeight);
+        painter.setFont(font);
+        painter.setPen(Qt::black);
+        const QRectF place = QRectF(QPointF(), paperSize())
+                                 .adjusted(messageMargin, messageMargin, -messageMargin, -messageMargin);
+        painter.drawText(place, Qt::TextWordWrap,
+                         QStringLiteral("This page can't be read.\n\n") + error.description());
+    }
+    painter.restore();
+}
+
+int StoredPages::hitsOn(int page, const PageSearch& search) const {
+    return static_cast<int>(m_report.findOnPage(search.text, page, search.letters).size());
+}
+
+std::vector<PageMark> StoredPages::marks(int page, const PageSearch& search) const {
+    std::vector<PageMark> marks;
+    try {
+        const std::vector<std::size_t> hits = m_report.findOnPage(search.text, page, search.letters);
+        const StoredPage stored = hits.empty() ? StoredPage() : m_report.page(page);
+        for (int hit = 0; const std::size_t found : hits) {
+            const PageText& text = stored.texts.at(found);
+            for (const QRectF& box : boxesIn(text, search, m_report.pageCount(), m_painter))
+                marks.push_back({hit, ontoPaper().mapRect(box)});
+            ++hit;
+        }
+    } catch (const RunTimeError&) {
+        marks.clear(); // The page itself says what is wrong.
+    }
+    return marks;
+}
+
+} // namespace tarnwell

@@ -1,0 +1,47 @@
+#include "runtime/DataEnvironment.h"
+
+#include "runtime/MousePointer.h"
+#include "runtime/modGlobalVariables.h"
+
+#include <cstdio>
+#include <memory>
+
+namespace tarnwell {
+
+namespace {
+
+std::unique_ptr<Connection>& shared() {
+    static std::unique_ptr<Connection> connection;
+    return connection;
+}
+
+std::unique_ptr<Connection> openConnection() {
+    const HourGlass hourGlass;
+    auto connection = std::make_unique<Connection>();
+    connection->setConnectionString(gConnectionString);
+    if (connection->State() == ObjectState::Closed)
+        connection->Open();
+    return connection;
+}
+
+} // namespace
+
+Connection& DataEnvironment::cnnConnection() {
+    // A failed open leaves nothing behind, so that the next reference tries again.
+    if (!shared())
+        shared() = openConnection();
+    return *shared();
+}
+
+void DataEnvironment::close() noexcept {
+    const std::unique_ptr<Connection> connection = std::move(shared());
+    if (!connection)
+        return;
+    try {
+        connection->Close();
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "The database could not be closed: %s\n", error.what());
+    }
+}
+
+} // namespace tarnwell

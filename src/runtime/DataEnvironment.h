@@ -1,0 +1,21 @@
+#pragma once
+
+#include "data/recordset/Connection.h"
+
+namespace tarnwell {
+
+/// Holder of the one shared connection.
+class DataEnvironment {
+public:
+    /// The connection, opened with `gConnectionString` at the first reference. Raises what `Open` raises.
+    [[nodiscard]] static Connection& cnnConnection();
+    /// Closes it, so that the next reference opens it anew. Called when the program ends.
+    static void close() noexcept;
+};
+
+/// The one shared connection, as the screens name it.
+[[nodiscard]] inline Connection& connection() {
+    return DataEnvironment::cnnConnection();
+}
+
+} // namespace tarnwell

@@ -1,0 +1,151 @@
+#include "runtime/StartUp.h"
+
+#include "runtime/MsgBox.h"
+#include "runtime/Version.h"
+#include "runtime/modGlobalVariables.h"
+#include "runtime/modRegistry.h"
+
+#include <QDir>
+#include <QSysInfo>
+
+#ifdef Q_OS_UNIX
+#include <pwd.h>
+#include <unistd.h>
+#endif
+
+#include <array>
+
+namespace tarnwell {
+
+namespace {
+
+constexpr auto computerNameKey = u"SYSTEM\\CurrentControlSet\\Control\\ComputerName\\ComputerName";
+constexpr auto developerMark = u"Development";
+constexpr auto installedFolder = u"C:\\Program Files\\Tarnwell";
+
+/// A setting and its value on a machine that has none. A path is written with "/" and starts in `gAppPath`.
+struct DefaultSetting {
+    const char16_t* name;
+    const char16_t* value;
+    bool isPath;
+};
+
+/// "Provider" is the last: its absence marks a first start, so a first start that was cut short runs again.
+constexpr std::array<DefaultSetting, 9> defaultSettings{{
+    {u"DataSource", u"/data/Tarnwell.mdb", true},
+    {u"DataServer", u"", false},
+    {u"ConnectionMisc", u";Persist Security Info=False", false},
+    {u"ImportPath", u"/import/", true},
+    {u"LogPath", u"/logs/", true},
+    {u"LayoutPath", u"/layouts/", true},
+    {u"DataPath", u"/data/", true},
+    {u"ReportDataPath", u"/Data/Report.mdb", true},
+    {u"Provider", u"Microsoft.Jet.OLEDB.4.0", false},
+}};
+
+Value readSetting(const QString& name) {
+    return ReadRegistryValue(RegistryRoot::LocalMachine, gRegistryKey, name);
+}
+
+QString settingText(const QString& name) {
+    return readSetting(name).toText();
+}
+
+/// Another database than the one that the user thinks of may be open from here on.
+void tellDamaged(const QString& keptAs) {
+    MsgBox({.text = QStringLiteral(
+                        "The settings can't be read: %1\nTarnwell starts with new ones. The old file is "
+                        "kept as %2")
+                        .arg(settingsFile(), keptAs),
+            .title = QStringLiteral("Tarnwell"),
+            .icon = MessageIcon::Exclamation});
+}
+
+void writeDefaults() {
+    const QString damaged = damagedSettingsFile();
+    CreateRegistryKey(gRegistryKey, RegistryRoot::LocalMachine);
+    for (const DefaultSetting& setting : defaultSettings) {
+        QString value = QString::fromUtf16(setting.value);
+        if (setting.isPath)
+            value = gAppPath + value.replace(u'/', QDir::separator());
+        WriteRegistryValue(RegistryRoot::LocalMachine, gRegistryKey, QString::fromUtf16(setting.name),
+                           RegistryType::Text, value);
+    }
+    if (!damaged.isEmpty())
+        tellDamaged(damaged);
+}
+
+QString computerName() {
+    const Value stored = ReadRegistryValue(RegistryRoot::LocalMachine, QString::fromUtf16(computerNameKey),
+                                           QStringLiteral("ComputerName"));
+    return stored.isEmpty() ? QSysInfo::machineHostName() : stored.toText();
+}
+
+QString systemLoginName() {
+#ifdef Q_OS_UNIX
+    std::array<char, 4096> buffer{};
+    passwd entry{};
+    passwd* found = nullptr;
+    if (getpwuid_r(geteuid(), &entry, buffer.data(), buffer.size(), &found) == 0 && found != nullptr)
+        return QString::fromLocal8Bit(found->pw_name);
+    return {};
+#else
+    return qEnvironmentVariable("USERNAME");
+#endif
+}
+
+} // namespace
+
+void ReadSettings(const QString& programFolder) {
+    gProgramFolder = programFolder;
+    gRegistryKey = QString::fromUtf16(registryKey);
+    gUserName = GetLoginName();
+    gComputerName = computerName();
+    gWindowsFolder = GetWindowsFolder();
+    gAppPath = programFolder.contains(QStringView(developerMark), Qt::CaseInsensitive)
+                   ? QString::fromUtf16(installedFolder)
+                   : programFolder;
+    if (readSetting(QStringLiteral("Provider")).isEmpty())
+        writeDefaults();
+    gConnectionString = composeConnectionString(
+        settingText(QStringLiteral("Provider")), settingText(QStringLiteral("DataSource")),
+        settingText(QStringLiteral("DataServer")), settingText(QStringLiteral("ConnectionMisc")));
+    gImportPath = settingText(QStringLiteral("ImportPath"));
+    gLogPath = settingText(QStringLiteral("LogPath"));
+    gLayoutPath = settingText(QStringLiteral("LayoutPath"));
+    gDataPath = settingText(QStringLiteral("DataPath"));
+    gReportDataPath = settingText(QStringLiteral("ReportDataPath"));
+}
+
+QString composeConnectionString(const QString& provider, const QString& dataSource, const QString& dataServer,
+                                const QString& misc) {
+    QString text = QStringLiteral("Provider=") + provider;
+    if (provider != QLatin1String(jetProvider))
+        text +=
+            QStringLiteral(";Initial Catalog=") + dataSource + QStringLiteral(";Data Source=") + dataServer;
+    else
+        text += QStringLiteral(";Data Source=") + dataSource;
+    return text + misc;
+}
+
+QString fitLoginName(const QString& name) {
+    constexpr qsizetype buffer = 25; // with the NUL at its end
+    return name.size() < buffer ? name : QString();
+}
+
+QString GetLoginName() {
+    return fitLoginName(systemLoginName());
+}
+
+QString GetWindowsFolder() {
+    return qEnvironmentVariable("windir");
+}
+
+QString mainWindowCaption() {
+    return QStringLiteral("Tarnwell: Version %1.%2.%3")
+        .arg(versionMajor)
+        .arg(versionMinor)
+        .arg(versionRevision);
+}
+
+} // namespace tarnwell

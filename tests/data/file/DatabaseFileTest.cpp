@@ -1,0 +1,120 @@
+#include "data/file/DatabaseFile.h"
+
+#include "data/sqlite/SqliteHandle.h"
+#include "support/RaisedNumber.h"
+#include "support/TemporaryDatabase.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <gtest/gtest.h>
+
+namespace tarnwell::test {
+
+namespace {
+
+class DatabaseFiles : public ::testing::Test {
+protected:
+    QString beside(const char* name) const { return database.folder() + '/' + name; }
+
+    static Value ask(const QString& path, const char* sql) {
+        Connection connection;
+        connection.setConnectionString(connectionStringFor(path));
+        connection.Open();
+        return firstValue(connection, sql).value_or(Value());
+    }
+
+    /// Overwrites bytes of a closed file.
+    static void damage(const QString& path, qint64 at, const QByteArray& bytes) {
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+        ASSERT_TRUE(file.seek(at));
+        file.write(bytes);
+    }
+
+    TemporaryDatabase database;
+};
+
+TEST_F(DatabaseFiles, ANewOneHasItsInitialRows) {
+    EXPECT_EQ(database.ask("SELECT Description FROM Code WHERE Code1=1 AND Description='FOREMAN'"),
+              Value("Foreman"));
+    EXPECT_EQ(database.ask("SELECT COUNT(*) FROM ReportDefinition WHERE objectName='frmRptCalendar' "
+                           "AND (reportDefinitionKey=5 OR reportDefinitionKey=6)"),
+              Value(2));
+    EXPECT_TRUE(integrityProblems(database.path()).isEmpty());
+}
+
+TEST_F(DatabaseFiles, CreatingOverwritesNothing) {
+    database.add("MasterTask", {});
+    EXPECT_EQ(raisedNumber([&] { createDatabase(database.path()); }), 75);
+    EXPECT_EQ(raisedNumber([&] { createDatabase(beside("no/such/folder.mdb")); }), 76);
+    EXPECT_EQ(database.ask("SELECT COUNT(*) FROM MasterTask"), Value(1));
+    EXPECT_TRUE(QDir(database.folder()).entryList({"*.tmp*"}, QDir::Files).isEmpty());
+}
+
+TEST_F(DatabaseFiles, BackupCopiesWhileInUse) {
+    const QString copy = beside("copy.mdb");
+    database.add("MasterTask", {{"Name", "kept"}});
+    const auto other = database.secondSeat();
+    const Transaction unfinished(*other);
+    (void)other->Execute("DELETE FROM MasterTask");
+    backupDatabase(database.path(), copy, false);
+    EXPECT_EQ(ask(copy, "SELECT Name FROM MasterTask"), Value("kept"));
+    EXPECT_EQ(raisedNumber([&] { backupDatabase(database.path(), copy, false); }), 75);
+    EXPECT_EQ(raisedNumber([&] { backupDatabase(database.path(), database.path(), true); }), 75);
+}
+
+TEST_F(DatabaseFiles, BackupReplacesOnlyWhatNobodyUses) {
+    const QString copy = beside("copy.mdb");
+    createDatabase(copy);
+    database.add("MasterTask", {{"Name", "new"}});
+    Connection user;
+    user.setConnectionString(connectionStringFor(copy));
+    user.Open();
+    EXPECT_NE(raisedNumber([&] { backupDatabase(database.path(), copy, true); }), 0);
+    (void)user.Execute("INSERT INTO MasterTask (Name) VALUES ('old')");
+    user.Close();
+    backupDatabase(database.path(), copy, true);
+    EXPECT_EQ(ask(copy, "SELECT Name FROM MasterTask"), Value("new"));
+    // A log that a killed program left must not be played into the new file.
+    damage(copy, 0, "garbage");
+    QFile log(copy + "-wal");
+    ASSERT_TRUE(log.open(QIODevice::WriteOnly));
+    log.close();
+    backupDatabase(database.path(), copy, true);
+    EXPECT_EQ(ask(copy, "SELECT Name FROM MasterTask"), Value("new"));
+    EXPECT_TRUE(QDir(database.folder()).entryList({"*.tmp*"}, QDir::Files).isEmpty());
+}
+
+TEST_F(DatabaseFiles, BackupTakesNoDamagedSource) {
+    Transaction filling(database.connection());
+    for (int i = 0; i < 500; ++i)
+        database.add("MasterTask", {{"Name", "a name that fills the pages of the file"}});
+    filling.commit();
+    database.connection().Close();
+    const qint64 size = QFile(database.path()).size();
+    damage(database.path(), size - 4096, QByteArray(4096, '\x55'));
+    EXPECT_FALSE(integrityProblems(database.path()).isEmpty());
+    EXPECT_NE(raisedNumber([&] { backupDatabase(database.path(), beside("copy.mdb"), false); }), 0);
+    EXPECT_FALSE(QFile::exists(beside("copy.mdb")));
+}
+
+TEST_F(DatabaseFiles, NamesABrokenRelation) {
+    const qint64 builder = database.add("Contractor", {});
+    const qint64 job = database.add("Job", {{"ContractorKey", builder}});
+    const qint64 lot = database.add("JobLot", {{"JobKey", job}});
+    database.connection().Close();
+    data::SqliteHandle(database.path(), data::SqliteHandle::Access::ReadWrite).run("DELETE FROM Job");
+    const QStringList problems = integrityProblems(database.path());
+    ASSERT_EQ(problems.size(), 1);
+    EXPECT_EQ(problems.front(), QString("JobLot %1: there is no Job %2 for JobKey").arg(lot).arg(job));
+}
+
+TEST_F(DatabaseFiles, CheckingAForeignFileIsAnError) {
+    damage(beside("text.mdb"), 0, "just a text");
+    EXPECT_EQ(raisedNumber([&] { (void)integrityProblems(beside("text.mdb")); }), -2147467259);
+}
+
+} // namespace
+
+} // namespace tarnwell::test

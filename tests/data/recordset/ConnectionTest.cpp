@@ -1,0 +1,297 @@
+#include "data/file/DatabaseFile.h"
+#include "data/sqlite/SqliteHandle.h"
+#include "support/DeathFolder.h"
+#include "support/RaisedNumber.h"
+#include "support/TemporaryDatabase.h"
+
+#include <QFile>
+
+#include <atomic>
+#include <csignal>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <thread>
+#include <unistd.h>
+#include <utility>
+
+namespace tarnwell::test {
+
+namespace {
+
+int openingFails(const QString& connectionString) {
+    Connection connection;
+    connection.setConnectionString(connectionString);
+    const int number = raisedNumber([&] { connection.Open(); });
+    EXPECT_EQ(connection.State() == ObjectState::Open, number == 0);
+    return number;
+}
+
+QString fileWith(const TemporaryDatabase& database, const QByteArray& content) {
+    const QString path = database.folder() + "/other.mdb";
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(content);
+    return path;
+}
+
+TEST(Opening, RefusesWhatItCannotServe) {
+    const TemporaryDatabase database;
+    EXPECT_EQ(openingFails("Provider=SQLOLEDB.1;Data Source=" + database.path()), 3706);
+    EXPECT_EQ(openingFails({}), 3706);
+    EXPECT_EQ(
+        openingFails(
+            QString("provider=microsoft.jet.oledb.4.0; DATA SOURCE = \"%1\" ;x=y").arg(database.path())),
+        0);
+}
+
+TEST(Opening, NeverMakesAMissingFile) {
+    const TemporaryDatabase database;
+    const QString path = database.folder() + "/missing.mdb";
+    EXPECT_EQ(openingFails(connectionStringFor(path)), -2147467259);
+    EXPECT_FALSE(QFile::exists(path));
+    EXPECT_EQ(openingFails(connectionStringFor({})), -2147467259);
+    EXPECT_EQ(openingFails(connectionStringFor(database.folder())), -2147467259);
+}
+
+TEST(Opening, LeavesForeignFilesAsTheyAre) {
+    const TemporaryDatabase database;
+    for (const QByteArray& content : {QByteArray(), QByteArray("no database"), QByteArray(8192, 'x')}) {
+        const QString path = fileWith(database, content);
+        Connection connection;
+        connection.setConnectionString(connectionStringFor(path));
+        EXPECT_TRUE(raisedText([&] { connection.Open(); }).contains(path));
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        EXPECT_EQ(file.readAll(), content);
+    }
+}
+
+TEST(Opening, NamesADamagedCatalogue) {
+    TemporaryDatabase database;
+    database.connection().Close();
+    QFile file(database.path());
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    ASSERT_TRUE(file.seek(110));
+    file.write(QByteArray(1500, '\x7f'));
+    file.close();
+    EXPECT_EQ(openingFails(connectionStringFor(database.path())), -2147467259);
+}
+
+TEST(Opening, SaysThatSomebodyHoldsTheFileForItself) {
+    TemporaryDatabase database;
+    database.connection().Close();
+    const data::SqliteHandle holder(database.path(), data::SqliteHandle::Access::ReadWrite);
+    holder.run("PRAGMA locking_mode=EXCLUSIVE");
+    holder.run("BEGIN EXCLUSIVE");
+    database.connection().setBusyTimeout(std::chrono::milliseconds(1));
+    const QString text = raisedText([&] { database.connection().Open(); });
+    EXPECT_TRUE(text.startsWith(makeError(Failure::DatabaseLocked).description())) << text.toStdString();
+}
+
+/// The tests may run as root, whom no permission stops.
+class WithoutPrivileges {
+public:
+    WithoutPrivileges() : m_user(::geteuid()) {
+        if (m_user == 0) {
+            EXPECT_EQ(::setresuid(nobody, nobody, 0), 0);
+        }
+    }
+    ~WithoutPrivileges() { EXPECT_EQ(::setresuid(m_user, m_user, m_user), 0); }
+    WithoutPrivileges(const WithoutPrivileges&) = delete;
+    WithoutPrivileges& operator=(const WithoutPrivileges&) = delete;
+
+private:
+    static constexpr uid_t nobody = 65534;
+    uid_t m_user;
+};
+
+TEST(Opening, ReadsAFileThatItCannotWrite) {
+    for (const ::mode_t folderMode : {0755, 0777, 0555}) {
+        TemporaryDatabase database;
+        database.add("MasterTask", {{"Name", "Elm"}});
+        database.connection().Close();
+        ASSERT_EQ(::chmod(database.path().toUtf8().constData(), 0444), 0);
+        ASSERT_EQ(::chmod(database.folder().toUtf8().constData(), folderMode), 0);
+        {
+            const WithoutPrivileges reader;
+            database.connection().Open();
+            EXPECT_EQ(database.ask("SELECT Name FROM MasterTask"), Value("Elm"));
+            EXPECT_EQ(raisedNumber([&] { database.run("DELETE FROM MasterTask"); }), -2147217911);
+            EXPECT_EQ(raisedNumber([&] { database.add("MasterTask", {}); }), -2147217911);
+            database.connection().Close();
+        }
+        ASSERT_EQ(::chmod(database.folder().toUtf8().constData(), 0755), 0);
+    }
+}
+
+TEST(Opening, TakesOneConnectionOnce) {
+    TemporaryDatabase database;
+    EXPECT_EQ(raisedNumber([&] { database.connection().Open(); }), 3705);
+    EXPECT_EQ(raisedNumber([&] { database.connection().setConnectionString({}); }), 3705);
+    database.connection().Close();
+    EXPECT_EQ(raisedNumber([&] { database.run("DELETE FROM MasterTask"); }), 3704);
+    database.connection().Close();
+    database.connection().Open();
+    EXPECT_EQ(database.connection().State(), ObjectState::Open);
+}
+
+TEST(Statement, RunsAloneAndOnlyOnRows) {
+    TemporaryDatabase database;
+    database.add("MasterTask", {{"Name", "Elm"}});
+    for (const char* sql :
+         {"DELETE FROM MasterTask; DELETE FROM Code",
+          "UPDATE MasterTask SET Name='x' WHERE MasterTaskKey=1;DELETE FROM MasterTask",
+          "DROP TABLE MasterTask", "CREATE TABLE T (a)", "ATTACH 'x.db' AS x", "PRAGMA foreign_keys=OFF",
+          "VACUUM", "BEGIN", "", "SELECT", "DELETE FROM MasterTask WHERE Name='O'Neil'"}) {
+        EXPECT_NE(raisedNumber([&] { database.run(sql); }), 0) << sql;
+        EXPECT_EQ(database.ask("SELECT Name FROM MasterTask"), Value("Elm")) << sql;
+    }
+    EXPECT_NE(raisedNumber([&] { database.run("DELETE FROM sqlite_master"); }), 0);
+}
+
+struct FailingStatement {
+    const char* sql;
+    int number;
+};
+
+TEST(Statement, RaisesTheProvidersNumbers) {
+    TemporaryDatabase database;
+    constexpr FailingStatement statements[] = {
+        {"SELECT * FRM MasterTask", -2147217900},
+        {"SELECT * FROM Jobs", -2147217865},
+        {"Jobs", -2147217865},
+        {"SELECT Nowhere FROM MasterTask", -2147217904},
+        {"UPDATE MasterTask SET Nowhere=1", -2147217904},
+        {"INSERT INTO MasterTask (Nowhere) VALUES (1)", -2147217904},
+        {"INSERT INTO JobLot (JobKey) VALUES (77)", -2147217873},
+        {"INSERT INTO MasterTask (MasterTaskKey, Name) SELECT 1, 'a' UNION ALL SELECT 1, 'b'", -2147217873},
+    };
+    for (const FailingStatement& statement : statements) {
+        Recordset rows;
+        EXPECT_EQ(raisedNumber([&] { rows.Open(statement.sql, database.connection()); }), statement.number)
+            << statement.sql;
+        EXPECT_EQ(rows.State(), ObjectState::Closed);
+    }
+    EXPECT_EQ(database.ask("SELECT COUNT(*) FROM MasterTask"), Value(0));
+}
+
+TEST(Statement, CountsTheRowsItTouched) {
+    TemporaryDatabase database;
+    for (const char* name : {"Elm", "Oak", "Ash"})
+        database.add("MasterTask", {{"Name", name}});
+    EXPECT_EQ(database.connection().Execute("UPDATE MasterTask SET CustomTask='Y' WHERE Name<>'oak'"), 2);
+    EXPECT_EQ(database.connection().Execute("DELETE FROM MasterTask WHERE Name='x'"), 0);
+}
+
+TEST(Transactions, KeepAllOrNothing) {
+    TemporaryDatabase database;
+    const auto count = [&] { return database.ask("SELECT COUNT(*) FROM MasterTask"); };
+    {
+        const Transaction transaction(database.connection());
+        database.add("MasterTask", {});
+        EXPECT_EQ(raisedNumber([&] { database.connection().BeginTrans(); }), 3219);
+    }
+    EXPECT_EQ(count(), Value(0));
+    Transaction transaction(database.connection());
+    database.add("MasterTask", {});
+    // A failing write inside takes back itself alone.
+    EXPECT_NE(raisedNumber([&] { database.add("JobLot", {{"JobKey", 77}}); }), 0);
+    transaction.commit();
+    EXPECT_EQ(count(), Value(1));
+    EXPECT_EQ(raisedNumber([&] { database.connection().CommitTrans(); }), 3219);
+    EXPECT_EQ(raisedNumber([&] { database.connection().RollbackTrans(); }), 3219);
+}
+
+TEST(Transactions, RolledBackByClosing) {
+    TemporaryDatabase database;
+    database.connection().BeginTrans();
+    database.add("MasterTask", {});
+    database.connection().Close();
+    database.connection().Open();
+    EXPECT_EQ(database.ask("SELECT COUNT(*) FROM MasterTask"), Value(0));
+    EXPECT_EQ(raisedNumber([&] { database.connection().BeginTrans(); }), 0);
+}
+
+TEST(Closing, CountsTheRowsThatJoinsWerePlannedWithout) {
+    TemporaryDatabase database;
+    database.add("Job", {{"ContractorKey", database.add("Contractor", {})}});
+    (void)database.ask("SELECT JobNumber FROM Job, Contractor WHERE "
+                       "Job.ContractorKey=Contractor.ContractorKey AND Job.Foreman='A'");
+    database.connection().Close();
+    const data::SqliteHandle handle(database.path(), data::SqliteHandle::Access::ReadOnly);
+    EXPECT_TRUE(handle.prepare("SELECT 1 FROM sqlite_stat1 WHERE tbl='Job'").step());
+}
+
+TEST(KilledProgramDeathTest, LeavesWhatItHadWritten) {
+    const DeathFolder folder;
+    const QString path = folder.filePath("Killed.mdb");
+    Connection connection;
+    connection.setConnectionString(connectionStringFor(path));
+    EXPECT_EXIT(
+        {
+            createDatabase(path);
+            connection.Open();
+            Recordset rows;
+            rows.Open("MasterTask", connection, CursorType::Dynamic, LockType::Optimistic);
+            rows.AddNew();
+            rows.Update();
+            std::raise(SIGKILL);
+        },
+        testing::KilledBySignal(SIGKILL), "");
+    connection.Open();
+    EXPECT_EQ(firstValue(connection, "SELECT COUNT(*) FROM MasterTask"), Value(1));
+}
+
+TEST(TwoSeats, TheVersionOfTheDataTellsThatEitherHasWritten) {
+    TemporaryDatabase database;
+    const auto other = database.secondSeat();
+    quint32 version = database.connection().dataVersion();
+    const auto hasChanged = [&] {
+        return std::exchange(version, database.connection().dataVersion()) != version;
+    };
+    EXPECT_FALSE(hasChanged());
+    (void)database.ask("SELECT COUNT(*) FROM Code");
+    EXPECT_FALSE(hasChanged()) << "by reading";
+    database.run("UPDATE Code SET Description='x'");
+    EXPECT_TRUE(hasChanged());
+    EXPECT_FALSE(hasChanged());
+    other->Execute("UPDATE Code SET Description='y'");
+    EXPECT_TRUE(hasChanged());
+}
+
+TEST(TwoSeats, TheSecondWriterGivesUpAfterItsWait) {
+    TemporaryDatabase database;
+    Connection other;
+    other.setConnectionString(connectionStringFor(database.path()));
+    other.setBusyTimeout(std::chrono::milliseconds(1));
+    other.Open();
+    const Transaction held(database.connection());
+    database.add("MasterTask", {});
+    EXPECT_EQ(raisedNumber([&] { (void)other.Execute("DELETE FROM MasterTask"); }), -2147467259);
+    EXPECT_EQ(raisedNumber([&] { other.BeginTrans(); }), -2147467259);
+    EXPECT_EQ(firstValue(other, "SELECT COUNT(*) FROM MasterTask"), Value(0));
+}
+
+TEST(TwoSeats, WaitForEachOther) {
+    TemporaryDatabase database;
+    const auto other = database.secondSeat();
+    std::atomic<bool> writes = false;
+    int number = -1;
+    Transaction held(database.connection());
+    std::thread waiting([&] {
+        writes = true;
+        number = raisedNumber([&] { (void)other->Execute("INSERT INTO MasterTask (Name) VALUES ('B')"); });
+    });
+    while (!writes)
+        std::this_thread::yield();
+    for (int i = 0; i < 2000; ++i)
+        database.run("INSERT INTO MasterTask (Name) VALUES ('A')");
+    held.commit();
+    waiting.join();
+    EXPECT_EQ(number, 0);
+    EXPECT_EQ(database.ask("SELECT COUNT(*) FROM MasterTask"), Value(2001));
+}
+
+} // namespace
+
+} // namespace tarnwell::test

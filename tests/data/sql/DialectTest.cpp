@@ -1,0 +1,180 @@
+#include "data/sql/Dialect.h"
+
+#include "data/PlainDatabase.h"
+#include "support/RaisedNumber.h"
+
+#include <gtest/gtest.h>
+
+namespace tarnwell::data {
+namespace {
+
+using Rows = std::vector<std::string>;
+
+class DialectTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        for (const char* statement :
+             {"INSERT INTO Contractor (ContractorKey, Name, [Address 1]) VALUES (1, 'Ames', '1 Elm')",
+              "INSERT INTO Job (JobKey, JobNumber, Name, ContractorKey, CompletedDate) VALUES "
+              "(1, '100', 'Oak', 1, NULL), (2, '200', 'O''Hara', 1, '2002-01-15 00:00:00')",
+              "INSERT INTO Employee (EmployeeKey, LastName, FirstName, Inactive) VALUES "
+              "(1, 'Smith', 'Jo', 0), (2, NULL, 'Al', -1)"})
+            ASSERT_EQ(m_database.run(statement), "");
+    }
+    Rows rows(const QString& sql) {
+        const Translation translation = m_dialect.translate(sql);
+        return m_database.rows(translation.shape->sql, translation.parameters);
+    }
+    int numberRaisedBy(const QString& sql) {
+        return test::raisedNumber([&] { (void)m_dialect.translate(sql); });
+    }
+
+    test::PlainDatabase m_database;
+    Dialect m_dialect;
+};
+
+TEST_F(DialectTest, TestsForNullInEveryForm) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"isnull(CompletedDate)", "1"},
+        {"ISNULL(CompletedDate)=-1", "1"},
+        {"IsNull( Job.CompletedDate ) = True", "1"},
+        {"ISNULL(CompletedDate)<>0", "1"},
+        {"NOT isnull(CompletedDate)", "2"},
+        {"ISNULL(CompletedDate)=0", "2"},
+        {"ISNULL(CompletedDate)=False AND JobKey=2", "2"},
+        {"(ISNULL(CompletedDate)<>-1)", "2"},
+        {"CompletedDate Is Null", "1"},
+        {"0=ISNULL(CompletedDate)", "2"},
+    };
+    for (const auto& [condition, key] : cases)
+        EXPECT_EQ(rows(QString("SELECT JobKey FROM Job WHERE ") + condition), Rows{key}) << condition;
+    EXPECT_EQ(rows("SELECT ISNULL(CompletedDate) AS State FROM Job ORDER BY JobKey"), (Rows{"-1", "0"}));
+}
+
+TEST_F(DialectTest, KnowsTrueAndFalseAsMinusOneAndZero) {
+    EXPECT_EQ(rows("SELECT EmployeeKey FROM Employee WHERE Inactive=True"), Rows{"2"});
+    EXPECT_EQ(rows("SELECT EmployeeKey FROM Employee WHERE Inactive = false"), Rows{"1"});
+    rows("UPDATE Employee SET Inactive=True WHERE EmployeeKey=1");
+    EXPECT_EQ(rows("SELECT COUNT(*) FROM Employee WHERE Inactive=-1"), Rows{"2"});
+}
+
+TEST_F(DialectTest, JoinsTextAndCarriesNullThrough) {
+    EXPECT_EQ(rows("SELECT LastName + ', ' + FirstName AS Name FROM Employee ORDER BY EmployeeKey"),
+              (Rows{"Smith, Jo", "NULL"}));
+    EXPECT_EQ(rows("SELECT E.LastName+E.FirstName FROM Employee AS E WHERE EmployeeKey=1"), Rows{"SmithJo"});
+    EXPECT_EQ(rows("SELECT ('<' + LastName) + '>' FROM Employee WHERE EmployeeKey=1"), Rows{"<Smith>"});
+    EXPECT_EQ(rows("SELECT MAX(LastName) + '!' FROM Employee"), Rows{"Smith!"});
+    EXPECT_EQ(rows("SELECT LastName & ', ' & FirstName FROM Employee ORDER BY EmployeeKey"),
+              (Rows{"Smith, Jo", ", Al"}));
+    EXPECT_EQ(rows("SELECT LastName + ', ' & FirstName FROM Employee ORDER BY EmployeeKey"),
+              (Rows{"Smith, Jo", "Al"}));
+    EXPECT_EQ(rows("SELECT EmployeeKey + 5 FROM Employee WHERE EmployeeKey=1"), Rows{"6"});
+    EXPECT_EQ(rows("SELECT COUNT(LastName) + 5 FROM Employee"), Rows{"6"});
+}
+
+TEST_F(DialectTest, ComparesDatesAsStored) {
+    EXPECT_EQ(rows("SELECT JobKey FROM Job WHERE CompletedDate=#01/15/02#"), Rows{"2"});
+    EXPECT_EQ(rows("SELECT JobKey FROM Job WHERE CompletedDate BETWEEN #01/15/02# AND #1/15/2002#"),
+              Rows{"2"});
+    EXPECT_EQ(rows("SELECT JobKey FROM Job WHERE CompletedDate>#12/31/29#"), Rows{});
+    for (const char* date : {"#13/45/02#", "#02/29/23#", "##", "#01/15/02", "#x#"})
+        EXPECT_EQ(numberRaisedBy(QString("SELECT * FROM Job WHERE CompletedDate=%1").arg(date)), -2147217900)
+            << date;
+}
+
+TEST_F(DialectTest, TakesTextsAsTheyAreWritten) {
+    EXPECT_EQ(rows("SELECT JobKey FROM Job WHERE Name='O''Hara'"), Rows{"2"});
+    EXPECT_EQ(rows("SELECT JobKey FROM Job WHERE Name=\"o'hara\""), Rows{"2"});
+    EXPECT_EQ(rows("SELECT 'a--b /* ; #1# ISNULL(x) ?1', JobNumber FROM Job WHERE JobKey=1"),
+              Rows{"a--b /* ; #1# ISNULL(x) ?1|100"});
+    EXPECT_EQ(rows("SELECT JobKey FROM Job WHERE Name LIKE 'o*'  ORDER BY JobKey"), (Rows{"1", "2"}));
+    EXPECT_EQ(rows("SELECT JobKey FROM Job WHERE Name NOT LIKE '?ak'"), Rows{"2"});
+    EXPECT_EQ(rows("SELECT JobKey FROM Job WHERE Name='o*'"), Rows{});
+}
+
+// Typed text can break a statement; it can never end it, add one, or comment out what stands behind it.
+TEST_F(DialectTest, TypedTextAddsNoStatement) {
+    const QString lookup = "SELECT JobKey FROM Job WHERE JobNumber>='%1' ORDER BY JobNumber";
+    for (const char* typed :
+         {"O'Brien", "'; DELETE FROM Job", "'; DELETE FROM Job --", "' OR 1=1 --", "' /*", "'--"})
+        EXPECT_EQ(numberRaisedBy(lookup.arg(typed)), -2147217900) << typed;
+    EXPECT_EQ(rows("SELECT JobKey FROM Job WHERE JobKey=5--4 ORDER BY JobKey"), Rows{});
+    EXPECT_EQ(rows("SELECT JobKey FROM Job WHERE JobKey=1--1 ORDER BY JobKey"), Rows{"2"});
+}
+
+TEST_F(DialectTest, RefusesWhatIsNotOneStatementOfRows) {
+    for (const char* text :
+         {"", " ; ", "SELECT 1; SELECT 2", "SELECT * FROM Job; ;", "SELECT ?", "SELECT :a", "SELECT $x",
+          "SELECT `x`", "SELECT 12abc", "SELECT [Name FROM Job", "SELECT (1", "SELECT 1)", "EXPLAIN SELECT 1",
+          "WITH x AS (SELECT 1) SELECT * FROM x", "REPLACE INTO Job VALUES (1)", "(SELECT 1)"})
+        EXPECT_EQ(numberRaisedBy(text), -2147217900) << text;
+    for (const char* text : {"DROP TABLE Job", "create table x(a)", "PRAGMA foreign_keys=0",
+                             "ATTACH 'x' AS y", "BEGIN", "COMMIT", "VACUUM INTO 'x'",
+                             "SELECT * FROM sqlite_master", "SELECT * FROM pragma_table_info('Job')"})
+        EXPECT_EQ(numberRaisedBy(text), -2147217911) << text;
+    EXPECT_EQ(rows("SELECT JobKey FROM Job WHERE JobKey=1;"), Rows{"1"});
+    EXPECT_EQ(numberRaisedBy("UPDATE Job SET Name=1e999"), -2147217833);
+}
+
+TEST_F(DialectTest, AnUnknownBracketedNameIsNoText) {
+    EXPECT_EQ(test::raisedNumber([&] { (void)rows("SELECT [Adress 1] FROM Contractor"); }), -2147217904);
+    EXPECT_EQ(rows("SELECT [address 1] FROM Contractor"), Rows{"1 Elm"});
+    EXPECT_EQ(rows("Contractor").front().substr(0, 6), "1|Ames");
+}
+
+TEST_F(DialectTest, StatementsThatDifferByAKeyShareOneShape) {
+    const auto shapeOf = [this](const QString& sql) { return m_dialect.translate(sql).shape; };
+    EXPECT_EQ(shapeOf("SELECT * FROM Job WHERE JobKey=7 AND Name='a'"),
+              shapeOf("SELECT * FROM Job WHERE JobKey=12345 AND Name='O''Hara'"));
+    EXPECT_NE(shapeOf("SELECT * FROM Job ORDER BY 2"), shapeOf("SELECT * FROM Job ORDER BY 3"));
+    EXPECT_NE(shapeOf("SELECT * FROM Code WHERE Deleted=0"), shapeOf("SELECT * FROM Code WHERE Deleted=1"));
+    EXPECT_NE(shapeOf("SELECT * FROM Job WHERE Name LIKE 'a*'"),
+              shapeOf("SELECT * FROM Job WHERE Name = 'a*'"));
+}
+
+TEST_F(DialectTest, CarriesMoreMarkedJobsThanTheEngineNests) {
+    QString sql = "SELECT JobKey FROM Job WHERE (Job.JobKey=1";
+    for (int key = 2; key <= 5000; ++key)
+        sql += " OR Job.JobKey=" + QString::number(key);
+    EXPECT_EQ(rows(sql + ") ORDER BY JobKey"), (Rows{"1", "2"}));
+    EXPECT_EQ(rows("SELECT JobKey FROM Job WHERE (JobKey=7 OR JobKey=2 OR ContractorKey=8)"), Rows{"2"});
+}
+
+TEST_F(DialectTest, TellsWhoseRowsAreRead) {
+    struct Case {
+        QString sql;
+        std::vector<QString> keyTables;
+    };
+    const QString job = "Job";
+    const Case cases[] = {
+        {"job", {job}},
+        {"SELECT J.Name FROM Job AS J WHERE J.JobKey=5", {job}},
+        {"SELECT Contractor.Name FROM Job, Contractor", {job, "Contractor"}},
+        {"SELECT * FROM Job LEFT JOIN JobLot ON Job.JobKey=JobLot.JobKey", {job, "JobLot"}},
+        {"SELECT DISTINCT Name FROM Job", {}},
+        {"SELECT COUNT(*) FROM Job", {}},
+        {"SELECT Name FROM Job GROUP BY Name", {}},
+        {"SELECT Name FROM Job UNION SELECT Name FROM Contractor", {}},
+        {"SELECT Name FROM (SELECT Name FROM Job) AS T", {}},
+        {"SELECT 5", {}},
+    };
+    for (const Case& entry : cases) {
+        const auto shape = m_dialect.translate(entry.sql).shape;
+        EXPECT_EQ(shape->keyTables, entry.keyTables) << entry.sql.toStdString();
+        EXPECT_EQ(shape->sql == shape->sqlWithKeys, entry.keyTables.empty()) << entry.sql.toStdString();
+    }
+    const auto aliased = m_dialect.translate(QString("SELECT J.Name FROM Job AS J WHERE J.JobKey=2")).shape;
+    EXPECT_EQ(m_database.rows(aliased->sqlWithKeys, {Value(2)}), Rows{"O'Hara|2"});
+    EXPECT_EQ(aliased->tables.front(), std::pair(QString("J"), job));
+}
+
+TEST_F(DialectTest, TellsTheTypesOfExtremes) {
+    const auto shape =
+        m_dialect.translate(QString("SELECT COUNT(*), MIN(Job.CompletedDate), MAX(JobNumber) FROM Job"))
+            .shape;
+    EXPECT_EQ(shape->computedTypes, (std::vector<std::pair<int, schema::ColumnType>>{
+                                        {1, schema::ColumnType::Date}, {2, schema::ColumnType::Text}}));
+}
+
+} // namespace
+} // namespace tarnwell::data

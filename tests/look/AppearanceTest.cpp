@@ -1,0 +1,160 @@
+#include "frame/MessagePresenter.h"
+#include "look/Icons.h"
+#include "look/ProgramStyle.h"
+#include "look/Theme.h"
+#include "support/ScreenDriver.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QMessageBox>
+#include <QRadioButton>
+#include <QTest>
+
+#include <algorithm>
+#include <gtest/gtest.h>
+
+namespace tarnwell::test {
+
+namespace {
+
+/// Mean lightness of what an icon draws; its transparent part does not count.
+double lightness(const QIcon& icon, QIcon::Mode mode = QIcon::Normal) {
+    const QImage image = icon.pixmap(QSize(32, 32), 1.0, mode).toImage();
+    double sum = 0;
+    double weight = 0;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x) {
+            const QColor color = image.pixelColor(x, y);
+            sum += color.lightnessF() * color.alphaF();
+            weight += color.alphaF();
+        }
+    return weight > 0 ? sum / weight : -1;
+}
+
+} // namespace
+
+TEST(Message, AKeyGivesTheAnswer) {
+    const struct {
+        MessageButtons buttons;
+        int defaultButton;
+        Qt::Key key;
+        Answer answer;
+    } cases[] = {{MessageButtons::YesNo, 1, Qt::Key_Return, Answer::Yes},
+                 {MessageButtons::YesNo, 2, Qt::Key_Return, Answer::No},
+                 {MessageButtons::YesNo, 1, Qt::Key_Escape, Answer::No},
+                 {MessageButtons::OkCancel, 1, Qt::Key_Escape, Answer::Cancel},
+                 {MessageButtons::YesNoCancel, 1, Qt::Key_Escape, Answer::Cancel},
+                 {MessageButtons::Ok, 1, Qt::Key_Escape, Answer::Ok}};
+    for (const auto& [buttons, defaultButton, key, answer] : cases) {
+        whenModal([pressed = key](QWidget& box) { QTest::keyClick(&box, pressed); });
+        EXPECT_EQ(presentMessage({.text = "Pay this employee again?",
+                                  .title = "Payment Error!",
+                                  .buttons = buttons,
+                                  .defaultButton = defaultButton}),
+                  answer);
+    }
+}
+
+TEST(Message, ShowsTextTitleIconAndButtonsToTheLetter) {
+    const QString text = "Price <b>entered</b> & more\nContinue paying task?";
+    QStringList captions;
+    whenModal([&](QWidget& front) {
+        auto& box = dynamic_cast<QMessageBox&>(front);
+        EXPECT_EQ(box.objectName(), "msgBox");
+        EXPECT_EQ(box.text(), text);
+        EXPECT_EQ(box.textFormat(), Qt::PlainText);
+        EXPECT_EQ(box.windowTitle(), "Payment Error!");
+        EXPECT_EQ(box.icon(), QMessageBox::Critical);
+        for (const QAbstractButton* button : box.buttons())
+            captions << button->text();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&front));
+        QTest::keyClick(&front, Qt::Key_Y, Qt::AltModifier);
+    });
+    EXPECT_EQ(presentMessage({.text = text,
+                              .title = "Payment Error!",
+                              .buttons = MessageButtons::YesNo,
+                              .icon = MessageIcon::Critical}),
+              Answer::Yes);
+    captions.sort();
+    EXPECT_EQ(captions, (QStringList{"&No", "&Yes"}));
+}
+
+TEST(Icons, EveryImageThatScreensAskForIsThere) {
+    for (const char* key : {"Add",    "RemoveList", "AddSame", "BFile",   "Cut",   "EFile",        "Exit",
+                            "Help",   "Info",       "Lookup",  "NRecord", "Paste", "PRecord",      "Print",
+                            "Remove", "Save",       "Undo",    "Copy",    "Group", "PrintPreview", "Upload"})
+        EXPECT_GE(lightness(toolbarIcon(key)), 0) << key;
+    for (const char* key :
+         {"icoExit", "icoBuilder", "icoEmployee", "icoJob", "icoReport", "icoTimecard", "icoCode",
+          "icoInventory", "icoCustomer", "icoWebSite", "icoOptions", "icoUpload", "icoDownload"})
+        EXPECT_GE(lightness(barIcon(key)), 0) << key;
+    EXPECT_TRUE(toolbarIcon("Wizard").isNull());
+}
+
+TEST(Icons, LinesFollowThePalette) {
+    const QPalette before = QApplication::palette();
+    const QIcon icon = toolbarIcon("Lookup");
+    QApplication::setPalette(QPalette(Qt::white));
+    const double onLight = lightness(icon);
+    QApplication::setPalette(QPalette(QColor(0x30, 0x30, 0x30)));
+    EXPECT_GT(lightness(icon), onLight + 0.2);
+    QApplication::setPalette(before);
+}
+
+TEST(Theme, LinksCanBeReadOnLightAndDark) {
+    for (const QColor base : {QColor(Qt::white), QColor(0x20, 0x20, 0x20)}) {
+        QPalette desktop;
+        desktop.setColor(QPalette::Base, base);
+        const QColor link = refinements(desktop).color(QPalette::Link);
+        EXPECT_GT(qAbs(link.lightness() - base.lightness()), 90) << base.name().toStdString();
+    }
+}
+
+TEST(Theme, ASelectionStandsOffFromTheBaseAndItsTextFromItInAQuietWindow) {
+    for (const auto& [base, text] : {std::pair(QColor(Qt::white), QColor(Qt::black)),
+                                     std::pair(QColor(0x2d, 0x2d, 0x2d), QColor(Qt::white))}) {
+        QPalette desktop;
+        desktop.setColor(QPalette::Base, base);
+        desktop.setColor(QPalette::Text, text);
+        desktop.setColor(QPalette::Highlight, QColor(0x15, 0x53, 0x9e));
+        const QColor quiet = refinements(desktop).color(QPalette::Inactive, QPalette::Highlight);
+        EXPECT_GT(qAbs(quiet.lightness() - base.lightness()), 25) << base.name().toStdString();
+        EXPECT_GT(qAbs(quiet.lightness() - text.lightness()), 120) << base.name().toStdString();
+    }
+}
+
+TEST(Theme, EmptyBoxesCanBeSeenOnADarkWindow) {
+    const QColor window(0x2a, 0x2e, 0x32);
+    ProgramStyle style;
+    QCheckBox tick;
+    QRadioButton option;
+    for (QAbstractButton* button :
+         {static_cast<QAbstractButton*>(&tick), static_cast<QAbstractButton*>(&option)}) {
+        button->setStyle(&style);
+        QPalette dark(QColor(0x31, 0x36, 0x3b), window);
+        dark.setColor(QPalette::Base, QColor(0x1b, 0x1e, 0x20));
+        button->setPalette(dark);
+        button->resize(button->sizeHint());
+        const QImage image = button->grab().toImage();
+        int lightest = 0;
+        for (int x = 0; x < image.width(); ++x)
+            lightest = std::max(lightest, image.pixelColor(x, image.height() / 2).lightness());
+        EXPECT_GT(lightest, window.lightness() + 60) << button->metaObject()->className();
+    }
+}
+
+TEST(Theme, WidthsGrowWithALargerFontOnly) {
+    QWidget widget;
+    QFont font = widget.font();
+    font.setPointSize(9);
+    widget.setFont(font);
+    EXPECT_NEAR(scaledToText(100, widget), 100, 10);
+    font.setPointSize(5);
+    widget.setFont(font);
+    EXPECT_EQ(scaledToText(100, widget), 100);
+    font.setPointSize(18);
+    widget.setFont(font);
+    EXPECT_NEAR(scaledToText(100, widget), 200, 20);
+}
+
+} // namespace tarnwell::test

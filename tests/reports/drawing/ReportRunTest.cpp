@@ -1,0 +1,118 @@
+#include "reports/drawing/ReportTest.h"
+#include "runtime/modGlobalVariables.h"
+#include "support/MessageScript.h"
+
+#include <QFile>
+
+using namespace tarnwell;
+using namespace tarnwell::test;
+
+namespace {
+
+/// One line for each job, a page each; an error at the job whose name is "Broken".
+void drawJobs(ReportRun& run) {
+    run.watcher.setMax(run.rsReport.RecordCount());
+    for (qint64 page = 1; !run.rsReport.atEnd() && !run.watcher.CancelRequested(); ++page) {
+        qint16 y = 0;
+        run.surface.AddText(run.reportKey, y, 0, run.rsReport["JobNumber"].toText(), page,
+                            Orientation::Portrait);
+        if (run.rsReport["Name"] == Value("Broken"))
+            raise(Failure::InvalidUseOfNull);
+        run.watcher.stepOne();
+        run.rsReport.MoveNext();
+        run.watcher.DoEvents();
+    }
+}
+
+QString jobQuery(const ReportParameters& parameters) {
+    return "SELECT * FROM Job WHERE Foreman='" + parameters.foreman + "' ORDER BY JobNumber";
+}
+
+const Report jobReport{"frmRptJobs", "Jobs", jobQuery, drawJobs};
+
+class ReportRunTest : public ReportTest {
+protected:
+    void SetUp() override {
+        gProgramFolder = data.database().folder() + u'/';
+        for (const char* number : {"1", "2", "3"})
+            data.add(JobRow{.number = number, .foreman = "Stone/Sid"});
+    }
+    void TearDown() override { gProgramFolder.clear(); }
+
+    void run(const QString& foreman = "Stone/Sid", bool preview = true) {
+        RunReport(jobReport, data.connection(), {.foreman = foreman}, pages, watcher, preview);
+    }
+
+    MessageScript script;
+};
+
+} // namespace
+
+TEST_F(ReportRunTest, DrawsAndShowsOrPrints) {
+    run();
+    EXPECT_EQ(pages.texts(), (QStringList{"1", "2", "3"}));
+    EXPECT_EQ(watcher.units, 3);
+    EXPECT_EQ(watcher.steps, 3);
+    run("Stone/Sid", false);
+    EXPECT_EQ(pages.shown(), (QStringList{"preview 1", "print 2"}));
+}
+
+TEST_F(ReportRunTest, AnEmptyResultStartsNoReport) {
+    script.expect(Answer::Ok);
+    run("Nobody");
+    ASSERT_EQ(script.shown().size(), 1U);
+    EXPECT_EQ(script.shown().front().text, "Nothing to print with given parameters.");
+    EXPECT_EQ(script.shown().front().title, "Report");
+    EXPECT_EQ(script.shown().front().icon, MessageIcon::Information);
+    EXPECT_EQ(pages.NewReport(), 1) << "no report was begun";
+    EXPECT_TRUE(pages.shown().isEmpty());
+}
+
+TEST_F(ReportRunTest, ACancelledRunShowsNothing) {
+    watcher.cancelAfter = 2;
+    run();
+    EXPECT_EQ(pages.texts(), (QStringList{"1", "2"}));
+    EXPECT_TRUE(pages.shown().isEmpty());
+}
+
+TEST_F(ReportRunTest, CancelIsHeardWhileTheStatementWorks) {
+    const Report slow{"frmRptSlow", "Slow",
+                      [](const ReportParameters& /*parameters*/) {
+                          return QString("SELECT A.CodeKey FROM Code AS A, Code AS B, Code AS C ORDER BY "
+                                         "A.Description, B.Description, C.Description");
+                      },
+                      drawJobs};
+    for (int i = 0; i < 40; ++i)
+        data.database().run(QString("INSERT INTO Code (Code1, Description) VALUES (2, '%1')").arg(i));
+    Recordset halfRead;
+    halfRead.Open("SELECT JobNumber FROM Job", data.connection());
+    watcher.cancelAfter = 1;
+    RunReport(slow, data.connection(), {}, pages, watcher, true);
+    EXPECT_EQ(watcher.units, -1) << "the statement came to its end";
+    EXPECT_TRUE(script.shown().empty()) << "the user knows";
+    EXPECT_TRUE(pages.shown().isEmpty());
+    EXPECT_EQ(halfRead.RecordCount(), 3) << "the rows of others stay";
+    watcher.cancelAfter = -1;
+    run();
+    EXPECT_EQ(pages.shown(), QStringList{"preview 1"});
+}
+
+TEST_F(ReportRunTest, AnErrorInTheMiddleStillShowsWhatWasDrawn) {
+    data.database().run("UPDATE Job SET Name='Broken' WHERE JobNumber='2'");
+    script.expect(Answer::Ok);
+    run();
+    ASSERT_EQ(script.shown().size(), 1U);
+    EXPECT_TRUE(script.shown().front().text.startsWith("Error #  94"))
+        << script.shown().front().text.toStdString();
+    EXPECT_EQ(pages.texts(), (QStringList{"1", "2"}));
+    EXPECT_EQ(pages.shown(), QStringList{"preview 1"});
+    EXPECT_TRUE(QFile::exists(data.database().folder() + "/ErrorLog.txt"));
+}
+
+TEST_F(ReportRunTest, AQueryThatBreaksIsToldAndEndsTheRun) {
+    script.expect(Answer::Ok);
+    run("O'Neil/Pat");
+    ASSERT_EQ(script.shown().size(), 1U);
+    EXPECT_EQ(script.shown().front().title, "Error");
+    EXPECT_EQ(pages.NewReport(), 1) << "no report was begun";
+}

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "reports/drawing/ApprovedPages.h"
+#include "reports/drawing/ReportDatabase.h"
+#include "reports/drawing/ReportRun.h"
+#include "runtime/RunTime.h"
+
+#include <gtest/gtest.h>
+
+namespace tarnwell::test {
+
+/// Follows a run, and cancels it once so many records let events through.
+class ScriptedWatcher : public ReportWatcher {
+public:
+    int cancelAfter = -1; ///< Records; below 0 never.
+
+    int units = -1; ///< The last `setMax`; -1 before.
+    int steps = 0;
+    int records = 0;
+
+    void setMax(int max) override {
+        units = max;
+        steps = 0;
+    }
+    void stepOne() override { ++steps; }
+    void DoEvents() override { ++records; }
+    [[nodiscard]] bool CancelRequested() const override { return cancelAfter >= 0 && records >= cancelAfter; }
+};
+
+/// A report's test: data to draw from, a surface that records, and a clock that stands at 03/05/24 08:15.
+class ReportTest : public ::testing::Test {
+protected:
+    ReportTest() : m_before(setClock([] { return on("03/05/24 08:15").toDate(); })) {}
+    ~ReportTest() override { setClock(m_before); }
+
+    /// Draws on fresh pages what the report's statement finds, as a run does. An error of the drawing is
+    /// raised, with the pages drawn by then recorded.
+    void draw(const Report& report, const ReportParameters& parameters) {
+        pages = {};
+        Recordset rsReport;
+        rsReport.Open(report.buildQuery(parameters), data.connection());
+        ReportRun run{data.connection(), rsReport, parameters, pages, pages.NewReport(), watcher};
+        report.draw(run);
+    }
+    /// The texts that begin so when it is drawn.
+    [[nodiscard]] QStringList drawn(const Report& report, const ReportParameters& parameters,
+                                    const QString& start) {
+        draw(report, parameters);
+        return pages.texts().filter(start);
+    }
+
+    ReportDatabase data;
+    RecordedPages pages;
+    ScriptedWatcher watcher;
+
+private:
+    Clock m_before;
+};
+
+} // namespace tarnwell::test

@@ -1,0 +1,208 @@
+#include "reports/pages/PageStore.h"
+
+#include "data/file/DatabaseFile.h"
+#include "data/sqlite/SqliteHandle.h"
+#include "support/RaisedNumber.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+#include <memory>
+
+namespace {
+
+using namespace tarnwell;
+using test::numberOf;
+using test::raisedNumber;
+using test::raisedText;
+
+class PageStoreTest : public testing::Test {
+protected:
+    static PageText text(qint64 page, const QString& words, const TextLook& look = {}) {
+        return {700, 800, words, page, Orientation::Portrait, look};
+    }
+
+    [[nodiscard]] QString path() const { return m_folder.filePath(QStringLiteral("Report.mdb")); }
+    [[nodiscard]] std::unique_ptr<PageStore> open() const { return std::make_unique<PageStore>(path()); }
+    [[nodiscard]] qint64 rowsOf(const QByteArray& table) const {
+        const data::SqliteHandle handle(path(), data::SqliteHandle::Access::ReadOnly);
+        data::SqliteStatement count = handle.prepare("SELECT COUNT(*) FROM " + table);
+        return count.step() ? count.integerAt(0) : -1;
+    }
+
+    QTemporaryDir m_folder;
+};
+
+TEST_F(PageStoreTest, GivesBackWhatWasDrawn) {
+    const TextLook look{.Bold = true,
+                        .FontSize = 14,
+                        .FontName = QStringLiteral("Arial"),
+                        .PageTotal = true,
+                        .BackColor = 0xFFEEDD,
+                        .ForeColor = 0x0000FF,
+                        .Flag2 = true};
+    const QString words = QString::fromUtf8("Zoë 价 😀");
+    const auto store = open();
+    const qint64 key = store->newReport();
+    store->add(key, PageText{-7, 32767, words, 1, Orientation::Landscape, look});
+    store->add(key, PageLine{1, -2, 3, 4, 1, Orientation::Landscape, 3});
+    store->add(key, PageText{0, 0, QString::fromUtf8("Zoë"), 1, Orientation::Landscape, {}});
+    store->add(key, PageText{0, 0, {}, 1, Orientation::Landscape, {}});
+    store->finish(key);
+
+    const StoredPage page = StoredReport(*store, key).page(1);
+    EXPECT_EQ(page.orientation, Orientation::Landscape);
+    ASSERT_EQ(page.texts.size(), 3U);
+    const PageText& back = page.texts.front();
+    EXPECT_EQ(std::tuple(back.x, back.y, back.text), std::tuple(-7, 32767, words));
+    EXPECT_EQ(std::tuple(back.look.Bold, back.look.FontSize, back.look.FontName),
+              std::tuple(true, 14, QStringLiteral("Arial")));
+    EXPECT_EQ(std::tuple(back.look.PageTotal, back.look.BackColor, back.look.ForeColor, back.look.Flag2),
+              std::tuple(true, 0xFFEEDDU, 0x0000FFU, true));
+    EXPECT_EQ(page.texts[1].text, QString::fromUtf8("Zoë"));
+    EXPECT_FALSE(page.texts[1].look.Bold);
+    EXPECT_EQ(std::tuple(page.texts[2].text, page.texts[2].look.FontSize), std::tuple(QString(), 10));
+    ASSERT_EQ(page.lines.size(), 1U);
+    const PageLine& line = page.lines.front();
+    EXPECT_EQ(std::tuple(line.x1, line.y1, line.x2, line.y2, line.width), std::tuple(1, -2, 3, 4, 3));
+}
+
+TEST_F(PageStoreTest, KeepsTheOrderOfPagesThatAreDrawnByTurnsAndOfPagesBeyondMemory) {
+    const auto store = open();
+    const qint64 key = store->newReport();
+    constexpr int rounds = 3000; // more than what is kept in memory
+    for (int round = 0; round < rounds; ++round) {
+        store->add(key, text(4, QString::number(round) + QString(100, QLatin1Char('x'))));
+        if (round % 1000 == 0)
+            store->add(key, text(1, QString::number(round)));
+    }
+    store->finish(key);
+    const StoredReport report(*store, key);
+    EXPECT_EQ(report.pageCount(), 4);
+    EXPECT_EQ(report.page(1).texts.size(), 3U);
+    EXPECT_TRUE(report.page(2).texts.empty());
+    const StoredPage last = report.page(4);
+    ASSERT_EQ(last.texts.size(), std::size_t{rounds});
+    for (int round = 0; round < rounds; ++round)
+        ASSERT_TRUE(last.texts[static_cast<std::size_t>(round)].text.startsWith(QString::number(round)));
+}
+
+TEST_F(PageStoreTest, ARunThatWasCutShortLeavesNothing) {
+    const auto store = open();
+    const qint64 cut = store->newReport();
+    store->add(cut, text(1, QStringLiteral("never shown")));
+    const qint64 key = store->newReport();
+    store->add(key, text(1, QStringLiteral("shown")));
+    store->finish(key);
+    EXPECT_NE(cut, key);
+    EXPECT_EQ(store->pageCount(cut), 0);
+    EXPECT_EQ(store->page(key, 1).texts.size(), 1U) << "what waited for the first run got into the second";
+    EXPECT_EQ(raisedNumber([&] { store->add(cut, text(1, {})); }), numberOf(Failure::NotAllowed));
+    EXPECT_EQ(raisedNumber([&] { store->add(key, text(2, {})); }), numberOf(Failure::NotAllowed));
+}
+
+TEST_F(PageStoreTest, AStoringThatIsHaltedKeepsNobodyWaitingAndCanBeDoneAgain) {
+    const auto store = open();
+    const auto other = open();
+    const qint64 key = store->newReport();
+    for (qint64 page = 1; page <= 100; ++page)
+        store->add(key, text(page, QString::number(page)));
+    EXPECT_FALSE(store->finish(key, [](qint64 done, qint64 /*pages*/) { return done < 70; }));
+    EXPECT_EQ(rowsOf("Page"), 0);
+    EXPECT_GT(other->newReport(), key) << "the file is free";
+    qint64 followed = 0;
+    EXPECT_TRUE(
+        store->finish(key, [&](qint64 done, qint64 pages) { return ++followed == done && pages == 100; }));
+    EXPECT_EQ(store->pageCount(key), 100);
+    EXPECT_EQ(store->page(key, 70).texts.front().text, QStringLiteral("70"));
+}
+
+TEST_F(PageStoreTest, ClearsTheRunBeforeAndItsOwnAtTheEnd) {
+    auto store = open();
+    qint64 lastKey = 0;
+    for (int run = 0; run < 3; ++run) {
+        const qint64 key = store->newReport();
+        EXPECT_GT(key, lastKey);
+        lastKey = key;
+        store->add(key, text(1, QStringLiteral("pay")));
+        store->finish(key);
+        EXPECT_EQ(rowsOf("Page"), 1);
+    }
+    store.reset();
+    EXPECT_EQ(rowsOf("Page") + rowsOf("Report"), 0);
+    EXPECT_GT(open()->newReport(), lastKey) << "a key was given out twice";
+}
+
+TEST_F(PageStoreTest, ClearsWhatAKilledProgramLeft) {
+    open().reset();
+    {
+        const data::SqliteHandle killed(path(), data::SqliteHandle::Access::ReadWrite);
+        killed.run("INSERT INTO Page VALUES (1, 1, 1, x'00')");
+        killed.run("INSERT INTO Report VALUES (1)");
+    }
+    open().reset();
+    EXPECT_EQ(rowsOf("Page") + rowsOf("Report"), 0);
+}
+
+TEST_F(PageStoreTest, TwoSeatsLeaveEachOthersReportsAlone) {
+    const auto first = open();
+    const qint64 key = first->newReport();
+    first->add(key, text(1, QStringLiteral("on the first screen")));
+    first->finish(key);
+    {
+        const auto second = open();
+        const qint64 drawnMeanwhile = second->newReport();
+        EXPECT_NE(drawnMeanwhile, key);
+        second->add(drawnMeanwhile, text(1, QStringLiteral("half drawn")));
+        const auto third = open();
+        EXPECT_GT(third->newReport(), drawnMeanwhile);
+        second->finish(drawnMeanwhile);
+        EXPECT_EQ(second->pageCount(drawnMeanwhile), 1);
+    }
+    EXPECT_EQ(first->page(key, 1).texts.front().text, QStringLiteral("on the first screen"));
+}
+
+TEST_F(PageStoreTest, FindsTextsAsTheyAreReadOnThePage) {
+    const auto store = open();
+    const qint64 key = store->newReport();
+    store->add(key, text(1, QStringLiteral("Page:1 of"), {.PageTotal = true}));
+    store->add(key, text(1, QStringLiteral("Framing")));
+    store->add(key, text(12, QStringLiteral("FRAMING and framing")));
+    store->finish(key);
+    const StoredReport report(*store, key);
+    using Hits = std::vector<std::size_t>;
+    EXPECT_EQ(report.findOnPage(QStringLiteral("framing"), 1), Hits{1});
+    EXPECT_EQ(report.findOnPage(QStringLiteral("framing"), 12), Hits{0});
+    EXPECT_EQ(report.findOnPage(QStringLiteral("Framing"), 12, Qt::CaseSensitive), Hits{});
+    EXPECT_EQ(report.findOnPage(QStringLiteral("1 of 12"), 1), Hits{0});
+    EXPECT_EQ(report.findOnPage({}, 1), Hits{});
+}
+
+TEST_F(PageStoreTest, RefusesAPlaceWhereNoReportDatabaseCanBe) {
+    const QByteArray notes(2000, 'n');
+    QFile other(m_folder.filePath(QStringLiteral("notes.txt")));
+    ASSERT_TRUE(other.open(QIODevice::WriteOnly) && other.write(notes) == notes.size());
+    other.close();
+    createDatabase(m_folder.filePath(QStringLiteral("Tarnwell.mdb")));
+    ASSERT_TRUE(QDir(m_folder.path()).mkdir(QStringLiteral("folder")));
+    const struct {
+        const char* name;
+        Failure failure;
+    } cases[] = {{"nowhere/Report.mdb", Failure::PathNotFound},
+                 {"notes.txt/Report.mdb", Failure::PathNotFound},
+                 {"folder", Failure::FileAccess},
+                 {"notes.txt", Failure::DatabaseForeign},
+                 {"Tarnwell.mdb", Failure::DatabaseForeign}};
+    for (const auto& [name, failure] : cases) {
+        const QString place = m_folder.filePath(QLatin1String(name));
+        const QString told = raisedText([&] { const PageStore store(place); });
+        EXPECT_TRUE(told.startsWith(makeError(failure).description())) << name << ": " << told.toStdString();
+        EXPECT_TRUE(told.contains(m_folder.path())) << name << ": " << told.toStdString();
+    }
+    EXPECT_TRUE(other.open(QIODevice::ReadOnly) && other.readAll() == notes);
+    EXPECT_TRUE(integrityProblems(m_folder.filePath(QStringLiteral("Tarnwell.mdb"))).isEmpty());
+}
+
+} // namespace

@@ -2,8 +2,8 @@
 
 #include "data/RunTimeError.h"
 #include "reports/output/PrinterDialogs.h"
-#include "reports/preview/StoredPages.h"
 #include "reports/preview/PreviewWindow.h"
+#include "reports/preview/StoredPages.h"
 #include "runtime/MsgBox.h"
 #include "runtime/RunTime.h"
 

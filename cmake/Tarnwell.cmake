@@ -1,7 +1,7 @@
 # What every target of ours shares: warnings, precompiled headers, include root, and one way to register a test.
 
-# Headers that most units read anyway, and that never change with our code. A unit still includes what it uses: builds
-# with CMAKE_DISABLE_PRECOMPILE_HEADERS=ON (the preset `asan`) prove that it does.
+# Headers that most units read anyway, and that never change with our code. A unit still includes what it uses: the
+# preset `lean` builds without precompiled headers and proves that it does.
 set(TARNWELL_CORE_PRECOMPILED
     <QByteArray> <QCoreApplication> <QDateTime> <QDir> <QFile> <QFileInfo> <QObject> <QPointer> <QString> <QStringList>
     <QTimer> <QVariant> <algorithm> <array> <functional> <map> <memory> <optional> <set> <span> <stdexcept> <string>

@@ -1,8 +1,9 @@
 # Sourced by ./run and ./test: the Debian packages that they need, and how to get them.
 
-BUILD_PACKAGES="g++ cmake ninja-build qt6-base-dev qt6-svg-dev libsqlite3-dev"
+BUILD_PACKAGES="g++ cmake ninja-build mold qt6-base-dev qt6-svg-dev libsqlite3-dev"
 RUN_PACKAGES="libqt6svg6 qt6-qpa-plugins fonts-liberation"
-TEST_PACKAGES="libgtest-dev libbenchmark-dev poppler-utils"
+TEST_PACKAGES="clang-format git libgtest-dev libbenchmark-dev poppler-utils"
+FULL_TEST_PACKAGES="clang-tidy"
 
 say() { printf '== %s\n' "$*"; }
 

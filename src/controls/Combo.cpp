@@ -41,7 +41,7 @@ Combo::Combo(QWidget* parent) : QComboBox(parent), m_items(new ItemModel(this)) 
     showStartWhenLeft(*lineEdit());
     connect(lineEdit(), &QLineEdit::textEdited, this, &Combo::forgetChoice);
     connect(this, &QComboBox::activated, this, [this](int index) {
-        m_listIndex = index;
+        m_listIndex = m_inForce = index;
         Q_EMIT clicked();
     });
 }
@@ -49,6 +49,10 @@ Combo::Combo(QWidget* parent) : QComboBox(parent), m_items(new ItemModel(this)) 
 void Combo::setListOnly() {
     lineEdit()->setReadOnly(true);
     lineEdit()->installEventFilter(this);
+}
+
+void Combo::setAlwaysChosen() {
+    m_alwaysChosen = true;
 }
 
 void Combo::AddItem(const QString& text, qint64 itemData, int at) {
@@ -62,14 +66,16 @@ void Combo::AddItem(const QString& text, qint64 itemData, int at) {
     if (first) {
         QComboBox::setCurrentIndex(-1);
         setEditText(before);
-    } else if (position <= m_listIndex) {
-        ++m_listIndex;
+        return;
     }
+    for (int* index : {&m_listIndex, &m_inForce})
+        if (position <= *index)
+            ++*index;
 }
 
 void Combo::setItems(std::vector<ListItem> items) {
     m_items->setItems(std::move(items));
-    m_listIndex = -1;
+    m_listIndex = m_inForce = -1;
     QComboBox::setCurrentIndex(-1);
     setEditText({});
 }
@@ -95,6 +101,14 @@ QString Combo::List(int index) const {
                                              : QString();
 }
 
+int Combo::ListIndex() {
+    if (!m_alwaysChosen)
+        return m_listIndex;
+    if (currentText().trimmed().isEmpty())
+        returnToChoice();
+    return m_inForce;
+}
+
 void Combo::setListIndex(int index) {
     if (index < -1 || index >= ListCount())
         tarnwell::raise(Failure::InvalidProperty);
@@ -102,7 +116,7 @@ void Combo::setListIndex(int index) {
 }
 
 void Combo::choose(int index) {
-    m_listIndex = index;
+    m_listIndex = m_inForce = index;
     QComboBox::setCurrentIndex(index);
     // The same index again: the text may have been typed over.
     if (currentText() != List(index))
@@ -123,6 +137,13 @@ void Combo::setText(const QString& text) {
 
 void Combo::forgetChoice() {
     m_listIndex = -1;
+}
+
+/// Fires nothing: the entry was in force all the time.
+void Combo::returnToChoice() {
+    m_listIndex = m_inForce;
+    if (m_inForce >= 0 && currentText() != List(m_inForce))
+        setEditText(List(m_inForce));
 }
 
 int Combo::SelStart() const {
@@ -212,10 +233,19 @@ bool Combo::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void Combo::wheelEvent(QWheelEvent* event) {
-    if (hasFocus())
-        QComboBox::wheelEvent(event);
-    else
+    const int turned = event->angleDelta().y();
+    if (!hasFocus())
         event->ignore();
+    else if (m_listIndex < 0 && turned != 0 && ListCount() > 0)
+        step(turned > 0 ? -1 : 1); // The toolkit would go on from what was chosen before.
+    else
+        QComboBox::wheelEvent(event);
+}
+
+void Combo::focusOutEvent(QFocusEvent* event) {
+    if (m_alwaysChosen)
+        returnToChoice();
+    QComboBox::focusOutEvent(event);
 }
 
 } // namespace tarnwell

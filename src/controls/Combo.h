@@ -20,6 +20,10 @@ public:
     /// The text can't be typed over: a letter chooses the next entry that begins with it, a click on the text
     /// opens the list.
     void setListOnly();
+    /// From the first choice on one entry is always in force, however the text is typed over: it is what
+    /// `ListIndex` gives, and its text comes back when the combo is left, an emptied one also when the index
+    /// is read.
+    void setAlwaysChosen();
 
     /// `at` is the new item's index, -1 for the end. Neither the text nor what is chosen changes.
     void AddItem(const QString& text, qint64 itemData = 0, int at = -1);
@@ -33,7 +37,7 @@ public:
     /// "" for an index that is not in the list.
     [[nodiscard]] QString List(int index) const override;
     /// What was chosen last; -1 when nothing was, or the text was typed over since.
-    [[nodiscard]] int ListIndex() const { return m_listIndex; }
+    [[nodiscard]] int ListIndex();
     /// -1 takes the choice and the text away. Raises InvalidProperty (380) below -1 and past the end. An
     /// error of the click routine comes back here.
     void setListIndex(int index) override;
@@ -60,6 +64,7 @@ protected:
     void keyReleaseEvent(QKeyEvent* event) override;
     /// Turns only with the focus, so that scrolling past changes no choice.
     void wheelEvent(QWheelEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
@@ -70,9 +75,12 @@ private:
     /// False when no entry begins with the text.
     bool chooseNext(const QString& beginning);
     void forgetChoice();
+    void returnToChoice();
 
     ItemModel* m_items;
     int m_listIndex = -1;
+    int m_inForce = -1; ///< Chosen last, also when the text was typed over since.
+    bool m_alwaysChosen = false;
     bool m_clicked = false;      ///< The line of a list only was pressed.
     std::set<quint32> m_pressed; ///< Scan codes of the keys that went down here.
 };

@@ -55,6 +55,7 @@ void frmMasterCodes::Form_Load() {
 void frmMasterCodes::makeControls() {
     setDesignSize(designSize);
     cmbType = new Combo(canvas());
+    cmbType->setAlwaysChosen();
     nameControl(cmbType, "cmbType");
     jgCodes = new Grid(canvas());
     nameControl(jgCodes, "jgCodes");

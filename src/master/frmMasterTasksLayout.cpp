@@ -55,6 +55,7 @@ std::vector<GridColumn> dependencyColumns() {
 void frmMasterTasks::makeControls() {
     setDesignSize(designSize);
     cmbType = new Combo(canvas());
+    cmbType->setAlwaysChosen();
     cmbCascade = new Combo(canvas());
     // A typed text chooses nothing: the cascade would silently reach nothing.
     cmbCascade->setListOnly();

@@ -106,6 +106,7 @@ void frmPayroll::makeControls() {
     jgJobLots = readOnlyGrid(canvas(), lotColumns());
     jgTasks = readOnlyGrid(canvas(), taskColumns());
     cmbType = new Combo(canvas());
+    cmbType->setAlwaysChosen();
     cmbEmployees = new Combo(canvas());
     chkUseTaskEmployee = new QCheckBox(canvas());
     rebCompleted = new DateBox(DateBox::Arrows::None, canvas());

@@ -132,6 +132,30 @@ TEST_F(ComboTest, TypingChoosesNothingNorDoesLeaving) {
     EXPECT_EQ(combo->Text(), "Roof");
 }
 
+TEST_F(ComboTest, OneEntryStaysInForceHoweverTheTextIsTypedOver) {
+    combo->setAlwaysChosen();
+    EXPECT_EQ(combo->ListIndex(), -1);
+    combo->setListIndex(1);
+    chosen.clear();
+    const ScreenDriver driver(window);
+    for (const char* typed : {"", " ", "Roof", "zz"}) {
+        driver.retype("cmbType", typed);
+        EXPECT_EQ(combo->ListIndex(), 1) << typed;
+        driver.retype("cmbType", typed);
+        driver.press(Qt::Key_Tab);
+        EXPECT_EQ(combo->Text(), "Framing") << typed;
+    }
+    driver.retype("cmbType", "");
+    EXPECT_EQ(combo->ItemData(combo->ListIndex()), 12);
+    EXPECT_EQ(combo->Text(), "Framing") << "whoever reads it sees it";
+    combo->AddItem("Doors", 10, 0);
+    driver.retype("cmbType", "");
+    EXPECT_EQ(combo->ListIndex(), 2);
+    EXPECT_TRUE(chosen.empty());
+    combo->Clear();
+    EXPECT_EQ(combo->ListIndex(), -1);
+}
+
 TEST_F(ComboTest, TypeAheadKeepsTheCaretBehindWhatWasTyped) {
     searchOnKeyUp();
     const ScreenDriver driver(window);
@@ -231,6 +255,9 @@ TEST_F(ComboTest, TheWheelTurnsOnlyTheComboThatHasTheFocus) {
     combo->setFocus();
     wheel();
     EXPECT_EQ(combo->ListIndex(), 1);
+    driver.retype("cmbType", "");
+    wheel();
+    EXPECT_EQ(combo->ListIndex(), 0) << "an emptied combo begins at its first entry";
 }
 
 TEST_F(ComboTest, ALongListIsShownWithoutMeasuringItsEntries) {

@@ -105,6 +105,26 @@ TEST_F(Payroll, AnEmptiedJobFieldKeepsTheGrids) {
     EXPECT_EQ(driver->focusedName(), "MskField(2)");
 }
 
+TEST_F(Payroll, AnEmptiedCategoryStaysInForce) {
+    data.db.add("JobLot", {{"JobKey", data.job}, {"LotBlock", "Lot 9"}});
+    openJob();
+    const auto empty = [this] {
+        driver->focus("cmbType");
+        driver->press(Qt::Key_A, Qt::ControlModifier);
+        driver->press(Qt::Key_Delete);
+    };
+    empty();
+    driver->clickLine("jgJobLots", 1);
+    EXPECT_EQ(combo().Text(), "Framing");
+    EXPECT_EQ(grid("jgTasks").RowCount(), 0);
+    driver->clickLine("jgJobLots", 0);
+    EXPECT_EQ(grid("jgTasks").RowCount(), 2);
+    empty();
+    driver->focus("MskField(2)");
+    driver->type("1");
+    EXPECT_EQ(grid("jgTasks").RowCount(), 2);
+}
+
 TEST_F(Payroll, AQuoteInTheJobFieldIsShownAsAnError) {
     open();
     driver->focus("MskField(2)");

@@ -66,6 +66,7 @@ void frmBuilder::makeControls() {
     cmdSelectAll = new QPushButton("Un/Select All", canvas());
     jgPlans = editableGrid(canvas(), planColumns());
     cmbType = new Combo(canvas());
+    cmbType->setAlwaysChosen();
     jgTasks = editableGrid(canvas(), taskColumns());
     nameControls();
 

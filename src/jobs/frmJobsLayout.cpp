@@ -144,6 +144,7 @@ void frmJobs::makeControls() {
     rebCompletedDate = new DateBox(DateBox::Arrows::Beside, canvas());
     jgJobLots = editableGrid(canvas(), lotColumns());
     cmbType = new Combo(canvas());
+    cmbType->setAlwaysChosen();
     jgTasks = editableGrid(canvas(), taskColumns());
     jgTasks->setTree(treeColumn, levelOfTask);
     nameControls();

@@ -17,6 +17,7 @@ namespace {
 
 constexpr int longestDateText = 30;
 constexpr int upper = 0, rest = 1;
+constexpr int firstYear = 1, lastYear = 9999; // What a date column takes.
 
 } // namespace
 
@@ -83,7 +84,8 @@ void DateBox::addDays(int days) {
         return;
     DateTime moment = CDate(now);
     moment.date = moment.date.addDays(days);
-    setValue(moment);
+    if (moment.date.year() >= firstYear && moment.date.year() <= lastYear)
+        setValue(moment);
 }
 
 /// The box's own keys and arrows leave a text that is no date alone.

@@ -27,7 +27,8 @@ public:
     /// What stands in the box, as typed.
     [[nodiscard]] QString text() const;
     void setText(const QString& text);
-    /// A day on or back; raises TypeMismatch (13) when the text is no date; nothing when it is empty.
+    /// On or back; raises TypeMismatch (13) when the text is no date. Does nothing when it is empty, nor
+    /// beyond the years 1 to 9999.
     void addDays(int days);
     /// The box's own; for its name and its limits.
     [[nodiscard]] QLineEdit* edit() const { return m_edit; }

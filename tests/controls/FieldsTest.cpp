@@ -148,6 +148,15 @@ TEST(DateBox, TurnsOverTheYear) {
     EXPECT_EQ(changes, 3);
 }
 
+TEST(DateBox, StopsAtTheEndsOfTheCalendar) {
+    DateBox box(DateBox::Arrows::None);
+    for (const auto& [date, by] : {std::pair(day(9999, 12, 31), 1), std::pair(day(1, 1, 1), -1)}) {
+        box.setValue(date);
+        box.addDays(by);
+        EXPECT_EQ(box.value(), Value(date));
+    }
+}
+
 TEST(DateBox, KeepsTheCenturyAndTheTimeOfWhatWasSet) {
     DateBox box(DateBox::Arrows::None);
     const DateTime stored{QDate(2031, 3, 1), QTime(8, 30)};

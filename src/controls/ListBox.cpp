@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QFontDatabase>
 #include <QKeyEvent>
+#include <QScrollBar>
 
 namespace tarnwell {
 
@@ -18,6 +19,11 @@ ListBox::ListBox(Pitch pitch, QWidget* parent) : QListWidget(parent) {
         setFont(fixedPitchFont());
     connect(this, &QListWidget::itemClicked, this, [this] { Q_EMIT clicked(); });
     connect(this, &QListWidget::itemDoubleClicked, this, [this] { Q_EMIT doubleClick(); });
+}
+
+void ListBox::setScrollsSideways() {
+    setUniformItemSizes(false);
+    setHorizontalScrollMode(ScrollPerPixel);
 }
 
 void ListBox::AddItem(const QString& text, qint64 itemData) {
@@ -81,6 +87,16 @@ bool ListBox::chooseFirst(int key) {
     return true;
 }
 
+bool ListBox::scrollSideways(int key) {
+    constexpr int steps = 4; // To the width of the list.
+    QScrollBar* bar = horizontalScrollBar();
+    if ((key != Qt::Key_Left && key != Qt::Key_Right) || bar->maximum() == 0)
+        return false;
+    const int step = viewport()->width() / steps;
+    bar->setValue(bar->value() + (key == Qt::Key_Left ? -step : step));
+    return true;
+}
+
 void ListBox::keyPressEvent(QKeyEvent* event) {
     m_pressed.insert(event->nativeScanCode());
     if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && ListIndex() >= 0) {
@@ -88,7 +104,7 @@ void ListBox::keyPressEvent(QKeyEvent* event) {
         return;
     }
     const int before = ListIndex();
-    if (!chooseFirst(event->key()))
+    if (!chooseFirst(event->key()) && !scrollSideways(event->key()))
         QListWidget::keyPressEvent(event);
     if (ListIndex() != before)
         Q_EMIT clicked();

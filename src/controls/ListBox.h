@@ -17,6 +17,10 @@ public:
     enum class Pitch { Proportional, Fixed };
     explicit ListBox(Pitch pitch = Pitch::Proportional, QWidget* parent = nullptr);
 
+    /// Lines that are wider than the list are read by a scroll bar below it, and by Left and Right. For lists
+    /// of some hundred lines: every one is measured.
+    void setScrollsSideways();
+
     /// A line at the end; what is chosen does not change.
     void AddItem(const QString& text, qint64 itemData = 0);
     /// Replaces all lines and repaints once; nothing is chosen then.
@@ -50,6 +54,7 @@ protected:
 
 private:
     bool chooseFirst(int key);
+    bool scrollSideways(int key);
 
     std::set<quint32> m_pressed; ///< Scan codes of the keys that went down here.
 };

@@ -5,8 +5,6 @@
 #include "runtime/modFormatFunctions.h"
 #include "runtime/modGeneral.h"
 
-#include <algorithm>
-
 namespace tarnwell {
 
 namespace {
@@ -20,11 +18,18 @@ QString statementFor(qint64 logKey) {
 
 /// The dialog takes several lines; a line of the list is one.
 QString onOneLine(QString text) {
-    std::replace(text.begin(), text.end(), QChar(u'\n'), QChar(u' '));
+    text.replace(QLatin1String("\r\n"), QLatin1String(" "));
+    for (QChar& character : text)
+        if (character == u'\n' || character == u'\r')
+            character = u' ';
     return text;
 }
 
 } // namespace
+
+QString wholeLogLine(const Value& occured, const Value& problem) {
+    return Format(occured, "mm/dd/yy | ") + onOneLine(FieldText(problem));
+}
 
 QString logLine(const Value& occured, const Value& problem) {
     QString line(lineLength, u' ');
@@ -33,7 +38,8 @@ QString logLine(const Value& occured, const Value& problem) {
     return line;
 }
 
-void readLogLines(Connection& connection, qint64 employeeKey, const AddHistoryLine& addLine) {
+void readEmployeeLog(Connection& connection, qint64 employeeKey, LogLineText lineText,
+                     const AddHistoryLine& addLine) {
     if (employeeKey == 0)
         return;
     Recordset log;
@@ -41,7 +47,7 @@ void readLogLines(Connection& connection, qint64 employeeKey, const AddHistoryLi
                  " ORDER BY Occured DESC",
              connection);
     for (; !log.atEnd(); log.MoveNext())
-        addLine(logLine(log["Occured"], log["Problem"]), log["LogKey"].toLong());
+        addLine(lineText(log["Occured"], log["Problem"]), log["LogKey"].toLong());
 }
 
 ShownLogRow readLogRow(Connection& connection, qint64 logKey) {
@@ -59,7 +65,8 @@ void acceptLogRow(Connection& connection, qint64 logKey, const ShownLogRow& show
     Recordset log;
     log.Open(statementFor(logKey), connection, CursorType::Static, LockType::Optimistic);
     shown.row.requireUnchanged(log);
-    log.set("Occured", dateText == shown.dateText ? shown.occured : Value(dateText));
+    const bool staysNull = shown.occured.isNull() && dateText.isEmpty();
+    log.set("Occured", staysNull ? Value::null() : Value(dateText));
     log.set("Problem", problem);
     log.Update();
 }

@@ -63,13 +63,4 @@ QString figureText(double amount) {
     return Format(amount, "#.#0");
 }
 
-void readEmployeeHistory(Connection& connection, qint64 employeeKey, const AddHistoryLine& addLine) {
-    Recordset log;
-    log.Open("SELECT * FROM EmployeeLog WHERE EmployeeKey=" + QString::number(employeeKey) +
-                 " ORDER BY Occured DESC",
-             connection);
-    for (; !log.atEnd(); log.MoveNext())
-        addLine(dateColumn(log["Occured"]) + FieldText(log["Problem"]), log["LogKey"].toLong());
-}
-
 } // namespace tarnwell

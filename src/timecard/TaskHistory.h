@@ -34,7 +34,4 @@ using AddHistoryLine = std::function<void(const QString& text, qint64 key)>;
 [[nodiscard]] QString priceText(double price);
 [[nodiscard]] QString figureText(double amount);
 
-/// Reads the log lines of an employee, newest first; the key is the log row's. An employee of 0 has none.
-void readEmployeeHistory(Connection& connection, qint64 employeeKey, const AddHistoryLine& addLine);
-
 } // namespace tarnwell

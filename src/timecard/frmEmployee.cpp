@@ -210,8 +210,8 @@ void frmEmployee::LoadForemen() {
 void frmEmployee::LoadEmployeeLog() {
     lstErrorLog->Clear();
     try {
-        readLogLines(connection(), EmployeeKey,
-                     [this](const QString& text, qint64 key) { lstErrorLog->AddItem(text, key); });
+        readEmployeeLog(connection(), EmployeeKey, logLine,
+                        [this](const QString& text, qint64 key) { lstErrorLog->AddItem(text, key); });
         if (lstErrorLog->ListCount() > 0)
             lstErrorLog->setListIndex(0);
     } catch (const RunTimeError&) {

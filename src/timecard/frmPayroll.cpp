@@ -15,6 +15,7 @@
 #include "runtime/EventGuard.h"
 #include "runtime/RunTime.h"
 #include "runtime/modErrorRoutines.h"
+#include "timecard/EmployeeLog.h"
 #include "timecard/TimeCardJob.h"
 
 #include <QCheckBox>
@@ -210,8 +211,8 @@ void frmPayroll::LoadTaskHistory() {
 /// without a choice.
 void frmPayroll::LoadEmployeeHistory() {
     lstEmployeeHistory->Clear();
-    readEmployeeHistory(connection(), cmbEmployees->ItemData(cmbEmployees->ListIndex()),
-                        [this](const QString& text, qint64) { lstEmployeeHistory->AddItem(text); });
+    readEmployeeLog(connection(), cmbEmployees->ItemData(cmbEmployees->ListIndex()), wholeLogLine,
+                    [this](const QString& text, qint64) { lstEmployeeHistory->AddItem(text); });
 }
 
 void frmPayroll::FindEmployee() {

@@ -120,8 +120,10 @@ void frmPayroll::makeControls() {
     cmdApplyTask = new QPushButton("&Apply Payment", canvas());
     lstTaskHistory = new ListBox(ListBox::Pitch::Proportional, canvas());
     lstEmployeeHistory = new ListBox(ListBox::Pitch::Proportional, canvas());
-    for (ListBox* history : {lstTaskHistory, lstEmployeeHistory})
+    for (ListBox* history : {lstTaskHistory, lstEmployeeHistory}) {
         history->setSpacing(1);
+        history->setScrollsSideways();
+    }
     nameControls();
 
     auto* form = filling<QVBoxLayout>(canvas());

@@ -38,19 +38,38 @@ TEST(EmployeeLogLine, HoldsWhatFitsIntoFiftyCharacters) {
     };
     for (const auto& [problem, line] : cases)
         EXPECT_EQ(logLine(march5, problem), line.leftJustified(50));
+    EXPECT_EQ(wholeLogLine(march5, longText + "\r\nand\nmore"), "03/05/24 | " + longText + " and more");
     EXPECT_EQ(logLine(Value::null(), "no date"), QString("         | no date").leftJustified(50));
 }
 
-TEST_F(EmployeeLogRows, AnUnchangedDateKeepsItsCenturyAndTime) {
+TEST_F(EmployeeLogRows, TheDateIsThatOfTheTextAlsoWhenItIsUnchanged) {
     const ShownLogRow shown = read();
     EXPECT_EQ(shown.dateText, "03/05/25");
     accept(shown, "03/05/25", "Settled");
-    EXPECT_EQ(stored("Occured"), Value(DateTime{QDate(1925, 3, 5), QTime(14, 30)}));
+    EXPECT_EQ(stored("Occured"), Value(DateTime{QDate(2025, 3, 5)}));
     EXPECT_EQ(stored("Problem"), Value("Settled"));
     EXPECT_EQ(stored("EmployeeKey"), Value(data.ann));
     EXPECT_EQ(stored("JobLotTaskKey"), Value(data.task));
     accept(read(), "3/6/24", "Settled");
     EXPECT_EQ(stored("Occured"), Value(DateTime{QDate(2024, 3, 6)}));
+    data.db.run("UPDATE EmployeeLog SET Occured=NULL");
+    accept(read(), "", "Settled");
+    EXPECT_EQ(stored("Occured"), Value::null());
+}
+
+TEST_F(EmployeeLogRows, ALogIsListedNewestFirst) {
+    data.addLog(march5, Value::null());
+    data.addLog(DateTime{QDate(2026, 1, 1)}, "newer");
+    QStringList lines;
+    const auto read = [&](qint64 employee) {
+        lines.clear();
+        readEmployeeLog(data.db.connection(), employee, wholeLogLine,
+                        [&](const QString& text, qint64) { lines.append(text); });
+    };
+    read(data.ann);
+    EXPECT_EQ(lines, (QStringList{"01/01/26 | newer", "03/05/24 | ", "03/05/25 | Paid twice"}));
+    read(0);
+    EXPECT_TRUE(lines.isEmpty());
 }
 
 TEST_F(EmployeeLogRows, WhatIsNoDateOrNoLongerAsShownIsNotWritten) {

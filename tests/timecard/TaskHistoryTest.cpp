@@ -77,14 +77,3 @@ TEST_F(TaskHistory, PricesAndFiguresHaveTheirFormats) {
     EXPECT_EQ(remainingPrice(100.0, 30), 70);
     EXPECT_THROW(static_cast<void>(remainingPrice(Value::null(), 30)), RunTimeError);
 }
-
-TEST_F(TaskHistory, AnEmployeesLogIsListedNewestFirst) {
-    for (const auto& [day, problem] : {std::pair(1, Value("first")), std::pair(2, Value::null())})
-        data.addLog(DateTime{QDate(2024, 1, day)}, problem);
-    readEmployeeHistory(data.db.connection(), data.ann,
-                        [this](const QString& text, qint64) { lines.append(text); });
-    EXPECT_EQ(lines, (QStringList{"01/02/24 | ", "01/01/24 | first"}));
-    lines.clear();
-    readEmployeeHistory(data.db.connection(), 0, [this](const QString& text, qint64) { lines.append(text); });
-    EXPECT_TRUE(lines.isEmpty());
-}

@@ -175,6 +175,8 @@ void frmPayroll::cmbType_Click() {
     // The first category is chosen before there is a job.
     if (LotRecordset == nullptr)
         return;
+    // Whatever fails from here on, the price of the task before must not be paid for another.
+    m_price->clear();
     const Value lotKey = jgJobLots->value("JobLotKey");
     const QString sql = lotKey.isNoKey() ? QString(tasksOfNoLot)
                                          : tasksOfLot(lotKey, cmbType->ItemData(cmbType->ListIndex()));

@@ -43,6 +43,7 @@ TEST_F(MasterTasksTest, OpensOnTheFirstCategoryAndLetsItBeTyped) {
     open();
     EXPECT_EQ(tasks().RowCount(), 2);
     EXPECT_EQ(tasks().value(Name), Value("Beams"));
+    EXPECT_EQ(combo("cmbCascade").Text(), "No Update");
     driver->type("pl");
     EXPECT_EQ(category().Text(), "Plumbing");
     EXPECT_EQ(tasks().value(Name), Value("Pipes"));

@@ -100,6 +100,8 @@ TEST_F(PriceCascadeTest, ABrokenStatementLeavesEverythingAsItWas) {
     task.price = 5;
     task.name = "Owner's";
     EXPECT_EQ(raisedNumber([&] { apply({1, true, true, false}); }), syntaxError);
+    task = {data.walls, "New", "ContractorPlanKey", true}; // No column of the option groups, which come last.
+    EXPECT_THROW(apply({1, true, true, false}), RunTimeError);
     EXPECT_EQ(planRow(), oldRow);
     EXPECT_EQ(lotRow(unpaid), oldRow);
     EXPECT_EQ(groupRow(), oldGroup);

@@ -44,6 +44,13 @@ TEST_F(PaymentCorrection, ChangesPriceNoteAndEmployeeAndNothingElse) {
     EXPECT_EQ(data.count("JobTaskEmployee"), 2);
 }
 
+TEST_F(PaymentCorrection, APaymentOfAnInactiveEmployeeCanBeCorrected) {
+    data.db.run("UPDATE Employee SET Inactive=-1");
+    EXPECT_EQ(read().employeeKey, data.ann);
+    accept(read(), {.priceText = "41", .note = "", .employeeKey = data.ann});
+    EXPECT_EQ(stored("Price"), Value(41.0));
+}
+
 TEST_F(PaymentCorrection, TheSecondOfTwoSeatsIsToldAndOverwritesNothing) {
     const ShownPayment shown = read();
     const auto seat = data.db.secondSeat();

@@ -177,10 +177,8 @@ TEST_F(PaymentRules, ThePriceIsComparedAsExactDoubles) {
         bool asks;
     };
     // The third: what the screen prefills for 10.005. The fourth: an overpaid task.
-    const Case cases[] = {{"100", 100, false},
-                          {"100.01", 100, true},
-                          {"10.01", 10.005, true},
-                          {"0.00", -5, true},
+    const Case cases[] = {{"100", 100, false},      {"100.01", 100, true},     {"10.01", 10.005, true},
+                          {"10.015", 10.012, true}, {"10.015", 10.015, false}, {"0.00", -5, true},
                           {"abc", 0, false}};
     for (const Case& c : cases) {
         data.db.run("DELETE FROM JobTaskEmployee");
@@ -194,7 +192,8 @@ TEST_F(PaymentRules, ThePriceIsComparedAsExactDoubles) {
 
 TEST_F(PaymentRules, ThePricePaidIsTheNumericPrefix) {
     const std::pair<const char*, double> cases[] = {
-        {"12.5 dollars", 12.5}, {"7abc", 7}, {"none", 0}, {" ", 0}, {"1.2.3", 1.2}, {"1e308", 1e308}};
+        {"12.5 dollars", 12.5}, {"7abc", 7},        {"none", 0},     {" ", 0},
+        {"1.2.3", 1.2},         {"10.015", 10.015}, {"1e308", 1e308}};
     selection.taskDifference = 1e308;
     for (const auto& [text, price] : cases) {
         data.db.run("DELETE FROM JobTaskEmployee");
@@ -240,6 +239,20 @@ TEST_F(PaymentRules, OneUnpaidTaskAmongPaidOnesBlocks) {
     data.addPayment(dependOn(data.footings), data.bob, 50);
     data.addTask("Also before", 20.0, data.footings);
     EXPECT_EQ(CheckDependency(data.db.connection(), selection), QString::number(data.footings));
+}
+
+TEST_F(PaymentRules, EveryPrerequisiteCategoryIsChecked) {
+    const qint64 roofs = data.addCategory("Roofs");
+    const qint64 tasks[] = {dependOn(data.footings), dependOn(data.addCategory("Sills")), dependOn(roofs)};
+    for (const qint64 open : tasks) {
+        data.db.run("DELETE FROM JobTaskEmployee");
+        for (const qint64 task : tasks)
+            if (task != open)
+                data.addPayment(task, data.bob, 1);
+        EXPECT_EQ(Value(CheckDependency(data.db.connection(), selection)).toLong(),
+                  data.db.ask("SELECT CodeKey FROM JobLotTask WHERE JobLotTaskKey=" + QString::number(open))
+                      .toLong());
+    }
 }
 
 TEST_F(PaymentRules, LotAndTaskCanSkipTheDependencyCheck) {

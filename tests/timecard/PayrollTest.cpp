@@ -8,6 +8,8 @@
 
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
+#include <QScrollBar>
 #include <QTest>
 
 using namespace tarnwell;
@@ -45,6 +47,12 @@ struct Payroll : DrivenScreen<frmPayroll, TimeCardData> {
     QString text(const QString& name) { return driver->find<MaskedBox>(name).text(); }
     QString figure(const QString& name) { return driver->find<QLabel>(name).text(); }
     bool findEnabled() { return driver->enabledButtons().contains("Find"); }
+    QStringList column(const char* name, int index) {
+        QStringList texts;
+        for (int row = 1; row <= grid(name).RowCount(); ++row)
+            texts.append(grid(name).valueAt(row, index).toText());
+        return texts;
+    }
     QStringList lines(const QString& name) {
         QStringList texts;
         auto& list = driver->find<ListBox>(name);
@@ -271,10 +279,78 @@ TEST_F(Payroll, ATaskRowRefillsThePriceAndKeepsTheNote) {
     driver->press(Qt::Key_Down);
     EXPECT_EQ(text("txtField(0)"), "100.00");
     EXPECT_EQ(driver->find<NoteBox>("rchNote").text(), "later");
+    data.addPayment(data.task, data.ann, 30);
+    driver->press(Qt::Key_Up);
+    driver->press(Qt::Key_Down);
     driver->focus("txtField(0)");
     driver->type("7");
     driver->doubleClick("txtField(0)", {5, 5});
-    EXPECT_EQ(text("txtField(0)"), "100.00");
+    EXPECT_EQ(text("txtField(0)"), "70.00") << "what is left of a partly paid task";
+}
+
+TEST_F(Payroll, ATaskWhoseHistoryFailsHasNoPrice) {
+    const qint64 trench = data.addTask("Trench", 10.0, data.footings);
+    for (const qint64 employee : {data.ann, data.bob})
+        data.addPayment(trench, employee, 1.5e308);
+    openJob();
+    choose("2");
+    script.expect(Answer::Ok);
+    combo().setListIndex(0);
+    EXPECT_EQ(grid("jgTasks").value("Name"), Value("Trench"));
+    EXPECT_EQ(text("txtField(0)"), "") << "that of Beams is not paid for it";
+    apply();
+    EXPECT_EQ(driver->focusedName(), "txtField(0)");
+    EXPECT_EQ(data.count("JobTaskEmployee"), 2);
+}
+
+TEST_F(Payroll, LotsAndTasksStandInTheirOrder) {
+    data.addLot("A-0", data.job);
+    data.addTask("Awning", 1.0, data.framing);
+    data.db.run(QString("UPDATE JobLotTask SET Name='Beams', ParentKey=%1, Child=1 WHERE Name='Awning'")
+                    .arg(data.task));
+    data.db.run(
+        QString("UPDATE JobLotTask SET ParentKey=%1, MasterPrice=2 WHERE Name='Walls'").arg(data.task));
+    data.db.run("UPDATE JobLotTask SET Name='Beams' WHERE Name='Walls'");
+    openJob();
+    EXPECT_EQ(column("jgJobLots", 3), (QStringList{"A-0", "A-1"}));
+    driver->clickLine("jgJobLots", 1);
+    EXPECT_EQ(column("jgTasks", 6), (QStringList{"40", "2", "1"}))
+        << "a plain task, then a parent and its option";
+}
+
+TEST_F(Payroll, APressWhileAPaymentIsUnderWayDoesNothing) {
+    data.addPayment(data.task, data.ann, 100);
+    openJob();
+    driver->press(Qt::Key_Down);
+    choose("1");
+    driver->focus("jgTasks");
+    driver->press(Qt::Key_Down);
+    int asked = 0;
+    const Ask before = setMessagePresenter([&](const MessageRequest&) {
+        if (++asked == 1)
+            driver->find<QPushButton>("cmdApplyTask").click();
+        return Answer::Yes;
+    });
+    apply();
+    setMessagePresenter(before);
+    EXPECT_EQ(asked, 1);
+    EXPECT_EQ(data.count("JobTaskEmployee"), 2);
+}
+
+TEST_F(Payroll, TheEmployeesLogIsReplacedAndReadWhole) {
+    data.addLog(DateTime{QDate(2024, 3, 5)}, QString(400, u'x') + "\nend");
+    open();
+    for (int times = 0; times < 2; ++times) {
+        choose("1");
+        EXPECT_EQ(lines("lstEmployeeHistory"), QStringList{"03/05/24 | " + QString(400, u'x') + " end"});
+    }
+    driver->focus("lstEmployeeHistory");
+    const QScrollBar* bar = driver->find<ListBox>("lstEmployeeHistory").horizontalScrollBar();
+    ASSERT_GT(bar->maximum(), 0);
+    driver->press(Qt::Key_Right, Qt::NoModifier, 100);
+    EXPECT_EQ(bar->value(), bar->maximum());
+    choose("2");
+    EXPECT_TRUE(lines("lstEmployeeHistory").isEmpty());
 }
 
 TEST_F(Payroll, TheArrowsGoOverTheEndOfTheYear) {

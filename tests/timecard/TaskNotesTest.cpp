@@ -69,6 +69,7 @@ protected:
 } // namespace
 
 TEST_F(TaskNotes, ACorrectionMovesHistoryFiguresAndPrice) {
+    data.db.run("UPDATE Employee SET Inactive=-1"); // Who has left can still be corrected.
     openHistory();
     open(1, [](const ScreenDriver& dialog) {
         EXPECT_EQ(dialog.window().windowTitle(), "Task Notes");

@@ -1,45 +1,45 @@
 #include "runtime/DatabaseSettings.h"
 
+#include "data/RunTimeError.h"
 #include "runtime/StartUp.h"
 #include "runtime/modGlobalVariables.h"
 #include "runtime/modRegistry.h"
 
 namespace tarnwell {
 
-namespace {
-
-QString read(const QString& name) {
-    return ReadRegistryValue(RegistryRoot::LocalMachine, gRegistryKey, name).toText();
-}
-
-void write(const QString& name, const QString& value) {
-    WriteRegistryValue(RegistryRoot::LocalMachine, gRegistryKey, name, RegistryType::Text, value);
-}
-
-} // namespace
-
 DatabaseSettings readDatabaseSettings() {
+    const RegistryKey stored(RegistryRoot::LocalMachine, gRegistryKey);
     DatabaseSettings settings;
-    settings.isFile = read(QStringLiteral("Provider")) == QLatin1String(jetProvider);
+    settings.isFile = stored.text(QStringLiteral("Provider")) == QLatin1String(jetProvider);
     if (settings.isFile) {
-        settings.file = read(QStringLiteral("DataSource"));
+        settings.file = stored.text(QStringLiteral("DataSource"));
     } else {
-        settings.server = read(QStringLiteral("DataServer"));
-        settings.catalog = read(QStringLiteral("DataSource"));
+        settings.server = stored.text(QStringLiteral("DataServer"));
+        settings.catalog = stored.text(QStringLiteral("DataSource"));
     }
     settings.reportFile = gReportDataPath;
     return settings;
 }
 
 void saveDatabaseSettings(const DatabaseSettings& settings) {
-    write(QStringLiteral("Provider"),
-          settings.isFile ? QString::fromLatin1(jetProvider) : QStringLiteral("SQLOLEDB.1"));
-    write(QStringLiteral("DataSource"), settings.isFile ? settings.file : settings.catalog);
-    write(QStringLiteral("DataServer"), settings.isFile ? QString() : settings.server);
-    write(QStringLiteral("ConnectionMisc"),
-          settings.isFile ? QStringLiteral(";Persist Security Info=False")
-                          : QStringLiteral(";Integrated Security=SSPI;Persist Security Info=False;"));
-    write(QStringLiteral("ReportDataPath"), settings.reportFile);
+    const QString provider =
+        settings.isFile ? QString::fromLatin1(jetProvider) : QStringLiteral("SQLOLEDB.1");
+    const QString misc = settings.isFile
+                             ? QStringLiteral(";Persist Security Info=False")
+                             : QStringLiteral(";Integrated Security=SSPI;Persist Security Info=False;");
+    try {
+        writeRegistryValues(
+            RegistryRoot::LocalMachine, gRegistryKey,
+            {{.name = QStringLiteral("Provider"), .data = provider},
+             {.name = QStringLiteral("DataSource"),
+              .data = settings.isFile ? settings.file : settings.catalog},
+             {.name = QStringLiteral("DataServer"), .data = settings.isFile ? QString() : settings.server},
+             {.name = QStringLiteral("ConnectionMisc"), .data = misc},
+             {.name = QStringLiteral("ReportDataPath"), .data = settings.reportFile}});
+    } catch (const RunTimeError&) {
+        // The old values stay in force together, and the dialog shows them when it is opened again.
+        return;
+    }
 }
 
 } // namespace tarnwell

@@ -18,7 +18,8 @@ struct DatabaseSettings {
 [[nodiscard]] DatabaseSettings readDatabaseSettings();
 
 /// Stores the settings as they are, with no test, for the next start; nothing changes for the running
-/// program. Returns silently when the store can't be written.
+/// program. They are stored together: when the store can't be written, it returns silently and all the old
+/// ones stay.
 void saveDatabaseSettings(const DatabaseSettings& settings);
 
 } // namespace tarnwell

@@ -14,6 +14,7 @@
 #endif
 
 #include <array>
+#include <vector>
 
 namespace tarnwell {
 
@@ -30,7 +31,9 @@ struct DefaultSetting {
     bool isPath;
 };
 
-/// "Provider" is the last: its absence marks a first start, so a first start that was cut short runs again.
+/// The value whose absence marks a first start.
+const QString firstStartMark = QStringLiteral("Provider");
+
 constexpr std::array<DefaultSetting, 9> defaultSettings{{
     {u"DataSource", u"/data/Tarnwell.mdb", true},
     {u"DataServer", u"", false},
@@ -43,16 +46,8 @@ constexpr std::array<DefaultSetting, 9> defaultSettings{{
     {u"Provider", u"Microsoft.Jet.OLEDB.4.0", false},
 }};
 
-Value readSetting(const QString& name) {
-    return ReadRegistryValue(RegistryRoot::LocalMachine, gRegistryKey, name);
-}
-
-QString settingText(const QString& name) {
-    return readSetting(name).toText();
-}
-
 /// Another database than the one that the user thinks of may be open from here on.
-void tellDamaged(const QString& keptAs) {
+void reportDamage(const QString& keptAs) {
     MsgBox({.text = QStringLiteral(
                         "The settings can't be read: %1\nTarnwell starts with new ones. The old file is "
                         "kept as %2")
@@ -61,18 +56,19 @@ void tellDamaged(const QString& keptAs) {
             .icon = MessageIcon::Exclamation});
 }
 
+/// A program that starts at the same moment may be first: its values stay.
 void writeDefaults() {
-    const QString damaged = damagedSettingsFile();
-    CreateRegistryKey(gRegistryKey, RegistryRoot::LocalMachine);
+    const QString damaged = CreateRegistryKey(gRegistryKey, RegistryRoot::LocalMachine);
+    std::vector<RegistryValue> values;
     for (const DefaultSetting& setting : defaultSettings) {
         QString value = QString::fromUtf16(setting.value);
         if (setting.isPath)
             value = gAppPath + value.replace(u'/', QDir::separator());
-        WriteRegistryValue(RegistryRoot::LocalMachine, gRegistryKey, QString::fromUtf16(setting.name),
-                           RegistryType::Text, value);
+        values.push_back({.name = QString::fromUtf16(setting.name), .data = value});
     }
+    writeRegistryValues(RegistryRoot::LocalMachine, gRegistryKey, values, firstStartMark);
     if (!damaged.isEmpty())
-        tellDamaged(damaged);
+        reportDamage(damaged);
 }
 
 QString computerName() {
@@ -105,16 +101,19 @@ void ReadSettings(const QString& programFolder) {
     gAppPath = programFolder.contains(QStringView(developerMark), Qt::CaseInsensitive)
                    ? QString::fromUtf16(installedFolder)
                    : programFolder;
-    if (readSetting(QStringLiteral("Provider")).isEmpty())
+    RegistryKey settings(RegistryRoot::LocalMachine, gRegistryKey);
+    if (settings.value(firstStartMark).isEmpty()) {
         writeDefaults();
+        settings = RegistryKey(RegistryRoot::LocalMachine, gRegistryKey);
+    }
     gConnectionString = composeConnectionString(
-        settingText(QStringLiteral("Provider")), settingText(QStringLiteral("DataSource")),
-        settingText(QStringLiteral("DataServer")), settingText(QStringLiteral("ConnectionMisc")));
-    gImportPath = settingText(QStringLiteral("ImportPath"));
-    gLogPath = settingText(QStringLiteral("LogPath"));
-    gLayoutPath = settingText(QStringLiteral("LayoutPath"));
-    gDataPath = settingText(QStringLiteral("DataPath"));
-    gReportDataPath = settingText(QStringLiteral("ReportDataPath"));
+        settings.text(QStringLiteral("Provider")), settings.text(QStringLiteral("DataSource")),
+        settings.text(QStringLiteral("DataServer")), settings.text(QStringLiteral("ConnectionMisc")));
+    gImportPath = settings.text(QStringLiteral("ImportPath"));
+    gLogPath = settings.text(QStringLiteral("LogPath"));
+    gLayoutPath = settings.text(QStringLiteral("LayoutPath"));
+    gDataPath = settings.text(QStringLiteral("DataPath"));
+    gReportDataPath = settings.text(QStringLiteral("ReportDataPath"));
 }
 
 QString composeConnectionString(const QString& provider, const QString& dataSource, const QString& dataServer,

@@ -9,7 +9,8 @@ inline constexpr auto jetProvider = "Microsoft.Jet.OLEDB.4.0";
 inline constexpr auto registryKey = u"Software\\Brenmoor\\Tarnwell";
 
 /// Fills the globals from the machine and the settings; writes the defaults on a first start (no "Provider"
-/// value). `programFolder` is the running program's folder. Raises FileAccess when a first start can't write.
+/// value). `programFolder` is the running program's folder. Raises FileAccess or DiskFull when a first start
+/// can't write.
 void ReadSettings(const QString& programFolder);
 
 /// The connection string for a provider: the catalog and server for any but the Jet one, else the file.

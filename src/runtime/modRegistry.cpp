@@ -3,22 +3,13 @@
 #include "data/RunTimeError.h"
 #include "runtime/SettingsStore.h"
 
-#include <QJsonObject>
-#include <QJsonValue>
 #include <QStandardPaths>
 
-#include <cmath>
 #include <cstdint>
 
 namespace tarnwell {
 
 namespace {
-
-// The file: {"HKEY_LOCAL_MACHINE": {"Software\\Brenmoor\\Tarnwell": {"Provider": {"type": 1, "data":
-// "..."}}}}
-
-constexpr QLatin1String typeMember("type");
-constexpr QLatin1String dataMember("data");
 
 QString defaultSettingsFile() {
     return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
@@ -39,29 +30,13 @@ QJsonObject child(const QJsonObject& object, const QString& name) {
     return object.value(memberName(object, name)).toObject();
 }
 
-QJsonObject keyObject(RegistryRoot root, const QString& keyPath) {
-    return child(child(store().content(), rootName(root)), keyPath);
-}
-
-/// The store with `key` in the place of that key.
-bool replaceKey(RegistryRoot root, const QString& keyPath, const QJsonObject& key) {
-    QJsonObject content = store().content();
-    QJsonObject keys = child(content, rootName(root));
-    keys.insert(memberName(keys, keyPath), key);
-    content.insert(memberName(content, rootName(root)), keys);
-    return store().replace(content);
-}
-
 Value valueOf(const QJsonObject& entry) {
-    const QJsonValue data = entry.value(dataMember);
-    switch (entry.value(typeMember).toInt()) {
+    const QJsonValue data = entry.value(settingData);
+    switch (entry.value(settingType).toInt()) {
     case RegistryType::Text:
-        return data.isString() ? Value(data.toString()) : Value();
-    case RegistryType::Number: {
-        const double number = data.toDouble(NAN);
-        const bool fits = number >= INT32_MIN && number <= INT32_MAX && number == std::trunc(number);
-        return fits ? Value(static_cast<qint64>(number)) : Value();
-    }
+        return data.toString();
+    case RegistryType::Number:
+        return data.toInteger();
     default:
         return {};
     }
@@ -72,34 +47,62 @@ qint64 fourBytes(const Value& data) {
     return static_cast<std::int32_t>(data.toLong());
 }
 
+void insert(QJsonObject& values, const RegistryValue& value) {
+    const QJsonValue stored = value.type == RegistryType::Text ? QJsonValue(value.data.toText())
+                                                               : QJsonValue(fourBytes(value.data));
+    values.insert(memberName(values, value.name),
+                  QJsonObject{{settingType, value.type}, {settingData, stored}});
+}
+
 } // namespace
 
-void CreateRegistryKey(const QString& keyPath, RegistryRoot root) {
-    const QJsonObject keys = child(store().content(), rootName(root));
-    if (keys.contains(memberName(keys, keyPath)))
-        return;
-    if (!replaceKey(root, keyPath, {}))
-        raise(Failure::FileAccess, store().path());
+QString CreateRegistryKey(const QString& keyPath, RegistryRoot root) {
+    return store().update([&](QJsonObject& hives) {
+        QJsonObject keys = child(hives, rootName(root));
+        if (keys.contains(memberName(keys, keyPath)))
+            return false;
+        keys.insert(keyPath, QJsonObject());
+        hives.insert(memberName(hives, rootName(root)), keys);
+        return true;
+    });
 }
 
 Value ReadRegistryValue(RegistryRoot root, const QString& keyPath, const QString& valueName) {
-    return valueOf(child(keyObject(root, keyPath), valueName));
+    return RegistryKey(root, keyPath).value(valueName);
 }
 
 void WriteRegistryValue(RegistryRoot root, const QString& keyPath, const QString& valueName, int type,
                         const Value& data) {
     if (type != RegistryType::Text && type != RegistryType::Number)
         return;
-    QJsonObject key = keyObject(root, keyPath);
-    const QJsonValue stored =
-        type == RegistryType::Text ? QJsonValue(data.toText()) : QJsonValue(fourBytes(data));
-    key.insert(memberName(key, valueName), QJsonObject{{typeMember, type}, {dataMember, stored}});
-    // As with the registry, who can't write keeps the old value: the next read tells.
-    static_cast<void>(replaceKey(root, keyPath, key));
+    try {
+        writeRegistryValues(root, keyPath, {{.name = valueName, .data = data, .type = type}});
+    } catch (const RunTimeError&) {
+        // As with the registry, who can't write keeps the old value, and the next read shows it.
+        return;
+    }
 }
 
-QString damagedSettingsFile() {
-    return store().isDamaged() ? store().damagedPath() : QString();
+RegistryKey::RegistryKey(RegistryRoot root, const QString& keyPath)
+    : m_values(child(child(store().read().hives, rootName(root)), keyPath)) {}
+
+Value RegistryKey::value(const QString& name) const {
+    return valueOf(child(m_values, name));
+}
+
+void writeRegistryValues(RegistryRoot root, const QString& keyPath, const std::vector<RegistryValue>& values,
+                         const QString& unless) {
+    store().update([&](QJsonObject& hives) {
+        QJsonObject keys = child(hives, rootName(root));
+        QJsonObject stored = child(keys, keyPath);
+        if (!unless.isEmpty() && stored.contains(memberName(stored, unless)))
+            return false;
+        for (const RegistryValue& value : values)
+            insert(stored, value);
+        keys.insert(memberName(keys, keyPath), stored);
+        hives.insert(memberName(hives, rootName(root)), keys);
+        return true;
+    });
 }
 
 QString settingsFile() {

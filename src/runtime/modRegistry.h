@@ -2,7 +2,10 @@
 
 #include "data/Value.h"
 
+#include <QJsonObject>
 #include <QString>
+
+#include <vector>
 
 namespace tarnwell {
 
@@ -15,10 +18,11 @@ inline constexpr int Number = 4; // REG_DWORD
 } // namespace RegistryType
 
 // Settings: the registry's keys and values, kept in one JSON file under the XDG configuration folder. The
-// file is replaced as a whole and only by a complete one.
+// file is replaced as a whole and only by a complete one. All names are found without regard to case.
 
-/// Makes the key. A key that exists is no failure; a store that can't be written raises FileAccess (75).
-void CreateRegistryKey(const QString& keyPath, RegistryRoot root);
+/// Makes the key. A key that exists is no failure. Raises FileAccess (75) or DiskFull (61) when the store
+/// can't be written. Returns where a damaged store was moved to make way for a new one, else an empty text.
+QString CreateRegistryKey(const QString& keyPath, RegistryRoot root);
 
 /// Text, a 32-bit number, or Empty when there is no such value. No error ever leaves it.
 [[nodiscard]] Value ReadRegistryValue(RegistryRoot root, const QString& keyPath, const QString& valueName);
@@ -27,9 +31,29 @@ void CreateRegistryKey(const QString& keyPath, RegistryRoot root);
 void WriteRegistryValue(RegistryRoot root, const QString& keyPath, const QString& valueName, int type,
                         const Value& data);
 
-/// Where the next write will keep what stands in the place of the settings and is none; empty when all is
-/// well.
-[[nodiscard]] QString damagedSettingsFile();
+/// The values of one key as they stood together at one moment; none for a key that does not exist.
+class RegistryKey {
+public:
+    RegistryKey(RegistryRoot root, const QString& keyPath);
+
+    /// As `ReadRegistryValue`.
+    [[nodiscard]] Value value(const QString& name) const;
+    [[nodiscard]] QString text(const QString& name) const { return value(name).toText(); }
+
+private:
+    QJsonObject m_values;
+};
+
+struct RegistryValue {
+    QString name;
+    Value data;
+    int type = RegistryType::Text;
+};
+
+/// Writes values of one key, and makes the key: everybody sees all of them or none. With `unless`, nothing
+/// is written when the key has a value of that name by then. Raises FileAccess or DiskFull.
+void writeRegistryValues(RegistryRoot root, const QString& keyPath, const std::vector<RegistryValue>& values,
+                         const QString& unless = {});
 
 /// Where the store lies; tests give another place (empty text restores the default).
 [[nodiscard]] QString settingsFile();

@@ -1,3 +1,5 @@
+#include "runtime/DatabaseSettings.h"
+#include "runtime/DiskFile.h"
 #include "runtime/StartUp.h"
 #include "runtime/modGlobalVariables.h"
 #include "runtime/modRegistry.h"
@@ -8,7 +10,12 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+#include <csignal>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <thread>
+#include <unistd.h>
 
 namespace tarnwell {
 
@@ -43,6 +50,26 @@ private:
     QTemporaryDir m_folder;
 };
 
+/// A file that grows beyond so many bytes fails, as on a full disk.
+class FilesUpTo {
+public:
+    explicit FilesUpTo(qsizetype bytes) : m_signal(std::signal(SIGXFSZ, SIG_IGN)) {
+        ::getrlimit(RLIMIT_FSIZE, &m_before);
+        const rlimit limited{static_cast<rlim_t>(bytes), m_before.rlim_max};
+        ::setrlimit(RLIMIT_FSIZE, &limited);
+    }
+    ~FilesUpTo() {
+        ::setrlimit(RLIMIT_FSIZE, &m_before);
+        std::signal(SIGXFSZ, m_signal);
+    }
+    FilesUpTo(const FilesUpTo&) = delete;
+    FilesUpTo& operator=(const FilesUpTo&) = delete;
+
+private:
+    rlimit m_before{};
+    void (*m_signal)(int);
+};
+
 TEST_F(SettingsFile, KeepsTextAndNumbersApart) {
     write("Provider", RegistryType::Text, "12");
     write("Count", RegistryType::Number, -7);
@@ -70,38 +97,83 @@ TEST_F(SettingsFile, SeesWhatAnotherProgramWrote) {
     EXPECT_EQ(read("Provider"), Value("a newer one"));
 }
 
-TEST_F(SettingsFile, ReadsNothingFromWhatIsNoSettings) {
+TEST_F(SettingsFile, WhatIsNoSettingsIsKeptAsideAndNotReplacedSilently) {
     const char* contents[] = {
         "",
-        "garbage{",
+        "garbage{ with a path in it",
         "[1,2]",
-        "{\"HKEY_LOCAL_MACHINE\": 5}",
+        R"({"HKEY_LOCAL_MACHINE": 5})",
+        R"({"HKEY_LOCAL_MACHINE": [{}]})",
+        R"({"HKEY_LOCAL_MACHINE": {"Software\\Brenmoor\\Tarnwell": ["Provider"]}})",
         R"({"HKEY_LOCAL_MACHINE": {"Software\\Brenmoor\\Tarnwell": {"Provider": "bare"}}})",
+        R"({"HKEY_LOCAL_MACHINE": {"Software\\Brenmoor\\Tarnwell": {"Provider": {"type": "1", "data": "x"}}}})",
         R"({"HKEY_LOCAL_MACHINE": {"Software\\Brenmoor\\Tarnwell": {"Provider": {"type": 1, "data": 5}}}})",
         R"({"HKEY_LOCAL_MACHINE": {"Software\\Brenmoor\\Tarnwell": {"Provider": {"type": 4, "data": 1e10}}}})",
     };
     for (const char* content : contents) {
         put(content);
         EXPECT_TRUE(read("Provider").isEmpty()) << content;
+        test::MessageScript messages{Answer::Ok};
+        ReadSettings("/opt/Tarnwell");
+        ASSERT_EQ(messages.shown().size(), 1U) << content;
+        EXPECT_TRUE(messages.shown()[0].text.endsWith(path() + ".damaged"));
+        EXPECT_EQ(contentOf(path() + ".damaged"), content);
+        ReadSettings("/opt/Tarnwell"); // now they are whole
     }
 }
 
-TEST_F(SettingsFile, KeepsADamagedFileBesideTheNewOne) {
-    put("garbage{ with a path in it");
-    for (const char* provider : {"x", "y"}) {
-        write("Provider", RegistryType::Text, provider);
-        EXPECT_EQ(read("Provider"), Value(provider));
-        EXPECT_EQ(contentOf(path() + ".damaged"), "garbage{ with a path in it");
+TEST_F(SettingsFile, APipeOrDeviceInItsPlaceIsKeptAsideUnread) {
+    put({});
+    for (const bool isPipe : {true, false}) {
+        QFile::remove(path());
+        const QByteArray name = QFile::encodeName(path());
+        ASSERT_EQ(isPipe ? ::mkfifo(name, 0600) : ::symlink("/dev/zero", name), 0);
+        test::MessageScript messages{Answer::Ok};
+        ReadSettings("/opt/Tarnwell");
+        EXPECT_EQ(messages.shown().size(), 1U);
+        EXPECT_TRUE(QFileInfo::exists(path() + ".damaged"));
+        EXPECT_EQ(read("Provider"), Value(jetProvider));
     }
 }
 
-TEST_F(SettingsFile, ADamagedFileIsNotReplacedSilentlyAtTheStart) {
-    put("{ a comma, too many, }");
-    test::MessageScript messages{Answer::Ok};
-    ReadSettings("/opt/Tarnwell");
-    ASSERT_EQ(messages.shown().size(), 1U);
-    EXPECT_TRUE(messages.shown()[0].text.endsWith(path() + ".damaged"));
-    ReadSettings("/opt/Tarnwell"); // now they are whole
+TEST_F(SettingsFile, AFullDiskLeavesTheOldValuesInForce) {
+    gRegistryKey = key;
+    saveDatabaseSettings({.isFile = false, .server = "office", .catalog = "Trades"});
+    const QByteArray before = contentOf(path());
+    {
+        const FilesUpTo full(before.size());
+        saveDatabaseSettings({.file = QString(before.size(), u'x')});
+    }
+    EXPECT_EQ(contentOf(path()), before);
+    EXPECT_EQ(QDir(QFileInfo(path()).path()).entryList(QDir::Files), QStringList("Tarnwell.json"));
+    EXPECT_EQ(readDatabaseSettings().catalog, "Trades");
+}
+
+TEST_F(SettingsFile, TwoThatSaveAtTheSameMomentLoseNothing) {
+    constexpr int each = 40;
+    const auto save = [](const char* name) {
+        for (int number = 0; number < each; ++number)
+            write(qPrintable(name + QString::number(number)), RegistryType::Number, number);
+    };
+    {
+        const std::jthread one(save, "one");
+        const std::jthread other(save, "other");
+    }
+    for (const char* name : {"one", "other"})
+        for (int number = 0; number < each; ++number)
+            EXPECT_EQ(read(qPrintable(name + QString::number(number))), Value(number));
+}
+
+TEST_F(SettingsFile, DefaultsGiveWayToWhoWasFirst) {
+    const auto start = [](const char* provider, const char* source) {
+        writeRegistryValues(machine, key,
+                            {{.name = "DataSource", .data = source}, {.name = "Provider", .data = provider}},
+                            "Provider");
+    };
+    start("first", "its own file");
+    start("second", "another file");
+    EXPECT_EQ(read("Provider"), Value("first"));
+    EXPECT_EQ(read("DataSource"), Value("its own file"));
 }
 
 TEST_F(SettingsFile, AStoreThatCanNotBeWrittenFailsOnlyTheFirstStart) {
@@ -140,6 +212,17 @@ TEST_F(SettingsFile, ADevelopersCopyTakesTheInstalledPath) {
     ReadSettings("/home/ann/my developments/bin");
     EXPECT_EQ(gAppPath, "C:\\Program Files\\Tarnwell");
     EXPECT_EQ(gProgramFolder, "/home/ann/my developments/bin");
+}
+
+TEST(PlainFile, IsReadUpToALength) {
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("file");
+    EXPECT_EQ(readPlainFile(path, 5), std::nullopt);
+    appendToFile(path, "five!");
+    EXPECT_EQ(readPlainFile(path, 5), QByteArray("five!"));
+    EXPECT_EQ(readPlainFile(path, 4), std::nullopt);
+    EXPECT_EQ(readPlainFile("/dev/zero", 5), std::nullopt);
+    EXPECT_EQ(readPlainFile(folder.path(), 5), std::nullopt);
 }
 
 TEST(LoginName, OfMoreThan24CharactersIsEmpty) {

@@ -1,8 +1,8 @@
 #include "controls/grid/GridLayout.h"
 
 #include "data/DiskPath.h"
+#include "runtime/DiskFile.h"
 
-#include <QFile>
 #include <QRegularExpression>
 
 #include <algorithm>
@@ -45,10 +45,8 @@ std::vector<LayoutColumn> parseLayout(const QByteArray& text) {
 }
 
 std::optional<std::vector<LayoutColumn>> readLayout(const QString& path) {
-    QFile file(pathOnDisk(path));
-    if (!file.open(QIODevice::ReadOnly))
-        return std::nullopt;
-    return parseLayout(file.read(longestFile));
+    const std::optional<QByteArray> text = readPlainFile(pathOnDisk(path), longestFile);
+    return text ? std::optional(parseLayout(*text)) : std::nullopt;
 }
 
 } // namespace tarnwell

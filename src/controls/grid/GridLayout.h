@@ -19,7 +19,7 @@ struct LayoutColumn {
 /// counts.
 [[nodiscard]] std::vector<LayoutColumn> parseLayout(const QByteArray& text);
 
-/// The layout in a file; nothing when the file is not there or can't be read.
+/// The layout in a file; nothing when there is no plain file of a layout's size that can be read.
 [[nodiscard]] std::optional<std::vector<LayoutColumn>> readLayout(const QString& path);
 
 } // namespace tarnwell

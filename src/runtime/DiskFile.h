@@ -1,0 +1,24 @@
+#pragma once
+
+#include "data/RunTimeError.h"
+
+#include <QByteArray>
+#include <QString>
+
+#include <optional>
+
+namespace tarnwell {
+
+/// All bytes of a plain file. Nothing for a missing or unreadable file, for one longer than `longest` bytes,
+/// and for what is no plain file: a pipe would be waited for and a device read without end.
+[[nodiscard]] std::optional<QByteArray> readPlainFile(const QString& path, qint64 longest);
+
+/// Appends the bytes in one write, so that those of two programs never mix; makes the file if there is none.
+/// Raises as `fileError`; a part that was written is taken back then.
+void appendToFile(const QString& path, const QByteArray& bytes);
+
+/// The error of a file operation that failed with the system's error number (`errno`; 0: not known): DiskFull
+/// (61) for a full disk or quota, else FileAccess (75). Its text names the file and the reason.
+[[nodiscard]] RunTimeError fileError(const QString& path, int systemError);
+
+} // namespace tarnwell

@@ -1,6 +1,6 @@
 #include "builders/PlanCopy.h"
 
-#include "builders/WriteTogether.h"
+#include "builders/CommitWritten.h"
 #include "data/recordset/Recordset.h"
 #include "runtime/modFormatFunctions.h"
 
@@ -40,7 +40,7 @@ void copyTasks(Connection& connection, qint64 fromPlan, qint64 toPlan) {
 
 qint64 copyPlan(Connection& connection, qint64 builderKey, qint64 planKey, const QString& planName) {
     qint64 newKey = 0;
-    writeTogether(connection, [&] {
+    commitWritten(connection, [&] {
         newKey = addPlan(connection, builderKey, "Copied " + planName);
         copyTasks(connection, planKey, newKey);
     });

@@ -1,6 +1,6 @@
 #include "builders/TaskPicking.h"
 
-#include "builders/WriteTogether.h"
+#include "builders/CommitWritten.h"
 #include "data/recordset/Recordset.h"
 #include "runtime/modFormatFunctions.h"
 #include "runtime/modGeneral.h"
@@ -152,7 +152,7 @@ bool isReachedBySelectAll(const QString& line) {
 
 void addPicked(Connection& connection, int mode, const PickingTarget& target, bool nonLinked,
                std::span<const PickingLine> picked) {
-    writeTogether(connection, [&] {
+    commitWritten(connection, [&] {
         Recordset rows;
         rows.Open(tableOf(mode), connection, CursorType::Dynamic, LockType::Optimistic);
         for (const PickingLine& line : picked) {

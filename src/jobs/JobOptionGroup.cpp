@@ -1,6 +1,6 @@
 #include "jobs/JobOptionGroup.h"
 
-#include "builders/WriteTogether.h"
+#include "builders/CommitWritten.h"
 #include "data/recordset/Recordset.h"
 #include "runtime/modFormatFunctions.h"
 
@@ -59,7 +59,7 @@ void addOption(const Recordset& groupRow, const Recordset& base, const QString& 
 
 void applyOptionGroup(Connection& connection, Recordset& groupRows, const QString& groupName,
                       const Value& jobLotKey) {
-    writeTogether(connection, [&] {
+    commitWritten(connection, [&] {
         Recordset options;
         options.Open("JobLotTask", connection, CursorType::Dynamic, LockType::Optimistic);
         for (; !groupRows.atEnd(); groupRows.MoveNext()) {

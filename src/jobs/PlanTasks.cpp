@@ -1,7 +1,7 @@
 #include "jobs/PlanTasks.h"
 
 #include "builders/BuilderRecord.h"
-#include "builders/WriteTogether.h"
+#include "builders/CommitWritten.h"
 #include "data/RunTimeError.h"
 #include "data/recordset/Recordset.h"
 #include "runtime/RunTime.h"
@@ -118,7 +118,7 @@ std::vector<PickingLine> readPlanTasks(Connection& connection, qint64 planKey, c
 
 void addPlanTasks(Connection& connection, const CurrentLot& target, const PickingLine& plan,
                   std::span<const PickingLine> picked) {
-    writeTogether(connection, [&] {
+    commitWritten(connection, [&] {
         const Value jobLotKey = writeLot(connection, target, plan);
         Recordset rows;
         rows.Open("JobLotTask", connection, CursorType::Dynamic, LockType::Optimistic);

@@ -1,6 +1,6 @@
 #include "jobs/TaskTree.h"
 
-#include "builders/WriteTogether.h"
+#include "builders/CommitWritten.h"
 #include "data/recordset/Recordset.h"
 #include "runtime/modFormatFunctions.h"
 
@@ -108,7 +108,7 @@ private:
 } // namespace
 
 void repairTreeAfterDelete(Connection& connection, const TreePlace& place) {
-    writeTogether(connection, [&] {
+    commitWritten(connection, [&] {
         if (place.parentKey != 0 && place.child == 0)
             makeOptionsPlain(connection, place.parentKey);
         else if (place.child == isChild && !hasOptions(connection, place.parentKey))
@@ -118,7 +118,7 @@ void repairTreeAfterDelete(Connection& connection, const TreePlace& place) {
 
 qint64 copyLot(Connection& connection, const LotToCopy& source) {
     qint64 newLot = 0;
-    writeTogether(connection, [&] {
+    commitWritten(connection, [&] {
         newLot = addLot(connection, source);
         Recordset tasks;
         tasks.Open("SELECT * FROM JobLotTask WHERE JobLotKey=" + FieldText(source.jobLotKey) +

@@ -1,5 +1,6 @@
 #include "builders/BuilderData.h"
 #include "builders/BuilderRecord.h"
+#include "builders/CommitWritten.h"
 #include "builders/JobList.h"
 #include "builders/PlanCopy.h"
 #include "builders/PricePropagation.h"
@@ -33,6 +34,24 @@ TEST(BuilderRecordRules, AJobKeepsItsBuilderAndEveryPlan) {
     data.db.run("DELETE FROM Job WHERE JobKey=" + QString::number(job));
     deleteBuilder(data.db.connection(), data.builder);
     EXPECT_EQ(data.count("Contractor") + data.count("ContractorPlan") + data.count("ContractorPlanTask"), 0);
+}
+
+TEST(BuilderRecordRules, PlansAndTheirTasksStandByName) {
+    BuilderData data;
+    const auto names = [&data](const QString& sql, const char* column) {
+        QStringList result;
+        Recordset rows;
+        rows.Open(sql, data.db.connection());
+        for (; !rows.atEnd(); rows.MoveNext())
+            result << rows[column].toText();
+        return result.join(' ');
+    };
+    data.addPlan("Cedar", data.builder);
+    data.addPlan("Birch", data.builder);
+    data.addPlanTask("Beams", data.plan, data.beams, data.framing, 1.0);
+    data.addPlanTask("Hang", data.plan, data.hang, data.drywall, 1.0);
+    EXPECT_EQ(names(plansOfBuilder(data.builder), "PlanName"), "Aspen Birch Cedar");
+    EXPECT_EQ(names(tasksOfPlan(data.plan, data.framing), "Name"), "Beams Walls");
 }
 
 TEST(JobListRules, LinesAreCutAndOnlyOpenJobsStand) {
@@ -70,6 +89,23 @@ TEST(PlanCopyRules, TheCopySharesNoRowWithItsSource) {
     data.db.run("DELETE FROM ContractorPlan WHERE ContractorPlanKey=" + QString::number(copy));
     EXPECT_EQ(data.count("ContractorPlanTask WHERE MasterPrice IN (110, 21)"), 2)
         << "the source is untouched";
+}
+
+TEST(CommitWritten, TheFirstErrorIsRaisedAlsoWhenTheEngineRolledBackByItself) {
+    BuilderData data;
+    Connection& connection = data.db.connection();
+    const auto write = [&](bool rolledBack) {
+        commitWritten(connection, [&] {
+            (void)addBuilder(connection);
+            if (rolledBack)
+                connection.RollbackTrans();
+            raise(Failure::DiskFull);
+        });
+    };
+    for (const bool rolledBack : {true, false}) {
+        EXPECT_EQ(raisedNumber([&] { write(rolledBack); }), numberOf(Failure::DiskFull));
+        EXPECT_EQ(data.count("Contractor"), rolledBack ? 1 : 2) << "what was written before stays";
+    }
 }
 
 class Propagation : public ::testing::Test {

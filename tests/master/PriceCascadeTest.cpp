@@ -5,6 +5,7 @@
 #include "support/RaisedNumber.h"
 
 #include <gtest/gtest.h>
+#include <sqlite3.h>
 
 namespace tarnwell::test {
 
@@ -107,6 +108,16 @@ TEST_F(PriceCascadeTest, ABrokenStatementLeavesEverythingAsItWas) {
     EXPECT_EQ(groupRow(), oldGroup);
     data.db.connection().BeginTrans(); // none is left open
     data.db.connection().RollbackTrans();
+}
+
+TEST_F(PriceCascadeTest, AFailureOfTheLastStatementTakesTheOthersBack) {
+    sqlite3* file = nullptr;
+    sqlite3_open(data.db.path().toUtf8(), &file);
+    EXPECT_EQ(sqlite3_exec(file, "DROP TABLE ContractorOptionGroup", nullptr, nullptr, nullptr), SQLITE_OK);
+    sqlite3_close(file);
+    EXPECT_NE(raisedNumber([&] { apply({CascadeTarget::BuildersAndJobs, true, true, true}); }), 0);
+    EXPECT_EQ(planRow(), oldRow);
+    EXPECT_EQ(lotRow(unpaid), oldRow);
 }
 
 TEST_F(PriceCascadeTest, AnUnfitNameDoesNoHarmWhereNoJobTakesIt) {

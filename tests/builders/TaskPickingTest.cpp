@@ -58,6 +58,9 @@ TEST_F(TaskPicking, OneStatementListsWhatTheWalkLists) {
     data.db.add("JobLotTask", {{"JobLotKey", lot}, {"MasterTaskKey", data.hang}});
     data.db.add("ContractorOptionGroup",
                 {{"ContractorKey", data.builder}, {"CodeKey", group}, {"MasterTaskKey", data.beams}});
+    const qint64 otherGroup = data.db.add("Code", {{"Code1", 5}, {"Description", "Bay"}});
+    data.db.add("ContractorOptionGroup",
+                {{"ContractorKey", data.builder}, {"CodeKey", otherGroup}, {"MasterTaskKey", data.walls}});
     const auto key = [](qint64 number) { return QString::number(number); };
     EXPECT_EQ(list(PickingMode::Plan, {data.plan}).lines,
               walk("SELECT * FROM ContractorPlanTask WHERE ContractorPlanKey=" + key(data.plan) +
@@ -113,7 +116,8 @@ TEST_F(TaskPicking, OptionsComeFromThePlanTaskElseFromTheGeneralNames) {
     EXPECT_TRUE(options.nonLinked);
     EXPECT_EQ(options.lines, (std::vector<PickingLine>{{"Upgrade", 1}}));
     add(PickingMode::TaskOptions, target, options.lines, true);
-    EXPECT_EQ(data.count("JobLotTask WHERE Child=1 AND MasterPrice=0 AND CustomTask='Y' AND Name='" +
+    EXPECT_EQ(data.count("JobLotTask WHERE Child=1 AND MasterPrice=0 AND CustomTask='Y' AND "
+                         "ExcludeDependency=-1 AND Name='" +
                          QString(45, u'N') + " Upgr' AND ParentKey=" + QString::number(task)),
               1);
 
@@ -131,6 +135,9 @@ TEST_F(TaskPicking, OptionsComeFromThePlanTaskElseFromTheGeneralNames) {
                          QString::number(linked.front().second)),
               1);
     EXPECT_EQ(list(PickingMode::TaskOptions, target).lines, (std::vector<PickingLine>{linked.back()}));
+    PickingTarget otherLot = target;
+    otherLot.task.parentKey = data.addLotTask(data.addJob("3", "Ash"), data.planWalls);
+    EXPECT_EQ(list(PickingMode::TaskOptions, otherLot).lines, linked) << "a task of another lot takes it too";
 }
 
 TEST_F(TaskPicking, SelectAllPassesOverHeadingsAndACapitalY) {

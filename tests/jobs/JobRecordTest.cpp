@@ -43,6 +43,30 @@ TEST(JobRecords, AJobThatHasGoneIsTold) {
     EXPECT_EQ(raisedNumber([&] { saveJob(data.db.connection(), data.job, {}); }), gone);
 }
 
+TEST(LotTasks, LotsStandByLotBlockAndTasksByNameParentAndChild) {
+    LotData data;
+    const auto keys = [&data](const QString& sql) {
+        std::vector<qint64> result;
+        Recordset rows;
+        rows.Open(sql, data.db.connection());
+        for (; !rows.atEnd(); rows.MoveNext())
+            result.push_back(rows.field(0).toLong());
+        return result;
+    };
+    const qint64 lotC = data.addLot("C"), lotB = data.addLot("B");
+    EXPECT_EQ(keys(lotRowsOfJob(data.job)), (std::vector<qint64>{data.lot, lotB, lotC}));
+
+    const qint64 last = data.addTask("Walls", data.lot), child = data.addTask("Same", data.lot),
+                 parent = data.addTask("Same", data.lot), plain = data.addTask("Same", data.lot),
+                 first = data.addTask("Beams", data.lot);
+    data.place(child, {parent, 1});
+    data.place(parent, {parent, 0});
+    data.addTask("Other lot", lotB);
+    EXPECT_EQ(keys(taskRowsOfLot(data.lot, data.framing)),
+              (std::vector<qint64>{first, plain, parent, child, last}));
+    EXPECT_TRUE(keys(taskRowsOfLot(data.lot, data.drywall)).empty());
+}
+
 TEST(LotTasks, EmployeesOnOfferAreActiveAndHaveBothNames) {
     TemporaryDatabase db;
     const auto add = [&db](const Value& last, const Value& first, bool inactive) {

@@ -146,6 +146,13 @@ void Combo::returnToChoice() {
         setEditText(List(m_inForce));
 }
 
+bool Combo::looksLikeAnother() const {
+    const auto& items = m_items->items();
+    return m_listIndex >= 0 && std::count_if(items.begin(), items.end(), [this](const ListItem& item) {
+                                   return item.first == List(m_listIndex);
+                               }) > 1;
+}
+
 int Combo::SelStart() const {
     return lineEdit()->hasSelectedText() ? lineEdit()->selectionStart() : lineEdit()->cursorPosition();
 }
@@ -198,7 +205,8 @@ void Combo::keyPressEvent(QKeyEvent* event) {
     // What was chosen stands, whatever other entry looks like it. Select All, Copy and the combo's own
     // mnemonic are no input either: a search would take the selection away that is to be typed over.
     const bool isCommand = (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) != 0;
-    const bool isTyped = currentText() != before || (!isCommand && SelStart() != caretBefore);
+    const bool caretMoved = !isCommand && SelStart() != caretBefore;
+    const bool isTyped = currentText() != before || (caretMoved && !looksLikeAnother());
     if (steps || (!isTyped && (isCommand || m_listIndex >= 0)))
         m_pressed.erase(event->nativeScanCode());
 }

@@ -56,7 +56,8 @@ Q_SIGNALS:
     /// Codes as in `KeyCode`; setting `keyCode` to 0 swallows the key. `shift` as `shiftStateOf` gives it.
     void keyDown(int& keyCode, int shift);
     /// Only for keys that went down here, and once for one that was held. A key that neither types nor moves
-    /// the caret has none while an entry is chosen.
+    /// the caret has none while an entry is chosen; nor has one that only moves it where several entries look
+    /// like the chosen one, since a search would hand over the first of them.
     void keyUp(int keyCode, int shift);
 
 protected:
@@ -76,6 +77,7 @@ private:
     bool chooseNext(const QString& beginning);
     void forgetChoice();
     void returnToChoice();
+    [[nodiscard]] bool looksLikeAnother() const;
 
     ItemModel* m_items;
     int m_listIndex = -1;

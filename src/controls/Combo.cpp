@@ -182,7 +182,7 @@ bool Combo::chooseNext(const QString& beginning) {
 }
 
 void Combo::keyPressEvent(QKeyEvent* event) {
-    m_pressed.insert(event->nativeScanCode());
+    m_pressed.press(*event);
     int keyCode = keyCodeOf(*event);
     Q_EMIT keyDown(keyCode, shiftStateOf(*event));
     if (keyCode == 0) {
@@ -208,17 +208,12 @@ void Combo::keyPressEvent(QKeyEvent* event) {
     const bool caretMoved = !isCommand && SelStart() != caretBefore;
     const bool isTyped = currentText() != before || (caretMoved && !looksLikeAnother());
     if (steps || (!isTyped && (isCommand || m_listIndex >= 0)))
-        m_pressed.erase(event->nativeScanCode());
+        m_pressed.forget(*event);
 }
 
 void Combo::keyReleaseEvent(QKeyEvent* event) {
     QComboBox::keyReleaseEvent(event);
-    if (event->isAutoRepeat())
-        return;
-    // The key that brought the focus here, or chose from the open list, went down elsewhere: it must not
-    // search.
-    const bool pressedHere = m_pressed.erase(event->nativeScanCode()) > 0;
-    if (pressedHere)
+    if (m_pressed.release(*event))
         Q_EMIT keyUp(keyCodeOf(*event), shiftStateOf(*event));
 }
 

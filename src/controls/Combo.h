@@ -1,11 +1,10 @@
 #pragma once
 
 #include "controls/ItemModel.h"
+#include "controls/PressedKeys.h"
 #include "runtime/modGeneral.h"
 
 #include <QComboBox>
-
-#include <set>
 
 namespace tarnwell {
 
@@ -83,8 +82,8 @@ private:
     int m_listIndex = -1;
     int m_inForce = -1; ///< Chosen last, also when the text was typed over since.
     bool m_alwaysChosen = false;
-    bool m_clicked = false;      ///< The line of a list only was pressed.
-    std::set<quint32> m_pressed; ///< Scan codes of the keys that went down here.
+    bool m_clicked = false; ///< The line of a list only was pressed.
+    PressedKeys m_pressed{*this};
 };
 
 } // namespace tarnwell

@@ -98,7 +98,7 @@ bool ListBox::scrollSideways(int key) {
 }
 
 void ListBox::keyPressEvent(QKeyEvent* event) {
-    m_pressed.insert(event->nativeScanCode());
+    m_pressed.press(*event);
     if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && ListIndex() >= 0) {
         Q_EMIT doubleClick();
         return;
@@ -112,7 +112,7 @@ void ListBox::keyPressEvent(QKeyEvent* event) {
 
 void ListBox::keyReleaseEvent(QKeyEvent* event) {
     QListWidget::keyReleaseEvent(event);
-    if (!event->isAutoRepeat() && m_pressed.erase(event->nativeScanCode()) > 0)
+    if (m_pressed.release(*event))
         Q_EMIT keyUp(keyCodeOf(*event), shiftStateOf(*event));
 }
 

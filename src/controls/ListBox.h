@@ -1,10 +1,9 @@
 #pragma once
 
 #include "controls/ItemModel.h"
+#include "controls/PressedKeys.h"
 
 #include <QListWidget>
-
-#include <set>
 
 namespace tarnwell {
 
@@ -56,7 +55,7 @@ private:
     bool chooseFirst(int key);
     bool scrollSideways(int key);
 
-    std::set<quint32> m_pressed; ///< Scan codes of the keys that went down here.
+    PressedKeys m_pressed{*this};
 };
 
 /// "Courier New" or a font of the same metrics, at the desktop's size.

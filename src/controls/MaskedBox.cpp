@@ -35,7 +35,7 @@ void MaskedBox::setSelStart(int caret) {
 }
 
 void MaskedBox::keyPressEvent(QKeyEvent* event) {
-    m_pressed.insert(event->nativeScanCode());
+    m_pressed.press(*event);
     int keyCode = keyCodeOf(*event);
     Q_EMIT keyDown(keyCode, shiftStateOf(*event));
     if (keyCode == 0)
@@ -49,15 +49,10 @@ void MaskedBox::keyReleaseEvent(QKeyEvent* event) {
     // A key that is held down is released once.
     if (event->isAutoRepeat())
         return;
-    const bool pressedHere = m_pressed.erase(event->nativeScanCode()) > 0;
+    const bool pressedHere = m_pressed.release(*event);
     Q_EMIT keyUp(keyCodeOf(*event), shiftStateOf(*event));
     if (pressedHere)
         Q_EMIT ownKeyUp(keyCodeOf(*event), shiftStateOf(*event));
-}
-
-void MaskedBox::focusOutEvent(QFocusEvent* event) {
-    QLineEdit::focusOutEvent(event);
-    m_pressed.clear(); // They come up elsewhere.
 }
 
 void MaskedBox::mouseDoubleClickEvent(QMouseEvent* event) {

@@ -1,11 +1,10 @@
 #pragma once
 
 #include "controls/KeyCodes.h"
+#include "controls/PressedKeys.h"
 #include "runtime/modGeneral.h"
 
 #include <QLineEdit>
-
-#include <set>
 
 namespace tarnwell {
 
@@ -41,11 +40,10 @@ Q_SIGNALS:
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
-    void focusOutEvent(QFocusEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
 
 private:
-    std::set<quint32> m_pressed; ///< Scan codes of the keys that went down here.
+    PressedKeys m_pressed{*this};
 };
 
 } // namespace tarnwell

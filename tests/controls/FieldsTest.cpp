@@ -1,6 +1,8 @@
+#include "controls/Combo.h"
 #include "controls/DateBox.h"
 #include "controls/DayArrows.h"
 #include "controls/Label.h"
+#include "controls/ListBox.h"
 #include "controls/MaskedBox.h"
 #include "controls/NoteBox.h"
 #include "data/RunTimeError.h"
@@ -11,6 +13,7 @@
 #include <QClipboard>
 #include <QKeyEvent>
 #include <QMimeData>
+#include <QTest>
 #include <QVBoxLayout>
 
 #include <gtest/gtest.h>
@@ -121,6 +124,31 @@ TEST(MaskedBox, KeepsWhatIsPastedOnOneLine) {
     box.setCursorPosition(7);
     box.insert("\r\n");
     EXPECT_EQ(box.text(), "Wa x ll");
+}
+
+TEST(PressedKeys, AreForgottenWhenTheFocusLeaves) {
+    QWidget window;
+    auto* column = new QVBoxLayout(&window);
+    auto* combo = new Combo;
+    auto* list = new ListBox;
+    auto* box = new MaskedBox;
+    auto* other = new QLineEdit;
+    int releases = 0;
+    const auto count = [&releases] { ++releases; };
+    QObject::connect(combo, &Combo::keyUp, &window, count);
+    QObject::connect(list, &ListBox::keyUp, &window, count);
+    QObject::connect(box, &MaskedBox::ownKeyUp, &window, count);
+    for (QWidget* control : std::initializer_list<QWidget*>{combo, list, box, other})
+        column->addWidget(control);
+    const ScreenDriver driver(window);
+    for (QWidget* control : std::initializer_list<QWidget*>{combo, list, box}) {
+        control->setFocus();
+        QTest::keyPress(control, Qt::Key_R);
+        other->setFocus();
+        control->setFocus();
+        QTest::keyRelease(control, Qt::Key_R);
+    }
+    EXPECT_EQ(releases, 0);
 }
 
 TEST(DateBox, ATextIsADateWhenItReadsAsOne) {

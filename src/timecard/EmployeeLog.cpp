@@ -54,7 +54,7 @@ ShownLogRow readLogRow(Connection& connection, qint64 logKey) {
     Recordset log;
     log.Open(statementFor(logKey), connection);
     const Value occured = log["Occured"];
-    return {.row = ShownRow(log),
+    return {.row = RowSnapshot(log),
             .occured = occured,
             .dateText = Format(occured, dateFormat),
             .problem = log["Problem"]};

@@ -2,7 +2,7 @@
 
 #include "data/Value.h"
 #include "data/recordset/Connection.h"
-#include "timecard/ShownRow.h"
+#include "timecard/RowSnapshot.h"
 #include "timecard/TaskHistory.h"
 
 #include <QString>
@@ -11,7 +11,7 @@ namespace tarnwell {
 
 /// One row of the log of corrections, as its dialog shows it.
 struct ShownLogRow {
-    ShownRow row;
+    RowSnapshot row;
     Value occured;
     QString dateText; ///< "03/05/24"; empty for Null.
     Value problem;

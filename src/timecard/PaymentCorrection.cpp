@@ -20,13 +20,13 @@ QString whereKey(qint64 paymentKey) {
 ShownPayment readPayment(Connection& connection, qint64 paymentKey) {
     Recordset payment;
     payment.Open("SELECT *" + whereKey(paymentKey), connection);
-    return {.row = ShownRow(payment),
+    return {.row = RowSnapshot(payment),
             .priceText = Format(payment["Price"], priceFormat),
             .note = payment["Note"],
             .employeeKey = payment["EmployeeKey"].toLong()};
 }
 
-void acceptCorrection(Connection& connection, qint64 paymentKey, const ShownRow& shown,
+void acceptCorrection(Connection& connection, qint64 paymentKey, const RowSnapshot& shown,
                       const CorrectedPayment& corrected) {
     Recordset payment;
     payment.Open("SELECT *" + whereKey(paymentKey), connection, CursorType::Static, LockType::Optimistic);

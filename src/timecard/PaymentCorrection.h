@@ -3,7 +3,7 @@
 #include "data/Value.h"
 #include "data/recordset/Connection.h"
 #include "runtime/MsgBox.h"
-#include "timecard/ShownRow.h"
+#include "timecard/RowSnapshot.h"
 
 #include <QString>
 
@@ -11,7 +11,7 @@ namespace tarnwell {
 
 /// A payment as it is read for its correction.
 struct ShownPayment {
-    ShownRow row;
+    RowSnapshot row;
     QString priceText; ///< "40.00", ".00" for 0; empty for Null.
     Value note;        ///< Null where a row was written without one.
     qint64 employeeKey = 0;
@@ -30,7 +30,7 @@ struct CorrectedPayment {
 /// Writes price, note and employee. None of the questions of a new payment is asked, and nothing is logged.
 /// Raises RowChanged when the payment is no longer what was shown, NoCurrentRecord when it has gone or was
 /// never shown; nothing is written then.
-void acceptCorrection(Connection& connection, qint64 paymentKey, const ShownRow& shown,
+void acceptCorrection(Connection& connection, qint64 paymentKey, const RowSnapshot& shown,
                       const CorrectedPayment& corrected);
 
 /// Asks, and on Yes deletes the payment, whatever it holds by now; one that has gone already stays gone. The

@@ -43,7 +43,7 @@ private:
     QPushButton* cmdAccept = nullptr;
     QPushButton* cmdCancel = nullptr;
 
-    ShownRow m_shown; ///< Nothing after a failed reading.
+    RowSnapshot m_shown; ///< Nothing after a failed reading.
 };
 
 } // namespace tarnwell

@@ -1,4 +1,4 @@
-#include "timecard/ShownRow.h"
+#include "timecard/RowSnapshot.h"
 
 #include "data/RunTimeError.h"
 #include "data/recordset/Recordset.h"
@@ -17,9 +17,9 @@ std::vector<Value> valuesOf(const Recordset& row) {
 
 } // namespace
 
-ShownRow::ShownRow(const Recordset& row) : m_values(valuesOf(row)) {}
+RowSnapshot::RowSnapshot(const Recordset& row) : m_values(valuesOf(row)) {}
 
-void ShownRow::requireUnchanged(const Recordset& now) const {
+void RowSnapshot::requireUnchanged(const Recordset& now) const {
     const std::vector<Value> values = valuesOf(now);
     if (m_values.empty())
         raise(Failure::NoCurrentRecord);

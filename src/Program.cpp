@@ -17,7 +17,6 @@
 #include "runtime/Version.h"
 #include "timecard/frmEmployee.h"
 #include "timecard/frmPayroll.h"
-#include "timecard/frmTaskNotes.h"
 
 #include <exception>
 
@@ -42,8 +41,6 @@ void registerScreens() {
     registerScreen<frmPayroll>("frmPayroll", Screen::Modality::Modeless);
     registerScreen<frmOptions>("mnuOptions", Screen::Modality::Modal);
     registerScreen<frmAbout>("mnuAbout", Screen::Modality::Modal);
-    frmPayroll::setTaskNotes(
-        [](frmPayroll& caller) { theForm<frmTaskNotes>().Show(Screen::Modality::Modal, &caller); });
 }
 
 } // namespace

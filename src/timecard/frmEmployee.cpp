@@ -52,32 +52,35 @@ int caretIn(const QString& shown, const QString& typed, int caret) {
 frmEmployee::frmEmployee() : Screen("frmEmployee", "Employee", {Part::Toolbar, Part::StatusBar}) {}
 
 void frmEmployee::Form_Load() {
-    makeControls();
+    setDesignSize(EmployeeControls::designSize);
+    ui.build(*canvas());
+    for (const auto& [control, name, toolTip] : ui.named())
+        nameControl(control, name, toolTip);
     connectControls();
     LoadForemen();
-    cmbType->setTexts(readEmployeeTypes(connection()));
+    ui.cmbType->setTexts(readEmployeeTypes(connection()));
     for (const char* state : maritalStates)
-        cmbMaritalStatus->AddItem(state);
+        ui.cmbMaritalStatus->AddItem(state);
     EmployeeKey = 0;
     LoadRecord();
     BuildToolbar(*this, builtButtons);
 }
 
 void frmEmployee::connectControls() {
-    MaskedBox* ssn = MskField[EmployeeField::Ssn];
+    MaskedBox* ssn = ui.MskField[EmployeeField::Ssn];
     connect(ssn, &MaskedBox::keyDown, this,
             guarded([this](int& keyCode, int shift) { MskField_KeyDown(keyCode, shift); }));
     connect(ssn, &MaskedBox::keyUp, this, guarded([this](int, int) { MskField_KeyUp(); }));
     connect(ssn, &QLineEdit::textEdited, this, guarded([this] { MskField_Change(); }));
     onLostFocus(ssn, [this] { MskField_LostFocus(); });
-    MaskedBox* telephone = MskField[EmployeeField::Telephone];
+    MaskedBox* telephone = ui.MskField[EmployeeField::Telephone];
     onLostFocus(telephone, [telephone] { telephone->setText(telephoneText(telephone->text())); });
     for (const auto field : {EmployeeField::LastName, EmployeeField::FirstName})
-        connect(MskField[field], &QLineEdit::textChanged, this, guarded([this] { showHeading(); }));
-    for (Combo* combo : {cmbType, cmbForeman, cmbMaritalStatus})
+        connect(ui.MskField[field], &QLineEdit::textChanged, this, guarded([this] { showHeading(); }));
+    for (Combo* combo : {ui.cmbType, ui.cmbForeman, ui.cmbMaritalStatus})
         connect(combo, &Combo::keyUp, this,
                 guarded([combo](int keyCode, int shift) { ComboIncrementalSearch(*combo, keyCode, shift); }));
-    connect(lstErrorLog, &ListBox::doubleClick, this, guarded([this] { lstErrorLog_DblClick(); }));
+    connect(ui.lstErrorLog, &ListBox::doubleClick, this, guarded([this] { lstErrorLog_DblClick(); }));
 }
 
 void frmEmployee::Form_Unload() {
@@ -104,7 +107,7 @@ void frmEmployee::AddRecord() {
     SaveRecord();
     EmployeeKey = addEmployee(connection());
     LoadRecord();
-    SetFocus(MskField[EmployeeField::Ssn]); // Whatever field of the one before it stood in.
+    SetFocus(ui.MskField[EmployeeField::Ssn]); // Whatever field of the one before it stood in.
 }
 
 void frmEmployee::FindRecord() {
@@ -119,14 +122,14 @@ void frmEmployee::FindRecord() {
     SaveRecord();
     EmployeeKey = selectedKeyNumber(search.selectedKey());
     LoadRecord();
-    SetFocus(MskField[EmployeeField::Ssn]);
+    SetFocus(ui.MskField[EmployeeField::Ssn]);
 }
 
 void frmEmployee::SaveRecord() {
     if (EmployeeKey == 0)
         return;
     saveEmployee(connection(), EmployeeKey, record());
-    if (isForeman(cmbType->Text()))
+    if (isForeman(ui.cmbType->Text()))
         LoadForemen();
 }
 
@@ -134,7 +137,7 @@ void frmEmployee::SaveRecord() {
 void frmEmployee::LoadRecord() {
     const qint64 key = std::exchange(EmployeeKey, 0);
     showRecord({});
-    lstErrorLog->Clear();
+    ui.lstErrorLog->Clear();
     const auto state = qScopeGuard([this] { showState(); });
     if (key != 0)
         showRecord(readEmployee(connection(), key));
@@ -143,16 +146,16 @@ void frmEmployee::LoadRecord() {
 }
 
 EmployeeRecord frmEmployee::record() const {
-    EmployeeRecord record{.inactive = chkInActive->isChecked(),
-                          .type = cmbType->Text(),
-                          .foreman = cmbForeman->Text(),
-                          .maritalStatus = cmbMaritalStatus->Text(),
+    EmployeeRecord record{.inactive = ui.chkInActive->isChecked(),
+                          .type = ui.cmbType->Text(),
+                          .foreman = ui.cmbForeman->Text(),
+                          .maritalStatus = ui.cmbMaritalStatus->Text(),
                           .fields = {},
-                          .information = rchField->text(),
-                          .dateOfHire = rebHired->value(),
-                          .dateOfTermination = rebTerminated->value()};
+                          .information = ui.rchField->text(),
+                          .dateOfHire = ui.rebHired->value(),
+                          .dateOfTermination = ui.rebTerminated->value()};
     for (std::size_t i = 0; i < EmployeeField::Count; ++i)
-        record.fields.at(i) = MskField.at(i)->text();
+        record.fields.at(i) = ui.MskField.at(i)->text();
     QString& telephone = record.fields[EmployeeField::Telephone];
     if (telephone == telephoneText(m_telephone))
         telephone = m_telephone;
@@ -162,72 +165,68 @@ EmployeeRecord frmEmployee::record() const {
 void frmEmployee::showRecord(const EmployeeRecord& record) {
     m_telephone = record.fields[EmployeeField::Telephone];
     for (std::size_t i = 0; i < EmployeeField::Count; ++i)
-        MskField.at(i)->setText(record.fields.at(i));
-    MskField[EmployeeField::Telephone]->setText(telephoneText(m_telephone));
-    cmbType->setText(record.type);
-    cmbForeman->setText(record.foreman);
-    cmbMaritalStatus->setText(record.maritalStatus);
-    rchField->setText(record.information);
-    rebHired->setValue(record.dateOfHire);
-    rebTerminated->setValue(record.dateOfTermination);
-    chkInActive->setChecked(record.inactive);
+        ui.MskField.at(i)->setText(record.fields.at(i));
+    ui.MskField[EmployeeField::Telephone]->setText(telephoneText(m_telephone));
+    ui.cmbType->setText(record.type);
+    ui.cmbForeman->setText(record.foreman);
+    ui.cmbMaritalStatus->setText(record.maritalStatus);
+    ui.rchField->setText(record.information);
+    ui.rebHired->setValue(record.dateOfHire);
+    ui.rebTerminated->setValue(record.dateOfTermination);
+    ui.chkInActive->setChecked(record.inactive);
 }
 
 /// Without a record only the field that leads to one can be used.
 void frmEmployee::showState() {
     const bool hasRecord = EmployeeKey != 0;
-    MaskedBox* ssn = MskField[EmployeeField::Ssn];
+    MaskedBox* ssn = ui.MskField[EmployeeField::Ssn];
     ssn->setToolTip(hasRecord ? ssnHint : noRecordHint);
     if (ActiveControl() == nullptr || ActiveControl() == ssn)
         showToolTip(ssn);
-    for (MaskedBox* field : MskField)
+    for (MaskedBox* field : ui.MskField)
         field->setEnabled(hasRecord || field == ssn);
-    for (QWidget* control : {static_cast<QWidget*>(cmbType), static_cast<QWidget*>(cmbForeman),
-                             static_cast<QWidget*>(cmbMaritalStatus), static_cast<QWidget*>(rebHired),
-                             static_cast<QWidget*>(rebTerminated), static_cast<QWidget*>(rchField),
-                             static_cast<QWidget*>(chkInActive), static_cast<QWidget*>(lstErrorLog)})
+    for (QWidget* control : {static_cast<QWidget*>(ui.cmbType), static_cast<QWidget*>(ui.cmbForeman),
+                             static_cast<QWidget*>(ui.cmbMaritalStatus), static_cast<QWidget*>(ui.rebHired),
+                             static_cast<QWidget*>(ui.rebTerminated), static_cast<QWidget*>(ui.rchField),
+                             static_cast<QWidget*>(ui.chkInActive), static_cast<QWidget*>(ui.lstErrorLog)})
         control->setEnabled(hasRecord);
     showHeading();
 }
 
 void frmEmployee::showHeading() {
-    const QString last = MskField[EmployeeField::LastName]->text();
-    const QString first = MskField[EmployeeField::FirstName]->text();
+    const QString last = ui.MskField[EmployeeField::LastName]->text();
+    const QString first = ui.MskField[EmployeeField::FirstName]->text();
     const bool named = !last.isEmpty() || !first.isEmpty();
-    m_heading->setText(EmployeeKey == 0                    ? QStringLiteral("No employee is shown")
-                       : !named                            ? QStringLiteral("Employee without a name")
-                       : last.isEmpty() || first.isEmpty() ? last + first
-                                                           : last + QStringLiteral(", ") + first);
+    ui.heading->setText(EmployeeKey == 0                    ? QStringLiteral("No employee is shown")
+                        : !named                            ? QStringLiteral("Employee without a name")
+                        : last.isEmpty() || first.isEmpty() ? last + first
+                                                            : last + QStringLiteral(", ") + first);
 }
 
 void frmEmployee::LoadForemen() {
     // What the record on the screen says stays, whatever the list holds by now.
-    const QString foreman = cmbForeman->Text();
-    cmbForeman->setTexts(readForemen(connection()));
-    cmbForeman->setText(foreman);
+    const QString foreman = ui.cmbForeman->Text();
+    ui.cmbForeman->setTexts(readForemen(connection()));
+    ui.cmbForeman->setText(foreman);
 }
 
 void frmEmployee::LoadEmployeeLog() {
-    lstErrorLog->Clear();
+    ui.lstErrorLog->Clear();
     try {
         readEmployeeLog(connection(), EmployeeKey, logLine,
-                        [this](const QString& text, qint64 key) { lstErrorLog->AddItem(text, key); });
-        if (lstErrorLog->ListCount() > 0)
-            lstErrorLog->setListIndex(0);
+                        [this](const QString& text, qint64 key) { ui.lstErrorLog->AddItem(text, key); });
+        if (ui.lstErrorLog->ListCount() > 0)
+            ui.lstErrorLog->setListIndex(0);
     } catch (const RunTimeError&) {
         return; // The record counts; its log stands as far as it was read.
     }
 }
 
-qint64 frmEmployee::selectedLogKey() const {
-    const int line = lstErrorLog->ListIndex();
-    return line < 0 ? 0 : lstErrorLog->ItemData(line);
-}
-
 void frmEmployee::lstErrorLog_DblClick() {
-    if (lstErrorLog->ListIndex() < 0)
+    const int line = ui.lstErrorLog->ListIndex();
+    if (line < 0)
         return;
-    theForm<frmEmployeeNotes>().Show(Modality::Modal, this);
+    theForm<frmEmployeeNotes>().openFor(ui.lstErrorLog->ItemData(line), this);
     LoadEmployeeLog();
 }
 
@@ -247,11 +246,11 @@ void frmEmployee::MskField_KeyDown(int& keyCode, int shift) {
 
 void frmEmployee::MskField_KeyUp() {
     if (EmployeeKey == 0)
-        MskField[EmployeeField::Ssn]->clear();
+        ui.MskField[EmployeeField::Ssn]->clear();
 }
 
 void frmEmployee::MskField_Change() {
-    MaskedBox* ssn = MskField[EmployeeField::Ssn];
+    MaskedBox* ssn = ui.MskField[EmployeeField::Ssn];
     const QString typed = ssn->text();
     const QString shown = EmployeeKey == 0 ? QString() : ssnAsTyped(typed);
     if (shown == typed)
@@ -264,7 +263,7 @@ void frmEmployee::MskField_Change() {
 void frmEmployee::MskField_LostFocus() {
     if (Busy)
         return;
-    MaskedBox* ssn = MskField[EmployeeField::Ssn];
+    MaskedBox* ssn = ui.MskField[EmployeeField::Ssn];
     if (EmployeeKey == 0) {
         SetFocus(ssn);
         return;

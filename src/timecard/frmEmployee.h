@@ -1,21 +1,10 @@
 #pragma once
 
 #include "frame/Screen.h"
+#include "timecard/EmployeeControls.h"
 #include "timecard/EmployeeRecord.h"
 
-#include <array>
-
-class QCheckBox;
-class QLabel;
-class QLayout;
-
 namespace tarnwell {
-
-class Combo;
-class DateBox;
-class ListBox;
-class MaskedBox;
-class NoteBox;
 
 /// The people who are paid on the time card, one at a time. The record is written whenever it is left: for
 /// another record, by Add and by Exit. Until a record is shown the focus stays in the field of the social
@@ -26,22 +15,12 @@ class frmEmployee : public Screen {
 public:
     frmEmployee();
 
-    /// The key of the log row that is selected in `lstErrorLog`; 0 for none.
-    [[nodiscard]] qint64 selectedLogKey() const;
-
 protected:
     void Form_Load() override;
     void Form_Unload() override;
     void Toolbar1_ButtonClick(const QString& caption) override;
 
 private:
-    // frmEmployeeLayout.cpp
-    void makeControls();
-    void nameControls();
-    void layOut();
-    [[nodiscard]] QWidget* information();
-    void orderTabs();
-
     void connectControls();
 
     void AddRecord();
@@ -62,17 +41,7 @@ private:
     void MskField_LostFocus();
     void lstErrorLog_DblClick();
 
-    std::array<MaskedBox*, EmployeeField::Count> MskField{};
-    Combo* cmbType = nullptr;
-    Combo* cmbForeman = nullptr;
-    Combo* cmbMaritalStatus = nullptr;
-    DateBox* rebHired = nullptr;
-    DateBox* rebTerminated = nullptr;
-    NoteBox* rchField = nullptr;
-    QCheckBox* chkInActive = nullptr;
-    ListBox* lstErrorLog = nullptr;
-    QLabel* m_heading = nullptr; ///< Whose record this is, or that there is none.
-
+    EmployeeControls ui;
     qint64 EmployeeKey = 0; ///< The record on the screen; 0 for none.
     bool Busy = false;      ///< The screen itself changes the record: no checks when the focus leaves.
     QString m_telephone;    ///< As stored: its mask is for reading.

@@ -7,7 +7,6 @@
 #include "runtime/DataEnvironment.h"
 #include "runtime/EventGuard.h"
 #include "runtime/modErrorRoutines.h"
-#include "timecard/frmEmployee.h"
 
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -19,14 +18,14 @@ namespace {
 constexpr QSize designSize(520, 240);
 constexpr int dateWidth = 120;
 
-/// The row is whatever the caller's list stands on.
-qint64 logKey() {
-    return theForm<frmEmployee>().selectedLogKey();
-}
-
 } // namespace
 
 frmEmployeeNotes::frmEmployeeNotes() : Screen("frmEmployeeNotes", "Employee Note", {Part::StatusBar}) {}
+
+void frmEmployeeNotes::openFor(qint64 logKey, QWidget* owner) {
+    m_logKey = logKey;
+    Show(Modality::Modal, owner);
+}
 
 void frmEmployeeNotes::Form_Load() {
     m_date = new MaskedBox(0, canvas());
@@ -66,7 +65,7 @@ void frmEmployeeNotes::Form_Activate() {
     clear();
     SetFocus(m_date);
     try {
-        m_shown = readLogRow(connection(), logKey());
+        m_shown = readLogRow(connection(), m_logKey);
         m_date->setText(m_shown.dateText);
         m_note->setText(m_shown.problem.toText());
     } catch (const RunTimeError& error) {
@@ -87,7 +86,7 @@ void frmEmployeeNotes::leave() {
 }
 
 void frmEmployeeNotes::cmdAccept_Click() {
-    acceptLogRow(connection(), logKey(), m_shown, m_date->text(), m_note->text());
+    acceptLogRow(connection(), m_logKey, m_shown, m_date->text(), m_note->text());
     leave();
 }
 

@@ -10,13 +10,17 @@ namespace tarnwell {
 class MaskedBox;
 class NoteBox;
 
-/// Changes date and text of the log row that is selected on `frmEmployee`; shown modally by that screen only.
-/// It hides and stays loaded; the row is read at each showing.
+/// Changes date and text of a row of an employee's log. It hides and stays loaded; the row is read at each
+/// showing.
 class frmEmployeeNotes : public Screen {
     Q_OBJECT
 
 public:
     frmEmployeeNotes();
+
+    /// Shows the log row of that key modally; returns when the dialog is hidden. A row that can't be read is
+    /// reported, and shows as empty.
+    void openFor(qint64 logKey, QWidget* owner);
 
 protected:
     void Form_Load() override;
@@ -34,6 +38,7 @@ private:
     QPushButton* cmdAccept = nullptr;
     QPushButton* cmdCancel = nullptr;
 
+    qint64 m_logKey = 0;
     ShownLogRow m_shown; ///< Nothing after a failed reading.
 };
 

@@ -17,6 +17,7 @@
 #include "runtime/modErrorRoutines.h"
 #include "timecard/EmployeeLog.h"
 #include "timecard/TimeCardJob.h"
+#include "timecard/frmTaskNotes.h"
 
 #include <QCheckBox>
 #include <QEventLoop>
@@ -35,11 +36,6 @@ namespace {
 constexpr ButtonMask builtButtons = 81;
 constexpr ButtonMask lotButtons = 17;
 
-frmPayroll::TaskNotes& taskNotes() {
-    static frmPayroll::TaskNotes opener;
-    return opener;
-}
-
 /// A figure that is wider than its place is cut; its tool tip then tells it whole.
 void showFigure(QLabel& figure, double amount) {
     const QString text = figureText(amount);
@@ -47,8 +43,8 @@ void showFigure(QLabel& figure, double amount) {
     figure.setToolTip(figure.fontMetrics().horizontalAdvance(text) > figure.width() ? text : QString());
 }
 
-/// Stands on the same half of the same payment again, or where it stood when the payment has gone, so that
-/// Enter and the arrows go on from there.
+/// Stands on the same half of the same payment again, or where it stood when the payment no longer exists, so
+/// that Enter and the arrows go on from there.
 void reselect(ListBox& history, int line, qint64 paymentKey) {
     constexpr int linesOfPayment = 2;
     int index = std::min(line, history.ListCount() - 1);
@@ -64,37 +60,37 @@ frmPayroll::frmPayroll() : Screen("frmPayroll", "Timecards", {Part::Toolbar, Par
 
 frmPayroll::~frmPayroll() = default;
 
-void frmPayroll::setTaskNotes(TaskNotes opener) {
-    taskNotes() = std::move(opener);
-}
-
 void frmPayroll::Form_Load() {
-    makeControls();
+    setDesignSize(PayrollControls::designSize);
+    ui.build(*canvas());
+    for (const auto& [control, name, toolTip] : ui.named())
+        nameControl(control, name, toolTip);
     connectControls();
     JobKey = 0;
-    cmbType->setItems(readCategories(connection()));
-    if (cmbType->ListCount() > 0)
-        cmbType->setListIndex(0);
-    cmbEmployees->setItems(readActiveEmployees(connection()));
-    cmbEmployees->setListIndex(0);
-    rebCompleted->setValue(Today());
+    ui.cmbType->setItems(readCategories(connection()));
+    if (ui.cmbType->ListCount() > 0)
+        ui.cmbType->setListIndex(0);
+    ui.cmbEmployees->setItems(readActiveEmployees(connection()));
+    ui.cmbEmployees->setListIndex(0);
+    ui.rebCompleted->setValue(Today());
     BuildToolbar(*this, builtButtons);
 }
 
 void frmPayroll::connectControls() {
-    connect(cmbType, &Combo::clicked, this, guarded([this] { cmbType_Click(); }));
-    connect(cmbEmployees, &Combo::clicked, this, guarded([this] { LoadEmployeeHistory(); }));
-    for (Combo* combo : {cmbType, cmbEmployees})
+    connect(ui.cmbType, &Combo::clicked, this, guarded([this] { cmbType_Click(); }));
+    connect(ui.cmbEmployees, &Combo::clicked, this, guarded([this] { LoadEmployeeHistory(); }));
+    for (Combo* combo : {ui.cmbType, ui.cmbEmployees})
         connect(combo, &Combo::keyUp, this,
                 guarded([combo](int keyCode, int shift) { ComboIncrementalSearch(*combo, keyCode, shift); }));
-    connect(jgJobLots, &Grid::rowColChange, this, guarded([this](int, int) { jgJobLots_RowColChange(); }));
-    connect(jgTasks, &Grid::rowColChange, this, guarded([this](int, int) { jgTasks_RowColChange(); }));
-    connect(lstTaskHistory, &ListBox::doubleClick, this, guarded([this] { lstTaskHistory_DblClick(); }));
-    connect(m_jobNumber, &MaskedBox::ownKeyUp, this,
+    connect(ui.jgJobLots, &Grid::rowColChange, this, guarded([this](int, int) { jgJobLots_RowColChange(); }));
+    connect(ui.jgTasks, &Grid::rowColChange, this, guarded([this](int, int) { jgTasks_RowColChange(); }));
+    connect(ui.lstTaskHistory, &ListBox::doubleClick, this, guarded([this] { lstTaskHistory_DblClick(); }));
+    connect(ui.jobNumber, &MaskedBox::ownKeyUp, this,
             guarded([this](int keyCode, int) { MskField_KeyUp(keyCode); }));
-    connect(m_price, &MaskedBox::doubleClick, this, guarded([this] { txtField_DblClick(); }));
-    connect(vscrCompleted, &DayArrows::valueChanged, this, guarded([this](int) { vscrCompleted_Change(); }));
-    connect(cmdApplyTask, &QPushButton::clicked, this, guarded([this] { cmdApplyTask_Click(); }));
+    connect(ui.price, &MaskedBox::doubleClick, this, guarded([this] { txtField_DblClick(); }));
+    connect(ui.vscrCompleted, &DayArrows::valueChanged, this,
+            guarded([this](int) { vscrCompleted_Change(); }));
+    connect(ui.cmdApplyTask, &QPushButton::clicked, this, guarded([this] { cmdApplyTask_Click(); }));
     for (const PayrollFocusRule& rule : payrollFocusRules())
         onGotFocus(findChild<QWidget*>(rule.control), [this, &rule] { applyFocusRule(rule); });
 }
@@ -120,8 +116,8 @@ void frmPayroll::applyFocusRule(const PayrollFocusRule& rule) {
 
 void frmPayroll::Form_Unload() {
     m_binding = true;
-    jgTasks->bind(nullptr);
-    jgJobLots->bind(nullptr);
+    ui.jgTasks->bind(nullptr);
+    ui.jgJobLots->bind(nullptr);
     TaskRecordset.reset();
     LotRecordset.reset();
 }
@@ -129,37 +125,37 @@ void frmPayroll::Form_Unload() {
 void frmPayroll::Toolbar1_ButtonClick(const QString& caption) {
     if (caption == "Exit")
         Unload();
-    else if (caption == "Find" && ActiveControl() == cmbEmployees)
+    else if (caption == "Find" && ActiveControl() == ui.cmbEmployees)
         FindEmployee();
-    else if (caption == "Find" && ActiveControl() == m_jobNumber)
+    else if (caption == "Find" && ActiveControl() == ui.jobNumber)
         FindJob();
 }
 
 /// Every release searches, also of a key that changed nothing; End and Home find no job and so clear it. The
 /// key that brought the focus here does not: a closed job that was picked stays.
 void frmPayroll::MskField_KeyUp(int keyCode) {
-    if (m_jobNumber->text().isEmpty())
+    if (ui.jobNumber->text().isEmpty())
         return;
-    const int caret = m_jobNumber->SelStart();
-    JobKey = LookupKeyByTyping(*m_jobNumber, keyCode, typedJobLookup, connection());
+    const int caret = ui.jobNumber->SelStart();
+    JobKey = LookupKeyByTyping(*ui.jobNumber, keyCode, typedJobLookup, connection());
     LoadJob();
-    m_jobNumber->setSelStart(caret);
+    ui.jobNumber->setSelStart(caret);
 }
 
 void frmPayroll::LoadJob() {
     JobHeader header;
     if (JobKey != 0)
         header = readJobHeader(connection(), JobKey).value_or(JobHeader());
-    m_jobNumber->setText(header.jobNumber);
-    m_jobName->setText(header.name);
-    m_builder->setText(header.builder);
+    ui.jobNumber->setText(header.jobNumber);
+    ui.jobName->setText(header.name);
+    ui.builder->setText(header.builder);
     // A name that is wider than its field shows its beginning.
-    m_jobName->setSelStart(0);
-    m_builder->setSelStart(0);
+    ui.jobName->setSelStart(0);
+    ui.builder->setSelStart(0);
     {
         // The tasks are read once, behind the binding, and typing a job must not take Find away.
         const QScopedValueRollback binding(m_binding, true);
-        showRows(connection(), *jgJobLots, LotRecordset, lotsOfJob(JobKey), "PayrollLot.lyt");
+        showRows(connection(), *ui.jgJobLots, LotRecordset, lotsOfJob(JobKey), "PayrollLot.lyt");
     }
     cmbType_Click();
 }
@@ -176,13 +172,13 @@ void frmPayroll::cmbType_Click() {
     if (LotRecordset == nullptr)
         return;
     // Whatever fails from here on, the price of the task before must not be paid for another.
-    m_price->clear();
-    const Value lotKey = jgJobLots->value("JobLotKey");
+    ui.price->clear();
+    const Value lotKey = ui.jgJobLots->value("JobLotKey");
     const QString sql = lotKey.isNoKey() ? QString(tasksOfNoLot)
-                                         : tasksOfLot(lotKey, cmbType->ItemData(cmbType->ListIndex()));
+                                         : tasksOfLot(lotKey, ui.cmbType->ItemData(ui.cmbType->ListIndex()));
     {
         const QScopedValueRollback binding(m_binding, true);
-        showRows(connection(), *jgTasks, TaskRecordset, sql, "PayrollTasks.lyt");
+        showRows(connection(), *ui.jgTasks, TaskRecordset, sql, "PayrollTasks.lyt");
     }
     LoadTaskHistory();
 }
@@ -191,19 +187,19 @@ void frmPayroll::cmbType_Click() {
 void frmPayroll::jgTasks_RowColChange() {
     if (m_binding)
         return;
-    m_price->clear();
+    ui.price->clear();
     LoadTaskHistory();
 }
 
 void frmPayroll::LoadTaskHistory() {
     try {
-        lstTaskHistory->Clear();
+        ui.lstTaskHistory->Clear();
         const double left = readTaskHistory(
-            connection(), jgTasks->value("JobLotTaskKey"), jgTasks->value("MasterPrice"), m_figures,
-            [this](const QString& text, qint64 key) { lstTaskHistory->AddItem(text, key); });
-        m_price->setText(priceText(left));
-        showFigure(*m_totalPaid, m_figures.TotalPaid);
-        showFigure(*m_difference, m_figures.TaskDifference);
+            connection(), ui.jgTasks->value("JobLotTaskKey"), ui.jgTasks->value("MasterPrice"), m_figures,
+            [this](const QString& text, qint64 key) { ui.lstTaskHistory->AddItem(text, key); });
+        ui.price->setText(priceText(left));
+        showFigure(*ui.totalPaid, m_figures.TotalPaid);
+        showFigure(*ui.difference, m_figures.TaskDifference);
     } catch (const RunTimeError& error) {
         ErrorHandler(error, {});
     }
@@ -212,9 +208,9 @@ void frmPayroll::LoadTaskHistory() {
 /// Lists what the combo shows, also when the task's own employee was paid. Raises InvalidPropertyIndex
 /// without a choice.
 void frmPayroll::LoadEmployeeHistory() {
-    lstEmployeeHistory->Clear();
-    readEmployeeLog(connection(), cmbEmployees->ItemData(cmbEmployees->ListIndex()), wholeLogLine,
-                    [this](const QString& text, qint64) { lstEmployeeHistory->AddItem(text); });
+    ui.lstEmployeeHistory->Clear();
+    readEmployeeLog(connection(), ui.cmbEmployees->ItemData(ui.cmbEmployees->ListIndex()), wholeLogLine,
+                    [this](const QString& text, qint64) { ui.lstEmployeeHistory->AddItem(text); });
 }
 
 void frmPayroll::FindEmployee() {
@@ -226,9 +222,9 @@ void frmPayroll::FindEmployee() {
     const qint64 key = selectedKeyNumber(search.selectedKey());
     // An inactive employee is not in the list: the walk goes past its end and fails there.
     int index = 0;
-    while (cmbEmployees->ItemData(index) != key)
+    while (ui.cmbEmployees->ItemData(index) != key)
         ++index;
-    cmbEmployees->setListIndex(index);
+    ui.cmbEmployees->setListIndex(index);
     LoadEmployeeHistory();
 }
 
@@ -246,47 +242,42 @@ void frmPayroll::FindJob() {
 /// TypeMismatch.
 void frmPayroll::vscrCompleted_Change() {
     constexpr int upper = 0, rest = 1, lower = 2;
-    const int value = vscrCompleted->value();
+    const int value = ui.vscrCompleted->value();
     if (value == rest)
         return;
     if (value == upper)
-        rebCompleted->addDays(1);
+        ui.rebCompleted->addDays(1);
     else if (value == lower)
-        rebCompleted->addDays(-1);
-    vscrCompleted->setValue(rest);
-}
-
-qint64 frmPayroll::selectedPaymentKey() const {
-    const int line = lstTaskHistory->ListIndex();
-    return line < 0 ? 0 : lstTaskHistory->ItemData(line);
+        ui.rebCompleted->addDays(-1);
+    ui.vscrCompleted->setValue(rest);
 }
 
 void frmPayroll::lstTaskHistory_DblClick() {
-    const int line = lstTaskHistory->ListIndex();
-    if (line < 0 || !taskNotes())
+    const int line = ui.lstTaskHistory->ListIndex();
+    if (line < 0)
         return;
-    const qint64 paymentKey = selectedPaymentKey();
-    taskNotes()(*this);
+    const qint64 paymentKey = ui.lstTaskHistory->ItemData(line);
+    theForm<frmTaskNotes>().openFor(paymentKey, this);
     LoadTaskHistory();
-    reselect(*lstTaskHistory, line, paymentKey);
+    reselect(*ui.lstTaskHistory, line, paymentKey);
 }
 
 PaymentSelection frmPayroll::selection() const {
     const auto cell = [again = runAgain()](const Grid& grid, const char* key) {
         return resumeOnDeletedRow(again, [&] { return grid.value(key); });
     };
-    const int employee = cmbEmployees->ListIndex();
-    return {.jobLotTaskKey = cell(*jgTasks, "JobLotTaskKey"),
-            .codeKey = cell(*jgTasks, "CodeKey"),
-            .excludeDependency = cell(*jgTasks, "ExcludeDependency"),
-            .taskEmployeeKey = cell(*jgTasks, "EmployeeKey"),
-            .jobLotKey = cell(*jgJobLots, "JobLotKey"),
-            .excludeDependencyCheck = cell(*jgJobLots, "ExcludeDependencyCheck"),
-            .useTaskEmployee = chkUseTaskEmployee->isChecked(),
-            .employeeKey = employee < 0 ? std::nullopt : std::optional(cmbEmployees->ItemData(employee)),
-            .priceText = m_price->text(),
-            .completed = rebCompleted->value(),
-            .note = rchNote->text(),
+    const int employee = ui.cmbEmployees->ListIndex();
+    return {.jobLotTaskKey = cell(*ui.jgTasks, "JobLotTaskKey"),
+            .codeKey = cell(*ui.jgTasks, "CodeKey"),
+            .excludeDependency = cell(*ui.jgTasks, "ExcludeDependency"),
+            .taskEmployeeKey = cell(*ui.jgTasks, "EmployeeKey"),
+            .jobLotKey = cell(*ui.jgJobLots, "JobLotKey"),
+            .excludeDependencyCheck = cell(*ui.jgJobLots, "ExcludeDependencyCheck"),
+            .useTaskEmployee = ui.chkUseTaskEmployee->isChecked(),
+            .employeeKey = employee < 0 ? std::nullopt : std::optional(ui.cmbEmployees->ItemData(employee)),
+            .priceText = ui.price->text(),
+            .completed = ui.rebCompleted->value(),
+            .note = ui.rchNote->text(),
             .taskDifference = m_figures.TaskDifference};
 }
 
@@ -301,21 +292,21 @@ void frmPayroll::cmdApplyTask_Click() {
 void frmPayroll::showPayment(PaymentResult result) {
     switch (result) {
     case PaymentResult::NoPrice:
-        SetFocus(m_price);
+        SetFocus(ui.price);
         break;
     case PaymentResult::NoTask:
-        SetFocus(jgTasks);
+        SetFocus(ui.jgTasks);
         break;
     case PaymentResult::NoEmployee:
-        SetFocus(cmbEmployees);
+        SetFocus(ui.cmbEmployees);
         break;
     case PaymentResult::Refused:
         break;
     case PaymentResult::Paid:
         // Lot, task, employee, tick and date stand, so that the same employee's next task is two keys away.
         LoadTaskHistory();
-        rchNote->clear();
-        SetFocus(jgTasks);
+        ui.rchNote->clear();
+        SetFocus(ui.jgTasks);
         break;
     }
 }
@@ -324,11 +315,11 @@ void frmPayroll::txtField_DblClick() {
     trapped([this] {
         const auto again = runAgain();
         if (resumeOnDeletedRow(again, [this] { return !hasTask(); })) {
-            SetFocus(jgTasks);
+            SetFocus(ui.jgTasks);
             return;
         }
-        m_price->setText(resumeOnDeletedRow(again, [this] {
-            return priceText(remainingPrice(jgTasks->value("MasterPrice"), m_figures.TotalPaid));
+        ui.price->setText(resumeOnDeletedRow(again, [this] {
+            return priceText(remainingPrice(ui.jgTasks->value("MasterPrice"), m_figures.TotalPaid));
         }));
     });
 }
@@ -365,7 +356,7 @@ std::function<bool()> frmPayroll::runAgain() const {
 }
 
 bool frmPayroll::isJobEmpty() const {
-    return m_jobNumber->text().isEmpty();
+    return ui.jobNumber->text().isEmpty();
 }
 
 bool frmPayroll::areLotsEmpty() const {
@@ -383,7 +374,7 @@ bool frmPayroll::areTasksEmpty() const {
 }
 
 bool frmPayroll::hasTask() const {
-    return !jgTasks->value("JobLotTaskKey").isNoKey();
+    return !ui.jgTasks->value("JobLotTaskKey").isNoKey();
 }
 
 } // namespace tarnwell

@@ -2,26 +2,15 @@
 
 #include "frame/Screen.h"
 #include "timecard/PaymentRules.h"
+#include "timecard/PayrollControls.h"
 #include "timecard/PayrollFocus.h"
 #include "timecard/TaskHistory.h"
 
 #include <functional>
 #include <memory>
 
-class QCheckBox;
-class QLabel;
-class QLayout;
-class QPushButton;
-
 namespace tarnwell {
 
-class Combo;
-class DateBox;
-class DayArrows;
-class Grid;
-class ListBox;
-class MaskedBox;
-class NoteBox;
 class Recordset;
 
 /// Time card entry: a job, one of its lots, a category and a task are chosen, and an employee is paid for it.
@@ -33,37 +22,18 @@ public:
     frmPayroll();
     ~frmPayroll() override;
 
-    /// Shows the payment that is selected in `lstTaskHistory`, modally.
-    using TaskNotes = std::function<void(frmPayroll& caller)>;
-    /// What a double click in the history opens; without one it does nothing.
-    static void setTaskNotes(TaskNotes opener);
-
-    /// The key of the payment that is selected in the history; 0 for none.
-    [[nodiscard]] qint64 selectedPaymentKey() const;
-    /// Lists the selected task's payments anew, with its figures and what is left to pay.
-    void LoadTaskHistory();
-
 protected:
     void Form_Load() override;
     void Form_Unload() override;
     void Toolbar1_ButtonClick(const QString& caption) override;
 
 private:
-    // frmPayrollLayout.cpp
-    void makeControls();
-    void nameControls();
-    [[nodiscard]] QLayout* jobRow();
-    [[nodiscard]] QLayout* taskColumn();
-    [[nodiscard]] QLayout* paymentColumn();
-    [[nodiscard]] QWidget* timecardEntry();
-    [[nodiscard]] QWidget* taskEntry();
-    [[nodiscard]] QLayout* figures();
-    void orderTabs();
-
     void connectControls();
     void applyFocusRule(const PayrollFocusRule& rule);
 
     void LoadJob();
+    /// Lists the selected task's payments anew, with its figures and what is left to pay.
+    void LoadTaskHistory();
     void LoadEmployeeHistory();
     void FindEmployee();
     void FindJob();
@@ -87,24 +57,7 @@ private:
     [[nodiscard]] bool areTasksEmpty() const override;
     [[nodiscard]] bool hasTask() const override;
 
-    MaskedBox* m_jobNumber = nullptr; // MskField(2)
-    MaskedBox* m_jobName = nullptr;   // MskField(1)
-    MaskedBox* m_builder = nullptr;   // MskField(4)
-    MaskedBox* m_price = nullptr;     // txtField(0)
-    Grid* jgJobLots = nullptr;
-    Grid* jgTasks = nullptr;
-    Combo* cmbType = nullptr;
-    Combo* cmbEmployees = nullptr;
-    QCheckBox* chkUseTaskEmployee = nullptr;
-    DateBox* rebCompleted = nullptr;
-    DayArrows* vscrCompleted = nullptr;
-    NoteBox* rchNote = nullptr;
-    QPushButton* cmdApplyTask = nullptr;
-    ListBox* lstTaskHistory = nullptr;
-    ListBox* lstEmployeeHistory = nullptr;
-    QLabel* m_totalPaid = nullptr;  // lblFieldLabel(12)
-    QLabel* m_difference = nullptr; // lblFieldLabel(5)
-
+    PayrollControls ui;
     qint64 JobKey = 0;
     std::unique_ptr<Recordset> LotRecordset;  ///< None until the first job.
     std::unique_ptr<Recordset> TaskRecordset; ///< Likewise.

@@ -9,7 +9,6 @@
 #include "runtime/EventGuard.h"
 #include "runtime/modErrorRoutines.h"
 #include "timecard/TimeCardJob.h"
-#include "timecard/frmPayroll.h"
 
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -21,14 +20,14 @@ namespace {
 constexpr QSize designSize(560, 320);
 constexpr int priceWidth = 120, buttonGap = 32;
 
-/// The payment is whatever the caller's history stands on.
-qint64 paymentKey() {
-    return theForm<frmPayroll>().selectedPaymentKey();
-}
-
 } // namespace
 
 frmTaskNotes::frmTaskNotes() : Screen("frmTaskNotes", "Task Notes", {Part::StatusBar}) {}
+
+void frmTaskNotes::openFor(qint64 paymentKey, QWidget* owner) {
+    m_paymentKey = paymentKey;
+    Show(Modality::Modal, owner);
+}
 
 void frmTaskNotes::Form_Load() {
     makeControls();
@@ -98,7 +97,7 @@ void frmTaskNotes::Form_Activate() {
 
 /// Each value goes to its place as soon as it is there: what comes behind a failure stays empty.
 void frmTaskNotes::showPayment() {
-    const ShownPayment payment = readPayment(connection(), paymentKey());
+    const ShownPayment payment = readPayment(connection(), m_paymentKey);
     m_shown = payment.row;
     m_price->setText(payment.priceText);
     rchNote->setText(payment.note.toText());
@@ -139,7 +138,7 @@ void frmTaskNotes::cmbEmployees_KeyDown(int& keyCode) {
 }
 
 void frmTaskNotes::cmdAccept_Click() {
-    acceptCorrection(connection(), paymentKey(), m_shown,
+    acceptCorrection(connection(), m_paymentKey, m_shown,
                      {.priceText = m_price->text(),
                       .note = rchNote->text(),
                       .employeeKey = cmbEmployees->ItemData(cmbEmployees->ListIndex())});
@@ -147,7 +146,7 @@ void frmTaskNotes::cmdAccept_Click() {
 }
 
 void frmTaskNotes::cmdRemove_Click() {
-    if (removePayment(connection(), paymentKey(), MsgBox))
+    if (removePayment(connection(), m_paymentKey, MsgBox))
         leave();
 }
 

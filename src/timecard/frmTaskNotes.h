@@ -11,14 +11,17 @@ class Combo;
 class MaskedBox;
 class NoteBox;
 
-/// Changes or removes the payment that is selected in the history of `frmPayroll`; shown modally by that
-/// screen only. It hides and stays loaded: its employees are those of its first showing, the payment is read
-/// at each.
+/// Changes or removes a payment. It hides and stays loaded: its employees are those of its first showing, the
+/// payment is read at each.
 class frmTaskNotes : public Screen {
     Q_OBJECT
 
 public:
     frmTaskNotes();
+
+    /// Shows the payment of that key modally; returns when the dialog is hidden. A payment that can't be read
+    /// is reported, and shows as empty.
+    void openFor(qint64 paymentKey, QWidget* owner);
 
 protected:
     void Form_Load() override;
@@ -43,6 +46,7 @@ private:
     QPushButton* cmdAccept = nullptr;
     QPushButton* cmdCancel = nullptr;
 
+    qint64 m_paymentKey = 0;
     RowSnapshot m_shown; ///< Nothing after a failed reading.
 };
 

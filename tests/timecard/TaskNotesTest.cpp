@@ -24,15 +24,7 @@ class TaskNotes : public ScreenTest {
 protected:
     using Work = std::function<void(const ScreenDriver& dialog)>;
 
-    void SetUp() override {
-        workOn(data.db);
-        frmPayroll::setTaskNotes(
-            [](frmPayroll& caller) { theForm<frmTaskNotes>().Show(Screen::Modality::Modal, &caller); });
-    }
-    void TearDown() override {
-        ScreenTest::TearDown();
-        frmPayroll::setTaskNotes(nullptr);
-    }
+    void SetUp() override { workOn(data.db); }
 
     void openHistory() {
         payroll.emplace(theForm<frmPayroll>());

@@ -1,3 +1,5 @@
+#include "timecard/EmployeeControls.h"
+
 #include "controls/Combo.h"
 #include "controls/DateBox.h"
 #include "controls/FormLayout.h"
@@ -6,20 +8,16 @@
 #include "controls/MaskedBox.h"
 #include "controls/NoteBox.h"
 #include "look/Theme.h"
-#include "timecard/frmEmployee.h"
 
 #include <QCheckBox>
 #include <QGroupBox>
 #include <QRegularExpressionValidator>
 #include <QVBoxLayout>
 
-// The screen as it is seen: texts, places and the order of Tab.
-
 namespace tarnwell {
 
 namespace {
 
-constexpr QSize designSize(940, 640);
 constexpr int sideGap = 24;
 constexpr int ssnWidth = 130, telephoneWidth = 150, dateWidth = 110, smallWidth = 80;
 constexpr int fieldRows = 8, informationHeight = 76;
@@ -47,36 +45,41 @@ constexpr std::array<Field, EmployeeField::Count> fields{{
 
 } // namespace
 
-void frmEmployee::makeControls() {
-    setDesignSize(designSize);
+void EmployeeControls::build(QWidget& form) {
+    make(form);
+    auto* rows = filling<QVBoxLayout>(&form);
+    heading = label({}, "lblEmployee");
+    QFont font = heading->font();
+    font.setPointSizeF(font.pointSizeF() * headingScale);
+    font.setBold(true);
+    heading->setFont(font);
+    rows->addWidget(heading);
+    rows->addWidget(information(), 1);
+    rows->addWidget(fieldLabel(12, "Notes Log:", lstErrorLog));
+    rows->addWidget(lstErrorLog);
+    orderTabs();
+}
+
+void EmployeeControls::make(QWidget& form) {
     for (MaskedBox*& field : MskField)
-        field = new MaskedBox(0, canvas());
+        field = new MaskedBox(0, &form);
     MskField[EmployeeField::Ssn]->setPlaceholderText("000-00-0000");
     MskField[EmployeeField::Telephone]->setPlaceholderText("(000) 000-0000");
     // A text that is no number could not be stored.
     MaskedBox* dependants = MskField[EmployeeField::Dependants];
     dependants->setValidator(new QRegularExpressionValidator(QRegularExpression("[0-9]{0,4}"), dependants));
-    cmbType = new Combo(canvas());
-    cmbForeman = new Combo(canvas());
-    cmbMaritalStatus = new Combo(canvas());
-    rebHired = new DateBox(DateBox::Arrows::Beside, canvas());
-    rebTerminated = new DateBox(DateBox::Arrows::Beside, canvas());
-    rchField = new NoteBox(canvas());
-    chkInActive = new QCheckBox(canvas());
-    lstErrorLog = new ListBox(ListBox::Pitch::Fixed, canvas());
-    nameControls();
-    layOut();
-    orderTabs();
+    cmbType = new Combo(&form);
+    cmbForeman = new Combo(&form);
+    cmbMaritalStatus = new Combo(&form);
+    rebHired = new DateBox(DateBox::Arrows::Beside, &form);
+    rebTerminated = new DateBox(DateBox::Arrows::Beside, &form);
+    rchField = new NoteBox(&form);
+    chkInActive = new QCheckBox(&form);
+    lstErrorLog = new ListBox(ListBox::Pitch::Fixed, &form);
 }
 
-void frmEmployee::nameControls() {
-    for (std::size_t i = 0; i < fields.size(); ++i)
-        nameControl(MskField.at(i), QStringLiteral("MskField(%1)").arg(i), fields.at(i).toolTip);
-    const struct {
-        QWidget* control;
-        const char* name;
-        const char* toolTip;
-    } controls[] = {
+std::vector<NamedControl> EmployeeControls::named() const {
+    std::vector<NamedControl> controls{
         {cmbType, "cmbType", "Enter Employee Type!"},
         {rebHired, "rebHired", "Enter hired date"},
         {rebTerminated, "rebTerminated", "Enter terminated date"},
@@ -86,25 +89,13 @@ void frmEmployee::nameControls() {
         {chkInActive, "chkInActive", "Select to change active status of employee"},
         {lstErrorLog, "lstErrorLog", "Error Log Information"},
     };
-    for (const auto& [control, name, toolTip] : controls)
-        nameControl(control, name, toolTip);
-}
-
-void frmEmployee::layOut() {
-    auto* form = filling<QVBoxLayout>(canvas());
-    m_heading = label({}, "lblEmployee");
-    QFont font = m_heading->font();
-    font.setPointSizeF(font.pointSizeF() * headingScale);
-    font.setBold(true);
-    m_heading->setFont(font);
-    form->addWidget(m_heading);
-    form->addWidget(information(), 1);
-    form->addWidget(fieldLabel(12, "Notes Log:", lstErrorLog));
-    form->addWidget(lstErrorLog);
+    for (std::size_t i = 0; i < fields.size(); ++i)
+        controls.push_back({MskField.at(i), QStringLiteral("MskField(%1)").arg(i), fields.at(i).toolTip});
+    return controls;
 }
 
 /// Who somebody is on the left, what he is to the office on the right, and what is written about him below.
-QWidget* frmEmployee::information() {
+QWidget* EmployeeControls::information() {
     auto* frame = new QGroupBox("&Employee");
     frame->setObjectName("fraInformation");
     auto* grid = spaced<QGridLayout>(frame);
@@ -154,7 +145,7 @@ QWidget* frmEmployee::information() {
 }
 
 /// Down the left column, down the right one, then what lies below.
-void frmEmployee::orderTabs() {
+void EmployeeControls::orderTabs() {
     std::vector<QWidget*> order(MskField.begin(), MskField.begin() + EmployeeField::Telephone);
     order.insert(order.end(),
                  {cmbType, cmbForeman, rebHired, rebTerminated, MskField[EmployeeField::Telephone],

@@ -1,3 +1,5 @@
+#include "timecard/PayrollControls.h"
+
 #include "controls/Combo.h"
 #include "controls/DateBox.h"
 #include "controls/DayArrows.h"
@@ -7,7 +9,6 @@
 #include "controls/MaskedBox.h"
 #include "controls/NoteBox.h"
 #include "controls/grid/Grid.h"
-#include "timecard/frmPayroll.h"
 
 #include <QCheckBox>
 #include <QGroupBox>
@@ -17,13 +18,10 @@
 
 #include <algorithm>
 
-// The screen as it is seen: texts, columns, places and the order of Tab.
-
 namespace tarnwell {
 
 namespace {
 
-constexpr QSize designSize(1180, 640);
 constexpr int jobNumberDigits = 19, priceDigits = 13, dateDigits = 11; // Widths, in digits of the font.
 constexpr int lotRows = 2, taskRows = 3;                               // Shares of the height.
 constexpr int leftShare = 11, rightShare = 10;
@@ -97,96 +95,96 @@ int entryLabelWidth(const QWidget& form) {
 
 } // namespace
 
-void frmPayroll::makeControls() {
-    setDesignSize(designSize);
-    // No limit on what is typed: a type-ahead goes on behind a number that fills its column.
-    m_jobNumber = new MaskedBox(0, canvas());
-    m_jobName = shownField(canvas());
-    m_builder = shownField(canvas());
-    jgJobLots = readOnlyGrid(canvas(), lotColumns());
-    jgTasks = readOnlyGrid(canvas(), taskColumns());
-    cmbType = new Combo(canvas());
-    cmbType->setAlwaysChosen();
-    cmbEmployees = new Combo(canvas());
-    chkUseTaskEmployee = new QCheckBox(canvas());
-    rebCompleted = new DateBox(DateBox::Arrows::None, canvas());
-    // The date's own keys do their work; a click leaves the focus where it is.
-    vscrCompleted = new DayArrows(canvas());
-    vscrCompleted->setFocusPolicy(Qt::NoFocus);
-    m_price = new MaskedBox(0, canvas());
-    m_price->setText("0.00");
-    m_price->setAlignment(Qt::AlignRight);
-    rchNote = new NoteBox(canvas());
-    cmdApplyTask = new QPushButton("&Apply Payment", canvas());
-    lstTaskHistory = new ListBox(ListBox::Pitch::Proportional, canvas());
-    lstEmployeeHistory = new ListBox(ListBox::Pitch::Proportional, canvas());
-    for (ListBox* history : {lstTaskHistory, lstEmployeeHistory}) {
-        history->setSpacing(1);
-        history->setScrollsSideways();
-    }
-    nameControls();
-
-    auto* form = filling<QVBoxLayout>(canvas());
-    form->addLayout(jobRow());
+void PayrollControls::build(QWidget& form) {
+    make(form);
+    makeUnused(form);
+    auto* rows = filling<QVBoxLayout>(&form);
+    rows->addLayout(jobRow());
     auto* columns = new QHBoxLayout;
     columns->setSpacing(formColumnGap);
     columns->addLayout(taskColumn(), leftShare);
     columns->addLayout(paymentColumn(), rightShare);
-    form->addLayout(columns, 1);
+    rows->addLayout(columns, 1);
     orderTabs();
 }
 
-void frmPayroll::nameControls() {
-    auto* boundPrice = new MaskedBox(0, canvas());
-    boundPrice->hide();
+void PayrollControls::make(QWidget& form) {
+    // No limit on what is typed: a type-ahead goes on behind a number that fills its column.
+    jobNumber = new MaskedBox(0, &form);
+    jobName = shownField(&form);
+    jobName->setAccessibleName("Job Name");
+    builder = shownField(&form);
+    jgJobLots = readOnlyGrid(&form, lotColumns());
+    jgJobLots->setAccessibleName("Lots");
+    jgTasks = readOnlyGrid(&form, taskColumns());
+    cmbType = new Combo(&form);
+    cmbType->setAlwaysChosen();
+    cmbEmployees = new Combo(&form);
+    chkUseTaskEmployee = new QCheckBox(&form);
+    rebCompleted = new DateBox(DateBox::Arrows::None, &form);
+    // The date's own keys do their work; a click leaves the focus where it is.
+    vscrCompleted = new DayArrows(&form);
+    vscrCompleted->setFocusPolicy(Qt::NoFocus);
+    vscrCompleted->setAccessibleName("Completed: day on or back");
+    price = new MaskedBox(0, &form);
+    price->setText("0.00");
+    price->setAlignment(Qt::AlignRight);
+    rchNote = new NoteBox(&form);
+    cmdApplyTask = new QPushButton("&Apply Payment", &form);
+    lstTaskHistory = new ListBox(ListBox::Pitch::Proportional, &form);
+    lstEmployeeHistory = new ListBox(ListBox::Pitch::Proportional, &form);
+    for (ListBox* history : {lstTaskHistory, lstEmployeeHistory}) {
+        history->setSpacing(1);
+        history->setScrollsSideways();
+    }
+}
+
+/// The form's design has them, and nothing shows or fills them.
+void PayrollControls::makeUnused(QWidget& form) {
+    m_boundPrice = new MaskedBox(0, &form);
+    m_boundPrice->hide();
     auto* secondDateLabel = fieldLabel(3, "Completed:");
-    secondDateLabel->setParent(canvas());
+    secondDateLabel->setParent(&form);
     secondDateLabel->hide();
-    const struct {
-        QWidget* control;
-        const char* name;
-        const char* toolTip;
-    } controls[] = {
+}
+
+std::vector<NamedControl> PayrollControls::named() const {
+    return {
         {cmbType, "cmbType", "Select Category to Display Tasks"},
-        {lstEmployeeHistory, "lstEmployeeHistory", ""},
+        {lstEmployeeHistory, "lstEmployeeHistory"},
         {chkUseTaskEmployee, "chkUseTaskEmployee",
          "Use assigned task employee instead of the selected employee"},
         {rebCompleted, "rebCompleted", "Enter date for task completed"},
-        {vscrCompleted, "vscrCompleted", ""},
+        {vscrCompleted, "vscrCompleted"},
         {cmbEmployees, "cmbEmployees", "Select employee to add to tasks"},
-        {m_jobNumber, "MskField(2)", jobToolTip},
-        {m_jobName, "MskField(1)", jobToolTip},
-        {m_builder, "MskField(4)", ""},
-        {boundPrice, "MskField(8)", ""},
-        {lstTaskHistory, "lstTaskHistory", ""},
-        {m_price, "txtField(0)", "Enter price for task or Double-Click to auto add price"},
+        {jobNumber, "MskField(2)", jobToolTip},
+        {jobName, "MskField(1)", jobToolTip},
+        {builder, "MskField(4)"},
+        {m_boundPrice, "MskField(8)"},
+        {lstTaskHistory, "lstTaskHistory"},
+        {price, "txtField(0)", "Enter price for task or Double-Click to auto add price"},
         {cmdApplyTask, "cmdApplyTask", "Press to add task entry to history"},
         {rchNote, "rchNote", "Enter any notes for task"},
         {jgTasks, "jgTasks", "Select task to pay"},
         {jgJobLots, "jgJobLots", "Select the lot/block to display tasks to pay"},
     };
-    for (const auto& [control, name, toolTip] : controls)
-        nameControl(control, name, toolTip);
-    m_jobName->setAccessibleName("Job Name");
-    jgJobLots->setAccessibleName("Lots");
-    vscrCompleted->setAccessibleName("Completed: day on or back");
 }
 
-QLayout* frmPayroll::jobRow() {
+QLayout* PayrollControls::jobRow() {
     auto* row = spaced<QHBoxLayout>();
-    m_jobNumber->setFixedWidth(digits(*this, jobNumberDigits));
-    auto* jobLabel = fieldLabel(0, "Job:", m_jobNumber);
-    jobLabel->setMinimumWidth(widestOf(*this, {"Job:", "Category:"}));
+    jobNumber->setFixedWidth(digits(*cmdApplyTask, jobNumberDigits));
+    auto* jobLabel = fieldLabel(0, "Job:", jobNumber);
+    jobLabel->setMinimumWidth(widestOf(*jobNumber, {"Job:", "Category:"}));
     row->addWidget(jobLabel);
-    row->addWidget(m_jobNumber);
-    row->addWidget(m_jobName, 1);
+    row->addWidget(jobNumber);
+    row->addWidget(jobName, 1);
     row->addSpacing(formColumnGap - formSpacing);
-    row->addWidget(fieldLabel(2, "Builder:", m_builder));
-    row->addWidget(m_builder, 1);
+    row->addWidget(fieldLabel(2, "Builder:", builder));
+    row->addWidget(builder, 1);
     return row;
 }
 
-QLayout* frmPayroll::taskColumn() {
+QLayout* PayrollControls::taskColumn() {
     auto* column = spaced<QVBoxLayout>();
     column->addWidget(jgJobLots, lotRows);
     column->addLayout(labelled("&Category:", "lblField(0)", cmbType));
@@ -195,7 +193,7 @@ QLayout* frmPayroll::taskColumn() {
     return column;
 }
 
-QLayout* frmPayroll::paymentColumn() {
+QLayout* PayrollControls::paymentColumn() {
     auto* column = spaced<QVBoxLayout>();
     column->addWidget(timecardEntry());
     column->addWidget(taskEntry());
@@ -207,14 +205,14 @@ QLayout* frmPayroll::paymentColumn() {
     return column;
 }
 
-QWidget* frmPayroll::timecardEntry() {
+QWidget* PayrollControls::timecardEntry() {
     auto* frame = new QGroupBox("&Timecard Entry");
     frame->setObjectName("Frame1");
     auto* grid = spaced<QGridLayout>(frame);
-    grid->setColumnMinimumWidth(0, entryLabelWidth(*this));
+    grid->setColumnMinimumWidth(0, entryLabelWidth(*cmdApplyTask));
     grid->addWidget(fieldLabel(9, "Employee:", cmbEmployees), 0, 0);
     grid->addWidget(cmbEmployees, 0, 1, 1, 4);
-    rebCompleted->setFixedWidth(digits(*this, dateDigits));
+    rebCompleted->setFixedWidth(digits(*cmdApplyTask, dateDigits));
     grid->addWidget(fieldLabel(1, "Completed:", rebCompleted), 1, 0);
     auto* date = new QHBoxLayout;
     date->setSpacing(1);
@@ -227,29 +225,29 @@ QWidget* frmPayroll::timecardEntry() {
     return frame;
 }
 
-QWidget* frmPayroll::taskEntry() {
+QWidget* PayrollControls::taskEntry() {
     auto* frame = new QGroupBox("Task &Entry");
     frame->setObjectName("fraTask");
     auto* grid = spaced<QGridLayout>(frame);
-    grid->setColumnMinimumWidth(0, entryLabelWidth(*this));
-    m_price->setFixedWidth(digits(*this, priceDigits));
-    grid->addWidget(fieldLabel(7, "Task Price:", m_price), 0, 0);
-    grid->addWidget(m_price, 0, 1);
+    grid->setColumnMinimumWidth(0, entryLabelWidth(*cmdApplyTask));
+    price->setFixedWidth(digits(*cmdApplyTask, priceDigits));
+    grid->addWidget(fieldLabel(7, "Task Price:", price), 0, 0);
+    grid->addWidget(price, 0, 1);
     grid->setColumnStretch(2, 1);
-    rchNote->setFixedHeight(formMargin + noteLines * fontMetrics().lineSpacing());
+    rchNote->setFixedHeight(formMargin + noteLines * rchNote->fontMetrics().lineSpacing());
     grid->addWidget(fieldLabel(8, "Note:", rchNote), 1, 0, Qt::AlignTop);
     grid->addWidget(rchNote, 1, 1, 1, 2);
     grid->addWidget(cmdApplyTask, 2, 2, Qt::AlignRight);
     return frame;
 }
 
-QLayout* frmPayroll::figures() {
+QLayout* PayrollControls::figures() {
     auto* grid = new QGridLayout;
     grid->setContentsMargins(formMargin, 0, formMargin, 0);
     grid->setVerticalSpacing(2);
-    m_totalPaid = fieldLabel(12, "0.00");
-    m_difference = fieldLabel(5, "0.00");
-    for (QLabel* figure : {m_totalPaid, m_difference}) {
+    totalPaid = fieldLabel(12, "0.00");
+    difference = fieldLabel(5, "0.00");
+    for (QLabel* figure : {totalPaid, difference}) {
         QFont font = figure->font();
         font.setPointSizeF(font.pointSizeF() * figureScale);
         font.setBold(true);
@@ -257,17 +255,17 @@ QLayout* frmPayroll::figures() {
         figure->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     }
     grid->addWidget(fieldLabel(11, "Total paid for task:"), 0, 0);
-    grid->addWidget(m_totalPaid, 0, 1);
+    grid->addWidget(totalPaid, 0, 1);
     grid->addWidget(fieldLabel(6, "Difference paid for task:"), 1, 0);
-    grid->addWidget(m_difference, 1, 1);
+    grid->addWidget(difference, 1, 1);
     grid->setColumnStretch(1, 1);
     return grid;
 }
 
 /// The way of one payment, then what is only read.
-void frmPayroll::orderTabs() {
-    tabThrough({m_jobNumber, jgJobLots, cmbType, jgTasks, cmbEmployees, chkUseTaskEmployee, rebCompleted,
-                m_price, rchNote, cmdApplyTask, lstTaskHistory, lstEmployeeHistory, m_jobName, m_builder});
+void PayrollControls::orderTabs() {
+    tabThrough({jobNumber, jgJobLots, cmbType, jgTasks, cmbEmployees, chkUseTaskEmployee, rebCompleted, price,
+                rchNote, cmdApplyTask, lstTaskHistory, lstEmployeeHistory, jobName, builder});
 }
 
 } // namespace tarnwell

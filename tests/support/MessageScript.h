@@ -10,7 +10,7 @@
 namespace tarnwell::test {
 
 /// Answers message boxes from a list, in order, and keeps what was shown. A message behind the last answer
-/// gets its default button and fails the test that is running.
+/// gets its default button and fails the test that is running; many of them throw std::runtime_error.
 class MessageScript {
 public:
     explicit MessageScript(std::initializer_list<Answer> answers = {});
@@ -28,6 +28,7 @@ private:
 
     std::deque<Answer> m_answers;
     std::vector<MessageRequest> m_shown;
+    int m_unexpected = 0;
     Ask m_before;
 };
 

@@ -6,7 +6,6 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QTest>
-#include <QTimer>
 #include <QToolButton>
 
 #include <gtest/gtest.h>
@@ -20,7 +19,7 @@ ScreenDriver::ScreenDriver(QWidget& window) : m_window(window) {
         window.show();
     window.activateWindow();
     // A window whose owner is active would count as active itself.
-    EXPECT_TRUE(QTest::qWaitFor([&window] { return QApplication::activeWindow() == &window; }));
+    EXPECT_TRUE(waitFor([&window] { return QApplication::activeWindow() == &window; }));
 }
 
 void ScreenDriver::type(const QString& text) const {
@@ -75,7 +74,7 @@ QString ScreenDriver::focusedName() const {
 void ScreenDriver::choose(const QString& name, const QString& text) const {
     auto& combo = find<QComboBox>(name);
     input::openList(combo);
-    EXPECT_TRUE(QTest::qWaitFor([&combo] { return combo.view()->isVisible(); }));
+    EXPECT_TRUE(waitFor([&combo] { return combo.view()->isVisible(); }));
     input::clickEntry(combo, text);
 }
 
@@ -84,24 +83,9 @@ void ScreenDriver::clickLine(const QString& name, int row) const {
 }
 
 bool waitFor(const std::function<bool()>& condition) {
-    return QTest::qWaitFor(condition, 2000);
-}
-
-void whenModal(std::function<void(QWidget&)> routine) {
-    auto* timer = new QTimer(qApp);
-    QObject::connect(timer, &QTimer::timeout, timer, [timer, routine = std::move(routine)] {
-        QWidget* modal = QApplication::activeModalWidget();
-        if (modal == nullptr || !modal->isActiveWindow())
-            return;
-        timer->deleteLater();
-        timer->stop();
-        routine(*modal);
-    });
-    timer->start(1);
-}
-
-void whenShown(std::function<void(const ScreenDriver&)> use) {
-    whenModal([use = std::move(use)](QWidget& window) { use(ScreenDriver(window)); });
+    // Only a broken expectation waits so long; a loaded machine may need some of it.
+    constexpr int milliseconds = 30'000;
+    return QTest::qWaitFor(condition, milliseconds);
 }
 
 } // namespace tarnwell::test

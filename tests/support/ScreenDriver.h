@@ -1,6 +1,7 @@
 #pragma once
 
 #include "input/WidgetInput.h"
+#include "support/ModalWindows.h"
 
 #include <QPoint>
 #include <QString>
@@ -47,11 +48,8 @@ private:
     QWidget& m_window;
 };
 
-/// Runs the event loop until the condition holds; false after two seconds.
+/// Runs the event loop until the condition holds. False when it doesn't after half a minute, whatever the
+/// machine's speed: no condition needs so long.
 [[nodiscard]] bool waitFor(const std::function<bool()>& condition);
-/// Runs a routine once the next modal window is up and active (before a call that blocks in it).
-void whenModal(std::function<void(QWidget& window)> routine);
-/// The same, with a driver for that window.
-void whenShown(std::function<void(const ScreenDriver& window)> use);
 
 } // namespace tarnwell::test

@@ -12,7 +12,12 @@ namespace tarnwell {
 
 namespace {
 
-constexpr int momentMilliseconds = 12; ///< Below a picture of the screen, so that scrolling stays even.
+/// Below a picture of the screen, so that scrolling stays even.
+constexpr int momentMilliseconds = 12;
+/// A moment's pages are bounded both ways: a slow machine shows the hits of a short report at once as well,
+/// and a fast one goes no longer without looking at the keys.
+constexpr int fewestPages = 40;
+constexpr int mostPages = 1000;
 
 } // namespace
 
@@ -45,8 +50,11 @@ void PageFinder::searchForAMoment() {
     const QDeadlineTimer moment(momentMilliseconds);
     const int count = m_pages.count();
     try {
-        for (; m_searched < count && !moment.hasExpired(); ++m_searched)
+        for (int done = 0; m_searched < count && done < mostPages; ++done, ++m_searched) {
+            if (done >= fewestPages && moment.hasExpired())
+                break;
             searchPage((m_from - 1 + m_searched) % count + 1);
+        }
     } catch (const RunTimeError& error) {
         m_hits.clear();
         m_error = error.description();

@@ -10,7 +10,7 @@
 namespace tarnwell {
 
 /// Looks for a text on the pages of a report, a moment's worth of pages at a time, so that typing and
-/// scrolling go on in a report of 70,000 pages. A short report is searched at once.
+/// scrolling go on in a report of 70,000 pages. A report of up to 40 pages is searched at once.
 class PageFinder : public QObject {
     Q_OBJECT
 

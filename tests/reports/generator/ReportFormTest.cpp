@@ -19,7 +19,7 @@ using namespace tarnwell::test;
 
 namespace {
 
-constexpr int tooLong = 10'000; ///< Milliseconds after which a report that nobody could cancel gives up.
+constexpr int tooLong = 60'000; ///< Milliseconds after which a report that nobody could cancel gives up.
 constexpr int longerThanAnInstant = 50; ///< Milliseconds after which a form looks for clicks again.
 
 QString anyRow(const ReportParameters& /*parameters*/) {

@@ -256,22 +256,22 @@ TEST_F(PreviewTest, TypingFindsFromThePageOnAndF3GoesRound) {
 }
 
 TEST_F(PreviewTest, ALongReportIsSearchedFromThePageOnWhileTheKeysGoOn) {
-    const LinedPages many(60000);
+    const LinedPages many(3000); // more than are searched before keys are looked at again
     PreviewWindow longer(many, QStringLiteral("Gantt Chart"), {});
     const ScreenDriver keys(longer);
     auto& seen = keys.find<PreviewView>("pages");
     auto& result = keys.find<QLabel>("lblFindResult");
-    seen.goToPage(59000);
+    seen.goToPage(2000);
     keys.press(Qt::Key_F, Qt::ControlModifier);
-    keys.type("line 4 of page 59001");
-    EXPECT_EQ(seen.currentPage(), 59001);
+    keys.type("line 4 of page 2001");
+    EXPECT_EQ(seen.currentPage(), 2001);
     EXPECT_EQ(result.text(), "1 of 1...");
     keys.press(Qt::Key_F3);
-    EXPECT_EQ(seen.currentPage(), 59001) << "where the next one is isn't known yet";
+    EXPECT_EQ(seen.currentPage(), 2001) << "where the next one is isn't known yet";
     keys.press(Qt::Key_A, Qt::ControlModifier);
     keys.type("of page 123");
     EXPECT_TRUE(result.text().endsWith("...")) << result.text().toStdString();
-    EXPECT_TRUE(waitFor([&] { return result.text() == "1 of 555"; }));
+    EXPECT_TRUE(waitFor([&] { return result.text() == "1 of 55"; })) << result.text().toStdString();
     EXPECT_EQ(seen.currentPage(), 123);
 }
 
@@ -282,9 +282,12 @@ TEST_F(PreviewTest, AHitIsScrolledIntoViewAndMarked) {
     const double scale = page.width() / pages.paper.width();
     const QPoint hit = page.topLeft() + (QPointF(3000, 5 * 2500 + 120) * scale).toPoint();
     ASSERT_TRUE(view().viewport()->rect().contains(hit));
-    const QColor mark = view().viewport()->grab().toImage().pixelColor(hit);
-    EXPECT_GT(mark.red(), 200);
-    EXPECT_LT(mark.blue(), 150);
+    // A slow machine paints the page in one of the next pictures only.
+    const auto isMarked = [&] {
+        const QColor mark = view().viewport()->grab().toImage().pixelColor(hit);
+        return mark.red() > 200 && mark.blue() < 150;
+    };
+    EXPECT_TRUE(waitFor(isMarked));
 }
 
 TEST_F(PreviewTest, NotFoundIsSaidInTheLineAndMatchCaseCounts) {

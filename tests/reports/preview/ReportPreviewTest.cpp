@@ -92,10 +92,13 @@ TEST_F(ReportPreviewTest, ALongReportIsFoundThroughToItsLastPage) {
         auto& view = driver.find<PreviewView>("pages");
         EXPECT_EQ(driver.find<QLabel>("lblPageCount").text(), "of 1000");
         driver.press(Qt::Key_F, Qt::ControlModifier);
+        const auto finds = [&driver](const char* result) {
+            return test::waitFor([&] { return driver.find<QLabel>("lblFindResult").text() == result; });
+        };
         driver.type("sheet9");
-        EXPECT_EQ(driver.find<QLabel>("lblFindResult").text(), "1 of 111");
+        EXPECT_TRUE(finds("1 of 111"));
         driver.type("99;");
-        EXPECT_EQ(driver.find<QLabel>("lblFindResult").text(), "1 of 1");
+        EXPECT_TRUE(finds("1 of 1"));
         EXPECT_EQ(view.currentPage(), 999);
         driver.press(Qt::Key_G, Qt::ControlModifier);
         driver.type("500");

@@ -11,13 +11,13 @@ namespace tarnwell {
 namespace {
 
 namespace mark {
-constexpr quint8 line = 1;
-constexpr quint8 landscape = 2;
-constexpr quint8 wideText = 4; ///< In UTF-16, else in Latin-1.
-constexpr quint8 newLook = 8;  ///< Its look follows, else it has the one of the text before.
-constexpr quint8 bold = 16;
-constexpr quint8 pageTotal = 32;
-constexpr quint8 flag2 = 64;
+constexpr quint32 line = 1;
+constexpr quint32 landscape = 2;
+constexpr quint32 wideText = 4; ///< In UTF-16, else in Latin-1.
+constexpr quint32 newLook = 8;  ///< Its look follows, else it has the one of the text before.
+constexpr quint32 bold = 16;
+constexpr quint32 pageTotal = 32;
+constexpr quint32 flag2 = 64;
 } // namespace mark
 
 /// What both kinds begin with; the text or the line's record follows.
@@ -25,7 +25,7 @@ struct ItemHead {
     qint32 length; ///< Characters of a text, width of a line.
     qint16 x;
     qint16 y;
-    quint8 marks;
+    quint32 marks;
 };
 
 struct LineEnd {
@@ -39,18 +39,24 @@ struct LookRecord {
     quint32 backColor;
     quint32 foreColor;
     qint32 fontNameLength;
-    quint8 marks;
+    quint32 marks;
 };
 
-quint8 markIf(bool condition, quint8 mark) {
-    return condition ? mark : quint8{0};
+/// A record goes into the file as it lies in memory, so each of its bytes must belong to a member: padding
+/// would carry whatever stood on the stack before.
+template <class Record>
+concept WholeRecord =
+    std::is_trivially_copyable_v<Record> && std::has_unique_object_representations_v<Record>;
+
+quint32 markIf(bool condition, quint32 mark) {
+    return condition ? mark : 0;
 }
 
-quint8 lying(Orientation orientation) {
+quint32 lying(Orientation orientation) {
     return markIf(orientation == Orientation::Landscape, mark::landscape);
 }
 
-Orientation orientationOf(quint8 marks) {
+Orientation orientationOf(quint32 marks) {
     return (marks & mark::landscape) != 0 ? Orientation::Landscape : Orientation::Portrait;
 }
 
@@ -71,9 +77,8 @@ public:
 
     [[nodiscard]] bool atEnd() const { return m_rest.isEmpty(); }
 
-    template <class Record>
+    template <WholeRecord Record>
     [[nodiscard]] Record take() {
-        static_assert(std::is_trivially_copyable_v<Record>);
         Record record;
         std::memcpy(&record, takeBytes(sizeof record), sizeof record);
         return record;
@@ -104,7 +109,7 @@ private:
     QByteArrayView m_rest;
 };
 
-template <class Record>
+template <WholeRecord Record>
 void appendRecord(QByteArray& bytes, const Record& record) {
     bytes.append(reinterpret_cast<const char*>(&record), sizeof record);
 }
@@ -121,15 +126,10 @@ void appendLatin1(QByteArray& bytes, const QString& text) {
 }
 
 void appendLook(QByteArray& bytes, const TextLook& look) {
-    LookRecord record{}; // its padding is written too and must hold something
-    record.fontSize = look.FontSize;
-    record.backColor = look.BackColor;
-    record.foreColor = look.ForeColor;
-    record.fontNameLength = static_cast<qint32>(look.FontName.size());
-    record.marks =
-        static_cast<quint8>(markIf(look.Bold, mark::bold) | markIf(look.PageTotal, mark::pageTotal) |
-                            markIf(look.Flag2, mark::flag2));
-    appendRecord(bytes, record);
+    appendRecord(bytes, LookRecord{look.FontSize, look.BackColor, look.ForeColor,
+                                   static_cast<qint32>(look.FontName.size()),
+                                   markIf(look.Bold, mark::bold) | markIf(look.PageTotal, mark::pageTotal) |
+                                       markIf(look.Flag2, mark::flag2)});
     appendWide(bytes, look.FontName);
 }
 
@@ -153,11 +153,9 @@ QString textOnPage(const PageText& text, qint64 pageCount) {
 void ItemBytes::add(const PageText& text) {
     const bool isWide = !isLatin1(text.text);
     const bool isNew = !m_look || !isSameLook(*m_look, text.look);
-    ItemHead head{};
-    head = {static_cast<qint32>(text.text.size()), text.x, text.y,
-            static_cast<quint8>(lying(text.orientation) | markIf(isWide, mark::wideText) |
-                                markIf(isNew, mark::newLook))};
-    appendRecord(m_bytes, head);
+    appendRecord(m_bytes, ItemHead{static_cast<qint32>(text.text.size()), text.x, text.y,
+                                   lying(text.orientation) | markIf(isWide, mark::wideText) |
+                                       markIf(isNew, mark::newLook)});
     if (isNew) {
         appendLook(m_bytes, text.look);
         m_look = text.look;
@@ -169,9 +167,7 @@ void ItemBytes::add(const PageText& text) {
 }
 
 void ItemBytes::add(const PageLine& line) {
-    ItemHead head{};
-    head = {line.width, line.x1, line.y1, static_cast<quint8>(lying(line.orientation) | mark::line)};
-    appendRecord(m_bytes, head);
+    appendRecord(m_bytes, ItemHead{line.width, line.x1, line.y1, lying(line.orientation) | mark::line});
     appendRecord(m_bytes, LineEnd{line.x2, line.y2});
 }
 

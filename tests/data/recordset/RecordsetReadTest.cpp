@@ -102,6 +102,29 @@ TEST_F(RecordsetRead, FetchesOnlyAsFarAsItIsWalked) {
     EXPECT_EQ(rows["Name"], Value("2"));
 }
 
+// A statement that failed would begin again at its first row: rows would come twice.
+TEST_F(RecordsetRead, AReadThatFailsHalfWayEndsThere) {
+    addTasks({"1", "2", "broken", "4"});
+    open("SELECT json(Name) AS Name FROM MasterTask ORDER BY MasterTaskKey");
+    for (int repeated = 0; repeated < 3; ++repeated) {
+        EXPECT_NE(raisedNumber([&] { (void)rows.RecordCount(); }), 0);
+        EXPECT_NE(raisedNumber([&] {
+                      rows.setFilter("Name='2'");
+                      (void)rows.RecordCount();
+                  }),
+                  0);
+        rows.setFilter({});
+        EXPECT_NE(raisedNumber([&] { rows.MoveLast(); }), 0);
+    }
+    EXPECT_EQ(rows.AbsolutePosition(), 1);
+    EXPECT_EQ(rows.valueAt(2, 0), Value("2"));
+    EXPECT_NE(raisedNumber([&] { (void)walked(); }), 0) << "it does not pass for the end";
+    EXPECT_EQ(rows.AbsolutePosition(), 2);
+    database.run("UPDATE MasterTask SET Name='3' WHERE Name='broken'");
+    rows.Requery();
+    EXPECT_EQ(walked(), "1234");
+}
+
 TEST_F(RecordsetRead, DynamicFetchesNothingBeforeTheFirstLook) {
     addTasks({"A"});
     open("SELECT Name FROM MasterTask ORDER BY MasterTaskKey", CursorType::Dynamic);

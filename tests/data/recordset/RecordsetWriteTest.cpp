@@ -1,3 +1,4 @@
+#include "data/sqlite/SqliteHandle.h"
 #include "support/RaisedNumber.h"
 #include "support/TemporaryDatabase.h"
 
@@ -120,6 +121,37 @@ TEST_F(RecordsetWrite, CancelUpdateForgetsWhatWasSet) {
     EXPECT_EQ(rows.RecordCount(), 1);
     rows.Update();
     EXPECT_EQ(ask("SELECT Name FROM MasterTask"), Value("A"));
+}
+
+TEST_F(RecordsetWrite, RequeryDropsWhatIsPending) {
+    addTask("A", 1);
+    open("MasterTask");
+    rows.set("Name", "X");
+    rows.Requery();
+    EXPECT_FALSE(rows.isEditing());
+    EXPECT_EQ(rows["Name"], Value("A"));
+    rows.AddNew();
+    rows.Requery();
+    rows.MoveFirst();
+    EXPECT_EQ(rows.RecordCount(), 1);
+    EXPECT_EQ(ask("SELECT Name FROM MasterTask"), Value("A"));
+}
+
+// The row is stored, but cannot be read back: neither the table nor the recordset may keep it.
+TEST_F(RecordsetWrite, AFailedInsertTakesItsRowBack) {
+    data::SqliteHandle(database.path(), data::SqliteHandle::Access::ReadWrite)
+        .run("CREATE TRIGGER Eats AFTER INSERT ON MasterTask WHEN NEW.Name='eaten' "
+             "BEGIN DELETE FROM MasterTask WHERE MasterTaskKey=NEW.MasterTaskKey; "
+             "INSERT INTO MasterTask (Name) VALUES ('left'); END");
+    addTask("A", 1);
+    open("SELECT Name FROM MasterTask ORDER BY MasterTaskKey");
+    rows.AddNew();
+    rows.set("Name", "eaten");
+    EXPECT_EQ(raisedNumber([&] { rows.Update(); }), deletedNumber);
+    rows.CancelUpdate();
+    EXPECT_EQ(rows.RecordCount(), 1);
+    EXPECT_EQ(rows["Name"], Value("A"));
+    EXPECT_EQ(ask("SELECT COUNT(*) FROM MasterTask"), Value(1));
 }
 
 TEST_F(RecordsetWrite, AMoveWritesWhatIsPending) {

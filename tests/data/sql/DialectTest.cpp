@@ -137,7 +137,8 @@ TEST_F(DialectTest, CarriesMoreMarkedJobsThanTheEngineNests) {
     for (int key = 2; key <= 5000; ++key)
         sql += " OR Job.JobKey=" + QString::number(key);
     EXPECT_EQ(rows(sql + ") ORDER BY JobKey"), (Rows{"1", "2"}));
-    EXPECT_EQ(rows("SELECT JobKey FROM Job WHERE (JobKey=7 OR JobKey=2 OR ContractorKey=8)"), Rows{"2"});
+    EXPECT_EQ(rows("SELECT JobKey FROM Job WHERE (JobKey=7 OR ContractorKey=2)"), Rows{})
+        << "of two columns there is no list";
 }
 
 TEST_F(DialectTest, TellsWhoseRowsAreRead) {

@@ -62,6 +62,8 @@ public:
     void stepOne() override {}
     void DoEvents() override {}
     [[nodiscard]] bool CancelRequested() const override { return false; }
+    [[nodiscard]] bool letsStatementWork() override { return true; }
+    [[nodiscard]] bool goesOn() override { return true; }
 };
 
 const Report lotBudget{"frmRptLotBudget", "Lot Budget", lotBudgetQuery, drawLotBudget};

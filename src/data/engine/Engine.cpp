@@ -36,10 +36,6 @@ constexpr int stepsBetweenLooks = 2000;
 /// somebody watches, that is some hundredths of a second. Its own size is the better one for writing much.
 constexpr int usualCache = 16000, watchedCache = 4000;
 
-int endsStatement(void* watch) {
-    return (*static_cast<std::function<bool()>*>(watch))() ? 0 : 1;
-}
-
 /// Counts again the tables that have grown much and whose joins the engine planned without knowing it; a few
 /// hundred rows of each tell enough. A file that is read-only or in use stays as it is: the next close tries
 /// again.
@@ -57,11 +53,18 @@ Engine::Engine(const QString& path, std::chrono::milliseconds busyTimeout)
 }
 
 Engine::~Engine() {
-    close();
+    shutDown();
 }
 
 void Engine::close() {
-    if (!m_open)
+    m_open = false;
+    if (!m_askingWatch)
+        shutDown();
+}
+
+void Engine::shutDown() {
+    m_open = false;
+    if (m_handle.get() == nullptr)
         return;
     for (RowStore* reader : m_readers)
         reader->abandon();
@@ -70,11 +73,16 @@ void Engine::close() {
     abandonTransaction();
     renewStatistics(m_handle.get());
     m_handle.close();
-    m_open = false;
+}
+
+StatementLease Engine::lease(const QByteArray& sql) {
+    requireOutsideWatch();
+    return {m_cache, sql};
 }
 
 int Engine::execute(const Translation& translation) {
     completeReaders();
+    requireTransactionWhole();
     StatementLease statement = lease(translation.shape->sql);
     statement->bindAll(translation.parameters);
     statement->run();
@@ -104,10 +112,11 @@ void Engine::begin() {
 void Engine::commit() {
     if (!m_inTransaction)
         raise(Failure::NotAllowed, QStringLiteral("No transaction is open."));
-    if (sqlite3_get_autocommit(m_handle.get()) != 0) {
-        // A full disk or a failing one makes the engine roll back by itself.
-        m_inTransaction = false;
-        raise(Failure::DatabaseFailure, QStringLiteral("The transaction was rolled back after a failure."));
+    try {
+        requireTransactionWhole();
+    } catch (const RunTimeError&) {
+        m_inTransaction = false; // nothing is left to be rolled back
+        throw;
     }
     lease("COMMIT")->run();
     m_inTransaction = false;
@@ -124,16 +133,37 @@ void Engine::rollback() {
 
 void Engine::abandonTransaction() noexcept {
     m_inTransaction = false;
-    if (m_open && sqlite3_get_autocommit(m_handle.get()) == 0)
+    if (m_handle.get() != nullptr && sqlite3_get_autocommit(m_handle.get()) == 0)
         sqlite3_exec(m_handle.get(), "ROLLBACK", nullptr, nullptr, nullptr);
+}
+
+void Engine::requireTransactionWhole() const {
+    if (m_inTransaction && sqlite3_get_autocommit(m_handle.get()) != 0)
+        raise(Failure::DatabaseFailure, QStringLiteral("The transaction was rolled back after a failure."));
 }
 
 void Engine::setWatch(std::function<bool()> goesOn) {
     m_watch = std::move(goesOn);
-    if (!m_open)
+    if (!m_open) { // it was closed while the watch was asked
+        shutDown();
         return;
+    }
     setCache(m_watch ? watchedCache : usualCache);
-    sqlite3_progress_handler(m_handle.get(), m_watch ? stepsBetweenLooks : 0, endsStatement, &m_watch);
+    sqlite3_progress_handler(m_handle.get(), m_watch ? stepsBetweenLooks : 0, endsStatement, this);
+}
+
+/// The question may let events through, and with them whatever the program does on an error.
+int Engine::endsStatement(void* engine) {
+    Engine& self = *static_cast<Engine*>(engine);
+    self.m_askingWatch = true;
+    const bool goesOn = self.m_watch();
+    self.m_askingWatch = false;
+    return goesOn && self.m_open ? 0 : 1;
+}
+
+void Engine::requireOutsideWatch() const {
+    if (m_askingWatch)
+        raise(Failure::NotAllowed, QStringLiteral("Another statement is at work."));
 }
 
 /// Statements from outside may not set it, so their guard is put up behind it.
@@ -149,6 +179,7 @@ void Engine::removeReader(const RowStore& reader) {
 }
 
 void Engine::completeReaders() {
+    requireOutsideWatch();
     const std::vector<RowStore*> readers = m_readers;
     for (RowStore* reader : readers)
         reader->completeRead();
@@ -157,8 +188,10 @@ void Engine::completeReaders() {
 WriteScope::WriteScope(Engine& engine) : m_engine(engine), m_own(!engine.inTransaction()) {
     if (m_own)
         m_engine.begin();
-    else
+    else {
+        m_engine.requireTransactionWhole();
         m_engine.completeReaders();
+    }
 }
 
 WriteScope::~WriteScope() {

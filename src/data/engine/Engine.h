@@ -27,14 +27,17 @@ public:
 
     [[nodiscard]] bool isOpen() const { return m_open; }
     /// Recordsets that are still reading lose their rows; an open transaction is rolled back. A second close
-    /// does nothing.
+    /// does nothing. From within a watch's question it ends the statement at work, and the file is let go of
+    /// once that statement has returned.
     void close();
 
     /// Raises SyntaxError and PermissionDenied for what is not one statement of rows.
     [[nodiscard]] Translation translate(QStringView sql) { return m_dialect.translate(sql); }
-    /// A statement in the engine's own words, prepared before or now.
-    [[nodiscard]] StatementLease lease(const QByteArray& sql) { return {m_cache, sql}; }
-    /// Runs a translated statement to its end; the number of rows it touched.
+    /// A statement in the engine's own words, prepared before or now. Raises NotAllowed from within a watch's
+    /// question, as does everything that comes here.
+    [[nodiscard]] StatementLease lease(const QByteArray& sql);
+    /// Runs a translated statement to its end; the number of rows it touched. Raises DatabaseFailure where
+    /// the open transaction is lost: the rest of it must not be written without its beginning.
     int execute(const Translation& translation);
 
     /// As the connection's.
@@ -47,9 +50,12 @@ public:
     /// Rolls back what is open and reports nothing: for the way out of a failure.
     void abandonTransaction() noexcept;
     [[nodiscard]] bool inTransaction() const { return m_inTransaction; }
+    /// A full or failing disk makes the engine roll back by itself. The transaction is then lost, but stays
+    /// open for its owner to end it. Raises DatabaseFailure in that state.
+    void requireTransactionWhole() const;
 
     /// Asked again and again while a statement works; false ends it, and it raises Cancelled. Empty:
-    /// nobody is asked.
+    /// nobody is asked. While it is asked, the engine refuses to be used.
     void setWatch(std::function<bool()> goesOn);
 
     /// Recordsets whose statement has not come to its end.
@@ -61,6 +67,9 @@ public:
     void completeReaders();
 
 private:
+    static int endsStatement(void* engine);
+    void requireOutsideWatch() const;
+    void shutDown();
     void setCache(int kilobytes) noexcept;
 
     SqliteHandle m_handle;
@@ -69,6 +78,7 @@ private:
     std::vector<RowStore*> m_readers;
     std::function<bool()> m_watch;
     bool m_open = true;
+    bool m_askingWatch = false; ///< A statement is at work below, so nothing may be done with the handle.
     bool m_inTransaction = false;
 };
 

@@ -86,9 +86,9 @@ private:
     bool m_open = true;
 };
 
-/// Keeps an eye on the statements that the connection begins while this lives: `goesOn` is asked about every
-/// millisecond of their work, and once it says false they raise Cancelled. It must not use the
-/// connection and must not throw.
+/// Makes the statements that the connection begins while this lives interruptible: `goesOn` is asked about
+/// every millisecond of their work, and once it says false they raise Cancelled. It must not throw. While it
+/// is asked, every use of the connection raises NotAllowed; a Close ends the statement and works behind it.
 class StatementWatch {
 public:
     StatementWatch(Connection& connection, std::function<bool()> goesOn);

@@ -35,21 +35,40 @@ void DrawReport(const Report& report, ReportRun& run) {
     }
 }
 
-/// The key of the pages, or nothing when there was no row to draw. The rows are let go of: nobody reads them
-/// while the pages are looked at, and there may be a hundred thousand.
+/// Fetches all rows, or none and false when the user wants no report. The question stands between two tries,
+/// never within the statement: it would keep the connection from everybody else.
+bool readRows(Recordset& rows, const QString& sql, Connection& connection, ReportWatcher& watcher) {
+    for (;;) {
+        try {
+            const HourGlass hourGlass;
+            const StatementWatch watch(connection, [&watcher] { return watcher.letsStatementWork(); });
+            rows.Open(sql, connection, CursorType::Static, LockType::ReadOnly);
+            (void)rows.RecordCount();
+            break;
+        } catch (const RunTimeError& error) {
+            if (error.number() != makeError(Failure::Cancelled).number())
+                throw;
+            rows = Recordset();
+        }
+        if (!watcher.goesOn())
+            return false;
+    }
+    return watcher.goesOn();
+}
+
+/// The key of the pages, or nothing when there was no row to draw or no report wanted. The rows are let go
+/// of: nobody reads them while the pages are looked at, and there may be a hundred thousand.
 std::optional<qint64> drawPages(const Report& report, Connection& connection,
                                 const ReportParameters& parameters, PageSurface& surface,
                                 ReportWatcher& watcher) {
     Recordset rsReport;
-    {
-        const HourGlass hourGlass;
-        const StatementWatch watch(connection, [&watcher] {
-            watcher.DoEvents();
-            return !watcher.CancelRequested();
-        });
-        rsReport.Open(report.buildQuery(parameters), connection, CursorType::Static, LockType::ReadOnly);
-        if (rsReport.RecordCount() == 0)
-            return std::nullopt;
+    if (!readRows(rsReport, report.buildQuery(parameters), connection, watcher))
+        return std::nullopt;
+    if (rsReport.RecordCount() == 0) {
+        MsgBox({.text = "Nothing to print with given parameters.",
+                .title = "Report",
+                .icon = MessageIcon::Information});
+        return std::nullopt;
     }
     ReportRun run{.connection = connection,
                   .rsReport = rsReport,
@@ -72,15 +91,10 @@ void RunReport(const Report& report, Connection& connection, const ReportParamet
                PageSurface& surface, ReportWatcher& watcher, bool preview) {
     try {
         const auto reportKey = drawPages(report, connection, parameters, surface, watcher);
-        if (!reportKey.has_value())
-            MsgBox({.text = "Nothing to print with given parameters.",
-                    .title = "Report",
-                    .icon = MessageIcon::Information});
-        else if (!watcher.CancelRequested())
+        if (reportKey.has_value() && !watcher.CancelRequested())
             surface.ShowReport(*reportKey, preview);
     } catch (const RunTimeError& error) {
-        if (error.number() != makeError(Failure::Cancelled).number())
-            ErrorHandler(error, {});
+        ErrorHandler(error, {});
     }
 }
 

@@ -14,9 +14,14 @@ public:
     /// The run's units; also puts the progress back to 0.
     virtual void setMax(int units) = 0;
     virtual void stepOne() = 0;
-    /// Lets waiting events through, once a record and while the statement looks for them.
+    /// Lets waiting events through, once a record.
     virtual void DoEvents() = 0;
     [[nodiscard]] virtual bool CancelRequested() const = 0;
+    /// Lets waiting events through while a statement works, and asks the user nothing there. False ends the
+    /// statement; `goesOn` decides whether it begins again.
+    [[nodiscard]] virtual bool letsStatementWork() = 0;
+    /// Asks behind a statement what came up while it worked. False when the user wants no report.
+    [[nodiscard]] virtual bool goesOn() = 0;
 };
 
 /// What a report is drawn from and onto. `rsReport` stands on its first row and has at least one.

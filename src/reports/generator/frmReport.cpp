@@ -12,6 +12,7 @@
 #include <QHBoxLayout>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QScopedValueRollback>
 
 #include <utility>
 
@@ -39,7 +40,7 @@ void frmReport::Form_Load() {
         [this](qint64 done, qint64 pages) {
             return follow("Storing the pages...", done, pages) && !m_cancelClicked;
         },
-        [this] { return goesOnStoring(); });
+        [this] { return goesOn(); });
     ctlAHPrintPreview1->setFollowPrint(
         [this](qint64 done, qint64 pages) { return follow("Printing the pages...", done, pages); });
 }
@@ -112,15 +113,22 @@ void frmReport::closeRequested() {
         Unload();
 }
 
-/// While pages are stored others wait for the report database, so it is let go of before the question.
+/// While pages are stored others wait for the report database, and while a statement works the connection is
+/// not to be used: each is let go of before the question.
 void frmReport::cmdCancel_Click() {
-    if (ctlAHPrintPreview1->isStoring())
+    if (m_statementWorks || ctlAHPrintPreview1->isStoring())
         m_cancelClicked = true;
     else
         askToStop();
 }
 
-bool frmReport::goesOnStoring() {
+bool frmReport::letsStatementWork() {
+    const QScopedValueRollback works(m_statementWorks, true);
+    DoEvents();
+    return !m_cancelClicked && !m_cancelRequested;
+}
+
+bool frmReport::goesOn() {
     if (std::exchange(m_cancelClicked, false))
         askToStop();
     return !m_cancelRequested;

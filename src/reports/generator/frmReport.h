@@ -44,7 +44,8 @@ private:
     void layOut();
     void RunReport();
     void cmdCancel_Click();
-    [[nodiscard]] bool goesOnStoring();
+    [[nodiscard]] bool letsStatementWork() override;
+    [[nodiscard]] bool goesOn() override;
     void askToStop();
 
     void setMax(int units) override;
@@ -66,7 +67,8 @@ private:
     ReportParameters m_parameters;
     bool m_started = false;
     bool m_cancelRequested = false;
-    bool m_cancelClicked = false; ///< And not asked about yet.
+    bool m_statementWorks = false; ///< So a click is asked about behind it.
+    bool m_cancelClicked = false;  ///< And not asked about yet.
     int m_unitsDone = 0;
     QElapsedTimer m_sinceEvents;
 };

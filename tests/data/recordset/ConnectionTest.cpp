@@ -1,3 +1,4 @@
+#include "data/engine/Engine.h"
 #include "data/file/DatabaseFile.h"
 #include "data/sqlite/SqliteHandle.h"
 #include "support/DeathFolder.h"
@@ -147,6 +148,16 @@ TEST(Statement, RunsAloneAndOnlyOnRows) {
         EXPECT_EQ(database.ask("SELECT Name FROM MasterTask"), Value("Elm")) << sql;
     }
     EXPECT_NE(raisedNumber([&] { database.run("DELETE FROM sqlite_master"); }), 0);
+    // What the translation let through by mistake, the engine itself refuses.
+    for (const char* sql : {"DROP TABLE MasterTask", "PRAGMA foreign_keys=OFF", "ATTACH ':memory:' AS x"}) {
+        auto shape = std::make_shared<data::TranslatedShape>();
+        shape->sql = sql;
+        EXPECT_EQ(raisedNumber([&] {
+                      (void)database.connection().engine().execute({shape, {}});
+                  }),
+                  numberOf(Failure::PermissionDenied))
+            << sql;
+    }
 }
 
 struct FailingStatement {
@@ -200,6 +211,23 @@ TEST(Transactions, KeepAllOrNothing) {
     EXPECT_EQ(count(), Value(1));
     EXPECT_EQ(raisedNumber([&] { database.connection().CommitTrans(); }), 3219);
     EXPECT_EQ(raisedNumber([&] { database.connection().RollbackTrans(); }), 3219);
+}
+
+// A full disk makes the engine roll back by itself; what comes behind must not be written without its
+// beginning.
+TEST(Transactions, OneThatTheEngineRolledBackTakesNoMore) {
+    TemporaryDatabase database;
+    data::SqliteHandle(database.path(), data::SqliteHandle::Access::ReadWrite)
+        .run("CREATE TRIGGER Full BEFORE INSERT ON Code WHEN NEW.Description='full' "
+             "BEGIN SELECT RAISE(ROLLBACK, 'full'); END");
+    Transaction transaction(database.connection());
+    database.add("MasterTask", {});
+    EXPECT_NE(raisedNumber([&] { database.add("Code", {{"Description", "full"}}); }), 0);
+    EXPECT_NE(raisedNumber([&] { database.add("MasterTask", {}); }), 0);
+    EXPECT_NE(raisedNumber([&] { database.run("DELETE FROM Code"); }), 0);
+    EXPECT_NE(raisedNumber([&] { transaction.commit(); }), 0);
+    EXPECT_EQ(database.ask("SELECT COUNT(*) FROM MasterTask"), Value(0));
+    EXPECT_EQ(raisedNumber([&] { database.add("MasterTask", {}); }), 0);
 }
 
 TEST(Transactions, RolledBackByClosing) {

@@ -1,6 +1,7 @@
 #include "reports/drawing/ReportTest.h"
 #include "runtime/modGlobalVariables.h"
 #include "support/MessageScript.h"
+#include "support/RaisedNumber.h"
 
 #include <QFile>
 
@@ -43,8 +44,20 @@ protected:
         RunReport(jobReport, data.connection(), {.foreman = foreman}, pages, watcher, preview);
     }
 
+    void addCodes() {
+        for (int i = 0; i < 40; ++i)
+            data.database().run(QString("INSERT INTO Code (Code1, Description) VALUES (2, '%1')").arg(i));
+    }
+
     MessageScript script;
 };
+
+const Report slow{"frmRptSlow", "Slow",
+                  [](const ReportParameters& /*parameters*/) {
+                      return QString("SELECT A.CodeKey FROM Code AS A, Code AS B, Code AS C ORDER BY "
+                                     "A.Description, B.Description, C.Description");
+                  },
+                  [](ReportRun& run) { run.watcher.setMax(run.rsReport.RecordCount()); }};
 
 } // namespace
 
@@ -76,14 +89,7 @@ TEST_F(ReportRunTest, ACancelledRunShowsNothing) {
 }
 
 TEST_F(ReportRunTest, CancelIsHeardWhileTheStatementWorks) {
-    const Report slow{"frmRptSlow", "Slow",
-                      [](const ReportParameters& /*parameters*/) {
-                          return QString("SELECT A.CodeKey FROM Code AS A, Code AS B, Code AS C ORDER BY "
-                                         "A.Description, B.Description, C.Description");
-                      },
-                      drawJobs};
-    for (int i = 0; i < 40; ++i)
-        data.database().run(QString("INSERT INTO Code (Code1, Description) VALUES (2, '%1')").arg(i));
+    addCodes();
     Recordset halfRead;
     halfRead.Open("SELECT JobNumber FROM Job", data.connection());
     watcher.cancelAfter = 1;
@@ -95,6 +101,41 @@ TEST_F(ReportRunTest, CancelIsHeardWhileTheStatementWorks) {
     watcher.cancelAfter = -1;
     run();
     EXPECT_EQ(pages.shown(), QStringList{"preview 1"});
+}
+
+// A question within the statement would keep its hold on the database for as long as nobody answers.
+TEST_F(ReportRunTest, TheQuestionIsAskedBehindTheStatementAndNoBeginsItAgain) {
+    addCodes();
+    watcher.cancelAfter = 1;
+    watcher.whenAsked = [&] {
+        watcher.cancelAfter = -1;
+        data.database().run("DELETE FROM Code WHERE Description='7'");
+        return true;
+    };
+    RunReport(slow, data.connection(), {}, pages, watcher, true);
+    const int codes = data.database().ask("SELECT COUNT(*) FROM Code").toLong();
+    EXPECT_EQ(watcher.units, codes * codes * codes);
+    EXPECT_EQ(pages.shown(), QStringList{"preview 1"});
+}
+
+// An event that comes up while the statement works may do anything, up to ending the program.
+TEST_F(ReportRunTest, TheConnectionIsNotToBeUsedWhileTheStatementWorks) {
+    addCodes();
+    watcher.whileStatementWorks = [&] {
+        watcher.whileStatementWorks = {};
+        EXPECT_EQ(raisedNumber([&] { data.database().run("DELETE FROM Job"); }), 3219);
+        EXPECT_EQ(raisedNumber([&] { (void)data.database().ask("SELECT COUNT(*) FROM Job"); }), 3219);
+        EXPECT_EQ(raisedNumber([&] { data.connection().BeginTrans(); }), 3219);
+        EXPECT_EQ(raisedNumber([&] { const StatementWatch second(data.connection(), [] { return true; }); }),
+                  3219);
+        data.connection().Close();
+        watcher.cancelAfter = 0;
+    };
+    RunReport(slow, data.connection(), {}, pages, watcher, true);
+    EXPECT_EQ(watcher.units, -1) << "closing ends the statement";
+    EXPECT_FALSE(QFile::exists(data.database().path() + "-wal")) << "the file is let go of";
+    data.connection().Open();
+    EXPECT_EQ(data.database().ask("SELECT COUNT(*) FROM Job"), Value(3));
 }
 
 TEST_F(ReportRunTest, AnErrorInTheMiddleStillShowsWhatWasDrawn) {

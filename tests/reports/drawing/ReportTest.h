@@ -5,6 +5,7 @@
 #include "reports/drawing/ReportRun.h"
 #include "runtime/RunTime.h"
 
+#include <functional>
 #include <gtest/gtest.h>
 
 namespace tarnwell::test {
@@ -13,6 +14,8 @@ namespace tarnwell::test {
 class ScriptedWatcher : public ReportWatcher {
 public:
     int cancelAfter = -1; ///< Records; below 0 never.
+    std::function<void()> whileStatementWorks;
+    std::function<bool()> whenAsked; ///< In place of what `cancelAfter` says.
 
     int units = -1; ///< The last `setMax`; -1 before.
     int steps = 0;
@@ -25,6 +28,14 @@ public:
     void stepOne() override { ++steps; }
     void DoEvents() override { ++records; }
     [[nodiscard]] bool CancelRequested() const override { return cancelAfter >= 0 && records >= cancelAfter; }
+    /// Looks count as records do.
+    [[nodiscard]] bool letsStatementWork() override {
+        DoEvents();
+        if (whileStatementWorks)
+            whileStatementWorks();
+        return !CancelRequested();
+    }
+    [[nodiscard]] bool goesOn() override { return whenAsked ? whenAsked() : !CancelRequested(); }
 };
 
 /// A report's test: data to draw from, a surface that records, and a clock that stands at 03/05/24 08:15.

@@ -13,10 +13,10 @@ QString recordOf(qint64 builderKey) {
 
 } // namespace
 
-std::vector<std::pair<QString, qint64>> readBuilders(Connection& connection) {
+std::vector<ListItem> readBuilders(Connection& connection) {
     Recordset builders;
     builders.Open("SELECT ContractorKey, Name FROM Contractor ORDER BY Name", connection);
-    std::vector<std::pair<QString, qint64>> items;
+    std::vector<ListItem> items;
     for (; !builders.atEnd(); builders.MoveNext())
         items.emplace_back(FieldText(builders["Name"]), builders["ContractorKey"].toLong());
     return items;

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "data/recordset/Connection.h"
+#include "runtime/ListItem.h"
 
 #include <QString>
 
 #include <array>
-#include <utility>
 #include <vector>
 
 namespace tarnwell {
@@ -32,7 +32,7 @@ inline constexpr std::array builderFields{
 using BuilderTexts = std::array<QString, builderFields.size()>;
 
 /// All builders by name: name and key, as a combo takes them.
-[[nodiscard]] std::vector<std::pair<QString, qint64>> readBuilders(Connection& connection);
+[[nodiscard]] std::vector<ListItem> readBuilders(Connection& connection);
 /// Adds a builder with an empty name and returns its key.
 [[nodiscard]] qint64 addBuilder(Connection& connection);
 /// Null reads as the empty text. A builder that has gone, as 0, has empty texts.

@@ -20,8 +20,8 @@ QString jobLine(const QString& number, const Value& name) {
 
 } // namespace
 
-std::vector<std::pair<QString, qint64>> readJobList(Connection& connection, qint64 builderKey) {
-    std::vector<std::pair<QString, qint64>> lines{{jobLine("JOB #", "NAME"), 0}};
+std::vector<ListItem> readJobList(Connection& connection, qint64 builderKey) {
+    std::vector<ListItem> lines{{jobLine("JOB #", "NAME"), 0}};
     if (builderKey == 0)
         return lines;
     Recordset jobs;

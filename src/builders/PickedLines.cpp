@@ -4,12 +4,12 @@
 
 namespace tarnwell {
 
-void offerLines(ListBox& list, const std::vector<PickingLine>& lines) {
+void offerLines(ListBox& list, const std::vector<ListItem>& lines) {
     list.setItems(lines);
     QFont heading = list.font();
     heading.setBold(true);
     for (std::size_t i = 0; i < lines.size(); ++i)
-        if (lines[i].second == 0)
+        if (lines[i].key == 0)
             list.item(static_cast<int>(i))->setFont(heading);
     if (!lines.empty())
         list.setCurrentRow(0, QItemSelectionModel::NoUpdate);
@@ -25,8 +25,8 @@ void selectAllLines(ListBox& list, bool select) {
                                   select ? QItemSelectionModel::Select : QItemSelectionModel::Deselect);
 }
 
-std::vector<PickingLine> pickedLines(const ListBox& list) {
-    std::vector<PickingLine> picked;
+std::vector<ListItem> pickedLines(const ListBox& list) {
+    std::vector<ListItem> picked;
     for (int i = 0; i < list.ListCount(); ++i)
         if (list.item(i)->isSelected())
             picked.emplace_back(list.item(i)->text(), list.ItemData(i));

@@ -9,12 +9,12 @@ namespace tarnwell {
 class ListBox;
 
 /// Fills a list of many choices; its first line is the current one, and none is selected.
-void offerLines(ListBox& list, const std::vector<PickingLine>& lines);
+void offerLines(ListBox& list, const std::vector<ListItem>& lines);
 
 /// Select All/None: the lines that it reaches, see `isReachedBySelectAll`. Others keep their selection.
 void selectAllLines(ListBox& list, bool select);
 
 /// The selected lines from top to bottom.
-[[nodiscard]] std::vector<PickingLine> pickedLines(const ListBox& list);
+[[nodiscard]] std::vector<ListItem> pickedLines(const ListBox& list);
 
 } // namespace tarnwell

@@ -47,10 +47,10 @@ QString taskLine(const QString& name) {
     return line;
 }
 
-std::vector<PickingLine> readFreeTasks(Connection& connection, int mode, const PickingTarget& target) {
+std::vector<ListItem> readFreeTasks(Connection& connection, int mode, const PickingTarget& target) {
     Recordset tasks;
     tasks.Open(freeTasks(mode, target), connection);
-    std::vector<PickingLine> lines;
+    std::vector<ListItem> lines;
     std::optional<qint64> category;
     for (; !tasks.atEnd(); tasks.MoveNext()) {
         if (const qint64 key = tasks.field(0).toLong(); key != category) {
@@ -116,27 +116,27 @@ Value optionPrice(Connection& connection, qint64 key) {
     return option.field(0);
 }
 
-void addOption(Connection& connection, const PickingTarget& target, bool nonLinked, const PickingLine& line,
+void addOption(Connection& connection, const PickingTarget& target, bool nonLinked, const ListItem& line,
                Recordset& rows) {
     const PickingTask& task = target.task;
-    const Value price = nonLinked ? Value(0) : optionPrice(connection, line.second);
+    const Value price = nonLinked ? Value(0) : optionPrice(connection, line.key);
     rows.AddNew();
     rows.set("JobLotKey", target.ownerKey);
     rows.set("MasterTaskKey", task.masterTaskKey);
     rows.set("ParentKey", task.jobLotTaskKey);
     rows.set("Child", 1);
-    rows.set("Name", (FieldText(task.name) + u' ' + line.first).left(storedName));
+    rows.set("Name", (FieldText(task.name) + u' ' + line.text).left(storedName));
     rows.set("CustomTask", "Y");
     rows.set("CodeKey", task.codeKey);
     rows.set("ExcludeDependency", task.excludeDependency);
     if (!nonLinked)
-        rows.set("ContractorTaskOptionKey", line.second);
+        rows.set("ContractorTaskOptionKey", line.key);
     rows.set("MasterPrice", price);
 }
 
 } // namespace
 
-PickingLine pickingHeading(const Value& description) {
+ListItem pickingHeading(const Value& description) {
     return {headingMark + FieldText(description), 0};
 }
 
@@ -151,16 +151,16 @@ bool isReachedBySelectAll(const QString& line) {
 }
 
 void addPicked(Connection& connection, int mode, const PickingTarget& target, bool nonLinked,
-               std::span<const PickingLine> picked) {
+               std::span<const ListItem> picked) {
     commitWritten(connection, [&] {
         Recordset rows;
         rows.Open(tableOf(mode), connection, CursorType::Dynamic, LockType::Optimistic);
-        for (const PickingLine& line : picked) {
-            if (line.second == 0)
+        for (const ListItem& line : picked) {
+            if (line.key == 0)
                 continue;
             if (mode == PickingMode::TaskOptions)
                 addOption(connection, target, nonLinked, line, rows);
-            else if (!addTask(connection, mode, target, line.second, rows))
+            else if (!addTask(connection, mode, target, line.key, rows))
                 continue;
             rows.Update();
         }

@@ -2,11 +2,11 @@
 
 #include "data/Value.h"
 #include "data/recordset/Connection.h"
+#include "runtime/ListItem.h"
 
 #include <QString>
 
 #include <span>
-#include <utility>
 #include <vector>
 
 namespace tarnwell {
@@ -43,14 +43,11 @@ public:
     virtual void makeTaskParent() {}
 };
 
-/// A line to pick and the key behind it; 0 for a category's heading.
-using PickingLine = std::pair<QString, qint64>;
-
 /// The heading over a category's lines.
-[[nodiscard]] PickingLine pickingHeading(const Value& description);
+[[nodiscard]] ListItem pickingHeading(const Value& description);
 
 struct PickingList {
-    std::vector<PickingLine> lines;
+    std::vector<ListItem> lines;
     bool nonLinked = false; ///< Options only: the task's plan has none, so the general ones are listed.
 };
 
@@ -64,6 +61,6 @@ struct PickingList {
 /// Copies the picked lines into the target, in their order; headings and tasks that have gone are passed
 /// over. Rows written before an error stay.
 void addPicked(Connection& connection, int mode, const PickingTarget& target, bool nonLinked,
-               std::span<const PickingLine> picked);
+               std::span<const ListItem> picked);
 
 } // namespace tarnwell

@@ -97,7 +97,7 @@ int Combo::ListCount() const {
 }
 
 QString Combo::List(int index) const {
-    return index >= 0 && index < ListCount() ? m_items->items()[static_cast<std::size_t>(index)].first
+    return index >= 0 && index < ListCount() ? m_items->items()[static_cast<std::size_t>(index)].text
                                              : QString();
 }
 
@@ -127,7 +127,7 @@ void Combo::choose(int index) {
 qint64 Combo::ItemData(int index) const {
     if (index < 0 || index >= ListCount())
         tarnwell::raise(Failure::InvalidPropertyIndex);
-    return m_items->items()[static_cast<std::size_t>(index)].second;
+    return m_items->items()[static_cast<std::size_t>(index)].key;
 }
 
 void Combo::setText(const QString& text) {
@@ -149,7 +149,7 @@ void Combo::returnToChoice() {
 bool Combo::looksLikeAnother() const {
     const auto& items = m_items->items();
     return m_listIndex >= 0 && std::count_if(items.begin(), items.end(), [this](const ListItem& item) {
-                                   return item.first == List(m_listIndex);
+                                   return item.text == List(m_listIndex);
                                }) > 1;
 }
 

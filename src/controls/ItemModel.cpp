@@ -25,9 +25,9 @@ QVariant ItemModel::data(const QModelIndex& index, int role) const {
     switch (role) {
     case Qt::DisplayRole:
     case Qt::EditRole:
-        return item.first;
+        return item.text;
     case Qt::UserRole:
-        return item.second;
+        return item.key;
     default:
         return {};
     }

@@ -1,15 +1,12 @@
 #pragma once
 
-#include <QAbstractListModel>
-#include <QString>
+#include "runtime/ListItem.h"
 
-#include <utility>
+#include <QAbstractListModel>
+
 #include <vector>
 
 namespace tarnwell {
-
-/// A text and the number behind it.
-using ListItem = std::pair<QString, qint64>;
 
 /// The entries of a drop-down list, kept flat: twenty thousand of them are filled and dropped at once.
 /// The number stands in Qt::UserRole.

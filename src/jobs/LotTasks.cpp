@@ -9,12 +9,12 @@ QString taskRowsOfLot(qint64 jobLotKey, qint64 codeKey) {
            " AND CodeKey=" + QString::number(codeKey) + " ORDER BY Name, ParentKey, Child";
 }
 
-std::vector<std::pair<QString, qint64>> readTaskEmployees(Connection& connection) {
+std::vector<ListItem> readTaskEmployees(Connection& connection) {
     Recordset employees;
     employees.Open("SELECT EmployeeKey, Employee.LastName + '\\'+ Employee.FirstName as Employee FROM "
                    "Employee WHERE InActive=0 ORDER BY LastName",
                    connection);
-    std::vector<std::pair<QString, qint64>> entries;
+    std::vector<ListItem> entries;
     for (; !employees.atEnd(); employees.MoveNext())
         if (const Value name = employees.field(1); !name.isNull())
             entries.emplace_back(name.toText(), employees.field(0).toLong());

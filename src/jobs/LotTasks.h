@@ -2,10 +2,10 @@
 
 #include "data/Value.h"
 #include "data/recordset/Connection.h"
+#include "runtime/ListItem.h"
 
 #include <QString>
 
-#include <utility>
 #include <vector>
 
 namespace tarnwell {
@@ -15,7 +15,7 @@ namespace tarnwell {
 
 /// Who can be scheduled for a task: "Last\First" and key of the active employees, by last name. Those
 /// without a last or first name are left out.
-[[nodiscard]] std::vector<std::pair<QString, qint64>> readTaskEmployees(Connection& connection);
+[[nodiscard]] std::vector<ListItem> readTaskEmployees(Connection& connection);
 
 /// What a task is in the tree of its lot.
 enum class TaskRole { Plain, Parent, Option };

@@ -55,7 +55,7 @@ QString rowOf(const char* table, const char* keyColumn, const Value& key) {
 }
 
 /// Opens the lot's row, or adds it, names the plan where none is named, and returns the lot's key.
-Value writeLot(Connection& connection, const CurrentLot& target, const PickingLine& plan) {
+Value writeLot(Connection& connection, const CurrentLot& target, const ListItem& plan) {
     const bool isNew = target.jobLotKey.isNoKey();
     Recordset lot;
     lot.Open(isNew ? QString("JobLot") : rowOf("JobLot", "JobLotKey", target.jobLotKey), connection,
@@ -65,9 +65,9 @@ Value writeLot(Connection& connection, const CurrentLot& target, const PickingLi
         lot.set("JobKey", target.jobKey);
     }
     if (isNew || FieldText(lot["PlanName"]).isEmpty())
-        lot.set("PlanName", plan.first);
+        lot.set("PlanName", plan.text);
     if (isNew || lot["ContractorPlanKey"].isNoKey())
-        lot.set("ContractorPlanKey", plan.second);
+        lot.set("ContractorPlanKey", plan.key);
     lot.Update();
     return lot["JobLotKey"];
 }
@@ -85,16 +85,16 @@ void copyTask(const Recordset& planTask, const Value& jobLotKey, Recordset& rows
 
 } // namespace
 
-std::vector<PickingLine> readPlans(Connection& connection, qint64 contractorKey) {
+std::vector<ListItem> readPlans(Connection& connection, qint64 contractorKey) {
     Recordset plans;
     plans.Open(plansOfBuilder(contractorKey), connection);
-    std::vector<PickingLine> lines;
+    std::vector<ListItem> lines;
     for (; !plans.atEnd(); plans.MoveNext())
         lines.emplace_back(FieldText(plans["PlanName"]), plans["ContractorPlanKey"].toLong());
     return lines;
 }
 
-std::vector<PickingLine> readPlanTasks(Connection& connection, qint64 planKey, const Value& jobLotKey) {
+std::vector<ListItem> readPlanTasks(Connection& connection, qint64 planKey, const Value& jobLotKey) {
     const HeldTasks lot(connection, jobLotKey);
     Recordset tasks;
     tasks.Open("SELECT ContractorPlanTask.*, Code.Description FROM ContractorPlanTask, Code WHERE "
@@ -102,7 +102,7 @@ std::vector<PickingLine> readPlanTasks(Connection& connection, qint64 planKey, c
                    QString::number(planKey) +
                    " AND ContractorPlanTask.CodeKey=Code.CodeKey ORDER BY Code.Description, Name",
                connection);
-    std::vector<PickingLine> lines;
+    std::vector<ListItem> lines;
     qint64 LastCode = 0;
     for (; !tasks.atEnd(); tasks.MoveNext()) {
         if (lot.holds(tasks["MasterTaskKey"]))
@@ -116,17 +116,17 @@ std::vector<PickingLine> readPlanTasks(Connection& connection, qint64 planKey, c
     return lines;
 }
 
-void addPlanTasks(Connection& connection, const CurrentLot& target, const PickingLine& plan,
-                  std::span<const PickingLine> picked) {
+void addPlanTasks(Connection& connection, const CurrentLot& target, const ListItem& plan,
+                  std::span<const ListItem> picked) {
     commitWritten(connection, [&] {
         const Value jobLotKey = writeLot(connection, target, plan);
         Recordset rows;
         rows.Open("JobLotTask", connection, CursorType::Dynamic, LockType::Optimistic);
-        for (const PickingLine& line : picked) {
-            if (line.second == 0)
+        for (const ListItem& line : picked) {
+            if (line.key == 0)
                 continue;
             Recordset task;
-            task.Open(rowOf("ContractorPlanTask", "ContractorPlanTaskKey", line.second), connection);
+            task.Open(rowOf("ContractorPlanTask", "ContractorPlanTaskKey", line.key), connection);
             if (!task.atEnd())
                 copyTask(task, jobLotKey, rows);
         }

@@ -11,12 +11,12 @@ constexpr int groupList = 5; // Code1 of a group.
 
 } // namespace
 
-std::vector<std::pair<QString, qint64>> readOptionGroups(Connection& connection, qint64 builderKey) {
+std::vector<ListItem> readOptionGroups(Connection& connection, qint64 builderKey) {
     Recordset groups;
     groups.Open("SELECT * FROM Code WHERE Code1=5 AND Code2=" + QString::number(builderKey) +
                     " ORDER BY Description",
                 connection);
-    std::vector<std::pair<QString, qint64>> lines;
+    std::vector<ListItem> lines;
     for (; !groups.atEnd(); groups.MoveNext())
         lines.emplace_back(FieldText(groups["Description"]), groups["CodeKey"].toLong());
     return lines;

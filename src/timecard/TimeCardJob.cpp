@@ -9,7 +9,7 @@ namespace tarnwell {
 namespace {
 
 /// `condition` is empty or "WHERE ... ".
-void appendEmployees(std::vector<KeyedText>& items, Connection& connection, const QString& condition) {
+void appendEmployees(std::vector<ListItem>& items, Connection& connection, const QString& condition) {
     Recordset employees;
     employees.Open("SELECT EmployeeKey, SSN, LastName, FirstName FROM Employee " + condition + "ORDER BY SSN",
                    connection);
@@ -43,18 +43,18 @@ QString tasksOfLot(const Value& jobLotKey, qint64 codeKey) {
            " AND CodeKey=" + QString::number(codeKey) + " ORDER BY Name, ParentKey, Child";
 }
 
-std::vector<KeyedText> readCategories(Connection& connection) {
+std::vector<ListItem> readCategories(Connection& connection) {
     return readTaskCategories(connection);
 }
 
-std::vector<KeyedText> readActiveEmployees(Connection& connection) {
-    std::vector<KeyedText> items{{}};
+std::vector<ListItem> readActiveEmployees(Connection& connection) {
+    std::vector<ListItem> items{{}};
     appendEmployees(items, connection, "WHERE Inactive=0 ");
     return items;
 }
 
-std::vector<KeyedText> readAllEmployees(Connection& connection) {
-    std::vector<KeyedText> items;
+std::vector<ListItem> readAllEmployees(Connection& connection) {
+    std::vector<ListItem> items;
     appendEmployees(items, connection, {});
     return items;
 }

@@ -2,11 +2,11 @@
 
 #include "data/Value.h"
 #include "data/recordset/Connection.h"
+#include "runtime/ListItem.h"
 
 #include <QString>
 
 #include <optional>
-#include <utility>
 #include <vector>
 
 namespace tarnwell {
@@ -18,28 +18,25 @@ struct JobHeader {
     QString builder;
 };
 
-/// A line of a combo and the key behind it; 0 for none.
-using KeyedText = std::pair<QString, qint64>;
-
 /// For `LookupKeyByTyping`: the first open job at or after the typed number, which takes the place of "#".
 inline constexpr auto typedJobLookup =
     "SELECT JobKey FROM Job WHERE isnull(CompletedDate) AND JobNumber>='#' ORDER BY JobNumber";
 
-/// Nothing when the job has gone since it was found.
+/// Nothing if the job no longer exists.
 [[nodiscard]] std::optional<JobHeader> readJobHeader(Connection& connection, qint64 jobKey);
 
-/// The lots of a job; none for 0.
+/// The statement for the lots of a job; no rows for 0.
 [[nodiscard]] QString lotsOfJob(qint64 jobKey);
-/// The tasks of a lot in a category, families together.
+/// The statement for the tasks of a lot in a category, families together.
 [[nodiscard]] QString tasksOfLot(const Value& jobLotKey, qint64 codeKey);
 inline constexpr auto tasksOfNoLot =
     "SELECT *  FROM JobLotTask WHERE JobLotKey = 0 ORDER BY Name, ParentKey, Child";
 
 /// The master task categories by name.
-[[nodiscard]] std::vector<KeyedText> readCategories(Connection& connection);
+[[nodiscard]] std::vector<ListItem> readCategories(Connection& connection);
 /// The active employees by social security number, behind a blank first item of key 0.
-[[nodiscard]] std::vector<KeyedText> readActiveEmployees(Connection& connection);
+[[nodiscard]] std::vector<ListItem> readActiveEmployees(Connection& connection);
 /// Every employee, also the inactive, by social security number; no blank item.
-[[nodiscard]] std::vector<KeyedText> readAllEmployees(Connection& connection);
+[[nodiscard]] std::vector<ListItem> readAllEmployees(Connection& connection);
 
 } // namespace tarnwell

@@ -60,7 +60,7 @@ TEST(JobListRules, LinesAreCutAndOnlyOpenJobsStand) {
     const qint64 longNumber = data.addJob("30-character-number-xxxxxxxxxx", Value::null());
     data.addJob("2000", "Done", DateTime{QDate(2024, 1, 1)});
     const qint64 covered = data.addJob("123456789012345", "Oak");
-    const std::vector<std::pair<QString, qint64>> expected = {
+    const std::vector<ListItem> expected = {
         {"JOB #     |NAME          ", 0},
         {"30-character-number-xxxxx", longNumber},
         {"1234567890|Oak5          ", covered},

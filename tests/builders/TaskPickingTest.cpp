@@ -12,8 +12,8 @@ namespace {
 class TaskPicking : public ::testing::Test {
 protected:
     /// The same list by one query for each category and each task.
-    std::vector<PickingLine> walk(const QString& taken) {
-        std::vector<PickingLine> lines;
+    std::vector<ListItem> walk(const QString& taken) {
+        std::vector<ListItem> lines;
         Recordset categories;
         categories.Open("SELECT * FROM Code WHERE Deleted=0 AND Code1=2 ORDER BY Description",
                         data.db.connection());
@@ -37,7 +37,7 @@ protected:
     PickingList list(int mode, const PickingTarget& target) {
         return readPickingList(data.db.connection(), mode, target);
     }
-    void add(int mode, const PickingTarget& target, const std::vector<PickingLine>& lines,
+    void add(int mode, const PickingTarget& target, const std::vector<ListItem>& lines,
              bool nonLinked = false) {
         addPicked(data.db.connection(), mode, target, nonLinked, lines);
     }
@@ -74,8 +74,7 @@ TEST_F(TaskPicking, OneStatementListsWhatTheWalkLists) {
 
 TEST_F(TaskPicking, ATakenCategoryShowsNoHeading) {
     data.addPlanTask("Hang", data.plan, data.hang, data.drywall, 1.0);
-    const std::vector<PickingLine> left = {{"----Framing", 0},
-                                           {QString("Beams").leftJustified(50), data.beams}};
+    const std::vector<ListItem> left = {{"----Framing", 0}, {QString("Beams").leftJustified(50), data.beams}};
     EXPECT_EQ(list(PickingMode::Plan, {data.plan}).lines, left);
     add(PickingMode::Plan, {data.plan}, left);
     EXPECT_TRUE(list(PickingMode::Plan, {data.plan}).lines.empty());
@@ -86,7 +85,7 @@ TEST_F(TaskPicking, CopiesWholeTasksAndPassesOverHeadingsAndTheGone) {
     const qint64 longName = data.addMaster(whole.toUtf8(), data.drywall, Value::null());
     const qint64 gone = data.addMaster("Gone", data.framing, 1.0, true);
     const qint64 nameless = data.db.add("MasterTask", {{"CodeKey", data.framing}, {"Deleted", false}});
-    const std::vector<PickingLine> picked = {
+    const std::vector<ListItem> picked = {
         {"----x", 0}, {"", longName}, {"", gone}, {"", data.hang}, {"", nameless}};
     add(PickingMode::Plan, {data.plan}, picked);
     add(PickingMode::Lot, {lot}, picked);
@@ -114,14 +113,14 @@ TEST_F(TaskPicking, OptionsComeFromThePlanTaskElseFromTheGeneralNames) {
         lot, {}, {task, data.planWalls, task, data.walls, data.framing, QString(45, u'N'), true}};
     PickingList options = list(PickingMode::TaskOptions, target);
     EXPECT_TRUE(options.nonLinked);
-    EXPECT_EQ(options.lines, (std::vector<PickingLine>{{"Upgrade", 1}}));
+    EXPECT_EQ(options.lines, (std::vector<ListItem>{{"Upgrade", 1}}));
     add(PickingMode::TaskOptions, target, options.lines, true);
     EXPECT_EQ(data.count("JobLotTask WHERE Child=1 AND MasterPrice=0 AND CustomTask='Y' AND "
                          "ExcludeDependency=-1 AND Name='" +
                          QString(45, u'N') + " Upgr' AND ParentKey=" + QString::number(task)),
               1);
 
-    std::vector<PickingLine> linked;
+    std::vector<ListItem> linked;
     for (const char* name : {"Arch", "Bay"})
         linked.emplace_back(
             name,
@@ -132,9 +131,9 @@ TEST_F(TaskPicking, OptionsComeFromThePlanTaskElseFromTheGeneralNames) {
     EXPECT_EQ(options.lines, linked);
     add(PickingMode::TaskOptions, target, {linked.front()});
     EXPECT_EQ(data.count("JobLotTask WHERE MasterPrice=7.5 AND ContractorTaskOptionKey=" +
-                         QString::number(linked.front().second)),
+                         QString::number(linked.front().key)),
               1);
-    EXPECT_EQ(list(PickingMode::TaskOptions, target).lines, (std::vector<PickingLine>{linked.back()}));
+    EXPECT_EQ(list(PickingMode::TaskOptions, target).lines, (std::vector<ListItem>{linked.back()}));
     PickingTarget otherLot = target;
     otherLot.task.parentKey = data.addLotTask(data.addJob("3", "Ash"), data.planWalls);
     EXPECT_EQ(list(PickingMode::TaskOptions, otherLot).lines, linked) << "a task of another lot takes it too";

@@ -77,7 +77,7 @@ TEST(LotTasks, EmployeesOnOfferAreActiveAndHaveBothNames) {
     add("Cole", "Cy", true);
     add("Dunn", Value::null(), false);
     EXPECT_EQ(readTaskEmployees(db.connection()),
-              (std::vector<std::pair<QString, qint64>>{{"Archer\\Ann", archer}, {"Baker\\Bob", baker}}));
+              (std::vector<ListItem>{{"Archer\\Ann", archer}, {"Baker\\Bob", baker}}));
 }
 
 TEST(LotTasks, TheTreeTellsARowsRole) {

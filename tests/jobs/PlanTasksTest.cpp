@@ -12,7 +12,7 @@ namespace {
 
 class PlanTasks : public ::testing::Test {
 protected:
-    std::vector<PickingLine> list() { return readPlanTasks(data.db.connection(), data.plan, data.lot); }
+    std::vector<ListItem> list() { return readPlanTasks(data.db.connection(), data.plan, data.lot); }
     qint64 addPlanTask(const char* name, qint64 master, qint64 category, const Value& price) {
         return data.db.add("ContractorPlanTask", {{"ContractorPlanKey", data.plan},
                                                   {"MasterTaskKey", master},
@@ -23,7 +23,7 @@ protected:
                                                   {"ExcludeDependency", true}});
     }
     void add(const CurrentLot& target, const std::vector<qint64>& keys) {
-        std::vector<PickingLine> picked;
+        std::vector<ListItem> picked;
         for (const qint64 key : keys)
             picked.emplace_back("", key);
         addPlanTasks(data.db.connection(), target, {"Aspen", data.plan}, picked);
@@ -41,7 +41,7 @@ TEST_F(PlanTasks, ListsNamesAndPricesUnderTheirCategories) {
     const qint64 hang = addPlanTask("Hang", data.hang, data.drywall, Value::null());
     addPlanTask("Unseen", 0, data.addCategory("Closed", true), 1.0);
     EXPECT_EQ(list(),
-              (std::vector<PickingLine>{
+              (std::vector<ListItem>{
                   {"----Drywall", 0},
                   {QString("A name of more than twent 1234567.50").leftJustified(60), deck},
                   {QString("Hang").leftJustified(60), hang},

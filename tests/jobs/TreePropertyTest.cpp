@@ -139,8 +139,8 @@ private:
         lots.Move(static_cast<int>(below(static_cast<std::size_t>(lots.RecordCount()))));
         return lots.field(0).toLong();
     }
-    std::vector<PickingLine> someOf(const std::vector<PickingLine>& lines) {
-        std::vector<PickingLine> some;
+    std::vector<ListItem> someOf(const std::vector<ListItem>& lines) {
+        std::vector<ListItem> some;
         std::copy_if(lines.begin(), lines.end(), std::back_inserter(some),
                      [&](auto&) { return below(2) == 0; });
         return some;
@@ -172,7 +172,7 @@ private:
                                     bases["MasterTaskKey"], bases["CodeKey"], bases["Name"],
                                     bases["ExcludeDependency"]}};
         const PickingList list = readPickingList(connection(), PickingMode::TaskOptions, target);
-        const std::vector<PickingLine> picked = someOf(list.lines);
+        const std::vector<ListItem> picked = someOf(list.lines);
         constexpr int longestWhole = 30; // Behind it the option's name would be cut.
         if (picked.empty() || bases["Name"].toText().size() > longestWhole)
             return;
@@ -249,7 +249,7 @@ private:
 
     LotData m_data;
     std::mt19937 m_random;
-    std::vector<PickingLine> m_groups;
+    std::vector<ListItem> m_groups;
 };
 
 } // namespace

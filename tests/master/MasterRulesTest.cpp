@@ -88,9 +88,9 @@ TEST_F(DependenciesTest, OfTwoEqualPairsOneIsRemoved) {
 TEST_F(DependenciesTest, TheChoiceLeavesOutTheCategoryItselfAndDeletedOnes) {
     data.addCategory("Roofing");
     data.db.run("UPDATE Code SET Deleted=-1 WHERE Description='Plumbing'");
-    std::vector<std::pair<QString, qint64>> others = readTaskCategories(data.db.connection(), data.framing);
+    std::vector<ListItem> others = readTaskCategories(data.db.connection(), data.framing);
     ASSERT_EQ(others.size(), 1U);
-    EXPECT_EQ(others.front().first, "Roofing");
+    EXPECT_EQ(others.front().text, "Roofing");
     EXPECT_EQ(readTaskCategories(data.db.connection()).size(), 2U);
 }
 

@@ -30,7 +30,7 @@ struct OptionGroupRules : ::testing::Test {
 TEST_F(OptionGroupRules, EachBuilderSeesItsOwnGroupsByName) {
     const qint64 patio = addGroup("Patio", abel), deck = addGroup("Deck", abel),
                  same = addGroup("Deck", baker);
-    using Groups = std::vector<std::pair<QString, qint64>>;
+    using Groups = std::vector<ListItem>;
     EXPECT_EQ(readOptionGroups(db.connection(), abel), (Groups{{"Deck", deck}, {"Patio", patio}}));
     EXPECT_EQ(readOptionGroups(db.connection(), baker), (Groups{{"Deck", same}}));
     EXPECT_TRUE(readOptionGroups(db.connection(), 0).empty());

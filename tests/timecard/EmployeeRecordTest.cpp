@@ -51,9 +51,9 @@ TEST_F(EmployeeRecords, EveryFieldComesBack) {
 TEST_F(EmployeeRecords, TheInactiveLeaveOneListAndStayInTheOther) {
     data.db.run("UPDATE Employee SET Inactive=-1 WHERE EmployeeKey=" + QString::number(data.ann));
     EXPECT_EQ(readActiveEmployees(connection()),
-              (std::vector<KeyedText>{{"", 0}, {"222-22-2222/Baker,Bob", data.bob}}));
-    EXPECT_EQ(readAllEmployees(connection()), (std::vector<KeyedText>{{"111-11-1111/Archer,Ann", data.ann},
-                                                                      {"222-22-2222/Baker,Bob", data.bob}}));
+              (std::vector<ListItem>{{"", 0}, {"222-22-2222/Baker,Bob", data.bob}}));
+    EXPECT_EQ(readAllEmployees(connection()), (std::vector<ListItem>{{"111-11-1111/Archer,Ann", data.ann},
+                                                                     {"222-22-2222/Baker,Bob", data.bob}}));
 }
 
 TEST_F(EmployeeRecords, ForemenComeByLastNameWithTheInactive) {

@@ -20,7 +20,7 @@ TEST(TimeCardJob, TheHeaderNamesJobAndBuilder) {
 TEST(TimeCardJob, DeletedCategoriesAreNotListed) {
     TimeCardData data;
     data.db.run("UPDATE Code SET Deleted=-1 WHERE CodeKey=" + QString::number(data.framing));
-    EXPECT_EQ(readCategories(data.db.connection()), (std::vector<KeyedText>{{"Footings", data.footings}}));
+    EXPECT_EQ(readCategories(data.db.connection()), (std::vector<ListItem>{{"Footings", data.footings}}));
 }
 
 TEST(TimeCardJob, TasksComeByFamilyForOneLotAndCategory) {

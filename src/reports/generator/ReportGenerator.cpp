@@ -46,12 +46,11 @@ QString jobLine(const Recordset& jobs) {
 
 /// One line for each row, as `lineFor` makes it; none for a row that it gives nothing for.
 template <class LineFor>
-void appendLines(std::vector<ReportListLine>& lines, Connection& connection, const QString& sql,
-                 LineFor lineFor) {
+void appendLines(std::vector<ListItem>& lines, Connection& connection, const QString& sql, LineFor lineFor) {
     Recordset rows;
     rows.Open(sql, connection);
     for (; !rows.atEnd(); rows.MoveNext())
-        if (std::optional<ReportListLine> line = lineFor(rows))
+        if (std::optional<ListItem> line = lineFor(rows))
             lines.push_back(*std::move(line));
 }
 
@@ -83,50 +82,50 @@ ReportDefinitions readReportDefinitions(Connection& connection) {
     return read;
 }
 
-std::vector<ReportListLine> readForemanLines(Connection& connection) {
-    std::vector<ReportListLine> lines{{}};
+std::vector<ListItem> readForemanLines(Connection& connection) {
+    std::vector<ListItem> lines{{}};
     appendLines(lines, connection,
                 "SELECT LastName + '/' + FirstName AS EmployeeName FROM Employee WHERE Type='Foreman' ORDER "
                 "BY LastName",
-                [](const Recordset& row) -> std::optional<ReportListLine> {
+                [](const Recordset& row) -> std::optional<ListItem> {
                     const Value name = row.field(0);
                     if (name.isNull())
                         return std::nullopt;
-                    return ReportListLine(name.toText(), 0);
+                    return ListItem(name.toText(), 0);
                 });
     return lines;
 }
 
-std::vector<ReportListLine> readEmployeeLines(Connection& connection) {
-    std::vector<ReportListLine> lines;
+std::vector<ListItem> readEmployeeLines(Connection& connection) {
+    std::vector<ListItem> lines;
     appendLines(lines, connection,
                 "SELECT EmployeeKey, SSN, LastName + ', ' + FirstName AS Name FROM Employee ORDER BY SSN",
-                [](const Recordset& row) -> std::optional<ReportListLine> {
+                [](const Recordset& row) -> std::optional<ListItem> {
                     const Value key = row["EmployeeKey"];
                     if (key.isNull())
                         return std::nullopt;
-                    return ReportListLine(employeeLine(row), key.toLong());
+                    return ListItem(employeeLine(row), key.toLong());
                 });
     return lines;
 }
 
-std::vector<ReportListLine> readCategoryLines(Connection& connection) {
-    std::vector<ReportListLine> lines{{}};
+std::vector<ListItem> readCategoryLines(Connection& connection) {
+    std::vector<ListItem> lines{{}};
     appendLines(lines, connection, "SELECT * FROM Code WHERE Deleted=0 AND Code1=2 ORDER BY Description",
-                [](const Recordset& row) -> std::optional<ReportListLine> {
-                    return ReportListLine(FieldText(row["Description"]), row["CodeKey"].toLong());
+                [](const Recordset& row) -> std::optional<ListItem> {
+                    return ListItem(FieldText(row["Description"]), row["CodeKey"].toLong());
                 });
     return lines;
 }
 
-std::vector<ReportListLine> readJobLines(Connection& connection, bool incomplete) {
+std::vector<ListItem> readJobLines(Connection& connection, bool incomplete) {
     const QString filter = incomplete ? QStringLiteral("WHERE isnull(CompletedDate)=-1 ") : QString();
-    std::vector<ReportListLine> lines;
+    std::vector<ListItem> lines;
     appendLines(lines, connection,
                 "SELECT Job.JobKey, Job.JobNumber, Job.Name, Job.CompletedDate From Job " + filter +
                     "ORDER BY Job.JobNumber",
-                [](const Recordset& row) -> std::optional<ReportListLine> {
-                    return ReportListLine(jobLine(row), row["JobKey"].toLong());
+                [](const Recordset& row) -> std::optional<ListItem> {
+                    return ListItem(jobLine(row), row["JobKey"].toLong());
                 });
     return lines;
 }

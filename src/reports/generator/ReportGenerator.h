@@ -1,12 +1,12 @@
 #pragma once
 
 #include "data/recordset/Connection.h"
+#include "runtime/ListItem.h"
 #include "runtime/MsgBox.h"
 
 #include <QString>
 
 #include <optional>
-#include <utility>
 #include <vector>
 
 namespace tarnwell {
@@ -26,9 +26,6 @@ struct ReportDefinitionRecord {
     bool category;
 };
 
-/// A line of a list and the key behind it.
-using ReportListLine = std::pair<QString, qint64>;
-
 /// The reports in the order of their names. `names` and `definitions` go together by their index.
 struct ReportDefinitions {
     std::vector<QString> names;
@@ -39,14 +36,14 @@ struct ReportDefinitions {
 [[nodiscard]] ReportDefinitions readReportDefinitions(Connection& connection);
 
 /// "Last/First", behind a blank line; a foreman with a Null name part has no line.
-[[nodiscard]] std::vector<ReportListLine> readForemanLines(Connection& connection);
+[[nodiscard]] std::vector<ListItem> readForemanLines(Connection& connection);
 /// 30 characters: the number, a bar and the name, by number.
-[[nodiscard]] std::vector<ReportListLine> readEmployeeLines(Connection& connection);
+[[nodiscard]] std::vector<ListItem> readEmployeeLines(Connection& connection);
 /// The task categories that are in use, behind a blank line.
-[[nodiscard]] std::vector<ReportListLine> readCategoryLines(Connection& connection);
+[[nodiscard]] std::vector<ListItem> readCategoryLines(Connection& connection);
 /// 45 characters: number, name and, for a completed job, its date, by number. `incomplete` leaves the
 /// completed ones out.
-[[nodiscard]] std::vector<ReportListLine> readJobLines(Connection& connection, bool incomplete);
+[[nodiscard]] std::vector<ListItem> readJobLines(Connection& connection, bool incomplete);
 
 /// What stands against a run with these marks in the list of jobs; nothing when it may start. `chosen` is
 /// null when no report is chosen. For a report of one job the first job of the list is not counted, so that

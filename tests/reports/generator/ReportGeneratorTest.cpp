@@ -18,7 +18,7 @@ ReportDefinitionRecord definition(bool multiSelect) {
     return record;
 }
 
-std::vector<QString> texts(const std::vector<ReportListLine>& lines) {
+std::vector<QString> texts(const std::vector<ListItem>& lines) {
     std::vector<QString> all;
     for (const auto& [text, key] : lines)
         all.push_back(text);

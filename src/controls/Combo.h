@@ -50,7 +50,7 @@ public:
     void setSelStart(int caret) override;
 
 Q_SIGNALS:
-    /// A choice by mouse, key or code; `ListIndex` tells which.
+    /// A choice by mouse, key or code; `ListIndex` says which.
     void clicked();
     /// Codes as in `KeyCode`; setting `keyCode` to 0 swallows the key. `shift` as `shiftStateOf` gives it.
     void keyDown(int& keyCode, int shift);

@@ -8,8 +8,8 @@
 
 namespace tarnwell {
 
-/// A one-line text field with a length limit, told keys and a caret: `MskField`, `txtField`. `text()` is the
-/// plain text.
+/// A one-line text field with a length limit that reports its keys by code: `MskField`, `txtField`. `text()`
+/// is the plain text.
 class MaskedBox : public QLineEdit, public TypedField {
     Q_OBJECT
 

@@ -8,7 +8,8 @@
 
 namespace tarnwell {
 
-/// What a category depends on, by name. A deleted category drops out of the rows and stays in the table.
+/// The statement for what a category depends on, by name; no rows for 0. A deleted category is left out; its
+/// row stays in the table.
 [[nodiscard]] QString dependenciesOf(qint64 categoryKey);
 
 /// Stores the pair as given: a pair that is there already, its opposite and a chain are all allowed. Raises

@@ -36,7 +36,7 @@ struct SearchKind {
     std::span<const SearchOption> options; ///< At most 6.
 };
 
-/// Null for a type that there is not.
+/// Null for an unknown type.
 [[nodiscard]] const SearchKind* searchKind(int searchType);
 
 /// A row of 80 characters and the key string of its record: the character of the search type's code, then the

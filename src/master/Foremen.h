@@ -8,8 +8,8 @@
 
 namespace tarnwell {
 
-/// "Last/First" of everybody of the type "Foreman", also of the inactive, by last name. Who lacks a last or
-/// first name is left out.
+/// "Last/First" of everybody of the type "Foreman", also of the inactive, by last name. Those without a last
+/// or a first name are left out.
 [[nodiscard]] std::vector<QString> readForemen(Connection& connection);
 
 } // namespace tarnwell

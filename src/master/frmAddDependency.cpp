@@ -61,7 +61,7 @@ void frmAddDependency::layOut() {
 }
 
 void frmAddDependency::cmdAdd_Click() {
-    // Text that was typed over a choice is not one; with an empty list there is none to make, which fails.
+    // Text that was typed over a choice is not a choice. With an empty list none can be made, which fails.
     if (cmbType->ListIndex() < 0 && cmbType->ListCount() > 0) {
         SetFocus(cmbType);
         return;

@@ -148,7 +148,7 @@ void frmAddOptionGroup::Toolbar1_ButtonClick(const QString& caption) {
     }
 }
 
-/// What can't be written is told, and the form stays with it.
+/// What can't be written is reported, and the form stays open.
 void frmAddOptionGroup::closeRequested() {
     if (jgGroupOptions->UpdateOrTell())
         Unload();

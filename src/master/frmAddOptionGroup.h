@@ -28,7 +28,8 @@ public:
 
     /// Lets the user pick tasks of the catalogue for the selected group, modally.
     using PickTasks = std::function<void(frmAddOptionGroup& caller)>;
-    /// Shows the screen modally. The dialog that picks tasks stands in another room, so its opener is given.
+    /// Shows the screen modally. The dialog that picks tasks belongs to a module above, so its opener
+    /// is passed in.
     void openFor(OptionGroupBuilder builder, PickTasks pickTasks, QWidget* owner);
 
     [[nodiscard]] const OptionGroupBuilder& builder() const { return m_builder; }

@@ -136,7 +136,7 @@ void frmMasterCodes::DeleteCode() {
     // A new row gets its list when it is written: until then there is nothing to delete.
     if (ActiveControl() != jgCodes || jgCodes->value(Code1).isNoKey())
         return;
-    // A pending edit waits for the answer: No leaves it to be gone on with or given up.
+    // A pending edit waits for the answer: after No it can be continued or discarded.
     if (!confirmCodeDeletion(MsgBox, jgCodes->value(Code1), jgCodes->value(Name), m_list) ||
         !jgCodes->UpdateOrTell())
         return;
@@ -145,7 +145,7 @@ void frmMasterCodes::DeleteCode() {
     readWithoutRow(*jgCodes, CodeRecordset);
 }
 
-/// What the database refuses is told, and the form stays with it.
+/// What the database refuses is reported, and the form stays open.
 void frmMasterCodes::closeRequested() {
     if (jgCodes->UpdateOrTell())
         Unload();

@@ -193,7 +193,7 @@ void frmMasterTasks::RemoveDependency() {
 }
 
 void frmMasterTasks::DeleteTask() {
-    // A pending edit waits for the answer: No leaves it to be gone on with or given up.
+    // A pending edit waits for the answer: after No it can be continued or discarded.
     if (jgMasterTasks->value(MasterTaskKey).isEmpty() ||
         !confirmTaskDeletion(MsgBox, jgMasterTasks->value(Name)) || !jgMasterTasks->UpdateOrTell())
         return;
@@ -202,7 +202,7 @@ void frmMasterTasks::DeleteTask() {
     readWithoutRow(*jgMasterTasks, TaskRecordset);
 }
 
-/// What the database refuses is told, and the form stays with it.
+/// What the database refuses is reported, and the form stays open.
 void frmMasterTasks::closeRequested() {
     if (jgMasterTasks->UpdateOrTell())
         Unload();

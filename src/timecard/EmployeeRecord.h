@@ -29,15 +29,18 @@ struct EmployeeRecord {
     friend bool operator==(const EmployeeRecord&, const EmployeeRecord&) = default;
 };
 
-/// Adds an employee of whom nothing is known but that he is active; returns the key.
+/// Adds an active employee with nothing else filled in; returns the key.
 [[nodiscard]] qint64 addEmployee(Connection& connection);
-/// Raises NoCurrentRecord for a key that there is not.
+/// Raises NoCurrentRecord for a key that does not exist.
 [[nodiscard]] EmployeeRecord readEmployee(Connection& connection, qint64 employeeKey);
-/// Writes every column, changed or not: the last seat to leave a record wins. Dependants without a text are
-/// stored as Null. Raises WrongType for a date that is none and for dependants that are no number.
+/// Writes every column, changed or not: the workstation that leaves a record last wins. Dependants without a
+/// text are stored as Null. Raises WrongType for a text that is not a date and for dependants that are not a
+/// number.
 void saveEmployee(Connection& connection, qint64 employeeKey, const EmployeeRecord& record);
 
+/// In any case of letters.
 [[nodiscard]] bool isForeman(const QString& type);
+/// The names of the employee types, in the order of the table.
 [[nodiscard]] std::vector<QString> readEmployeeTypes(Connection& connection);
 
 /// The digits of a social security number with its dashes by position, as texts, so that leading zeros stay:

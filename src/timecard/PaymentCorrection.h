@@ -24,17 +24,17 @@ struct CorrectedPayment {
     qint64 employeeKey = 0;
 };
 
-/// Raises NoCurrentRecord when the payment has gone.
+/// Raises NoCurrentRecord when the payment no longer exists.
 [[nodiscard]] ShownPayment readPayment(Connection& connection, qint64 paymentKey);
 
 /// Writes price, note and employee. None of the questions of a new payment is asked, and nothing is logged.
-/// Raises RowChanged when the payment is no longer what was shown, NoCurrentRecord when it has gone or was
-/// never shown; nothing is written then.
+/// Raises RowChanged when the payment is no longer what was shown, NoCurrentRecord when it no longer exists
+/// or was never shown; nothing is written then.
 void acceptCorrection(Connection& connection, qint64 paymentKey, const RowSnapshot& shown,
                       const CorrectedPayment& corrected);
 
-/// Asks, and on Yes deletes the payment, whatever it holds by now; one that has gone already stays gone. The
-/// log row of a double payment remains. True when the answer was Yes.
+/// Asks, and on Yes deletes the payment, whatever it holds by now and even if it no longer exists. The log
+/// row of a double payment remains. True when the answer was Yes.
 [[nodiscard]] bool removePayment(Connection& connection, qint64 paymentKey, const Ask& ask);
 
 } // namespace tarnwell

@@ -41,7 +41,8 @@ struct PaymentCallbacks {
     /// An accepted double payment was logged; the payment itself is not yet written. What it raises stops the
     /// payment and leaves the log row standing.
     std::function<void()> logged = [] {};
-    /// A statement met a row that somebody deleted: true runs the statement again, false gives up.
+    /// A statement met a row that somebody deleted: true runs the statement again, false
+    /// passes its error on.
     std::function<bool()> rowDeleted = [] { return false; };
 };
 

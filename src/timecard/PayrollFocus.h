@@ -27,6 +27,7 @@ struct PayrollFocusRule {
     ButtonMask mask;
 };
 
+/// One rule for each control; lives as long as the program.
 [[nodiscard]] std::span<const PayrollFocusRule> payrollFocusRules();
 
 /// The screen's state, as the rules ask for it.

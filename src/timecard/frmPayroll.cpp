@@ -36,7 +36,7 @@ namespace {
 constexpr ButtonMask builtButtons = 81;
 constexpr ButtonMask lotButtons = 17;
 
-/// A figure that is wider than its place is cut; its tool tip then tells it whole.
+/// A figure that is wider than its place is cut; its tool tip then shows it in full.
 void showFigure(QLabel& figure, double amount) {
     const QString text = figureText(amount);
     figure.setText(text);
@@ -183,7 +183,7 @@ void frmPayroll::cmbType_Click() {
     LoadTaskHistory();
 }
 
-/// The note stays: it goes with the next payment, whatever its task.
+/// The note stays, for the next payment of whichever task.
 void frmPayroll::jgTasks_RowColChange() {
     if (m_binding)
         return;

@@ -138,7 +138,7 @@ TEST_F(MasterTasksTest, ANewRowOnTheFirstLineJoinsItsCategoryAndCarriesNothing) 
     EXPECT_EQ(tasks().RowCount(), 1);
 }
 
-TEST_F(MasterTasksTest, WhatIsGivenUpOrRefusedIsNeitherStoredNorCarried) {
+TEST_F(MasterTasksTest, WhatIsDiscardedOrRefusedIsNeitherStoredNorCarried) {
     open();
     carryPrice();
     typePrice("55");
@@ -195,11 +195,12 @@ TEST_F(MasterTasksTest, ADelThatIsNotConfirmedCarriesNoPendingPrice) {
     driver->type("x");
     script.expect(Answer::Yes, Answer::Ok);
     driver->clickToolbar("Del");
-    EXPECT_EQ(master("Deleted", "Beams"), Value(false)) << "what can't be written is told and mended first";
+    EXPECT_EQ(master("Deleted", "Beams"), Value(false))
+        << "what can't be written is reported and corrected first";
     driver->press(Qt::Key_Escape, Qt::NoModifier, 2);
 }
 
-TEST_F(MasterTasksTest, ARowThatAnotherSeatDeletedKeepsItsCategory) {
+TEST_F(MasterTasksTest, ARowThatAnotherWorkstationDeletedKeepsItsCategory) {
     open();
     carryPrice();
     typePrice("12");

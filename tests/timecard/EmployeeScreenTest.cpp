@@ -141,7 +141,7 @@ TEST_F(EmployeeScreen, ANumberIsCheckedWhenItsFieldIsLeft) {
         driver->press(Qt::Key_Tab);
         EXPECT_EQ(script.shown().empty() ? QString() : script.shown().back().text, message);
         EXPECT_EQ(text(0), shown);
-        EXPECT_EQ(driver->focusedName(), "MskField(1)") << "only told";
+        EXPECT_EQ(driver->focusedName(), "MskField(1)") << "only reported";
     }
 }
 

@@ -51,10 +51,10 @@ TEST_F(PaymentCorrection, APaymentOfAnInactiveEmployeeCanBeCorrected) {
     EXPECT_EQ(stored("Price"), Value(41.0));
 }
 
-TEST_F(PaymentCorrection, TheSecondOfTwoSeatsIsToldAndOverwritesNothing) {
+TEST_F(PaymentCorrection, TheSecondOfTwoWorkstationsOverwritesNothing) {
     const ShownPayment shown = read();
-    const auto seat = data.db.secondSeat();
-    acceptCorrection(*seat, payment, readPayment(*seat, payment).row,
+    const auto other = data.db.secondSeat();
+    acceptCorrection(*other, payment, readPayment(*other, payment).row,
                      {.priceText = "45", .note = "theirs", .employeeKey = data.ann});
     EXPECT_EQ(
         raisedNumber([&] { accept(shown, {.priceText = "60", .note = "ours", .employeeKey = data.bob}); }),
@@ -64,7 +64,7 @@ TEST_F(PaymentCorrection, TheSecondOfTwoSeatsIsToldAndOverwritesNothing) {
     EXPECT_EQ(stored("EmployeeKey"), Value(data.ann));
 }
 
-TEST_F(PaymentCorrection, APaymentThatHasGoneOrWasNeverShownIsNotWritten) {
+TEST_F(PaymentCorrection, APaymentThatNoLongerExistsOrWasNeverShownIsNotWritten) {
     EXPECT_EQ(raisedNumber([&] { accept({}, {.priceText = "60", .note = "", .employeeKey = data.bob}); }),
               numberOf(Failure::NoCurrentRecord));
     EXPECT_EQ(stored("Price"), Value(40.0));

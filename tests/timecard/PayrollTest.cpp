@@ -321,7 +321,6 @@ TEST_F(Payroll, LotsAndTasksStandInTheirOrder) {
 TEST_F(Payroll, APressWhileAPaymentIsUnderWayDoesNothing) {
     data.addPayment(data.task, data.ann, 100);
     openJob();
-    driver->press(Qt::Key_Down);
     choose("1");
     driver->focus("jgTasks");
     driver->press(Qt::Key_Down);

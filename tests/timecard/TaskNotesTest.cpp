@@ -32,7 +32,7 @@ protected:
         payroll->type("1");
         payroll->find<Combo>("cmbType").setListIndex(1);
     }
-    /// Double-clicks a line of the history, works in the dialog and waits until it has gone.
+    /// Double-clicks a line of the history, works in the dialog and waits until it is hidden.
     void open(int line, const Work& work) {
         whenModal([&work](QWidget& dialog) {
             ASSERT_EQ(dialog.objectName(), "frmTaskNotes");
@@ -194,7 +194,7 @@ TEST_F(TaskNotes, PassingThroughTheListKeepsTheEmployee) {
 
 using TaskNotesDeathTest = TaskNotes;
 
-/// The program ends with the number of the failure, and the row stays as the other seat left it.
+/// The program ends with the number of the failure, and the row stays as the other workstation left it.
 TEST_F(TaskNotesDeathTest, AcceptStopsTheProgramRatherThanOverwrite) {
     const struct {
         const char* theirWork;

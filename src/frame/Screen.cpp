@@ -5,6 +5,7 @@
 #include "frame/ActiveControl.h"
 #include "frame/StatusBar.h"
 #include "look/Theme.h"
+#include "look/WindowOwner.h"
 #include "runtime/EventGuard.h"
 
 #include <QApplication>
@@ -20,7 +21,6 @@
 #include <QScreen>
 #include <QToolBar>
 #include <QToolButton>
-#include <QWindow>
 
 #include <algorithm>
 
@@ -129,11 +129,8 @@ void Screen::Show(Modality modality, QWidget* owner) {
         m_activateDue = true;
         setWindowModality(modality == Modality::Modal ? Qt::ApplicationModal : Qt::NonModal);
         placeOn(owner);
-        // Only the desktop knows the owner: the owner's end must not take a form along that has not saved.
-        if (owner != nullptr && owner->window()->windowHandle() != nullptr) {
-            create();
-            windowHandle()->setTransientParent(owner->window()->windowHandle());
-        }
+        // Only the desktop knows the owner: the owner's end must not delete a form that has not saved.
+        setWindowOwner(*this, owner);
     }
     if (isMinimized())
         setWindowState(windowState() & ~Qt::WindowMinimized);

@@ -11,6 +11,7 @@
 #include <QPushButton>
 #include <QTest>
 #include <QVBoxLayout>
+#include <QWindow>
 
 #include <gtest/gtest.h>
 
@@ -101,6 +102,16 @@ TEST_F(ScreenLifeTest, ShownTwiceIsOneFormAndOneActivation) {
     form.Unload();
     EXPECT_NE(&shown<1>(), &form);
     EXPECT_EQ(trace, QStringList({"Load 1", "Activate 1", "Unload 1", "Load 1", "Activate 1"}));
+}
+
+TEST_F(ScreenLifeTest, TheDesktopKnowsTheOwnerAlsoThroughAHiddenForm) {
+    frmLife<1>& owner = shown<1>();
+    frmLife<2>& owned = shown<2>(&owner);
+    EXPECT_EQ(owned.windowHandle()->transientParent(), owner.windowHandle());
+    EXPECT_EQ(owned.windowHandle()->type(), Qt::Dialog) << "the owner of other windows is not announced";
+    EXPECT_EQ(owner.windowHandle()->type(), Qt::Window);
+    owned.Hide();
+    EXPECT_EQ(shown<3>(&owned).windowHandle()->transientParent(), owner.windowHandle());
 }
 
 TEST_F(ScreenLifeTest, ActivateComesBackFromAForm) {

@@ -1,6 +1,7 @@
 #include "reports/preview/PreviewWindow.h"
 
 #include "controls/Label.h"
+#include "look/WindowOwner.h"
 #include "reports/preview/PreviewFindBar.h"
 #include "reports/preview/PreviewToolBar.h"
 #include "reports/preview/PreviewTools.h"
@@ -18,7 +19,6 @@
 #include <QShortcut>
 #include <QStatusBar>
 #include <QVBoxLayout>
-#include <QWindow>
 
 #include <array>
 #include <utility>
@@ -48,14 +48,6 @@ struct LastLook {
 LastLook& lastLook() {
     static LastLook look;
     return look;
-}
-
-/// The window to stand in front of: the owner's or, where that is hidden, the one that it belongs to.
-QWindow* windowBehind(const QWidget* owner) {
-    QWindow* window = owner != nullptr ? owner->window()->windowHandle() : nullptr;
-    while (window != nullptr && !window->isVisible())
-        window = window->transientParent();
-    return window;
 }
 
 QString percentText(double zoom) {
@@ -360,11 +352,7 @@ void PreviewWindow::placeOn(const QWidget* owner) {
 void PreviewWindow::showModal(QWidget* owner) {
     setWindowModality(Qt::ApplicationModal);
     placeOn(owner);
-    // Only the desktop knows the owner, as with every form.
-    if (QWindow* behind = windowBehind(owner)) {
-        create();
-        windowHandle()->setTransientParent(behind);
-    }
+    setWindowOwner(*this, owner);
     QEventLoop loop;
     connect(this, &PreviewWindow::closed, &loop, &QEventLoop::quit);
     show();

@@ -1,5 +1,6 @@
 #include "frame/help/HelpBrowser.h"
 
+#include "frame/help/HelpPages.h"
 #include "runtime/EventGuard.h"
 
 #include <QResizeEvent>
@@ -34,7 +35,7 @@ void giveRoomToPictures(const QTextDocument& page) {
 
 } // namespace
 
-HelpBrowser::HelpBrowser(QWidget* parent) : QTextBrowser(parent) {
+HelpBrowser::HelpBrowser(const QString& folder, QWidget* parent) : QTextBrowser(parent), m_folder(folder) {
     document()->setDocumentMargin(pageMargin);
     QFont reading = font();
     reading.setPointSizeF(reading.pointSizeF() * readingScale);
@@ -98,12 +99,25 @@ QImage HelpBrowser::fitted(const QImage& picture) const {
     return shown;
 }
 
+std::optional<QByteArray> HelpBrowser::fileAt(const QUrl& name) const {
+    const QUrl place = source().resolved(name);
+    return place.isLocalFile() ? readHelpFile(m_folder, place.toLocalFile()) : std::nullopt;
+}
+
 QVariant HelpBrowser::loadResource(int type, const QUrl& name) {
+    const std::optional<QByteArray> bytes = fileAt(name);
+    if (!bytes)
+        return {};
     if (type != QTextDocument::ImageResource)
-        return QTextBrowser::loadResource(type, name);
-    const QImage picture(source().resolved(name).toLocalFile());
+        return *bytes;
+    const QImage picture = QImage::fromData(*bytes);
     m_pictures.insert(name, picture);
     return fitted(picture);
+}
+
+void HelpBrowser::doSetSource(const QUrl& name, QTextDocument::ResourceType type) {
+    if (fileAt(name))
+        QTextBrowser::doSetSource(name, type);
 }
 
 void HelpBrowser::resizeEvent(QResizeEvent* event) {

@@ -6,29 +6,34 @@
 #include <QTextBrowser>
 #include <QUrl>
 
+#include <optional>
+
 namespace tarnwell {
 
-/// Shows a page of the manual: tables with room between their columns, pictures no wider than the page, and
-/// the words that were looked for marked.
+/// Shows a page of the manual: tables with space between their columns, pictures no wider than the page, and
+/// the words that were looked for marked. Links and pictures that lead out of the manual's folder do nothing.
 class HelpBrowser : public QTextBrowser {
     Q_OBJECT
 
 public:
-    explicit HelpBrowser(QWidget* parent = nullptr);
+    explicit HelpBrowser(const QString& folder, QWidget* parent = nullptr);
 
     /// Marks the words wherever they stand, on this page and those that follow.
     void markWords(const QStringList& words);
 
 protected:
     QVariant loadResource(int type, const QUrl& name) override;
+    void doSetSource(const QUrl& name, QTextDocument::ResourceType type) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    [[nodiscard]] std::optional<QByteArray> fileAt(const QUrl& name) const;
     void dressPage();
     void showMarks();
     [[nodiscard]] int roomForPictures() const; ///< In the page's pixels.
     [[nodiscard]] QImage fitted(const QImage& picture) const;
 
+    QString m_folder;
     QStringList m_words;
     QHash<QUrl, QImage> m_pictures; ///< As they were saved, of the pages seen.
 };

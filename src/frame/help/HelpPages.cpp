@@ -1,6 +1,9 @@
 #include "frame/help/HelpPages.h"
 
+#include "runtime/DiskFile.h"
+
 #include <QFile>
+#include <QFileInfo>
 #include <QRegularExpression>
 
 #include <algorithm>
@@ -11,9 +14,10 @@ namespace {
 
 const QString contentsPage = QStringLiteral("contents");
 
-QString textOf(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+constexpr qint64 longestFile = 16 * 1024 * 1024;
+
+QString pageText(const QString& folder, const QString& name) {
+    return QString::fromUtf8(readHelpFile(folder, helpPageFile(folder, name)).value_or(QByteArray()));
 }
 
 } // namespace
@@ -22,17 +26,22 @@ QString helpPageFile(const QString& folder, const QString& name) {
     return QStringLiteral("%1/%2.md").arg(folder, name);
 }
 
+std::optional<QByteArray> readHelpFile(const QString& folder, const QString& path) {
+    const QString inside = QFileInfo(folder).canonicalFilePath() + u'/';
+    const QString file = QFileInfo(path).canonicalFilePath();
+    return file.startsWith(inside) ? readPlainFile(file, longestFile) : std::nullopt;
+}
+
 std::vector<HelpPage> readHelpPages(const QString& folder) {
     static const QRegularExpression link(QStringLiteral(R"(\[([^\]]+)\]\(([^)]+)\.md\))"));
-    const QString path = helpPageFile(folder, contentsPage);
-    if (!QFile::exists(path))
+    if (!QFile::exists(helpPageFile(folder, contentsPage)))
         return {};
-    std::vector<HelpPage> pages{{QStringLiteral("Contents"), contentsPage, textOf(path)}};
+    std::vector<HelpPage> pages{{QStringLiteral("Contents"), contentsPage, pageText(folder, contentsPage)}};
     const QString contents = pages.front().text;
     for (auto links = link.globalMatch(contents); links.hasNext();) {
         const QRegularExpressionMatch match = links.next();
         const QString name = match.captured(2);
-        pages.push_back({match.captured(1), name, textOf(helpPageFile(folder, name))});
+        pages.push_back({match.captured(1), name, pageText(folder, name)});
     }
     return pages;
 }

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 #include <QStringList>
 
+#include <optional>
 #include <vector>
 
 namespace tarnwell {
@@ -20,6 +22,10 @@ struct HelpPage {
 
 /// The file of a page.
 [[nodiscard]] QString helpPageFile(const QString& folder, const QString& name);
+
+/// The bytes of a page or picture. Nothing for a path that leads out of `folder`, also by a link of the disk,
+/// and for what is no plain file of a sensible size.
+[[nodiscard]] std::optional<QByteArray> readHelpFile(const QString& folder, const QString& path);
 
 /// The words to look for: in any order, without regard to case.
 [[nodiscard]] QStringList searchWords(const QString& typed);

@@ -51,7 +51,7 @@ QString pageFile(const QString& page) {
 HelpWindow::HelpWindow(QWidget* owner)
     : QMainWindow(owner), m_pages(readHelpPages(helpFolder())), m_search(new QLineEdit),
       m_contents(new QListWidget), m_nothing(new QLabel(QStringLiteral("No page holds these words."))),
-      m_page(new HelpBrowser) {
+      m_page(new HelpBrowser(helpFolder())) {
     setObjectName(QStringLiteral("helpWindow"));
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(QStringLiteral("Tarnwell Help"));

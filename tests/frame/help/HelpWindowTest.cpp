@@ -168,6 +168,31 @@ TEST_F(HelpWindowTest, APictureIsNoWiderThanThePage) {
     }
 }
 
+TEST_F(HelpWindowTest, NoLinkLeadsOutOfTheHelp) {
+    const QTemporaryDir folder;
+    ASSERT_TRUE(QDir(folder.path()).mkdir("help"));
+    HelpWindow::setFolder(folder.filePath("help"));
+    for (const auto& [name, text] :
+         {std::pair{"secret.md", "# Secret"}, std::pair{"help/inside.md", "# Inside"},
+          std::pair{"help/contents.md", "[Out](../secret.md) [In](inside.md) [Linked](linked.md)"}}) {
+        QFile file(folder.filePath(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(text);
+    }
+    ASSERT_TRUE(QFile::link(folder.filePath("secret.md"), folder.filePath("help/linked.md")));
+    for (const HelpPage& page : readHelpPages(folder.filePath("help")))
+        EXPECT_FALSE(page.text.contains("Secret")) << page.title.toStdString();
+    HelpWindow::open("contents");
+    auto* page = openHelp()->findChild<QTextBrowser*>();
+    for (const char* target :
+         {"../secret.md", "linked.md", "/etc/hostname", "file:///etc/hostname", "http://example.com/"}) {
+        page->setSource(QUrl(target));
+        EXPECT_EQ(shownPage(), "contents.md") << target;
+    }
+    page->setSource(QUrl("inside.md#part"));
+    EXPECT_EQ(shownPage(), "inside.md");
+}
+
 TEST_F(HelpWindowTest, TellsWhereNoPagesWereFound) {
     HelpWindow::setFolder("/nowhere/help");
     const MessageScript script{Answer::Ok};

@@ -1,7 +1,9 @@
 #include "data/Value.h"
 
+#include "data/Decimal.h"
 #include "data/RunTimeError.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -88,6 +90,19 @@ int sortRank(Value::Kind kind) {
 template <class T>
 int threeWay(const T& a, const T& b) {
     return a < b ? -1 : (b < a ? 1 : 0);
+}
+
+/// "1.5E+20": the first digit, the others behind a point, an exponent of at least two digits.
+void appendScientific(QString& text, const Decimal& decimal) {
+    const int first = -decimal.wholeDigits();
+    text += QLatin1Char(decimal.digitAt(first));
+    if (first + 1 < decimal.endPlace())
+        text += u'.';
+    for (int place = first + 1; place < decimal.endPlace(); ++place)
+        text += QLatin1Char(decimal.digitAt(place));
+    const int exponent = -first - 1;
+    text += exponent < 0 ? u"E-" : u"E+";
+    text += QString::number(std::abs(exponent)).rightJustified(2, u'0');
 }
 
 } // namespace
@@ -181,39 +196,20 @@ QString Value::toText() const {
 }
 
 QString numberText(double number) {
-    static constexpr int SignificantDigits = 15;
     if (!std::isfinite(number))
         return std::isnan(number) ? QStringLiteral("NaN")
                                   : (number < 0 ? QStringLiteral("-Infinity") : QStringLiteral("Infinity"));
-    std::array<char, 32> buffer{};
-    const auto printed = std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::abs(number),
-                                       std::chars_format::scientific, SignificantDigits - 1);
-    const std::string text(buffer.data(), printed.ptr);
-    const std::size_t exponentAt = text.find('e');
-    const int exponent = std::stoi(text.substr(exponentAt + 1));
-    std::string digits = text.substr(0, 1) + text.substr(2, exponentAt - 2);
-    digits.erase(digits.find_last_not_of('0') + 1);
-    if (digits.empty())
+    const Decimal decimal(number);
+    if (decimal.isZero())
         return QStringLiteral("0");
-
-    const int count = static_cast<int>(digits.size());
-    const int decimals = count - 1 - exponent;
-    std::string result = number < 0 ? "-" : "";
-    if (exponent >= SignificantDigits || decimals > SignificantDigits) {
-        result += digits.front();
-        if (count > 1)
-            result.append(1, '.').append(digits, 1);
-        const int size = std::abs(exponent);
-        result.append(exponent < 0 ? "E-" : "E+").append(size < 10 ? "0" : "").append(std::to_string(size));
-    } else if (decimals <= 0) {
-        result += digits + std::string(static_cast<std::size_t>(-decimals), '0');
-    } else if (exponent < 0) {
-        result.append("0.").append(static_cast<std::size_t>(-exponent - 1), '0').append(digits);
-    } else {
-        const auto whole = static_cast<std::size_t>(exponent) + 1;
-        result += digits.substr(0, whole) + "." + digits.substr(whole);
-    }
-    return QString::fromStdString(result);
+    const int first = -decimal.wholeDigits();
+    const int end = decimal.endPlace();
+    QString text = decimal.isNegative() ? QStringLiteral("-") : QString();
+    if (-first > Decimal::precision || end > Decimal::precision)
+        appendScientific(text, decimal);
+    else
+        decimal.appendPlaces(text, std::min(first, -1), std::max(end, 0));
+    return text;
 }
 
 int compareValues(const Value& a, const Value& b) {

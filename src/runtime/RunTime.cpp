@@ -1,7 +1,7 @@
 #include "runtime/RunTime.h"
 
+#include "data/Decimal.h"
 #include "data/RunTimeError.h"
-#include "runtime/RunTimeDecimal.h"
 
 #include <QStringView>
 #include <QVarLengthArray>
@@ -12,7 +12,7 @@ namespace tarnwell {
 
 namespace {
 
-/// Walks a text over its blanks and gathers what a number may be made of.
+/// Collects the characters of the number that a text begins with; blanks are skipped wherever they are.
 class NumberReader {
 public:
     explicit NumberReader(QStringView text) : m_text(text) {}

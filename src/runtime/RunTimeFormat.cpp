@@ -1,6 +1,6 @@
+#include "data/Decimal.h"
 #include "data/RunTimeError.h"
 #include "runtime/RunTime.h"
-#include "runtime/RunTimeDecimal.h"
 
 #include <QStringView>
 
@@ -29,8 +29,7 @@ bool isPlaceholder(QChar character) {
     return character == u'#' || character == u'0' || character == u'.';
 }
 
-/// A zero pulls every place between itself and the point along: "#0#" has two whole zeros, ".#0" two
-/// decimals.
+/// Every place between a zero and the point counts as a zero: "#0#" has two whole zeros, ".#0" two decimals.
 NumberPattern readNumberPattern(QStringView format) {
     if (format.compare(u"Fixed", Qt::CaseInsensitive) == 0)
         format = u"0.00";
@@ -70,11 +69,7 @@ QString formatNumber(double number, QStringView format) {
     if (decimal.isNegative())
         text += u'-';
     text += pattern.prefix;
-    for (int place = -whole; place < decimals; ++place) {
-        if (place == 0)
-            text += u'.';
-        text += QLatin1Char(decimal.digitAt(place));
-    }
+    decimal.appendPlaces(text, -whole, decimals);
     if (pattern.hasPoint && decimals == 0)
         text += u'.';
     text += pattern.suffix;

@@ -1,4 +1,4 @@
-#include "runtime/RunTimeDecimal.h"
+#include "data/Decimal.h"
 
 #include <algorithm>
 #include <charconv>
@@ -29,6 +29,14 @@ Decimal::Decimal(double number) {
 char Decimal::digitAt(int place) const {
     const int index = m_point + place;
     return index >= 0 && index < m_count ? m_digits[static_cast<std::size_t>(index)] : '0';
+}
+
+void Decimal::appendPlaces(QString& text, int first, int end) const {
+    for (int place = first; place < end; ++place) {
+        if (place == 0)
+            text += u'.';
+        text += QLatin1Char(digitAt(place));
+    }
 }
 
 bool Decimal::round(int decimals, HalfRule rule) {

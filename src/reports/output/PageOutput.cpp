@@ -1,20 +1,18 @@
 #include "reports/output/PageOutput.h"
 
-#include "data/DiskPath.h"
 #include "data/RunTimeError.h"
+#include "reports/output/PdfFile.h"
 #include "reports/output/PrintJob.h"
+#include "reports/output/PrintSystem.h"
 #include "reports/pages/PagePainter.h"
 
-#include <QFileInfo>
 #include <QPageRanges>
 #include <QPainter>
 #include <QPdfWriter>
 #include <QPrinter>
-#include <QSaveFile>
+#include <QTemporaryDir>
 
 #include <algorithm>
-#include <cerrno>
-#include <system_error>
 #include <vector>
 
 namespace tarnwell {
@@ -76,43 +74,43 @@ std::vector<qint64> withCopies(const std::vector<qint64>& pages, const QPrinter&
     return sheets;
 }
 
-[[noreturn]] void raiseFileError(const QFileDevice& file, const QString& path) {
-    const auto noSpace = QString::fromStdString(std::generic_category().message(ENOSPC));
-    const bool isFull = file.error() == QFileDevice::ResourceError || file.errorString() == noSpace;
-    raise(isFull ? Failure::DiskFull : Failure::FileAccess,
-          QStringLiteral("%1: %2").arg(path, file.errorString()));
-}
-
-/// A PDF of some of the pages.
+/// A PDF of some of the pages, on the paper and as far from its edges as the layout has it.
 bool writePdf(const StoredReport& report, const std::vector<qint64>& pages, const QString& path,
-              const QString& title, const QPageSize& paper, const FollowPages& follow) {
-    const QString target = pathOnDisk(path);
-    const QString folder = QFileInfo(target).absolutePath();
-    if (!QFileInfo(folder).isDir())
-        raise(Failure::PathNotFound, folder);
-    QSaveFile file(target);
-    if (!file.open(QIODevice::WriteOnly))
-        raiseFileError(file, path);
-    const CheckDevice check = [&](bool isGoing) {
-        if (!isGoing || file.error() != QFileDevice::NoError)
-            raiseFileError(file, path);
-    };
+              const QString& title, QPageLayout layout, const FollowPages& follow) {
+    PdfFile file(path);
     const Orientation orientation = report.orientation();
+    layout.setOrientation(paperOrientation(orientation));
     {
         QPdfWriter writer(&file);
         writer.setTitle(title);
         writer.setCreator(QStringLiteral("Tarnwell"));
         writer.setResolution(twipsPerInch);
-        writer.setPageLayout({paper, paperOrientation(orientation), QMarginsF()});
+        writer.setPageLayout({layout.pageSize(), paperOrientation(orientation), QMarginsF()});
         QPainter painter(&writer);
-        const QTransform ontoPaper = pageOntoPaper(orientation, writer.pageLayout());
-        if (!drawPages(report, pages, writer, painter, ontoPaper, check, follow))
-            return false; // an unfinished file goes with its QSaveFile
+        const CheckDevice check = [&](bool isGoing) { file.check(isGoing); };
+        if (!drawPages(report, pages, writer, painter, pageOntoPaper(orientation, layout), check, follow))
+            return false; // an unfinished file leaves nothing
         painter.end();
     }
-    check(file.flush()); // committing overlooks what goes wrong with the last bytes
-    check(file.commit());
+    file.finish();
     return true;
+}
+
+bool printOnQueue(const StoredReport& report, const std::vector<qint64>& sheets, const QPrinter& printer,
+                  const QString& title, const FollowPages& follow) {
+    const QTemporaryDir spool;
+    if (!spool.isValid())
+        raise(Failure::FileAccess, spool.errorString());
+    const QString pdf = spool.filePath(QStringLiteral("report.pdf"));
+    if (!writePdf(report, sheets, pdf, title, printer.pageLayout(), follow))
+        return false;
+    sendToQueue(printer, pdf, title, report.orientation());
+    return true;
+}
+
+/// The paper as a PDF has it: all of it can be reached.
+QPageLayout wholePaper(const QPageSize& paper) {
+    return {paper, QPageLayout::Portrait, QMarginsF()};
 }
 
 } // namespace
@@ -138,8 +136,10 @@ bool printPages(const StoredReport& report, QPrinter& printer, const QString& ti
                 const FollowPages& follow) {
     const std::vector<qint64> sheets = withCopies(chosenPages(report, printer), printer);
     if (!printer.outputFileName().isEmpty())
-        return writePdf(report, sheets, printer.outputFileName(), title, printer.pageLayout().pageSize(),
-                        follow);
+        return writePdf(report, sheets, printer.outputFileName(), title,
+                        wholePaper(printer.pageLayout().pageSize()), follow);
+    if (isQueue(printer))
+        return printOnQueue(report, sheets, printer, title, follow);
     PrintJob job(printer);
     job.begin(title, report.orientation());
     const double dots = static_cast<double>(printer.resolution()) / twipsPerInch;
@@ -154,7 +154,7 @@ bool printPages(const StoredReport& report, QPrinter& printer, const QString& ti
 
 bool savePdf(const StoredReport& report, const QString& path, const QString& title, const QPageSize& paper,
              const FollowPages& follow) {
-    return writePdf(report, allPages(report), path, title, paper, follow);
+    return writePdf(report, allPages(report), path, title, wholePaper(paper), follow);
 }
 
 } // namespace tarnwell

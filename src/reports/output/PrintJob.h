@@ -4,7 +4,6 @@
 
 #include <QPageLayout>
 #include <QPainter>
-#include <QTemporaryDir>
 
 class QPrinter;
 
@@ -12,8 +11,8 @@ namespace tarnwell {
 
 [[nodiscard]] QPageLayout::Orientation paperOrientation(Orientation orientation);
 
-/// One print. Gives the printer its paper back as it lay, and keeps it from printing a job that was not
-/// finished.
+/// One print on a printer that the toolkit draws on itself. Gives the printer its paper back as it lay, and
+/// keeps it from printing a job that was not finished.
 class PrintJob {
 public:
     /// `printer` outlives the job.
@@ -22,7 +21,7 @@ public:
     PrintJob(const PrintJob&) = delete;
     PrintJob& operator=(const PrintJob&) = delete;
 
-    /// These raise PrinterError when the printer does not start, fails on the way or does not take the job.
+    /// These raise PrinterError when the printer does not start or fails on the way.
     void begin(const QString& title, Orientation orientation);
     void check(bool isGoing) const;
     void finish();
@@ -34,7 +33,6 @@ private:
 
     QPrinter& m_printer;
     QPageLayout m_before;
-    QTemporaryDir m_spool;
     QPainter m_painter;
     bool m_finished = false;
 };

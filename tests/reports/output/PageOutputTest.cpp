@@ -1,14 +1,17 @@
 #include "reports/output/PageOutput.h"
 
 #include "RecordingPrinter.h"
+#include "reports/output/PrintSystem.h"
 #include "reports/pages/PagePainter.h"
 #include "reports/pages/StoredReportData.h"
 #include "support/RaisedNumber.h"
 
 #include <QFile>
 #include <QPageRanges>
+#include <QPrintEngine>
 #include <QProcess>
 #include <QRegularExpression>
+#include <QTemporaryDir>
 
 #include <csignal>
 #include <gtest/gtest.h>
@@ -153,10 +156,11 @@ TEST(PdfTest, AFileIsReplacedOnlyByAWholeOne) {
     getrlimit(RLIMIT_FSIZE, &before);
     const auto signalBefore = std::signal(SIGXFSZ, SIG_IGN);
     setrlimit(RLIMIT_FSIZE, &little);
-    const int raised = raisedNumber([&] { (void)savePdf(data.report(), path, {}); });
+    const QString raised = test::raisedText([&] { (void)savePdf(data.report(), path, {}); });
     setrlimit(RLIMIT_FSIZE, &before);
     std::signal(SIGXFSZ, signalBefore);
-    EXPECT_EQ(raised, numberOf(Failure::FileAccess));
+    EXPECT_TRUE(raised.startsWith(makeError(Failure::FileAccess).description())) << raised.toStdString();
+    EXPECT_TRUE(raised.contains("File too large")) << raised.toStdString();
     EXPECT_EQ(contentOf(path), "the good one");
     EXPECT_EQ(data.files(), QStringList{"out.pdf"}) << "an unfinished file was left";
 
@@ -176,6 +180,56 @@ TEST(PdfTest, AnUnwritablePlaceIsToldWithItsName) {
             test::raisedText([&, place = data.pathOf(name)] { (void)savePdf(data.report(), place, {}); });
         EXPECT_TRUE(told.startsWith(makeError(failure).description())) << told.toStdString();
         EXPECT_TRUE(told.contains(data.pathOf("").chopped(1))) << told.toStdString();
+    }
+}
+
+/// The printing system's commands, as scripts of the test. They leave what they were asked for in a file.
+class QueueTest : public testing::Test {
+protected:
+    QueueTest() { qputenv("PATH", m_folder.path().toUtf8()); }
+    ~QueueTest() override { qputenv("PATH", m_path); }
+
+    void make(const char* command, const QByteArray& script) {
+        const QString path = m_folder.filePath(command);
+        writeFile(path, "#!/bin/sh\n" + script + '\n');
+        QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    }
+    void send() { sendToQueue(m_printer, "/a folder/report.pdf", "Lot Budget", Orientation::Landscape); }
+
+    RecordingPrinter m_printer;
+    QTemporaryDir m_folder;
+
+private:
+    QByteArray m_path = qgetenv("PATH");
+};
+
+TEST_F(QueueTest, GetsThePdfAndWhatTheDialogAskedFor) {
+    make("lp", "printf '%s|' \"$@\" > '" + m_folder.filePath("asked").toUtf8() + "'");
+    m_printer.setCopyCount(3);
+    m_printer.setColorMode(QPrinter::Color);
+    m_printer.setDuplex(QPrinter::DuplexAuto);
+    m_printer.printEngine()->setProperty(QPrintEngine::PrintEnginePropertyKey(0xfe00),
+                                         QStringList{"number-up", "2"});
+    send();
+    EXPECT_EQ(QString::fromUtf8(contentOf(m_folder.filePath("asked"))),
+              "-d|Office printer|-t|Lot Budget|-n|3|-o|media=Letter|-o|sides=two-sided-short-edge|"
+              "-o|collate=true|-o|number-up=2|--|/a folder/report.pdf|");
+}
+
+TEST_F(QueueTest, SaysWhyItDidNotTakeTheReport) {
+    EXPECT_TRUE(test::raisedText([&] { send(); }).contains("command lp is not installed"));
+    make("lp", "echo 'lp: Error - The printer or class does not exist.' >&2; exit 1");
+    const struct {
+        const char* state;
+        const char* message;
+    } cases[] = {{"scheduler is running",
+                  "Office printer did not take the report. The printer or class does not exist."},
+                 {"scheduler is not running",
+                  "Office printer did not take the report. The printing system does not answer."}};
+    for (const auto& [state, message] : cases) {
+        make("lpstat", QByteArray("echo '") + state + "'");
+        const QString raised = test::raisedText([&] { send(); });
+        EXPECT_TRUE(raised.contains(message)) << raised.toStdString();
     }
 }
 

@@ -1,0 +1,66 @@
+#include "reports/output/PdfFile.h"
+
+#include "data/DiskPath.h"
+#include "data/RunTimeError.h"
+
+#include <QFileInfo>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <system_error>
+
+namespace tarnwell {
+
+namespace {
+
+/// A failed flush keeps the system's words only.
+bool meansFullDisk(const QString& reason) {
+    constexpr std::array full{ENOSPC, EDQUOT};
+    return std::ranges::any_of(full, [&](int code) {
+        return reason == QString::fromStdString(std::generic_category().message(code));
+    });
+}
+
+} // namespace
+
+PdfFile::PdfFile(const QString& path) : QSaveFile(pathOnDisk(path)), m_path(path) {
+    const QString folder = QFileInfo(fileName()).absolutePath();
+    if (!QFileInfo(folder).isDir())
+        raise(Failure::PathNotFound, folder);
+    check(open(WriteOnly));
+}
+
+void PdfFile::check(bool isGoing) const {
+    const FileError failure = m_failure != NoError ? m_failure : error();
+    if (isGoing && failure == NoError)
+        return;
+    const QString reason = m_reason.isEmpty() ? errorString() : m_reason;
+    const bool isFull = failure == ResourceError || meansFullDisk(reason);
+    raise(isFull ? Failure::DiskFull : Failure::FileAccess, QStringLiteral("%1: %2").arg(m_path, reason));
+}
+
+void PdfFile::finish() {
+    if (!flush())
+        keepFailure();
+    check();
+    check(commit());
+}
+
+qint64 PdfFile::writeData(const char* data, qint64 size) {
+    const qint64 written = QSaveFile::writeData(data, size);
+    if (written != size)
+        keepFailure();
+    return written;
+}
+
+void PdfFile::keepFailure() {
+    if (m_failure != NoError)
+        return;
+    // A write that came half through has no reason of the system's yet; that of the rest has.
+    flush();
+    m_failure = error() == NoError ? WriteError : error();
+    m_reason = errorString();
+}
+
+} // namespace tarnwell

@@ -2,8 +2,8 @@
 
 #include "data/DiskPath.h"
 #include "data/RunTimeError.h"
-
-#include <QFileInfo>
+#include "reports/pages/ReportFile.h"
+#include "reports/pages/TextSearch.h"
 
 #include <cstdio>
 #include <sqlite3.h>
@@ -15,87 +15,7 @@ namespace {
 using data::SqliteHandle;
 using data::SqliteStatement;
 
-constexpr qint64 applicationId = 0x54775270; // "TwRp": tells the file from every other database
-constexpr int busyMilliseconds = 5000;
 constexpr qsizetype partSize = 0x40000; ///< Bytes of a page that are kept in memory while it is drawn.
-
-/// A power cut may take the last runs and leaves the file whole; waiting for the disk would cost more.
-constexpr auto relaxed = "PRAGMA synchronous=NORMAL";
-
-qint64 answerOf(const SqliteHandle& handle, const QByteArray& sql) {
-    SqliteStatement statement = handle.prepare(sql);
-    return statement.step() ? statement.integerAt(0) : 0;
-}
-
-bool isOurs(const SqliteHandle& handle) {
-    return answerOf(handle, "PRAGMA application_id") == applicationId;
-}
-
-void requireOurs(const SqliteHandle& handle, const QString& path) {
-    if (!isOurs(handle))
-        raise(Failure::DatabaseForeign, path);
-}
-
-void createTables(const SqliteHandle& handle) {
-    // A report's page fits into one of the file's; deleted ones give their room on the disk back.
-    handle.run("PRAGMA page_size=16384");
-    handle.run("PRAGMA auto_vacuum=FULL");
-    handle.run("BEGIN IMMEDIATE");
-    handle.run("CREATE TABLE Report (ReportKey INTEGER PRIMARY KEY AUTOINCREMENT)");
-    handle.run("CREATE TABLE Page (ReportKey INTEGER NOT NULL, Page INTEGER NOT NULL, Part INTEGER NOT NULL, "
-               "Items BLOB NOT NULL, PRIMARY KEY (ReportKey, Page, Part))");
-    handle.run("PRAGMA application_id=" + QByteArray::number(applicationId));
-    handle.run("COMMIT");
-    handle.run("PRAGMA journal_mode=WAL");
-}
-
-/// Makes the tables of a new file, or clears what ended programs left in an old one, as long as nobody else
-/// has the file open: an open one is locked against this, also while its owner does nothing.
-void prepareAlone(const QString& path) {
-    const SqliteHandle handle(path, SqliteHandle::Access::Create);
-    try {
-        handle.run("PRAGMA locking_mode=EXCLUSIVE");
-        if (answerOf(handle, "PRAGMA page_count") == 0)
-            createTables(handle);
-        requireOurs(handle, path);
-        handle.run(relaxed);
-        if (answerOf(handle, "SELECT EXISTS (SELECT 1 FROM Report)") != 0) {
-            handle.run("DELETE FROM Page");
-            handle.run("DELETE FROM Report");
-        }
-    } catch (const RunTimeError&) {
-        if (handle.foundDamage())
-            raise(Failure::DatabaseForeign, path);
-        if (!handle.foundBusy())
-            throw;
-    }
-}
-
-SqliteHandle openShared(const QString& path) {
-    SqliteHandle handle(path, SqliteHandle::Access::ReadWrite);
-    sqlite3_busy_timeout(handle.get(), busyMilliseconds);
-    requireOurs(handle, path);
-    handle.run(relaxed);
-    // Copying a run from the log into the file would be a long commit, and most runs are cleared first.
-    handle.run("PRAGMA wal_autocheckpoint=0");
-    return handle;
-}
-
-/// The engine's words say neither which file nor that a right is missing.
-SqliteHandle openReportDatabase(const QString& path) {
-    const QFileInfo file(path);
-    if (!QFileInfo(file.path()).isDir())
-        raise(Failure::PathNotFound, file.path());
-    try {
-        prepareAlone(path);
-        return openShared(path);
-    } catch (const RunTimeError& error) {
-        const bool isReadOnly = error.number() == makeError(Failure::PermissionDenied).number();
-        if (isReadOnly || !file.isFile() || !file.isWritable() || !QFileInfo(file.path()).isWritable())
-            raise(Failure::FileAccess, path);
-        throw;
-    }
-}
 
 /// A write of many pages, rolled back unless it was committed. The engine's own bookkeeping stays in memory
 /// meanwhile: were it written out and changed again, the commit would have to read the whole log.
@@ -120,7 +40,7 @@ private:
 
 } // namespace
 
-PageStore::PageStore(const QString& path) : m_handle(openReportDatabase(pathOnDisk(path))) {}
+PageStore::PageStore(const QString& path) : m_path(pathOnDisk(path)), m_handle(openReportFile(m_path)) {}
 
 PageStore::~PageStore() {
     try {
@@ -131,8 +51,14 @@ PageStore::~PageStore() {
 }
 
 qint64 PageStore::newReport() {
-    clearRun();
-    m_handle.run("INSERT INTO Report DEFAULT VALUES");
+    try {
+        clearRun();
+        m_handle.run("INSERT INTO Report DEFAULT VALUES");
+    } catch (const RunTimeError& error) {
+        if (tellsOfDamage(error))
+            throw UnusableReportFile(m_path);
+        throw;
+    }
     m_run = sqlite3_last_insert_rowid(m_handle.get());
     m_drawn.emplace();
     return m_run;
@@ -227,11 +153,10 @@ void PageStore::clearRun() {
 std::vector<std::size_t> StoredReport::findOnPage(const QString& text, qint64 page,
                                                   Qt::CaseSensitivity letters) const {
     std::vector<std::size_t> hits;
-    if (text.isEmpty())
-        return hits;
-    const StoredPage stored = this->page(page);
+    const TextSearch search(text, letters);
+    const StoredPage stored = text.isEmpty() ? StoredPage() : this->page(page);
     for (std::size_t i = 0; i < stored.texts.size(); ++i)
-        if (textOnPage(stored.texts[i], m_pageCount).contains(text, letters))
+        if (search.isIn(textOnPage(stored.texts[i], m_pageCount)))
             hits.push_back(i);
     return hits;
 }

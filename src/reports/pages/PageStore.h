@@ -20,15 +20,15 @@ using FollowPages = std::function<bool(qint64 pagesDone, qint64 pages)>;
 /// and whoever opens it alone also what was left behind.
 class PageStore {
 public:
-    /// Makes the file where it is missing. Raises PathNotFound for a missing folder, FileAccess for a file or
-    /// folder that can't be written, DatabaseForeign for a file that is no report database.
+    /// Makes the file where it is missing. Raises what `openReportFile` raises.
     explicit PageStore(const QString& path);
     /// Clears the runs of this store.
     ~PageStore();
     PageStore(const PageStore&) = delete;
     PageStore& operator=(const PageStore&) = delete;
 
-    /// Clears this store's run before and starts an empty one. Keys are never given out twice.
+    /// Clears this store's run before and starts an empty one. Keys are never given out twice. Raises
+    /// UnusableReportFile for damage that shows only now.
     [[nodiscard]] qint64 newReport();
     /// Adds to the run of that key, which must be the last one and not finished; raises NotAllowed.
     void add(qint64 reportKey, const PageText& text);
@@ -50,6 +50,7 @@ private:
     [[nodiscard]] bool moveIn(const FollowPages& follow);
     void clearRun();
 
+    QString m_path;
     data::SqliteHandle m_handle;
     qint64 m_run = 0;                  ///< Key of the last run; 0: none.
     std::optional<DrawnPages> m_drawn; ///< Of the last run while it can still be drawn on.
@@ -70,7 +71,7 @@ public:
     /// Every page of a report lies the same way.
     [[nodiscard]] Orientation orientation() const { return page(1).orientation; }
     /// The places in `StoredPage::texts` of those that contain `text`, the number of pages behind " of"
-    /// included; none for an empty text.
+    /// included; none for an empty text. Unless case counts, accents don't matter either.
     [[nodiscard]] std::vector<std::size_t>
     findOnPage(const QString& text, qint64 page, Qt::CaseSensitivity letters = Qt::CaseInsensitive) const;
 

@@ -10,7 +10,7 @@ class QPainter;
 
 namespace tarnwell {
 
-/// What is looked for in a report; an empty text finds nothing.
+/// What is looked for in a report; an empty text finds nothing. Unless case counts, accents don't either.
 struct PageSearch {
     QString text;
     Qt::CaseSensitivity letters = Qt::CaseInsensitive;

@@ -2,6 +2,7 @@
 
 #include "data/RunTimeError.h"
 #include "reports/output/PageOutput.h"
+#include "reports/pages/TextSearch.h"
 
 #include <QPainter>
 
@@ -27,10 +28,9 @@ std::vector<QRectF> boxesIn(const PageText& text, const PageSearch& search, qint
         return painter.textBox(read, pages);
     };
     std::vector<QRectF> boxes;
-    qsizetype at = whole.indexOf(search.text, 0, search.letters);
-    for (; at >= 0; at = whole.indexOf(search.text, at + search.text.size(), search.letters)) {
-        QRectF box = boxOfFirst(at + search.text.size());
-        box.setLeft(at == 0 ? box.left() : boxOfFirst(at).right());
+    for (const TextSearch::Place& place : TextSearch(search.text, search.letters).placesIn(whole)) {
+        QRectF box = boxOfFirst(place.from + place.size);
+        box.setLeft(place.from == 0 ? box.left() : boxOfFirst(place.from).right());
         boxes.push_back(box);
     }
     return boxes;

@@ -2,8 +2,11 @@
 
 #include "data/RunTimeError.h"
 #include "data/recordset/Connection.h"
+#include "reports/pages/ReportFile.h"
 #include "reports/preview/ReportPreview.h"
+#include "runtime/MsgBox.h"
 
+#include <QFileInfo>
 #include <QScopedValueRollback>
 #include <QWidget>
 
@@ -16,6 +19,18 @@ namespace {
 ctlAHPrintPreview::Preview& installedPreview() {
     static ctlAHPrintPreview::Preview preview = showPreview;
     return preview;
+}
+
+/// Nothing is lost with the file, but it may be somebody's by mistake.
+bool mayBeSetAside(const UnusableReportFile& file) {
+    return MsgBox(
+               {.text = QStringLiteral("The report database can't be used. %1\n\nIt only holds the pages of "
+                                       "reports on show. Tarnwell keeps this file as %2 and makes a new "
+                                       "one in its place.")
+                            .arg(file.description(), QFileInfo(file.nameAside()).fileName()),
+                .title = QStringLiteral("Report"),
+                .buttons = MessageButtons::OkCancel,
+                .icon = MessageIcon::Exclamation}) == Answer::Ok;
 }
 
 } // namespace
@@ -37,11 +52,23 @@ PageStore& ctlAHPrintPreview::pages() const {
     return *m_pages;
 }
 
-qint64 ctlAHPrintPreview::NewReport() {
+qint64 ctlAHPrintPreview::startReport() {
     if (m_pages == nullptr)
         m_pages =
             std::make_unique<PageStore>(connectionValue(m_connectionString, QLatin1String("Data Source")));
     return m_pages->newReport();
+}
+
+qint64 ctlAHPrintPreview::NewReport() {
+    try {
+        return startReport();
+    } catch (const UnusableReportFile& file) {
+        if (!mayBeSetAside(file))
+            throw;
+        m_pages.reset();
+        file.setAside();
+    }
+    return startReport();
 }
 
 void ctlAHPrintPreview::store(qint64 reportKey, const PageText& text) {

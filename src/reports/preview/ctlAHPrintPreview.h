@@ -39,7 +39,9 @@ public:
     /// Follows a print; may end it. The preview follows its own prints.
     void setFollowPrint(FollowPages follow) { m_followPrint = std::move(follow); }
 
-    /// Raises what opening the report database raises. The pages of this surface's run before are cleared.
+    /// The pages of this surface's run before are cleared. A report database that is damaged or foreign is
+    /// set aside after a message and made anew. Raises what opening it raises, also when the user says
+    /// Cancel.
     qint64 NewReport() override;
     /// The form is out of sight once the pages are shown. A missing printer, or one that fails, is told by
     /// message. Neither happens when `goesOn` said no.
@@ -53,6 +55,7 @@ protected:
     void store(qint64 reportKey, const PageLine& line) override;
 
 private:
+    [[nodiscard]] qint64 startReport();
     [[nodiscard]] PageStore& pages() const;
     [[nodiscard]] bool storePages(qint64 reportKey);
 

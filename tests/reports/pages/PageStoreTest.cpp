@@ -2,14 +2,21 @@
 
 #include "data/file/DatabaseFile.h"
 #include "data/sqlite/SqliteHandle.h"
+#include "reports/pages/ReportFile.h"
+#include "reports/pages/TextSearch.h"
 #include "support/RaisedNumber.h"
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QTemporaryDir>
 
+#include <array>
 #include <gtest/gtest.h>
+#include <latch>
 #include <memory>
+#include <set>
+#include <thread>
 
 namespace {
 
@@ -180,6 +187,77 @@ TEST_F(PageStoreTest, FindsTextsAsTheyAreReadOnThePage) {
     EXPECT_EQ(report.findOnPage({}, 1), Hits{});
 }
 
+TEST(TextSearchTest, AccentsMatterOnlyWithCase) {
+    using Places = std::vector<TextSearch::Place>;
+    const struct {
+        const char* sought;
+        const char* text;
+        Places places;
+        Places withCase;
+    } cases[] = {{"munoz", "MU\u00D1OZ, Muñoz", {{0, 5}, {7, 5}}, {}},
+                 {"Muñoz", "Munoz Muñoz", {{0, 5}, {6, 5}}, {{6, 5}}},
+                 {"noe", "Noe\u0308l", {{0, 4}}, {}},
+                 {"ZOE", "\U0001F600 Zoë", {{3, 3}}, {}},
+                 {"aa", "aaaaa", {{0, 2}, {2, 2}}, {{0, 2}, {2, 2}}},
+                 {"\u0301", "é", {}, {}},
+                 {"", "text", {}, {}}};
+    for (const auto& [sought, text, places, withCase] : cases) {
+        const QString where = QString::fromUtf8(text);
+        for (const auto letters : {Qt::CaseInsensitive, Qt::CaseSensitive}) {
+            const TextSearch search(QString::fromUtf8(sought), letters);
+            const Places& expected = letters == Qt::CaseSensitive ? withCase : places;
+            EXPECT_EQ(search.placesIn(where), expected) << sought << " in " << text;
+            EXPECT_EQ(search.isIn(where), !expected.empty()) << sought << " in " << text;
+        }
+    }
+}
+
+TEST_F(PageStoreTest, ProgramsThatMakeItTogetherAllGetIt) {
+    constexpr int programs = 4;
+    for (int round = 0; round < 5; ++round) {
+        const QString place = m_folder.filePath(QString("Report%1.mdb").arg(round));
+        std::array<qint64, programs> keys{};
+        {
+            std::latch start(programs);
+            std::vector<std::jthread> starting;
+            for (qint64& key : keys)
+                starting.emplace_back([&start, &place, &key] {
+                    start.arrive_and_wait();
+                    const QString failure = raisedText([&] { key = PageStore(place).newReport(); });
+                    EXPECT_EQ(failure, QString());
+                });
+        }
+        EXPECT_EQ(std::set(keys.begin(), keys.end()).size(), keys.size()) << "a key was given out twice";
+    }
+}
+
+TEST_F(PageStoreTest, WhatCannotBeUsedIsSetAsideWithItsLogs) {
+    constexpr qint64 pageSize = 16384;
+    const auto damage = [this](qint64 from, qint64 size) {
+        QFile file(path());
+        ASSERT_TRUE(file.open(QIODevice::ReadWrite) && file.seek(from));
+        file.write(QByteArray(static_cast<qsizetype>(size), 'x'));
+    };
+    open().reset();
+    const std::pair<qint64, qint64> places[] = {{0, 100}, {100, 3000}, {2 * pageSize, 2 * pageSize}};
+    for (int number = 1; const auto& [from, size] : places) {
+        damage(from, size);
+        bool isSetAside = false;
+        try {
+            (void)open()->newReport();
+        } catch (const UnusableReportFile& file) {
+            const QString name =
+                number == 1 ? "Report-damaged.mdb" : QString("Report-damaged-%1.mdb").arg(number);
+            EXPECT_EQ(QFileInfo(file.nameAside()).fileName(), name);
+            file.setAside();
+            isSetAside = QFile::exists(file.nameAside());
+        }
+        EXPECT_TRUE(isSetAside) << from;
+        EXPECT_GT(open()->newReport(), 0);
+        ++number;
+    }
+}
+
 TEST_F(PageStoreTest, RefusesAPlaceWhereNoReportDatabaseCanBe) {
     const QByteArray notes(2000, 'n');
     QFile other(m_folder.filePath(QStringLiteral("notes.txt")));
@@ -197,9 +275,16 @@ TEST_F(PageStoreTest, RefusesAPlaceWhereNoReportDatabaseCanBe) {
                  {"Tarnwell.mdb", Failure::DatabaseForeign}};
     for (const auto& [name, failure] : cases) {
         const QString place = m_folder.filePath(QLatin1String(name));
-        const QString told = raisedText([&] { const PageStore store(place); });
-        EXPECT_TRUE(told.startsWith(makeError(failure).description())) << name << ": " << told.toStdString();
-        EXPECT_TRUE(told.contains(m_folder.path())) << name << ": " << told.toStdString();
+        const QString raised = raisedText([&] { const PageStore store(place); });
+        EXPECT_TRUE(raised.startsWith(makeError(failure).description()))
+            << name << ": " << raised.toStdString();
+        EXPECT_TRUE(raised.contains(m_folder.path())) << name << ": " << raised.toStdString();
+    }
+    try {
+        const PageStore store(m_folder.filePath(QStringLiteral("Tarnwell.mdb")));
+    } catch (const UnusableReportFile&) {
+        ADD_FAILURE() << "the wages would be set aside";
+    } catch (const RunTimeError&) {
     }
     EXPECT_TRUE(other.open(QIODevice::ReadOnly) && other.readAll() == notes);
     EXPECT_TRUE(integrityProblems(m_folder.filePath(QStringLiteral("Tarnwell.mdb"))).isEmpty());

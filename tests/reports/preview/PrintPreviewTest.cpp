@@ -5,6 +5,7 @@
 #include "support/RaisedNumber.h"
 #include "support/TemporaryDatabase.h"
 
+#include <QFile>
 #include <QTemporaryDir>
 #include <QWidget>
 
@@ -118,6 +119,25 @@ TEST_F(PrintPreviewTest, TheSetUpDialogGetsTheCurrentPrinter) {
     EXPECT_TRUE(showPrinterSetup(&m_form));
     EXPECT_EQ(seen, &currentPrinter());
     setPrinterDialogs(before);
+}
+
+TEST_F(PrintPreviewTest, ADamagedReportDatabaseIsMadeAnewAfterAMessage) {
+    const QString path = m_folder.filePath("Report.mdb");
+    for (const Answer answer : {Answer::Cancel, Answer::Ok}) {
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(QByteArray(3000, 'x')) > 0);
+        file.close();
+        test::MessageScript messages{answer};
+        qint64 key = 0;
+        const bool isRaised = raisedNumber([&] { key = drawnReport(2); }) != 0;
+        EXPECT_EQ(isRaised, answer == Answer::Cancel);
+        EXPECT_EQ(QFile::exists(m_folder.filePath("Report-damaged.mdb")), answer == Answer::Ok);
+        ASSERT_EQ(messages.shown().size(), 1U);
+        EXPECT_TRUE(messages.shown().front().text.contains("Report-damaged.mdb"));
+        if (!isRaised)
+            m_surface.ShowReport(key, true);
+    }
+    EXPECT_EQ(m_pages, 2);
 }
 
 TEST_F(PrintPreviewTest, AReportDatabaseThatCannotBeIsToldAtTheFirstReport) {

@@ -41,6 +41,7 @@ constexpr std::array wordsFailures{
     WordsFailure{"integer overflow", Failure::DataOverflow},
     WordsFailure{"not authorized", Failure::PermissionDenied},
     WordsFailure{"prohibited", Failure::PermissionDenied},
+    WordsFailure{"unsupported file format", Failure::DatabaseForeign}, // of a damaged header
 };
 
 /// The last part of "NOT NULL constraint failed: Job.Name".

@@ -150,8 +150,8 @@ SqliteHandle::SqliteHandle(const QString& path, Access access) {
 }
 
 bool SqliteHandle::foundDamage() const {
-    const int code = sqlite3_errcode(get()) & 0xFF;
-    return code == SQLITE_CORRUPT || code == SQLITE_NOTADB;
+    return failureOf(sqlite3_extended_errcode(get()), QString::fromUtf8(sqlite3_errmsg(get()))) ==
+           Failure::DatabaseForeign;
 }
 
 bool SqliteHandle::foundBusy() const {

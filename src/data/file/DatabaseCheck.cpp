@@ -1,17 +1,14 @@
 #include "data/file/DatabaseCheck.h"
 
-#include "data/DiskPath.h"
 #include "data/RunTimeError.h"
 #include "data/file/CheckRules.h"
+#include "data/file/EngineCheck.h"
 #include "data/recordset/Connection.h"
 #include "data/schema/Schema.h"
 #include "data/sqlite/OpenDatabase.h"
 #include "data/sqlite/SqliteHandle.h"
 
-#include <QFileInfo>
-
 #include <algorithm>
-#include <sqlite3.h>
 
 namespace tarnwell {
 
@@ -36,32 +33,12 @@ QStringList missingParts(const SqliteHandle& handle) {
     return missing;
 }
 
-struct EngineReport {
-    QStringList damage;
-    QStringList constraints; ///< Values that a column refuses: "CHECK constraint failed in Job".
-};
-
-EngineReport askEngine(const SqliteHandle& handle, int shown) {
-    EngineReport report;
-    auto lines = handle.prepare("PRAGMA integrity_check(" + QByteArray::number(shown) + ")");
-    while (lines.step()) {
-        const QString line = lines.textAt(0);
-        if (line.startsWith(QLatin1String("CHECK constraint")) ||
-            line.startsWith(QLatin1String("NULL value")))
-            report.constraints << line;
-        else if (line != QLatin1String("ok"))
-            report.damage << line;
-    }
-    return report;
-}
-
 /// The engine names a refused value's table at best; our rules name its row, and then say it all.
 QStringList unexplained(const QStringList& constraints, const std::vector<FindingGroup>& groups) {
     QStringList rest;
     for (const QString& line : constraints) {
         const bool named = std::ranges::any_of(groups, [&](const FindingGroup& group) {
-            const QString table = group.first.front().table;
-            return line.section(QLatin1String(" in "), 1).section(QLatin1Char('.'), 0, 0) == table;
+            return line.section(QLatin1String(" in "), 1).section(QLatin1Char('.'), 0, 0) == group.table;
         });
         if (!named)
             rest << line;
@@ -70,7 +47,8 @@ QStringList unexplained(const QStringList& constraints, const std::vector<Findin
 }
 
 FindingGroup examine(const SqliteHandle& handle, const CheckRule& rule, int shown) {
-    FindingGroup group{.rule = QStringLiteral("%1.%2 %3").arg(rule.table, rule.column, rule.fault),
+    FindingGroup group{.table = rule.table,
+                       .rule = QStringLiteral("%1.%2 %3").arg(rule.table, rule.column, rule.fault),
                        .first = {}};
     const QByteArray key = schema::findTable(rule.table)->keyColumn.toUtf8();
     auto rows = handle.prepare("SELECT t.[" + key + "], coalesce(CAST(t.[" + rule.column.toUtf8() +
@@ -86,7 +64,7 @@ FindingGroup examine(const SqliteHandle& handle, const CheckRule& rule, int show
 CheckResult checkRows(const SqliteHandle& handle, int shownPerRule) {
     handle.run("PRAGMA query_only=1");
     handle.run("BEGIN");
-    EngineReport report = askEngine(handle, shownPerRule);
+    const data::EngineReport report = data::askEngine(handle, shownPerRule);
     CheckResult result{.engineProblems = report.damage, .groups = {}};
     if (result.isClean())
         result.engineProblems = missingParts(handle);
@@ -113,11 +91,7 @@ qint64 CheckResult::count() const {
 }
 
 CheckResult checkDatabase(const QString& path, int shownPerRule) {
-    const QFileInfo file(pathOnDisk(path));
-    if (!file.isFile())
-        raise(Failure::DatabaseNotFound, path);
-    const SqliteHandle handle(file.filePath(), data::accessFor(file));
-    sqlite3_busy_timeout(handle.get(), static_cast<int>(usualBusyTimeout.count()));
+    const SqliteHandle handle = data::openDatabaseFile(path, usualBusyTimeout);
     try {
         return checkRows(handle, shownPerRule);
     } catch (const RunTimeError&) {

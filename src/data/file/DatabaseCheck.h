@@ -20,13 +20,16 @@ struct Finding {
 
 /// What breaks one rule.
 struct FindingGroup {
+    QString table;
     QString rule; ///< In words, as what is wrong: "JobLotTask.StartDate is no date".
     qint64 count = 0;
     std::vector<Finding> first; ///< The first few by key.
 };
 
 struct CheckResult {
-    QStringList engineProblems; ///< Damage; with any, the rows were not looked at.
+    /// Damage, with the table and page where they are known: then the rows were not looked at. Also values
+    /// that a column refuses and no group explains.
+    QStringList engineProblems;
     std::vector<FindingGroup> groups;
 
     [[nodiscard]] bool isClean() const { return engineProblems.isEmpty() && groups.empty(); }
@@ -35,7 +38,8 @@ struct CheckResult {
 
 /// Examines a database in one state, also while others write, and changes nothing: the file's soundness, the
 /// types and ranges of what is stored, relations and links, the rules of payments, and the task tree.
-/// Raises DatabaseNotFound, and DatabaseForeign when the file is no database.
+/// At most `shownPerRule` findings a rule are listed; all are counted. Raises DatabaseNotFound, and
+/// DatabaseForeign when the file is not a database or its list of tables can't be read.
 [[nodiscard]] CheckResult checkDatabase(const QString& path, int shownPerRule = 50);
 
 } // namespace tarnwell

@@ -2,6 +2,7 @@
 
 #include "data/DiskPath.h"
 #include "data/RunTimeError.h"
+#include "data/file/EngineCheck.h"
 #include "data/file/FileReplacement.h"
 #include "data/recordset/Connection.h"
 #include "data/schema/Schema.h"
@@ -17,6 +18,8 @@ namespace {
 using data::quoted;
 using data::SqliteHandle;
 using data::SqliteStatement;
+
+constexpr int shownProblems = 100; ///< Of a table: more say nothing new.
 
 void insertInitialRow(const SqliteHandle& handle, const schema::InitialRow& row) {
     QByteArrayList names;
@@ -42,20 +45,8 @@ void fillNewDatabase(const QString& path) {
         insertInitialRow(handle, row);
     handle.run("COMMIT");
     // The file remembers it; inside of the transaction it could not be set.
-    handle.run("PRAGMA journal_mode=WAL");
-}
-
-QStringList linesOf(SqliteStatement statement) {
-    QStringList lines;
-    while (statement.step())
-        lines << statement.textAt(0);
-    return lines;
-}
-
-QStringList engineProblems(const SqliteHandle& handle) {
-    QStringList lines = linesOf(handle.prepare("PRAGMA integrity_check"));
-    lines.removeAll(QStringLiteral("ok"));
-    return lines;
+    if (data::journalFor(path) == data::Journal::WriteAhead)
+        handle.run("PRAGMA journal_mode=WAL");
 }
 
 /// "JobLot 5: there is no Job 77 for JobKey".
@@ -125,7 +116,8 @@ void updateStatistics(const QString& path) {
 QStringList integrityProblems(const QString& path) {
     const SqliteHandle handle = data::openOurDatabase(path, usualBusyTimeout);
     try {
-        const QStringList problems = engineProblems(handle);
+        const data::EngineReport report = data::askEngine(handle, shownProblems);
+        const QStringList problems = report.damage + report.constraints;
         // A damaged file has no rows on whose keys one could rely.
         return problems.isEmpty() ? relationProblems(handle) : problems;
     } catch (const RunTimeError& error) {

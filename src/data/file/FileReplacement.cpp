@@ -6,12 +6,13 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QTemporaryFile>
+#include <QRandomGenerator>
 
 #include <algorithm>
 #include <array>
 #include <filesystem>
 #include <optional>
+#include <string_view>
 
 #ifndef _WIN32
 #include <fcntl.h>
@@ -71,22 +72,85 @@ SqliteHandle lockAgainstUse(const QString& path) {
     return handle;
 }
 
+/// False, with both files as they were, when it can't be moved or when what stands there is to be kept.
+bool isMoved(const QString& from, const QString& to, FileReplacement::Existing existing) {
+    std::error_code error;
+    if (existing == FileReplacement::Existing::Keep) {
+        // Unlike a rename, a second name for the file is refused where another program was quicker.
+        std::filesystem::create_hard_link(nativePath(from), nativePath(to), error);
+        if (!error || error == std::errc::file_exists)
+            return !error; // The first name is removed with the leftovers.
+    }
+    error.clear();
+    std::filesystem::rename(nativePath(from), nativePath(to), error);
+    return !error;
+}
+
+const QString lockSuffix = QStringLiteral(".lock");
+
+/// Null while another program has it.
+std::unique_ptr<QLockFile> lockFor(const QString& temporaryPath) {
+    auto lock = std::make_unique<QLockFile>(temporaryPath + lockSuffix);
+    lock->setStaleLockTime(0); // However old it is, it counts while its program runs.
+    if (!lock->tryLock(0))
+        return nullptr;
+    return lock;
+}
+
+void removeWithLogs(const QString& temporaryPath) {
+    QFile::remove(temporaryPath);
+    (void)removeLogs(temporaryPath);
+}
+
+/// Somebody else's file may have such a name.
+bool canBeDatabase(const QString& path) {
+    QFile file(path);
+    if (!file.exists())
+        return true; // Only a lock or a log is left.
+    return file.open(QIODevice::ReadOnly) && (file.size() == 0 || file.read(15) == "SQLite format 3");
+}
+
+/// A program that was killed in its work could not remove its file.
+void removeLeftovers(const QString& folder) {
+    const QString ending = QStringLiteral(".tmp");
+    QStringList names = QDir(folder).entryList({QStringLiteral("new-??????.tmp*")}, QDir::Files);
+    for (QString& name : names)
+        name.truncate(name.lastIndexOf(ending) + ending.size());
+    names.removeDuplicates();
+    for (const QString& name : names) {
+        const QString path = QDir(folder).filePath(name);
+        if (!canBeDatabase(path))
+            continue;
+        if (const auto lock = lockFor(path))
+            removeWithLogs(path);
+    }
+}
+
+QString temporaryName(const QString& folder) {
+    constexpr std::string_view letters = "abcdefghijklmnopqrstuvwxyz0123456789";
+    QString random;
+    for (int i = 0; i < 6; ++i)
+        random += QLatin1Char(letters[QRandomGenerator::system()->bounded(static_cast<int>(letters.size()))]);
+    return QDir(folder).filePath(QStringLiteral("new-%1.tmp").arg(random));
+}
+
 } // namespace
 
 FileReplacement::FileReplacement(const QString& target) : m_target(target) {
     const QString folder = QFileInfo(target).absolutePath();
     if (!QFileInfo(folder).isDir())
         raise(Failure::PathNotFound, folder);
-    QTemporaryFile file(QDir(folder).filePath(QStringLiteral("new-XXXXXX.tmp")));
-    if (!file.open())
-        raise(Failure::FileAccess, target);
-    // Only its name is kept: the engine makes the file anew, readable for whoever may read new files.
-    m_temporaryPath = file.fileName();
+    removeLeftovers(folder);
+    do {
+        m_temporaryPath = temporaryName(folder);
+        m_lock = lockFor(m_temporaryPath);
+        if (m_lock == nullptr)
+            raise(Failure::FileAccess, target);
+    } while (QFileInfo::exists(m_temporaryPath));
 }
 
 FileReplacement::~FileReplacement() {
-    QFile::remove(m_temporaryPath);
-    (void)removeLogs(m_temporaryPath);
+    removeWithLogs(m_temporaryPath);
 }
 
 void FileReplacement::moveIntoPlace(Existing existing) {
@@ -102,9 +166,7 @@ void FileReplacement::moveIntoPlace(Existing existing) {
         raise(Failure::FileAccess, m_target);
     if (!canReplaceOpenFile)
         lock.reset();
-    std::error_code error;
-    std::filesystem::rename(nativePath(m_temporaryPath), nativePath(m_target), error);
-    if (error || !isSynchronized(old.absolutePath()))
+    if (!isMoved(m_temporaryPath, m_target, existing) || !isSynchronized(old.absolutePath()))
         raise(Failure::FileAccess, m_target);
 }
 

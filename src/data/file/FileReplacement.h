@@ -1,13 +1,18 @@
 #pragma once
 
+#include <QLockFile>
 #include <QString>
+
+#include <memory>
 
 namespace tarnwell::data {
 
 /// A database that is made beside its place and moved there when it is whole; removed when it is not.
 class FileReplacement {
 public:
-    /// Raises PathNotFound for a folder that is not there, FileAccess for one that cannot be written.
+    /// Chooses a name and keeps it against other programs; the file is for the caller to make. Removes what
+    /// killed programs left in the folder. Raises PathNotFound for a folder that does not exist, FileAccess
+    /// for one that cannot be written.
     explicit FileReplacement(const QString& target);
     ~FileReplacement();
     FileReplacement(const FileReplacement&) = delete;
@@ -17,14 +22,16 @@ public:
 
     [[nodiscard]] const QString& temporaryPath() const { return m_temporaryPath; }
     /// Brings the closed database to the disk, then into its place, with the permissions of the one that it
-    /// replaces. Logs beside that place go: they would be taken for the new file's. Raises DatabaseLocked
-    /// while somebody has the old one open, and FileAccess when it cannot or when a file stands there that is
-    /// to be kept; nothing has changed then.
+    /// replaces. Logs beside that place are removed: they would be taken for the new file's. Raises
+    /// DatabaseLocked while somebody has the old one open, and FileAccess when the file can't be moved or
+    /// another one that is to be kept has its name, even if that was made a moment ago; nothing has changed
+    /// then.
     void moveIntoPlace(Existing existing);
 
 private:
     QString m_target;
     QString m_temporaryPath;
+    std::unique_ptr<QLockFile> m_lock; ///< "new-AbCdEf.tmp.lock": what it stands beside is in use.
 };
 
 } // namespace tarnwell::data

@@ -4,8 +4,12 @@
 #include "data/RunTimeError.h"
 #include "data/schema/Schema.h"
 
+#include <QFile>
 #include <QFileInfo>
+#include <QStorageInfo>
 
+#include <algorithm>
+#include <array>
 #include <sqlite3.h>
 
 namespace tarnwell::data {
@@ -14,9 +18,66 @@ namespace {
 
 using Access = SqliteHandle::Access;
 
-/// Reads the catalogue, which is where a file that is no database shows.
-void requireOurs(const SqliteHandle& handle, const QString& path) {
+/// Their names begin so: "nfs4", "smb3", "fuse.sshfs". Folders that a virtual machine shares count: the
+/// computer that offers them is another one.
+constexpr std::array networkFileSystems{"nfs",  "cifs",      "smb",    "fuse.",  "ncp",  "afs",
+                                        "ceph", "9p",        "vboxsf", "lustre", "gfs2", "ocfs2",
+                                        "coda", "glusterfs", "davfs",  "vmhgfs"};
+
+/// A file that nobody can write needs no locks, and there may be no place for them.
+bool canNobodyWrite(const QFileInfo& file) {
+    const QStorageInfo drive(file.path());
+    return drive.isReadOnly() && !isNetworkFileSystem(drive.fileSystemType());
+}
+
+Access accessFor(const QFileInfo& file) {
+    if (file.isWritable())
+        return Access::ReadWrite;
+    return canNobodyWrite(file) ? Access::Immutable : Access::ReadOnly;
+}
+
+/// Of a file that may be anything.
+bool isInWriteAheadMode(const QString& path) {
+    constexpr qint64 readVersionAt = 19; // by the engine's file format
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) && file.seek(readVersionAt) && file.read(1) == "\x02";
+}
+
+void readCatalogue(const SqliteHandle& handle) {
     (void)handle.prepare("SELECT 1 FROM sqlite_schema").step();
+}
+
+/// The engine's words say neither which file nor what to do. Returns where they are enough.
+void explainFailure(const SqliteHandle& handle, const QFileInfo& file, const QString& path) {
+    if (handle.foundDamage())
+        raise(Failure::DatabaseForeign, path);
+    const int code = sqlite3_errcode(handle.get()) & 0xFF;
+    const bool lacksLog = code == SQLITE_READONLY || code == SQLITE_CANTOPEN;
+    if (lacksLog && file.isReadable() && !file.isWritable())
+        raise(Failure::PermissionDenied,
+              QStringLiteral("%1 can be read only with write permission for its folder, or while another "
+                             "program has it open")
+                  .arg(path));
+}
+
+SqliteHandle openFile(const QString& path, std::chrono::milliseconds busyTimeout, bool alone) {
+    const QFileInfo file(pathOnDisk(path));
+    if (!file.isFile())
+        raise(Failure::DatabaseNotFound, path);
+    SqliteHandle handle(file.filePath(), accessFor(file));
+    sqlite3_busy_timeout(handle.get(), static_cast<int>(busyTimeout.count()));
+    try {
+        if (alone)
+            handle.run("PRAGMA locking_mode=EXCLUSIVE");
+        readCatalogue(handle);
+    } catch (const RunTimeError&) {
+        explainFailure(handle, file, path);
+        throw;
+    }
+    return handle;
+}
+
+void requireOurs(const SqliteHandle& handle, const QString& path) {
     for (const schema::Table& table : schema::tables())
         for (const schema::Column& column : table.columns)
             if (!hasColumn(handle, table, column))
@@ -32,13 +93,22 @@ void protect(sqlite3* handle) {
     sqlite3_db_config(handle, SQLITE_DBCONFIG_ENABLE_FKEY, 1, nullptr);
 }
 
+/// Folds the log into the file. The handle has the file to itself, and shares it again afterwards.
+void leaveWriteAheadMode(const SqliteHandle& handle) {
+    handle.run("PRAGMA journal_mode=DELETE");
+    handle.run("PRAGMA locking_mode=NORMAL");
+    readCatalogue(handle); // The lock is let go only now.
+}
+
 } // namespace
 
-Access accessFor(const QFileInfo& file) {
-    if (file.isWritable())
-        return Access::ReadWrite;
-    const bool hasLog = QFileInfo::exists(file.filePath() + QStringLiteral("-wal"));
-    return hasLog || QFileInfo(file.path()).isWritable() ? Access::ReadOnly : Access::Immutable;
+bool isNetworkFileSystem(const QByteArray& type) {
+    return std::ranges::any_of(networkFileSystems, [&](const char* name) { return type.startsWith(name); });
+}
+
+Journal journalFor(const QString& path) {
+    const QStorageInfo drive(QFileInfo(path).absolutePath());
+    return isNetworkFileSystem(drive.fileSystemType()) ? Journal::Rollback : Journal::WriteAhead;
 }
 
 bool hasColumn(const SqliteHandle& handle, const schema::Table& table, const schema::Column& column) {
@@ -47,23 +117,26 @@ bool hasColumn(const SqliteHandle& handle, const schema::Table& table, const sch
                                          nullptr) == SQLITE_OK;
 }
 
+SqliteHandle openDatabaseFile(const QString& path, std::chrono::milliseconds busyTimeout) {
+    return openFile(path, busyTimeout, false);
+}
+
 SqliteHandle openOurDatabase(const QString& path, std::chrono::milliseconds busyTimeout) {
-    const QFileInfo file(pathOnDisk(path));
-    if (!file.isFile())
-        raise(Failure::DatabaseNotFound, path);
-    const Access access = accessFor(file);
-    SqliteHandle handle(file.filePath(), access);
-    sqlite3_busy_timeout(handle.get(), static_cast<int>(busyTimeout.count()));
-    try {
-        requireOurs(handle, path);
-        if (access == Access::ReadWrite) {
+    return openOurDatabase(path, busyTimeout, journalFor(pathOnDisk(path)));
+}
+
+SqliteHandle openOurDatabase(const QString& path, std::chrono::milliseconds busyTimeout, Journal journal) {
+    const QString onDisk = pathOnDisk(path);
+    const bool canWrite = QFileInfo(onDisk).isWritable();
+    const bool leaves = journal == Journal::Rollback && canWrite && isInWriteAheadMode(onDisk);
+    SqliteHandle handle = openFile(path, busyTimeout, leaves);
+    requireOurs(handle, path);
+    if (leaves)
+        leaveWriteAheadMode(handle);
+    if (canWrite) {
+        if (journal == Journal::WriteAhead)
             handle.run("PRAGMA journal_mode=WAL");
-            handle.run("PRAGMA synchronous=FULL");
-        }
-    } catch (const RunTimeError&) {
-        if (handle.foundDamage())
-            raise(Failure::DatabaseForeign, path); // the engine's words do not say which file
-        throw;
+        handle.run("PRAGMA synchronous=FULL");
     }
     protect(handle.get());
     return handle;

@@ -3,24 +3,40 @@
 #include "data/schema/Schema.h"
 #include "data/sqlite/SqliteHandle.h"
 
-#include <QFileInfo>
+#include <QByteArray>
 #include <QString>
 
 #include <chrono>
 
 namespace tarnwell::data {
 
-/// How a file can be opened: a read-only one in a folder without its log beside it can only be read as one
-/// that nobody changes.
-[[nodiscard]] SqliteHandle::Access accessFor(const QFileInfo& file);
+/// How a change that a power cut interrupts is undone.
+enum class Journal {
+    WriteAhead, ///< Readers and a writer do not wait for each other. They share memory: one computer only.
+    Rollback    ///< By locks on the file alone, which also hold on a network drive.
+};
+
+/// What suits the drive on which the file lies or is to lie.
+[[nodiscard]] Journal journalFor(const QString& path);
+/// Whether a file system, named as the system's table of mounts does ("ext4", "nfs4"), lies on another
+/// computer.
+[[nodiscard]] bool isNetworkFileSystem(const QByteArray& type);
 
 /// Whether the database has the column, whatever its type there.
 [[nodiscard]] bool hasColumn(const SqliteHandle& handle, const schema::Table& table,
                              const schema::Column& column);
 
+/// Opens any database file for reading, and for writing where that is allowed, and reads its catalogue.
+/// Raises DatabaseNotFound; DatabaseForeign, with the path, when it is damaged or not a database;
+/// PermissionDenied when it can't be read safely without write permission; DatabaseLocked.
+[[nodiscard]] SqliteHandle openDatabaseFile(const QString& path, std::chrono::milliseconds busyTimeout);
+
 /// Opens a database of ours and never makes one: for writing, or for reading where the file cannot be
-/// written. Raises DatabaseNotFound, DatabaseForeign when it is no database, is damaged or lacks one of our
-/// columns, DatabaseLocked. The file is looked at before anything is written to it.
+/// written. Raises what `openDatabaseFile` raises, and DatabaseForeign when one of our columns is missing.
+/// The file is looked at before anything is written to it. Its journal is changed where it does not suit the
+/// drive; that raises DatabaseLocked while somebody else has the file open.
 [[nodiscard]] SqliteHandle openOurDatabase(const QString& path, std::chrono::milliseconds busyTimeout);
+[[nodiscard]] SqliteHandle openOurDatabase(const QString& path, std::chrono::milliseconds busyTimeout,
+                                           Journal journal);
 
 } // namespace tarnwell::data

@@ -1,17 +1,34 @@
 #include "data/file/DatabaseFile.h"
 
-#include "data/sqlite/SqliteHandle.h"
+#include "data/RunTimeError.h"
+#include "data/file/DatabaseCheck.h"
+#include "data/sqlite/OpenDatabase.h"
 #include "support/RaisedNumber.h"
 #include "support/TemporaryDatabase.h"
 
 #include <QDir>
 #include <QFile>
+#include <QLockFile>
 
+#include <atomic>
+#include <barrier>
+#include <functional>
 #include <gtest/gtest.h>
+#include <sqlite3.h>
+#include <thread>
 
 namespace tarnwell::test {
 
 namespace {
+
+QString raisedText(const std::function<void()>& action) {
+    try {
+        action();
+    } catch (const RunTimeError& error) {
+        return error.description();
+    }
+    return {};
+}
 
 class DatabaseFiles : public ::testing::Test {
 protected:
@@ -97,6 +114,78 @@ TEST_F(DatabaseFiles, BackupTakesNoDamagedSource) {
     EXPECT_FALSE(integrityProblems(database.path()).isEmpty());
     EXPECT_NE(raisedNumber([&] { backupDatabase(database.path(), beside("copy.mdb"), false); }), 0);
     EXPECT_FALSE(QFile::exists(beside("copy.mdb")));
+}
+
+TEST_F(DatabaseFiles, OfTwoThatAreMadeAtOnceOnlyOneTakesTheName) {
+    for (int round = 0; round < 6; ++round) {
+        const QString path = beside("new.mdb");
+        std::atomic<int> made = 0;
+        std::barrier start(3);
+        {
+            std::vector<std::jthread> programs;
+            for (int i = 0; i < 3; ++i)
+                programs.emplace_back([&] {
+                    start.arrive_and_wait();
+                    made += raisedNumber([&] { createDatabase(path); }) == 0 ? 1 : 0;
+                });
+        }
+        ASSERT_EQ(made, 1) << "round " << round;
+        ASSERT_TRUE(QFile::remove(path));
+    }
+}
+
+TEST_F(DatabaseFiles, WhatAKilledProgramLeftIsRemovedUnlessItIsInUse) {
+    const auto write = [&](const char* name, const QByteArray& bytes) {
+        QFile file(beside(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+    };
+    write("new-killed.tmp", "SQLite format 3");
+    write("new-killed.tmp-journal", "");
+    write("new-killed.tmp.lock", "99999999\nother-program\n");
+    write("new-inwork.tmp", "SQLite format 3");
+    write("new-letter.tmp", "Dear builder,");
+    QLockFile inUse(beside("new-inwork.tmp.lock"));
+    ASSERT_TRUE(inUse.tryLock(0));
+    backupDatabase(database.path(), beside("copy.mdb"), false);
+    EXPECT_EQ(QDir(database.folder()).entryList({"*.tmp*"}, QDir::Files, QDir::Name),
+              (QStringList{"new-inwork.tmp", "new-inwork.tmp.lock", "new-letter.tmp"}));
+}
+
+TEST_F(DatabaseFiles, OnANetworkDriveTheJournalIsRolledBack) {
+    const std::pair<const char*, bool> drives[] = {{"ext4", false}, {"fuseblk", false}, {"nfs4", true},
+                                                   {"cifs", true},  {"smb3", true},     {"fuse.sshfs", true}};
+    for (const auto& [drive, isShared] : drives)
+        EXPECT_EQ(data::isNetworkFileSystem(drive), isShared) << drive;
+    const auto open = [&](data::Journal journal) {
+        return data::openOurDatabase(database.path(), std::chrono::milliseconds(0), journal);
+    };
+    const auto mode = [](const data::SqliteHandle& handle) {
+        auto answer = handle.prepare("PRAGMA journal_mode");
+        return answer.step() ? answer.textAt(0) : QString();
+    };
+    database.add("MasterTask", {{"Name", "still in the log"}});
+    EXPECT_EQ(raisedNumber([&] { (void)open(data::Journal::Rollback); }), -2147467259); // in use
+    database.connection().Close();
+    {
+        const auto first = open(data::Journal::Rollback);
+        const auto second = open(data::Journal::Rollback);
+        EXPECT_EQ(mode(first), "delete");
+        second.run("DELETE FROM MasterTask WHERE Name='still in the log'");
+        EXPECT_EQ(sqlite3_changes(second.get()), 1);
+    }
+    EXPECT_EQ(mode(open(data::Journal::WriteAhead)), "wal");
+}
+
+TEST_F(DatabaseFiles, ADamagedHeaderIsNamedAsDamage) {
+    database.connection().Close();
+    constexpr qint64 schemaFormatAt = 47;
+    damage(database.path(), schemaFormatAt, "\x20");
+    for (const auto& open :
+         std::initializer_list<std::function<void()>>{[&] { (void)integrityProblems(database.path()); },
+                                                      [&] { (void)checkDatabase(database.path()); }})
+        EXPECT_EQ(raisedText(open),
+                  "The file is damaged or is not a Tarnwell database. (" + database.path() + ")");
 }
 
 TEST_F(DatabaseFiles, NamesABrokenRelation) {

@@ -106,10 +106,11 @@ private:
     uid_t m_user;
 };
 
-TEST(Opening, ReadsAFileThatItCannotWrite) {
+TEST(Opening, ReadsAFileThatItCannotWriteOnlyWhereItSeesWhatOthersWrite) {
     for (const ::mode_t folderMode : {0755, 0777, 0555}) {
         TemporaryDatabase database;
         database.add("MasterTask", {{"Name", "Elm"}});
+        const auto writer = database.secondSeat();
         database.connection().Close();
         ASSERT_EQ(::chmod(database.path().toUtf8().constData(), 0444), 0);
         ASSERT_EQ(::chmod(database.folder().toUtf8().constData(), folderMode), 0);
@@ -119,7 +120,19 @@ TEST(Opening, ReadsAFileThatItCannotWrite) {
             EXPECT_EQ(database.ask("SELECT Name FROM MasterTask"), Value("Elm"));
             EXPECT_EQ(raisedNumber([&] { database.run("DELETE FROM MasterTask"); }), -2147217911);
             EXPECT_EQ(raisedNumber([&] { database.add("MasterTask", {}); }), -2147217911);
+        }
+        (void)writer->Execute("UPDATE MasterTask SET Name='Oak'");
+        {
+            const WithoutPrivileges reader;
+            EXPECT_EQ(database.ask("SELECT Name FROM MasterTask"), Value("Oak"));
             database.connection().Close();
+        }
+        writer->Close();
+        {
+            // Nobody shares a log with the reader, who can't make one: others could write unseen.
+            const WithoutPrivileges reader;
+            EXPECT_EQ(raisedNumber([&] { database.connection().Open(); }),
+                      folderMode == 0777 ? 0 : -2147217911);
         }
         ASSERT_EQ(::chmod(database.folder().toUtf8().constData(), 0755), 0);
     }

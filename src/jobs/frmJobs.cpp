@@ -164,19 +164,40 @@ bool frmJobs::writeGrids() {
 /// The buttons of the control that has the focus go by what is loaded, so its routine runs again.
 void frmJobs::loadJob(qint64 jobKey) {
     JobKey = jobKey;
-    DisplayRecord();
+    try {
+        DisplayRecord();
+    } catch (const RunTimeError&) {
+        emptyGrids();
+        throw;
+    }
     LoadedJobNumber = m_fields[0]->text();
     LoadJobLots();
     if (QWidget* active = ActiveControl())
         SetFocus(active);
 }
 
+/// Raises what `saveJob` raises. A job that no longer exists leaves the screen then: as long as it stayed,
+/// neither another job nor Exit could be reached.
 void frmJobs::SaveRecord() {
-    saveJob(connection(), JobKey,
-            {.jobNumber = m_fields[0]->text(),
-             .name = m_fields[nameField]->text(),
-             .foreman = cmbForeman->Text(),
-             .completedDate = rebCompletedDate->value()});
+    try {
+        saveJob(connection(), JobKey,
+                {.jobNumber = m_fields[0]->text(),
+                 .name = m_fields[nameField]->text(),
+                 .foreman = cmbForeman->Text(),
+                 .completedDate = rebCompletedDate->value()});
+    } catch (const RunTimeError& error) {
+        if (error.number() == makeError(Failure::NoCurrentRecord).number())
+            letJobGo();
+        throw;
+    }
+}
+
+/// No job is on the screen from here on.
+void frmJobs::letJobGo() {
+    JobKey = 0;
+    DisplayRecord();
+    emptyGrids();
+    SetFocus(m_fields[0]);
 }
 
 void frmJobs::DisplayRecord() {
@@ -214,15 +235,10 @@ void frmJobs::deleteActive() {
 }
 
 void frmJobs::DeleteRecord() {
-    {
-        const HourGlass hourGlass;
-        deleteJob(connection(), JobKey);
-        JobKey = 0;
-        DisplayRecord();
-        emptyGrids();
-        m_deleting.reset();
-    }
-    SetFocus(m_fields[0]);
+    const HourGlass hourGlass;
+    deleteJob(connection(), JobKey);
+    letJobGo();
+    m_deleting.reset();
 }
 
 void frmJobs::MskField_GotFocus(int index) {

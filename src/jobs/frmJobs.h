@@ -51,6 +51,7 @@ private:
     void AddRecord();
     void FindRecord();
     void SaveRecord();
+    void letJobGo();
     void DisplayRecord();
     void DeleteRecord();
     void loadJob(qint64 jobKey);

@@ -1,5 +1,7 @@
 #include "jobs/JobScreen.h"
 
+#include <QLineEdit>
+
 using namespace tarnwell;
 using namespace tarnwell::test;
 
@@ -301,4 +303,31 @@ TEST_F(JobGrids, ADeletedLotTakesItsPendingTaskAlong) {
     EXPECT_EQ(tasks().RowCount(), 0);
     EXPECT_FALSE(tasks().isPending());
     EXPECT_EQ(data.count("JobLotTask"), 0);
+}
+
+TEST_F(JobGrids, AnEmptiedCategoryStaysInForceForTheNextLot) {
+    openJob();
+    data.addTask("Beams", lotB);
+    driver->focus("cmbType");
+    combo().lineEdit()->selectAll();
+    driver->press(Qt::Key_Delete);
+    clickCell("jgJobLots", 2, 3);
+    EXPECT_EQ(combo().Text(), "Framing");
+    EXPECT_EQ(cell(tasks(), 1, nameColumn), "Beams");
+}
+
+TEST_F(JobGrids, ADeletedJobLeavesNoPendingRow) {
+    openJob();
+    clickCell("jgJobLots", 1, 5);
+    driver->type("5 Elm Street");
+    driver->focus("jgTasks");
+    driver->press(Qt::Key_Insert);
+    driver->type("Sweep");
+    driver->focus("MskField(0)");
+    EXPECT_TRUE(lots().isPending() && tasks().isPending());
+    del();
+    EXPECT_FALSE(lots().isPending() || tasks().isPending());
+    driver->clickToolbar("Exit");
+    EXPECT_FALSE(form().isLoaded());
+    driver.reset();
 }

@@ -168,15 +168,48 @@ TEST_F(JobScreen, TheLastSeatToLeaveAJobWins) {
     driver.reset();
 }
 
-TEST_F(JobScreen, AJobThatAnotherSeatDeletedCanBeLetGo) {
+TEST_F(JobScreen, AJobThatSomebodyElseDeletedLeavesTheScreenAfterOneMessage) {
+    const std::function<void()> ways[] = {
+        [this] { driver->clickToolbar("Exit"); },
+        [this] { driver->clickToolbar("Add"); },
+        [this] { find("optSearch(0)"); },
+        [this] { form().close(); },
+    };
+    for (const auto& leave : ways) {
+        openJob();
+        data.db.secondSeat()->Execute("DELETE FROM Job");
+        data.addJob("J-1", "Another");
+        script.expect(Answer::Ok);
+        leave();
+        EXPECT_EQ(form().JobKey, 0);
+        EXPECT_EQ(field(0).text() + field(1).text() + field(2).text(), "");
+        EXPECT_EQ(lots().RowCount() + tasks().RowCount(), 0);
+        EXPECT_EQ(driver->focusedName(), "MskField(0)");
+        driver->clickToolbar("Exit");
+        EXPECT_FALSE(form().isLoaded());
+        driver.reset();
+    }
+}
+
+TEST_F(JobScreen, FindWritesTheJobFirstAndOneThatCannotBeReadIsNotKept) {
+    data.addJob("J-2", "Oak");
     openJob();
-    data.db.secondSeat()->Execute("DELETE FROM Job");
+    driver->retype("MskField(1)", "Fir");
     script.expect(Answer::Ok);
-    driver->clickToolbar("Exit");
-    EXPECT_TRUE(form().isVisible()) << "the fields can't be saved";
-    driver->focus("MskField(0)");
-    del();
+    whenShown([this](const ScreenDriver& search) {
+        search.click("optSearch(0)");
+        search.focus("MskField(0)");
+        search.type("J-2");
+        data.db.secondSeat()->Execute("DELETE FROM Job WHERE JobNumber='J-2'");
+        search.press(Qt::Key_Return);
+    });
+    driver->clickToolbar("Find");
+    EXPECT_EQ(stored("Name"), "Fir");
     EXPECT_EQ(form().JobKey, 0);
+    EXPECT_EQ(lots().RowCount(), 0) << "no lots of the job before";
+    driver->clickToolbar("Exit");
+    EXPECT_EQ(stored("JobNumber"), "J-1") << "the empty fields were written over nothing";
+    driver.reset();
 }
 
 TEST_F(JobScreen, DelMeansWhatIsActive) {

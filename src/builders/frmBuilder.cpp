@@ -112,8 +112,8 @@ void frmBuilder::Toolbar1_ButtonClick(const QString& caption) {
     } buttons[] = {
         {"Add",
          [this] {
-             AddRecord();
-             SetFocus(m_fields[0]);
+             if (AddRecord())
+                 SetFocus(m_fields[0]);
          }},
         {"Copy", [this] { CopyPlan(); }},
         {"Del", [this] { DeleteRecord(); }},
@@ -139,12 +139,15 @@ void frmBuilder::Toolbar1_ButtonClick(const QString& caption) {
     }
 }
 
-void frmBuilder::AddRecord() {
+bool frmBuilder::AddRecord() {
     SuppressVerify = true;
-    SaveRecord();
-    ContractorKey = addBuilder(connection());
-    DisplayRecord();
+    const bool written = writeAll();
+    if (written) {
+        ContractorKey = addBuilder(connection());
+        DisplayRecord();
+    }
     SuppressVerify = false;
+    return written;
 }
 
 void frmBuilder::FindRecord() {
@@ -154,11 +157,14 @@ void frmBuilder::FindRecord() {
     search.Show(Modality::Modal, this);
     if (search.selectedKey().isEmpty())
         return;
-    SaveRecord();
-    ContractorKey = selectedKeyNumber(search.selectedKey());
-    DisplayRecord();
+    const bool written = writeAll();
+    if (written) {
+        ContractorKey = selectedKeyNumber(search.selectedKey());
+        DisplayRecord();
+    }
     SuppressVerify = false;
-    SetFocus(m_fields[0]);
+    if (written)
+        SetFocus(m_fields[0]);
 }
 
 void frmBuilder::ShowGroups() {
@@ -167,11 +173,39 @@ void frmBuilder::ShowGroups() {
     groups.openFor({.ContractorKey = ContractorKey, .name = m_fields[0]->text()}, pickForGroup, this);
 }
 
+/// The builder on the screen with its grids: none of it may be left behind, or come under the next builder.
+/// False when a row was refused, and its message shown.
+bool frmBuilder::writeAll() {
+    SaveRecord();
+    return writeGrids();
+}
+
+/// Raises what `saveBuilder` raises. A builder that no longer exists leaves the screen then: as long as it
+/// stayed, neither another builder nor Exit could be reached.
 void frmBuilder::SaveRecord() {
     BuilderTexts texts;
     std::transform(m_fields.begin(), m_fields.end(), texts.begin(),
                    [](const MaskedBox* field) { return field->text(); });
-    saveBuilder(connection(), ContractorKey, texts);
+    try {
+        saveBuilder(connection(), ContractorKey, texts);
+    } catch (const RunTimeError& error) {
+        if (error.number() == makeError(Failure::NoCurrentRecord).number()) {
+            letBuilderGo();
+            SuppressVerify = false;
+        }
+        throw;
+    }
+}
+
+/// No builder is on the screen from here on. What was pending in the grids has no owner any more.
+void frmBuilder::letBuilderGo() {
+    jgTasks->CancelUpdate();
+    jgPlans->CancelUpdate();
+    ToolbarMask = 0;
+    ContractorKey = 0;
+    DisplayRecord();
+    SetFocus(m_fields[0]);
+    SetFieldToolbar(0);
 }
 
 void frmBuilder::DisplayRecord() {
@@ -219,18 +253,9 @@ void frmBuilder::DeleteRecord() {
 void frmBuilder::DeleteBuilder() {
     if (!confirmDelete("Delete Current Builder?"))
         return;
-    {
-        const HourGlass hourGlass;
-        deleteBuilder(connection(), ContractorKey);
-        // What was pending has no owner any more.
-        jgTasks->CancelUpdate();
-        jgPlans->CancelUpdate();
-        ToolbarMask = 0;
-        ContractorKey = 0;
-        DisplayRecord();
-    }
-    SetFocus(m_fields[0]);
-    SetFieldToolbar(0);
+    const HourGlass hourGlass;
+    deleteBuilder(connection(), ContractorKey);
+    letBuilderGo();
 }
 
 void frmBuilder::SetFieldToolbar(int index) {

@@ -30,8 +30,9 @@ public:
 
     qint64 ContractorKey = 0; ///< The loaded builder; 0 for none.
 
-    /// Saves the loaded builder, adds an empty one and loads it.
-    void AddRecord();
+    /// Saves the loaded builder with its grids, adds an empty one and loads it. False when a grid's row was
+    /// refused, and its message shown: the loaded builder stays then.
+    bool AddRecord();
     /// Deletes what the active control shows: the builder, a plan or a plan's task. Asks first. Raises what
     /// the database refuses; the screen then shows what is stored.
     void DeleteRecord();
@@ -61,7 +62,9 @@ private:
 
     void FindRecord();
     void ShowGroups();
+    [[nodiscard]] bool writeAll();
     void SaveRecord();
+    void letBuilderGo();
     void DisplayRecord();
     void LoadJobList();
     void selectAllJobs(bool select);

@@ -194,8 +194,7 @@ void frmBuilder::jgPlans_GotFocus() {
 void frmBuilder::jgPlans_LostFocus() {
     if (jgPlans->value(planBuilderColumn).isNoKey() && !jgPlans->UpdateOrTell())
         return;
-    if (!areTasksCurrent())
-        cmbType_Click();
+    catchUpWithPlan();
 }
 
 void frmBuilder::jgPlans_RowColChange() {

@@ -1,5 +1,7 @@
 #include "BuilderScreen.h"
 
+#include <QLineEdit>
+
 using namespace tarnwell;
 using namespace tarnwell::test;
 
@@ -34,6 +36,12 @@ struct BuilderGrids : BuilderScreen {
     }
     qint64 tasksAt(const char* name, const char* price) {
         return data.count(QString("ContractorPlanTask WHERE Name='%1' AND MasterPrice=%2").arg(name, price));
+    }
+    /// "Walls" costs 77 by now, and 99 is typed over what it was: what leaves the row is refused.
+    void typeOverAnotherPrice() {
+        openPlans();
+        data.db.secondSeat()->Execute("UPDATE ContractorPlanTask SET MasterPrice=77 WHERE Name='Walls'");
+        typePrice("99");
     }
     void deleteElsewhere(const QString& from) { data.db.secondSeat()->Execute("DELETE FROM " + from); }
 };
@@ -142,6 +150,81 @@ TEST_F(BuilderGrids, ARefusedPriceIsToldAndKeptForMending) {
     EXPECT_EQ(tasksAt("Walls", "12"), 1);
     EXPECT_EQ(tasksAt("Beams", "50"), 1);
     EXPECT_EQ(tasks().RowCount(), 0) << "what was chosen meanwhile is shown";
+}
+
+TEST_F(BuilderGrids, ARefusedPriceStaysWithItsBuilderAndPlan) {
+    typeOverAnotherPrice();
+    data.db.add("Contractor", {{"Name", "Zed"}});
+    const std::function<void()> ways[] = {
+        [&] { driver->clickToolbar("Add"); },
+        [&] {
+            find([](const ScreenDriver& search) {
+                search.type("Zed");
+                search.press(Qt::Key_Return);
+            });
+        },
+        [&] { clickCell("jgPlans", 2, PlanName); },
+    };
+    for (const auto& leave : ways) {
+        driver->focus("MskField(3)"); // where Add and Find are enabled
+        script.expect(Answer::Ok);
+        leave();
+        EXPECT_EQ(field(0).text(), "Abel Homes");
+        EXPECT_TRUE(tasks().isPending());
+        EXPECT_EQ(tasks().value("MasterPrice"), Value(99.0));
+    }
+    EXPECT_EQ(data.count("Contractor"), 2) << "none was added";
+    driver->focus("jgTasks"); // without another message
+    driver->press(Qt::Key_Escape);
+    EXPECT_EQ(tasks().RowCount(), 0) << "of the plan that was chosen meanwhile";
+}
+
+TEST_F(BuilderGrids, ATypedTaskBelongsToThePlanOnShowNotToTheOneClickedNext) {
+    openPlans();
+    clickCell("jgTasks", 3, TaskName);
+    driver->type("Sweep");
+    clickCell("jgPlans", 2, PlanName);
+    EXPECT_EQ(data.count("ContractorPlanTask WHERE Name='Sweep' AND ContractorPlanKey=" +
+                         QString::number(data.plan)),
+              1);
+}
+
+TEST_F(BuilderGrids, ATaskTypedAfterTheCategoryWasEmptiedBelongsToThePlanOnShow) {
+    openPlans();
+    driver->focus("cmbType");
+    combo().lineEdit()->selectAll();
+    driver->press(Qt::Key_Delete);
+    clickCell("jgPlans", 2, PlanName);
+    EXPECT_EQ(combo().Text(), "Framing");
+    EXPECT_EQ(tasks().RowCount(), 0);
+    clickCell("jgTasks", 1, TaskName);
+    driver->type("Sweep");
+    closeScreen();
+    EXPECT_EQ(ask("SELECT PlanName FROM ContractorPlan INNER JOIN ContractorPlanTask ON "
+                  "ContractorPlan.ContractorPlanKey=ContractorPlanTask.ContractorPlanKey WHERE Name='Sweep' "
+                  "AND CodeKey=" +
+                  QString::number(data.framing)),
+              Value("Birch"));
+}
+
+TEST_F(BuilderGrids, ADeletedPlanOrBuilderLeavesNoPendingRow) {
+    openPlans();
+    typePrice("99");
+    driver->focus("jgPlans");
+    script.expect(Answer::Yes);
+    driver->clickToolbar("Del");
+    EXPECT_FALSE(tasks().isPending());
+    EXPECT_EQ(plans().value("PlanName"), Value("Birch"));
+    clickCell("jgPlans", 1, PlanName);
+    driver->type("Alder");
+    clickCell("jgTasks", 1, TaskName);
+    driver->type("Sweep");
+    driver->focus("MskField(1)");
+    EXPECT_TRUE(plans().isPending() && tasks().isPending());
+    script.expect(Answer::Yes);
+    driver->clickToolbar("Del");
+    EXPECT_FALSE(plans().isPending() || tasks().isPending());
+    EXPECT_EQ(data.count("Contractor") + data.count("ContractorPlanTask"), 0);
 }
 
 TEST_F(BuilderGrids, ATaskThatAnotherSeatDeletedIsToldAndGoesWithEscape) {

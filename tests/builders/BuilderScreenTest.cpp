@@ -166,6 +166,36 @@ TEST_F(BuilderScreen, ABuilderWithAJobStaysAndTheScreenWithIt) {
     EXPECT_EQ(enabled(), "Exit Add Find");
 }
 
+TEST_F(BuilderScreen, ABuilderThatSomebodyElseDeletedLeavesTheScreenAfterOneMessage) {
+    const std::function<void()> ways[] = {
+        [this] { driver->clickToolbar("Exit"); },
+        [this] { driver->clickToolbar("Add"); },
+        [this] { driver->clickToolbar("Group"); },
+        [this] {
+            find([](const ScreenDriver& search) {
+                search.type("Abel");
+                search.press(Qt::Key_Return);
+            });
+        },
+    };
+    for (const auto& leave : ways) {
+        openBuilder();
+        driver->focus("MskField(3)");
+        data.db.secondSeat()->Execute("DELETE FROM Contractor");
+        data.db.add("Contractor", {{"Name", "Abel Homes"}});
+        script.expect(Answer::Ok);
+        leave();
+        EXPECT_EQ(form().ContractorKey, 0);
+        EXPECT_EQ(field(0).text(), "");
+        EXPECT_EQ(plans().RowCount() + tasks().RowCount(), 0);
+        EXPECT_EQ(driver->focusedName(), "MskField(0)");
+        EXPECT_EQ(enabled(), "Exit Add Find");
+        driver->clickToolbar("Exit");
+        EXPECT_FALSE(form().isLoaded());
+        driver.reset();
+    }
+}
+
 TEST_F(BuilderScreen, APlanThatAnotherSeatDeletedIsToldAndGoes) {
     openBuilder();
     driver->focus("jgPlans");

@@ -3,6 +3,7 @@
 #include "builders/PickedLines.h"
 #include "controls/FormLayout.h"
 #include "controls/ListBox.h"
+#include "frame/ToolbarButtons.h"
 #include "runtime/DataEnvironment.h"
 #include "runtime/EventGuard.h"
 #include "runtime/MousePointer.h"
@@ -14,7 +15,7 @@ namespace tarnwell {
 
 namespace {
 
-constexpr ButtonMask builtButtons = 19;
+constexpr ButtonMask builtButtons = Button::Exit | Button::Add | Button::Help;
 constexpr QSize designSize(460, 520);
 constexpr auto hint = "Select Master Tasks to Add";
 

@@ -8,6 +8,7 @@
 #include "controls/MaskedBox.h"
 #include "controls/grid/Grid.h"
 #include "data/recordset/Recordset.h"
+#include "frame/ToolbarButtons.h"
 #include "master/Categories.h"
 #include "master/FastSearch.h"
 #include "master/frmAddOptionGroup.h"
@@ -26,8 +27,13 @@ namespace tarnwell {
 
 namespace {
 
-constexpr ButtonMask builtButtons = 0x30857;
-constexpr ButtonMask emptyButtons = 0x5B, fieldButtons = 0x2005F, categoryButtons = 0x2001B;
+constexpr ButtonMask builtButtons = Button::Exit | Button::Add | Button::Remove | Button::AddSame |
+                                    Button::Find | Button::Group | Button::Copy | Button::Help;
+constexpr ButtonMask emptyButtons = Button::Exit | Button::Add | Button::Save | Button::Find | Button::Help;
+constexpr ButtonMask fieldButtons =
+    Button::Exit | Button::Add | Button::Remove | Button::Save | Button::Find | Button::Group | Button::Help;
+constexpr ButtonMask categoryButtons =
+    Button::Exit | Button::Add | Button::Save | Button::Group | Button::Help;
 
 /// Hands the picking dialog what the option group screen has chosen.
 class GroupPicking : public PickingCaller {

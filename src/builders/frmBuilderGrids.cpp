@@ -8,6 +8,7 @@
 #include "controls/grid/Grid.h"
 #include "controls/grid/GridRows.h"
 #include "data/recordset/Recordset.h"
+#include "frame/ToolbarButtons.h"
 #include "runtime/DataEnvironment.h"
 #include "runtime/EventGuard.h"
 #include "runtime/modErrorRoutines.h"
@@ -23,8 +24,11 @@ namespace tarnwell {
 
 namespace {
 
-constexpr ButtonMask newPlanButtons = 0x20019, planButtons = 0x3001D;
-constexpr ButtonMask newTaskButtons = 0x20810, taskButtons = 0x20814;
+constexpr ButtonMask newPlanButtons = Button::Exit | Button::Save | Button::Group | Button::Help;
+constexpr ButtonMask planButtons =
+    Button::Exit | Button::Remove | Button::Save | Button::Group | Button::Copy | Button::Help;
+constexpr ButtonMask newTaskButtons = Button::Exit | Button::AddSame | Button::Group;
+constexpr ButtonMask taskButtons = Button::Exit | Button::Remove | Button::AddSame | Button::Group;
 
 // Numbers of the grids' columns.
 constexpr int planKeyColumn = 1, planBuilderColumn = 2, planNameColumn = 3;

@@ -2,6 +2,7 @@
 
 #include "data/RunTimeError.h"
 #include "frame/Screen.h"
+#include "frame/ToolbarButtons.h"
 #include "look/Icons.h"
 #include "runtime/EventGuard.h"
 
@@ -24,33 +25,34 @@ namespace {
 constexpr int lastSeparatedGroup = 4;
 
 constexpr std::array buttonTable{
-    ToolbarButton{1, 0x10, "Exit", "Exit", "Exit", "Exit Form", "Ctrl+W"},
-    ToolbarButton{1, 0x8, "Save", "Save", "Save", "Save Record", "Ctrl+S"},
-    ToolbarButton{1, 0x40000, "Wizard", "Wiz", "Wizard", "Help Wizard"},
-    ToolbarButton{2, 0x2, "Add", "Add", "Add", "Add Record", "Ctrl+N"},
-    ToolbarButton{2, 0x4, "Remove", "Del", "Remove", "Delete Record", "Ctrl+D"},
-    ToolbarButton{2, 0x2000000, "RemoveQuestion", "Del Q", "RemoveQuestion", "Delete Question"},
-    ToolbarButton{2, 0x4000000, "RemoveAnswer", "Del A", "RemoveAnswer", "Delete Answer"},
-    ToolbarButton{2, 0x8000000, "RemoveList", "Del L", "RemoveList", "Delete from List", "Ctrl+L"},
-    ToolbarButton{2, 0x800, "AddSame", "Same", "AddSame", "Add Same Record", "Ctrl+T"},
-    ToolbarButton{3, 0x80, "BOF", "BOF", "BFile", "Goto Beginning of File"},
-    ToolbarButton{3, 0x100, "Previous", "Prev", "PRecord", "Previous Record"},
-    ToolbarButton{3, 0x200, "Next", "Next", "NRecord", "Next Record"},
-    ToolbarButton{3, 0x400, "EOF", "EOF", "EFile", "Goto End of File"},
-    ToolbarButton{4, 0x20, "Info", "Info", "Info", "Information", "Ctrl+I"},
-    ToolbarButton{4, 0x40, "Find", "Find", "Lookup", "Find Record", "Ctrl+F"},
-    ToolbarButton{4, 0x20000, "Group", "Group", "Group", "Option Group", "Ctrl+G"},
-    ToolbarButton{4, 0x80000, "Download", "Down", "Download", "Download"},
-    ToolbarButton{4, 0x100000, "Upload", "Upload", "Upload", "Upload"},
-    ToolbarButton{4, 0x800000, "Website", "Web", "Website", "Load Website"},
-    ToolbarButton{5, 0x2000, "Cut", "Cut", "Cut", "Cut Data"},
-    ToolbarButton{5, 0x4000, "Paste", "Paste", "Paste", "Paste Data"},
-    ToolbarButton{5, 0x8000, "Undo", "Undo", "Undo", "Undo Change"},
-    ToolbarButton{5, 0x1000, "Print", "Print", "Print", "Print Data", "Ctrl+P"},
-    ToolbarButton{5, 0x400000, "PrintPreview", "Prevw", "PrintPreview", "Preview Print Data", "Ctrl+R"},
-    ToolbarButton{5, 0x10000, "Copy", "Copy", "Copy", "Copy Data", "Ctrl+O"},
-    ToolbarButton{5, 0x200000, "Void", "Void", "Void", "Void Entry"},
-    ToolbarButton{5, 0x1000000, "Refresh", "Refresh", "Refresh", "Refresh Page"},
+    ToolbarButton{1, Button::Exit, "Exit", "Exit", "Exit", "Exit Form", "Ctrl+W"},
+    ToolbarButton{1, Button::Save, "Save", "Save", "Save", "Save Record", "Ctrl+S"},
+    ToolbarButton{1, Button::Wizard, "Wizard", "Wiz", "Wizard", "Help Wizard"},
+    ToolbarButton{2, Button::Add, "Add", "Add", "Add", "Add Record", "Ctrl+N"},
+    ToolbarButton{2, Button::Remove, "Remove", "Del", "Remove", "Delete Record", "Ctrl+D"},
+    ToolbarButton{2, Button::RemoveQuestion, "RemoveQuestion", "Del Q", "RemoveQuestion", "Delete Question"},
+    ToolbarButton{2, Button::RemoveAnswer, "RemoveAnswer", "Del A", "RemoveAnswer", "Delete Answer"},
+    ToolbarButton{2, Button::RemoveList, "RemoveList", "Del L", "RemoveList", "Delete from List", "Ctrl+L"},
+    ToolbarButton{2, Button::AddSame, "AddSame", "Same", "AddSame", "Add Same Record", "Ctrl+T"},
+    ToolbarButton{3, Button::BeginningOfFile, "BOF", "BOF", "BFile", "Goto Beginning of File"},
+    ToolbarButton{3, Button::Previous, "Previous", "Prev", "PRecord", "Previous Record"},
+    ToolbarButton{3, Button::Next, "Next", "Next", "NRecord", "Next Record"},
+    ToolbarButton{3, Button::EndOfFile, "EOF", "EOF", "EFile", "Goto End of File"},
+    ToolbarButton{4, Button::Info, "Info", "Info", "Info", "Information", "Ctrl+I"},
+    ToolbarButton{4, Button::Find, "Find", "Find", "Lookup", "Find Record", "Ctrl+F"},
+    ToolbarButton{4, Button::Group, "Group", "Group", "Group", "Option Group", "Ctrl+G"},
+    ToolbarButton{4, Button::Download, "Download", "Down", "Download", "Download"},
+    ToolbarButton{4, Button::Upload, "Upload", "Upload", "Upload", "Upload"},
+    ToolbarButton{4, Button::Website, "Website", "Web", "Website", "Load Website"},
+    ToolbarButton{5, Button::Cut, "Cut", "Cut", "Cut", "Cut Data"},
+    ToolbarButton{5, Button::Paste, "Paste", "Paste", "Paste", "Paste Data"},
+    ToolbarButton{5, Button::Undo, "Undo", "Undo", "Undo", "Undo Change"},
+    ToolbarButton{5, Button::Print, "Print", "Print", "Print", "Print Data", "Ctrl+P"},
+    ToolbarButton{5, Button::PrintPreview, "PrintPreview", "Prevw", "PrintPreview", "Preview Print Data",
+                  "Ctrl+R"},
+    ToolbarButton{5, Button::Copy, "Copy", "Copy", "Copy", "Copy Data", "Ctrl+O"},
+    ToolbarButton{5, Button::Void, "Void", "Void", "Void", "Void Entry"},
+    ToolbarButton{5, Button::Refresh, "Refresh", "Refresh", "Refresh", "Refresh Page"},
 };
 
 QToolBar& toolbarOf(const Screen& form) {

@@ -4,6 +4,7 @@
 #include "controls/FormLayout.h"
 #include "controls/Label.h"
 #include "controls/ListBox.h"
+#include "frame/ToolbarButtons.h"
 #include "jobs/PlanTasks.h"
 #include "runtime/DataEnvironment.h"
 #include "runtime/EventGuard.h"
@@ -16,7 +17,7 @@ namespace tarnwell {
 
 namespace {
 
-constexpr ButtonMask builtButtons = 0x13;
+constexpr ButtonMask builtButtons = Button::Exit | Button::Add | Button::Help;
 constexpr QSize designSize(780, 520);
 constexpr int planShare = 2, taskShare = 5;
 constexpr auto hint = "Select Master Tasks to Add";

@@ -6,6 +6,7 @@
 #include "controls/MaskedBox.h"
 #include "controls/grid/Grid.h"
 #include "data/recordset/Recordset.h"
+#include "frame/ToolbarButtons.h"
 #include "jobs/JobRecord.h"
 #include "jobs/frmJobAdd.h"
 #include "master/Categories.h"
@@ -28,8 +29,14 @@ namespace tarnwell {
 
 namespace {
 
-constexpr ButtonMask builtButtons = 0x30857;
-constexpr ButtonMask noJobButtons = 0x53, jobButtons = 0x5F, nameButtons = 0xFFFFFFD1, categoryButtons = 0x1F;
+constexpr ButtonMask builtButtons = Button::Exit | Button::Add | Button::Remove | Button::AddSame |
+                                    Button::Find | Button::Group | Button::Copy | Button::Help;
+constexpr ButtonMask noJobButtons = Button::Exit | Button::Add | Button::Find | Button::Help;
+constexpr ButtonMask jobButtons =
+    Button::Exit | Button::Add | Button::Remove | Button::Save | Button::Find | Button::Help;
+constexpr ButtonMask nameButtons = ~(Button::Add | Button::Remove | Button::Save | Button::Info);
+constexpr ButtonMask categoryButtons =
+    Button::Exit | Button::Add | Button::Remove | Button::Save | Button::Help;
 
 constexpr int nameField = 1, builderField = 2;
 constexpr int planNameColumn = 4, taskNameColumn = 8;

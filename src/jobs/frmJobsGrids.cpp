@@ -4,6 +4,7 @@
 #include "controls/grid/Grid.h"
 #include "controls/grid/GridRows.h"
 #include "data/recordset/Recordset.h"
+#include "frame/ToolbarButtons.h"
 #include "jobs/JobRecord.h"
 #include "jobs/LotTasks.h"
 #include "jobs/TaskTree.h"
@@ -26,7 +27,10 @@ namespace tarnwell {
 
 namespace {
 
-constexpr ButtonMask lotButtons = 0x10015, newLotButtons = 0x11, taskButtons = 0x2081D;
+constexpr ButtonMask lotButtons = Button::Exit | Button::Remove | Button::Copy | Button::Help;
+constexpr ButtonMask newLotButtons = Button::Exit | Button::Help;
+constexpr ButtonMask taskButtons =
+    Button::Exit | Button::Remove | Button::AddSame | Button::Save | Button::Group | Button::Help;
 
 // Numbers of the grids' columns.
 constexpr int lotKeyColumn = 1, lotJobColumn = 2, lotBlockColumn = 3, planNameColumn = 4, addressColumn = 5,

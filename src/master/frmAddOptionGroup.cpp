@@ -6,6 +6,7 @@
 #include "controls/MaskedBox.h"
 #include "controls/grid/Grid.h"
 #include "data/recordset/Recordset.h"
+#include "frame/ToolbarButtons.h"
 #include "master/OptionGroups.h"
 #include "master/frmOptionGroupAdd.h"
 #include "runtime/DataEnvironment.h"
@@ -21,9 +22,13 @@ namespace tarnwell {
 
 namespace {
 
-constexpr ButtonMask builtButtons = 2103;
-constexpr ButtonMask noGroupButtons = 19, groupButtons = 55;
-constexpr ButtonMask noGridButtons = 17, noTaskButtons = 2065, taskButtons = 2069;
+constexpr ButtonMask builtButtons =
+    Button::Exit | Button::Add | Button::Remove | Button::AddSame | Button::Info | Button::Help;
+constexpr ButtonMask noGroupButtons = Button::Exit | Button::Add | Button::Help;
+constexpr ButtonMask groupButtons = Button::Exit | Button::Add | Button::Remove | Button::Info | Button::Help;
+constexpr ButtonMask noGridButtons = Button::Exit | Button::Help;
+constexpr ButtonMask noTaskButtons = Button::Exit | Button::AddSame | Button::Help;
+constexpr ButtonMask taskButtons = Button::Exit | Button::Remove | Button::AddSame | Button::Help;
 constexpr QSize designSize(760, 460);
 constexpr int groupShare = 2, taskShare = 5; // Of the width.
 constexpr int onGroups = 0, onTasks = 1;     // Of FocusArea.

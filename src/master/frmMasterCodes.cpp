@@ -4,6 +4,7 @@
 #include "controls/FormLayout.h"
 #include "controls/grid/Grid.h"
 #include "controls/grid/GridRows.h"
+#include "frame/ToolbarButtons.h"
 #include "master/MasterCodes.h"
 #include "runtime/DataEnvironment.h"
 #include "runtime/EventGuard.h"
@@ -19,7 +20,7 @@ namespace tarnwell {
 
 namespace {
 
-constexpr ButtonMask builtButtons = 21;
+constexpr ButtonMask builtButtons = Button::Exit | Button::Remove | Button::Help;
 constexpr QSize designSize(560, 480);
 
 enum Column { Code1 = 1, Name, Deleted, CodeKey };

@@ -3,6 +3,7 @@
 #include "controls/Combo.h"
 #include "controls/grid/Grid.h"
 #include "controls/grid/GridRows.h"
+#include "frame/ToolbarButtons.h"
 #include "master/Categories.h"
 #include "master/CategoryDependencies.h"
 #include "master/MasterTasks.h"
@@ -20,8 +21,9 @@ namespace tarnwell {
 
 namespace {
 
-constexpr ButtonMask exitOnly = 17;
-constexpr ButtonMask allButtons = 134217751;
+constexpr ButtonMask exitOnly = Button::Exit | Button::Help;
+constexpr ButtonMask allButtons =
+    Button::Exit | Button::Add | Button::Remove | Button::RemoveList | Button::Help;
 
 struct FocusMask {
     const char* control;
@@ -30,7 +32,10 @@ struct FocusMask {
 
 /// The buttons of the controls that choose them; the others leave the toolbar as it is.
 constexpr FocusMask focusMasks[] = {
-    {"cmbCascade", exitOnly}, {"cmbType", exitOnly}, {"jgMasterTasks", 21}, {"jgDependency", 134217747}};
+    {"cmbCascade", exitOnly},
+    {"cmbType", exitOnly},
+    {"jgMasterTasks", Button::Exit | Button::Remove | Button::Help},
+    {"jgDependency", Button::Exit | Button::Add | Button::RemoveList | Button::Help}};
 
 /// In the order of `CascadeTarget`.
 constexpr const char* cascadeTargets[] = {"No Update", "Update Builder, Jobs", "Update Builder Only",

@@ -1,12 +1,17 @@
 #include "timecard/PayrollFocus.h"
 
+#include "frame/ToolbarButtons.h"
+
 namespace tarnwell {
 
 namespace {
 
 // Exit is always there; Find only where something can be found. `edit` names buttons that this screen's
 // toolbar does not have.
-constexpr ButtonMask exitOnly = 17, exitAndFind = 81, edit = 31, asItIs = 0;
+constexpr ButtonMask exitOnly = Button::Exit | Button::Help;
+constexpr ButtonMask exitAndFind = Button::Exit | Button::Find | Button::Help;
+constexpr ButtonMask edit = Button::Exit | Button::Add | Button::Remove | Button::Save | Button::Help;
+constexpr ButtonMask asItIs = 0;
 
 } // namespace
 

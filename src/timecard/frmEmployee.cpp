@@ -5,6 +5,7 @@
 #include "controls/ListBox.h"
 #include "controls/MaskedBox.h"
 #include "controls/NoteBox.h"
+#include "frame/ToolbarButtons.h"
 #include "master/FastSearch.h"
 #include "master/Foremen.h"
 #include "master/frmFastSearch.h"
@@ -28,7 +29,7 @@ namespace tarnwell {
 
 namespace {
 
-constexpr ButtonMask builtButtons = 83; // Exit, Add, Find
+constexpr ButtonMask builtButtons = Button::Exit | Button::Add | Button::Find | Button::Help;
 constexpr std::array maritalStates{"M", "MS", "S"};
 
 constexpr auto ssnHint = "Enter Social Security Number";

@@ -9,6 +9,7 @@
 #include "controls/grid/Grid.h"
 #include "controls/grid/GridRows.h"
 #include "data/recordset/Recordset.h"
+#include "frame/ToolbarButtons.h"
 #include "master/FastSearch.h"
 #include "master/frmFastSearch.h"
 #include "runtime/DataEnvironment.h"
@@ -33,8 +34,8 @@ namespace tarnwell {
 
 namespace {
 
-constexpr ButtonMask builtButtons = 81;
-constexpr ButtonMask lotButtons = 17;
+constexpr ButtonMask builtButtons = Button::Exit | Button::Find | Button::Help;
+constexpr ButtonMask lotButtons = Button::Exit | Button::Help;
 
 /// A figure that is wider than its place is cut; its tool tip then shows it in full.
 void showFigure(QLabel& figure, double amount) {

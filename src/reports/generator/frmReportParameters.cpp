@@ -2,6 +2,7 @@
 
 #include "controls/Combo.h"
 #include "controls/MaskedBox.h"
+#include "frame/ToolbarButtons.h"
 #include "reports/generator/JobMarks.h"
 #include "reports/generator/frmReport.h"
 #include "reports/output/PrinterDialogs.h"
@@ -23,7 +24,7 @@ namespace tarnwell {
 
 namespace {
 
-constexpr ButtonMask builtButtons = 0x401010; // Exit, Print, Prevw
+constexpr ButtonMask builtButtons = Button::Exit | Button::Print | Button::PrintPreview;
 constexpr std::array firstDates{"01/01/02", "12/31/29"};
 constexpr std::size_t incompleteJobs = 1;
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "frame/AltKeys.h"
+#include "frame/AltLetterFilter.h"
 #include "frame/help/HelpKey.h"
 
 #include <QApplication>
@@ -19,7 +19,7 @@ public:
     bool notify(QObject* receiver, QEvent* event) override;
 
 private:
-    AltKeys m_altKeys;
+    AltLetterFilter m_altLetterFilter;
     HelpKey m_helpKey;
 };
 

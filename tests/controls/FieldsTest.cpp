@@ -6,7 +6,7 @@
 #include "controls/MaskedBox.h"
 #include "controls/NoteBox.h"
 #include "data/RunTimeError.h"
-#include "frame/AltKeys.h"
+#include "frame/AltLetterFilter.h"
 #include "support/ScreenDriver.h"
 
 #include <QApplication>
@@ -82,10 +82,10 @@ TEST(MaskedBox, KeepsTheCaretBehindWhatIsTypedWhileItsWindowWaitsForTheKeyboard)
     EXPECT_EQ(box.SelStart(), 1);
 }
 
-TEST(AltKeys, AltWithALetterThatNothingAnswersToTypesNothing) {
+TEST(AltLetterFilter, AltWithALetterThatNothingAnswersToTypesNothing) {
     MaskedBox box;
     const ScreenDriver driver(box);
-    const AltKeys keys;
+    const AltLetterFilter keys;
     driver.press(Qt::Key_A, Qt::AltModifier);
     driver.type("b");
     EXPECT_EQ(box.text(), "b");

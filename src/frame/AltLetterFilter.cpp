@@ -1,4 +1,4 @@
-#include "frame/AltKeys.h"
+#include "frame/AltLetterFilter.h"
 
 #include <QComboBox>
 #include <QCoreApplication>
@@ -26,11 +26,11 @@ bool isAltLetter(const QKeyEvent& key) {
 
 } // namespace
 
-AltKeys::AltKeys(QObject* parent) : QObject(parent) {
+AltLetterFilter::AltLetterFilter(QObject* parent) : QObject(parent) {
     QCoreApplication::instance()->installEventFilter(this);
 }
 
-bool AltKeys::eventFilter(QObject* watched, QEvent* event) {
+bool AltLetterFilter::eventFilter(QObject* watched, QEvent* event) {
     // Menus, buttons and labels had their turn as shortcuts before the key comes by here.
     return event->type() == QEvent::KeyPress && takesTyping(watched) &&
            isAltLetter(*static_cast<QKeyEvent*>(event));

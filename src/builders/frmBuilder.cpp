@@ -8,6 +8,7 @@
 #include "controls/MaskedBox.h"
 #include "controls/grid/Grid.h"
 #include "data/recordset/Recordset.h"
+#include "frame/DeleteQuestion.h"
 #include "frame/ToolbarButtons.h"
 #include "master/Categories.h"
 #include "master/FastSearch.h"
@@ -239,13 +240,6 @@ void frmBuilder::selectAllJobs(bool select) {
                                                  : QItemSelectionModel::Deselect);
 }
 
-bool frmBuilder::confirmDelete(const QString& question) {
-    return MsgBox({.text = question,
-                   .title = "Confirm Delete",
-                   .buttons = MessageButtons::YesNo,
-                   .icon = MessageIcon::Question}) == Answer::Yes;
-}
-
 void frmBuilder::DeleteRecord() {
     const QWidget* active = ActiveControl();
     if (std::find(m_fields.begin(), m_fields.end(), active) != m_fields.end())
@@ -257,7 +251,7 @@ void frmBuilder::DeleteRecord() {
 }
 
 void frmBuilder::DeleteBuilder() {
-    if (!confirmDelete("Delete Current Builder?"))
+    if (!isDeleteConfirmed("Delete Current Builder?"))
         return;
     const HourGlass hourGlass;
     deleteBuilder(connection(), ContractorKey);

@@ -74,7 +74,6 @@ private:
     void DeletePlanTask();
     void AddPlanTasks();
     [[nodiscard]] bool writeGrids();
-    [[nodiscard]] static bool confirmDelete(const QString& question);
 
     void SetFieldToolbar(int index);
     void SetPlanToolbar();

@@ -8,6 +8,7 @@
 #include "controls/grid/Grid.h"
 #include "controls/grid/GridRows.h"
 #include "data/recordset/Recordset.h"
+#include "frame/DeleteQuestion.h"
 #include "frame/ToolbarButtons.h"
 #include "runtime/DataEnvironment.h"
 #include "runtime/EventGuard.h"
@@ -110,7 +111,7 @@ void frmBuilder::CopyPlan() {
 /// Whatever comes of it, the plans are read anew: another seat may have been there before. The place in the
 /// list stays, that the next one is near.
 void frmBuilder::DeletePlan() {
-    if (!confirmDelete("Delete the " + FieldText(jgPlans->value(planNameColumn)) + " Plan?"))
+    if (!isDeleteConfirmed("Delete the " + FieldText(jgPlans->value(planNameColumn)) + " Plan?"))
         return;
     const int row = jgPlans->Row();
     try {
@@ -128,7 +129,7 @@ void frmBuilder::DeletePlan() {
 
 void frmBuilder::DeletePlanTask() {
     if (isNothing(jgTasks->value(masterTaskColumn)) ||
-        !confirmDelete("Delete the " + FieldText(jgTasks->value(taskNameColumn)) + " Task?"))
+        !isDeleteConfirmed("Delete the " + FieldText(jgTasks->value(taskNameColumn)) + " Task?"))
         return;
     const int row = jgTasks->Row();
     try {

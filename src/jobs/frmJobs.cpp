@@ -6,6 +6,7 @@
 #include "controls/MaskedBox.h"
 #include "controls/grid/Grid.h"
 #include "data/recordset/Recordset.h"
+#include "frame/DeleteQuestion.h"
 #include "frame/ToolbarButtons.h"
 #include "jobs/JobRecord.h"
 #include "jobs/frmJobAdd.h"
@@ -41,9 +42,9 @@ constexpr ButtonMask categoryButtons =
 constexpr int nameField = 1, builderField = 2;
 constexpr int planNameColumn = 4, taskNameColumn = 8;
 
-bool confirm(const QString& question, const QString& title) {
+bool isCopyConfirmed(const QString& question) {
     return MsgBox({.text = question,
-                   .title = title,
+                   .title = "Confirm Copy",
                    .buttons = MessageButtons::YesNo,
                    .icon = MessageIcon::Question}) == Answer::Yes;
 }
@@ -109,7 +110,7 @@ void frmJobs::pressButton(const QString& caption) {
         {"Copy",
          [this] {
              const QString plan = FieldText(jgJobLots->value(planNameColumn));
-             if (confirm("Copy the " + plan + " Lot/Block?", "Confirm Copy") && ActiveControl() == jgJobLots)
+             if (isCopyConfirmed("Copy the " + plan + " Lot/Block?") && ActiveControl() == jgJobLots)
                  CopyLot();
          }},
         {"Del", [this] { deleteActive(); }},
@@ -228,7 +229,7 @@ void frmJobs::DisplayRecord() {
 
 void frmJobs::deleteActive() {
     const QWidget* active = ActiveControl();
-    const auto asked = [](const QString& what) { return confirm("Delete " + what + '?', "Confirm Delete"); };
+    const auto asked = [](const QString& what) { return isDeleteConfirmed("Delete " + what + '?'); };
     if (std::find(m_fields.begin(), m_fields.end(), active) != m_fields.end()) {
         if (asked("Current Job"))
             DeleteRecord();

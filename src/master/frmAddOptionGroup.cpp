@@ -6,12 +6,12 @@
 #include "controls/MaskedBox.h"
 #include "controls/grid/Grid.h"
 #include "data/recordset/Recordset.h"
+#include "frame/DeleteQuestion.h"
 #include "frame/ToolbarButtons.h"
 #include "master/OptionGroups.h"
 #include "master/frmOptionGroupAdd.h"
 #include "runtime/DataEnvironment.h"
 #include "runtime/EventGuard.h"
-#include "runtime/MsgBox.h"
 #include "runtime/modGlobalVariables.h"
 
 #include <QVBoxLayout>
@@ -48,13 +48,6 @@ std::vector<GridColumn> optionColumns() {
              .format = ColumnFormat::YesNo,
              .edit = ColumnEdit::CheckBox,
              .width = 80}};
-}
-
-bool isDeleteConfirmed(const char* question) {
-    return MsgBox({.text = question,
-                   .title = "Confirm Delete",
-                   .buttons = MessageButtons::YesNo,
-                   .icon = MessageIcon::Question}) == Answer::Yes;
 }
 
 } // namespace

@@ -12,10 +12,10 @@ namespace tarnwell {
 /// Follows which named control of one window is active, and runs the routines of the focus.
 ///
 /// An inner editor, a viewport or a drop-down list counts as the control that holds it. Focus that goes to
-/// another window, to a message box or nowhere leaves the control active and runs nothing, nor does its
-/// coming back. A move runs the lost routine of the old control, then the got routine of the new one; a lost
-/// routine that moves the focus elsewhere takes the new control's turn away. Every `setFocus` of a routine
-/// runs its own move before it returns, so a control may refuse the focus over any number of hops.
+/// another window, to a message box or to nothing leaves the control active and runs nothing, nor does its
+/// return. A move runs the lost routine of the old control, then the got routine of the new one, unless the
+/// lost routine moved the focus elsewhere. A routine's own `setFocus` completes its move before it returns,
+/// so a control may pass the focus on, any number of times.
 class ActiveControl : public QObject {
     Q_OBJECT
 
@@ -23,9 +23,9 @@ public:
     /// `defaultGot` runs for a control without a got routine of its own.
     ActiveControl(QWidget& window, std::function<void(QWidget&)> defaultGot);
 
-    /// Counts a control in; it is forgotten when it is destroyed.
+    /// Makes `control` one of those that are followed, until it is destroyed.
     void add(QWidget* control);
-    /// Both count the control in. A second routine replaces the first.
+    /// Both also add the control. A second routine replaces the first.
     void setGotRoutine(QWidget* control, std::function<void()> routine);
     void setLostRoutine(QWidget* control, std::function<void()> routine);
 
@@ -34,7 +34,7 @@ public:
     /// Moves the focus by code, also while the window is not the active one. The active control's got routine
     /// runs again. Does nothing for a control that is disabled. The routines' errors come back here.
     void setFocus(QWidget* control);
-    /// No control is active any more; runs nothing. The window is hidden or about to go.
+    /// Leaves no control active and runs no routine. For a window that is hidden or about to be closed.
     void forget();
 
 protected:

@@ -31,7 +31,7 @@ AltLetterFilter::AltLetterFilter(QObject* parent) : QObject(parent) {
 }
 
 bool AltLetterFilter::eventFilter(QObject* watched, QEvent* event) {
-    // Menus, buttons and labels had their turn as shortcuts before the key comes by here.
+    // Shortcuts of menus, buttons and labels are handled before the key comes here.
     return event->type() == QEvent::KeyPress && takesTyping(watched) &&
            isAltLetter(*static_cast<QKeyEvent*>(event));
 }

@@ -4,8 +4,8 @@
 
 namespace tarnwell {
 
-/// Alt with a letter that nothing in the window answers to types nothing. The toolkit would put the letter
-/// into the field, where it is stored with the record.
+/// Keeps Alt with a letter that is no shortcut of the window from typing. The toolkit would put the letter
+/// into the field, and it would be stored with the record.
 class AltLetterFilter : public QObject {
     Q_OBJECT
 

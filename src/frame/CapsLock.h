@@ -4,8 +4,8 @@
 
 namespace tarnwell {
 
-/// Whether Caps Lock is on. The toolkit can't be asked: the keys tell it, so it is known from the first
-/// letter typed on, and taken for off before.
+/// Whether Caps Lock is on. The toolkit has no way to ask; the state is found out from the letters typed, and
+/// is off until the first one.
 class CapsLock : public QObject {
     Q_OBJECT
 

@@ -13,13 +13,13 @@ namespace tarnwell {
 struct FileRequest {
     QString title;
     QString filter;     ///< "*.mdb"
-    QString start = {}; ///< A file that is marked, or its folder when it does not stand.
+    QString start = {}; ///< The file that is selected at first; its folder if there is no such file.
 };
 
 /// The file that was chosen, with the platform's separators; nothing when the dialog was cancelled.
 using FileChooser = std::function<std::optional<QString>(QWidget* owner, const FileRequest& request)>;
 
-/// Asks for a file that stands on the disk.
+/// Asks for an existing file.
 [[nodiscard]] std::optional<QString> chooseFile(QWidget* owner, const FileRequest& request);
 
 /// Null restores the toolkit's dialog. Returns the chooser before.

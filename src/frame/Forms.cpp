@@ -42,7 +42,7 @@ void CloseAllForms() {
         try {
             formAt(index).Unload();
         } catch (const RunTimeError&) {
-            // The told routine goes on with its next form; `unloadRemainingForms` meets the form again.
+            // The loop goes on with its next form; `unloadRemainingForms` comes back to this one.
             continue;
         }
     }

@@ -11,12 +11,12 @@ class Screen;
 /// The forms that are loaded, in the order of their loading; the main window is the first.
 [[nodiscard]] const std::vector<Screen*>& loadedForms();
 
-/// Called by a form when its loading begins and when it is gone.
+/// Called by a form when its loading begins, and when it is unloaded or deleted. The list does not own it.
 void registerForm(Screen& form);
 void forgetForm(Screen& form);
 
-/// Unloads form after form by an index that runs to the count taken at first. The collection shrinks
-/// meanwhile, so forms are skipped; errors are passed over.
+/// Unloads forms by an index that runs up to the number of forms at the beginning. The list shrinks
+/// meanwhile, so forms are skipped; errors are ignored.
 void CloseAllForms();
 
 /// Unloads what is left, the latest first, so that every form saves before the process ends. A form that is

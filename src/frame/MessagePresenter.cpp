@@ -89,7 +89,7 @@ void showMousePointer(bool hourGlass) {
 } // namespace
 
 Answer presentMessage(const MessageRequest& request) {
-    // The window in front may go while the message waits, and takes the box along.
+    // The window in front may be closed while the message waits, and the box is deleted with it.
     const QPointer<QMessageBox> box = new QMessageBox(QApplication::activeWindow());
     fill(*box, request);
     const int chosen = box->exec();

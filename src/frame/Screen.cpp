@@ -29,7 +29,7 @@ namespace tarnwell {
 namespace {
 
 constexpr int toolbarIconSize = 24;
-/// What the desktop draws around a window, which it tells only after showing it.
+/// What the desktop draws around a window; its real size is known only when the window is shown.
 constexpr QSize frameAllowance(16, 40);
 
 /// The form that was active last; message boxes and other programs' windows don't count.
@@ -187,10 +187,10 @@ void Screen::Unload() {
 /// A larger font gets a larger form, and a small screen a smaller one: what is laid out for the size at hand
 /// has its labels whole, what `ResizeForm` makes smaller has not.
 QSize Screen::sizeForText(QSize usual) const {
-    const QSize room =
+    const QSize available =
         screen()->availableGeometry().size() - frameAllowance - (sizeHint() - m_canvas->sizeHint());
     const QSize scaled(scaledToText(usual.width(), *this), scaledToText(usual.height(), *this));
-    return scaled.boundedTo(room);
+    return scaled.boundedTo(available);
 }
 
 /// Takes the layout's places at the design size for the form's own, and does without it and its limits from
@@ -216,19 +216,20 @@ void Screen::takeDesign() {
     m_canvas->setMinimumSize(0, 0);
 }
 
-/// At first show: in the middle of the owner, as much of it as the screen has room for.
+/// Before the first show: in the middle of the owner and inside the screen, no larger than the screen.
 void Screen::placeOn(const QWidget* owner) {
     if (std::exchange(m_placed, true))
         return;
     const QScreen* display = owner != nullptr ? owner->screen() : screen();
-    const QRect room = display->availableGeometry();
-    resize(size().boundedTo(room.size() - frameAllowance));
-    const QPoint middle = owner != nullptr ? owner->window()->geometry().center() : room.center();
+    const QRect available = display->availableGeometry();
+    resize(size().boundedTo(available.size() - frameAllowance));
+    const QPoint middle = owner != nullptr ? owner->window()->geometry().center() : available.center();
     QRect place({}, size() + frameAllowance);
     place.moveCenter(middle);
-    place.moveLeft(
-        std::clamp(place.left(), room.left(), std::max(room.left(), room.right() - place.width())));
-    place.moveTop(std::clamp(place.top(), room.top(), std::max(room.top(), room.bottom() - place.height())));
+    place.moveLeft(std::clamp(place.left(), available.left(),
+                              std::max(available.left(), available.right() - place.width())));
+    place.moveTop(std::clamp(place.top(), available.top(),
+                             std::max(available.top(), available.bottom() - place.height())));
     move(place.topLeft());
 }
 

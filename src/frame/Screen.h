@@ -22,9 +22,9 @@ class StatusBar;
 ///
 /// `Show` loads the form at first use: `Form_Load` builds the controls into `canvas()` with a Qt layout for
 /// the design size; after it the layouts of the canvas and of its group boxes are dropped and `ResizeForm`
-/// rules, with toolbar and status bar docked at full width. Forms are made by `theForm` or `new`: an unloaded
-/// form deletes itself once the event that unloaded it (for a modal one: the event that showed it) is
-/// through, so that whoever showed it can still read its fields.
+/// places the controls; toolbar and status bar keep the full width. Forms are made by `theForm` or `new`: an
+/// unloaded form deletes itself after the event that unloaded it (for a modal one: the event that showed it),
+/// so that its caller can still read its fields.
 ///
 /// `Form_Activate` runs when the window becomes active for the first time after it was shown, and when it
 /// becomes active again after another form was. Coming back from a message box or another program doesn't
@@ -58,7 +58,7 @@ public:
     [[nodiscard]] bool isUnloaded() const { return m_life == Life::Unloaded; }
 
     /// The control that has the focus, an open editor counting as its grid; kept while another window or a
-    /// message has it. Null when none.
+    /// message has it. Null before the first focus.
     [[nodiscard]] QWidget* ActiveControl() const;
     /// Moves the focus to a control (a composite hands it to its editor). The got routine of the control that
     /// is active already runs again.
@@ -79,7 +79,7 @@ protected:
     virtual void Form_Activate() {}
     /// Commits the grids and closes the recordsets; runs once unless it raises.
     virtual void Form_Unload() {}
-    /// A button was pressed; told by its caption, not its key.
+    /// A button was pressed; `caption` is its caption, not its key.
     virtual void Toolbar1_ButtonClick(const QString& /*caption*/) {}
     /// Closing by the title bar; unloads. A dialog that hides itself overrides it.
     virtual void closeRequested() { Unload(); }

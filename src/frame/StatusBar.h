@@ -6,7 +6,7 @@
 
 namespace tarnwell {
 
-/// A line that shows as much of its text as it has room for, with dots at the end. `text()` is the whole.
+/// A label that shortens a text that is too long for it and puts dots at its end. `text()` is the whole text.
 class ElidedLabel : public QLabel {
     Q_OBJECT
 
@@ -25,7 +25,7 @@ class StatusBar : public QStatusBar {
 public:
     explicit StatusBar(QWidget* parent = nullptr);
 
-    /// The free text of the first panel; the other two keep themselves.
+    /// The free text of the first panel; the other two panels update themselves.
     void setText(const QString& text);
     [[nodiscard]] QString text() const { return m_text->text(); }
 

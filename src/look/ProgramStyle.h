@@ -4,9 +4,9 @@
 
 namespace tarnwell {
 
-/// The desktop's own style. Where that is the toolkit's plain one: boxes whose outline can be seen also on a
-/// dark window, room around the captions of buttons and columns, and a frame around an empty list that has
-/// the keyboard.
+/// The desktop's own style. Where that is the toolkit's plain style, it adds outlines of boxes that can be
+/// seen on a dark window too, space around the captions of buttons and columns, and a frame around an empty
+/// list that has the focus.
 class ProgramStyle : public QProxyStyle {
     Q_OBJECT
 

@@ -48,7 +48,7 @@ QPalette refinements(const QPalette& desktop) {
     refined.setColor(QPalette::PlaceholderText, mixed(text, base, 0.45));
     refined.setColor(QPalette::Inactive, QPalette::Highlight, mixed(base, markColor(desktop), 0.35));
     refined.setColor(QPalette::Inactive, QPalette::HighlightedText, text);
-    // Some desktops leave it to the faint text to tell an empty field that takes nothing.
+    // On some desktops only the faint text shows that an empty field is disabled.
     if (refined.color(QPalette::Disabled, QPalette::Base) == base)
         refined.setColor(QPalette::Disabled, QPalette::Base,
                          refined.color(QPalette::Disabled, QPalette::Window));

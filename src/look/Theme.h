@@ -6,7 +6,7 @@
 
 namespace tarnwell {
 
-/// `share` of `other` in `base`, from 0 (all `base`) to 1 (all `other`).
+/// `base` with a share of `other`, from 0 (all `base`) to 1 (all `other`).
 [[nodiscard]] QColor mixed(const QColor& base, const QColor& other, double share);
 
 [[nodiscard]] bool isDark(const QColor& background);
@@ -15,7 +15,7 @@ namespace tarnwell {
 /// lighter one than the desktop lays under selected text.
 [[nodiscard]] QColor markColor(const QPalette& palette);
 
-/// A width that was drawn for a usual desktop's font, for a widget whose font may be larger; a smaller one
+/// `pixels`, designed for the usual size of text, enlarged where the widget's font is larger. A smaller font
 /// changes nothing.
 [[nodiscard]] int scaledToText(int pixels, const QWidget& widget);
 

@@ -9,7 +9,8 @@ class DataEnvironment {
 public:
     /// The connection, opened with `gConnectionString` at the first reference. Raises what `Open` raises.
     [[nodiscard]] static Connection& cnnConnection();
-    /// Closes it, so that the next reference opens it anew. Called when the program ends.
+    /// Closes the connection; the next reference opens it again. An error is written to standard error.
+    /// Called when the program ends.
     static void close() noexcept;
 };
 

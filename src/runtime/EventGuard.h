@@ -8,11 +8,13 @@
 
 namespace tarnwell {
 
-/// Closes the database and ends the process at once with exit code 1; no form is unloaded.
+/// Closes the database and ends the process at once with exit code 1. No form is unloaded, no destructor
+/// runs.
 [[noreturn]] void endProgram();
 
 /// The program's one outer handler, for an error that no routine caught: shows the run time's message,
-/// records it in the error log, closes the database and ends the process with exit code 1.
+/// records the error in the error log and calls `endProgram`. An error that occurs while the message is shown
+/// is recorded too and ends the program without a message of its own.
 [[noreturn]] void stopProgram(const RunTimeError& error);
 [[noreturn]] void stopProgram(const std::exception& error);
 
@@ -21,7 +23,7 @@ namespace detail {
 inline std::exception_ptr* errorOfFiredEvent = nullptr;
 [[noreturn]] void stopProgramFor(const std::exception_ptr& error);
 
-/// Calls a slot with the signal's arguments, or with none where it takes none.
+/// Calls a slot with the signal's arguments, or without them where it takes none.
 template <typename Routine, typename... Arguments>
 void callSlot(Routine& routine, Arguments&&... arguments) {
     if constexpr (std::is_invocable_v<Routine&, Arguments...>)

@@ -12,7 +12,7 @@ enum class MessageIcon { None, Critical, Question, Exclamation, Information };
 enum class MessageButtons { Ok, OkCancel, YesNo, YesNoCancel };
 enum class Answer { Ok, Cancel, Yes, No };
 
-/// A message box: what it says and which answer Enter gives.
+/// What a message box shows and which answer Enter gives.
 struct MessageRequest {
     QString text;
     QString title;
@@ -21,7 +21,7 @@ struct MessageRequest {
     int defaultButton = 1; ///< 1 is the first.
 };
 
-/// Rules ask their questions through one of these.
+/// How a rule asks its questions: shows the message, returns the answer. It may handle events meanwhile.
 using Ask = std::function<Answer(const MessageRequest&)>;
 
 /// The answers that a set of buttons offers, from the first button to the last.
@@ -29,10 +29,10 @@ using Ask = std::function<Answer(const MessageRequest&)>;
 /// What Enter answers; the nearest button for a number that the message does not have.
 [[nodiscard]] Answer defaultAnswer(const MessageRequest& request);
 
-/// Shows the message and waits for the answer, through whoever presents messages in this process.
+/// Shows the message by the presenter of this process and waits for the answer. Events are handled meanwhile.
 Answer MsgBox(const MessageRequest& request);
-/// The program installs the toolkit's message box; tests a script. Returns the presenter before. Without one
-/// the text goes to standard error and the default button answers.
+/// The program installs the toolkit's message box, tests a script. Returns the presenter before. Without one
+/// the text goes to standard error and the default answer is returned.
 Ask setMessagePresenter(Ask presenter);
 
 } // namespace tarnwell

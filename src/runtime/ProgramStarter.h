@@ -7,18 +7,18 @@
 
 namespace tarnwell {
 
-/// Starts a program; by itself it returns when the program has ended and handles events meanwhile. Raises
-/// FileNotFound (53) when it can't be started.
+/// Starts a program, handles events while it runs and returns when it has ended. Raises FileNotFound (53)
+/// when the program can't be started.
 using ProgramStarter = std::function<void(const QString& program, const QStringList& arguments)>;
 
 /// Null restores the machine's own starter. Returns the starter before.
 ProgramStarter setProgramStarter(ProgramStarter starter);
 
-/// Runs the program and waits for its end, with the windows still alive. A program that is not there is told
-/// by a message; any other error goes to `ErrorHandler`.
+/// Runs the program and returns when it has ended; the windows stay usable meanwhile. A message reports a
+/// program that can't be started; any other error goes to `ErrorHandler`.
 void ShellAndWait(const QString& program, const QStringList& arguments);
 
-/// Starts a command line (a path with blanks stands in quotes) and returns at once. Raises FileNotFound (53)
+/// Starts a command line (a path with blanks must be in quotes) and returns at once. Raises FileNotFound (53)
 /// when it can't be started.
 void Shell(const QString& command);
 

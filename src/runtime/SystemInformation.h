@@ -11,8 +11,8 @@ namespace tarnwell {
 /// its text and closing NUL do not fit 1,024 characters.
 bool GetKeyValue(RegistryRoot root, const QString& keyPath, const QString& valueName, QString& result);
 
-/// Runs the system information tool that the settings name, by its command or by its folder. Without one, or
-/// when it can't be started, a message says so.
+/// Runs the system information tool that the settings name, by its command or by its folder. A message
+/// reports that there is none or that it can't be started.
 void StartSysInfo();
 
 } // namespace tarnwell

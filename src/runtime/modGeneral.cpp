@@ -107,8 +107,8 @@ QString PadRight(const QString& text, int width) {
 void overlay(QString& line, int position, const QString& part, int width) {
     if (position < 1 || position > line.size())
         return;
-    const qsizetype room = line.size() - position + 1;
-    const qsizetype limit = width > 0 ? std::min<qsizetype>(width, room) : room;
+    const qsizetype left = line.size() - position + 1;
+    const qsizetype limit = width > 0 ? std::min<qsizetype>(width, left) : left;
     const qsizetype length = std::min(limit, part.size());
     line.replace(position - 1, length, QStringView(part).first(length).data(), length);
 }

@@ -50,8 +50,8 @@ int ComboIncrementalSearch(SearchableList& combo, int keyCode, int shift, bool e
 /// The text with blanks behind it to the width. Raises InvalidProcedureCall (5) for a longer text.
 [[nodiscard]] QString PadRight(const QString& text, int width);
 
-/// Lays `part` over `line` from `position` (1 is the first) for at most `width` characters (0: no limit);
-/// never lengthens the line.
+/// Overwrites `line` with `part` from `position` (1 is the first character) for at most `width` characters
+/// (0: no limit). The line keeps its length; a position outside it changes nothing.
 void overlay(QString& line, int position, const QString& part, int width = 0);
 
 } // namespace tarnwell

@@ -8,10 +8,10 @@ namespace tarnwell {
 
 inline QString gRegistryKey;      ///< The settings' key path.
 inline QString gUserName;         ///< Login name; empty when it could not be read.
-inline QString gComputerName;     ///< Kept for reference.
-inline QString gWindowsFolder;    ///< Kept for reference.
+inline QString gComputerName;     ///< Read at start; nothing uses it.
+inline QString gWindowsFolder;    ///< Read at start; nothing uses it.
 inline QString gAppPath;          ///< The program's folder, without a separator at its end.
-inline QString gProgramFolder;    ///< Where the running program lies; `gAppPath` but for a developer's copy.
+inline QString gProgramFolder;    ///< The running program's folder. `gAppPath` differs in a developer's copy.
 inline QString gConnectionString; ///< What `cnnConnection` opens.
 inline QString gImportPath;       ///< Folder, with a separator at its end; likewise the paths below.
 inline QString gLogPath;

@@ -20,7 +20,7 @@ namespace tarnwell::test {
 namespace {
 
 /// A chain as entry screens have it: what comes later refuses the focus until something stands in the first
-/// field. The trace tells who got and who lost the focus.
+/// field. The trace lists which controls got and lost the focus.
 class frmChain : public Screen {
 public:
     frmChain() : Screen("frmChain", "Chain", {Part::Toolbar, Part::StatusBar}) {}

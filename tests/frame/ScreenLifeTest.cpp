@@ -21,7 +21,7 @@ namespace {
 
 QStringList trace;
 
-/// A form that tells of its life. Field1 keeps what was typed until the form is made anew.
+/// A form that traces its events. Field1 keeps what was typed until the form is made anew.
 template <int Number>
 class frmLife : public Screen {
 public:
@@ -37,7 +37,7 @@ public:
 
 protected:
     void Form_Load() override {
-        trace << tell("Load");
+        trace << entry("Load");
         if (failsToLoad)
             tarnwell::raise(Failure::NoSuchTable, "Job");
         auto* column = new QVBoxLayout(canvas());
@@ -55,9 +55,9 @@ protected:
         setCancelButton(cancel);
         setDesignSize({300, 200});
     }
-    void Form_Activate() override { trace << tell("Activate"); }
+    void Form_Activate() override { trace << entry("Activate"); }
     void Form_Unload() override {
-        trace << tell("Unload");
+        trace << entry("Unload");
         if (failsToUnload)
             tarnwell::raise(Failure::DatabaseLocked);
     }
@@ -69,7 +69,7 @@ protected:
     }
 
 private:
-    static QString tell(const char* event) { return QStringLiteral("%1 %2").arg(event).arg(Number); }
+    static QString entry(const char* event) { return QStringLiteral("%1 %2").arg(event).arg(Number); }
 };
 
 struct ScreenLifeTest : ::testing::Test {

@@ -22,7 +22,7 @@ constexpr double tableMargin = 8;
 constexpr double pictureMargin = 8;
 constexpr double readingScale = 1.1;
 
-void giveRoomToPictures(const QTextDocument& page) {
+void setPictureMargins(const QTextDocument& page) {
     for (QTextBlock block = page.begin(); block.isValid(); block = block.next()) {
         if (block.begin().atEnd() || !block.begin().fragment().charFormat().isImageFormat())
             continue;
@@ -48,9 +48,9 @@ void HelpBrowser::markWords(const QStringList& words) {
     showMarks();
 }
 
-/// Markdown knows no table style, and the toolkit's own draws every line twice.
+/// Markdown has no table style, and the toolkit's own draws every line twice.
 void HelpBrowser::dressPage() {
-    giveRoomToPictures(*document());
+    setPictureMargins(*document());
     for (QTextFrame* frame : document()->rootFrame()->childFrames()) {
         auto* table = qobject_cast<QTextTable*>(frame);
         if (table == nullptr)
@@ -84,17 +84,17 @@ void HelpBrowser::showMarks() {
     }
 }
 
-/// Counted as if the page were long enough to scroll: else a picture that just fits would drive the scroll
-/// bar off and on.
-int HelpBrowser::roomForPictures() const {
+/// Measured with a scroll bar in place: otherwise a picture that just fits would make it come and go.
+int HelpBrowser::pictureWidth() const {
     const int scrollBar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
     return std::max(1, contentsRect().width() - scrollBar - static_cast<int>(2 * pageMargin));
 }
 
 QImage HelpBrowser::fitted(const QImage& picture) const {
     const qreal ratio = devicePixelRatioF();
-    const int room = static_cast<int>(roomForPictures() * ratio);
-    QImage shown = picture.width() > room ? picture.scaledToWidth(room, Qt::SmoothTransformation) : picture;
+    const int widest = static_cast<int>(pictureWidth() * ratio);
+    QImage shown =
+        picture.width() > widest ? picture.scaledToWidth(widest, Qt::SmoothTransformation) : picture;
     shown.setDevicePixelRatio(ratio);
     return shown;
 }

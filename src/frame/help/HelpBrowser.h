@@ -18,7 +18,7 @@ class HelpBrowser : public QTextBrowser {
 public:
     explicit HelpBrowser(const QString& folder, QWidget* parent = nullptr);
 
-    /// Marks the words wherever they stand, on this page and those that follow.
+    /// Marks every occurrence of the words, on this page and on those that are opened later.
     void markWords(const QStringList& words);
 
 protected:
@@ -30,12 +30,13 @@ private:
     [[nodiscard]] std::optional<QByteArray> fileAt(const QUrl& name) const;
     void dressPage();
     void showMarks();
-    [[nodiscard]] int roomForPictures() const; ///< In the page's pixels.
+    /// The widest that a picture may be, in the page's pixels.
+    [[nodiscard]] int pictureWidth() const;
     [[nodiscard]] QImage fitted(const QImage& picture) const;
 
     QString m_folder;
     QStringList m_words;
-    QHash<QUrl, QImage> m_pictures; ///< As they were saved, of the pages seen.
+    QHash<QUrl, QImage> m_pictures; ///< In their own size, of the pages seen.
 };
 
 } // namespace tarnwell

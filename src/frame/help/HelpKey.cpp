@@ -11,7 +11,7 @@ namespace tarnwell {
 
 namespace {
 
-/// A control inside a form counts as its form, and a dialog of the toolkit as the form that opened it.
+/// The page of the window that the widget is in; a dialog of the toolkit has that of the form that opened it.
 QString pageFor(const QWidget& widget) {
     const QWidget* window = widget.window();
     while (!HelpWindow::hasPage(window->objectName()) && window->parentWidget() != nullptr)

@@ -16,8 +16,8 @@ struct HelpPage {
     QString text;  ///< As it was written.
 };
 
-/// The manual: the contents page and, in its order, the pages that it links to. Pages that can't be read have
-/// no text; without a folder there are none.
+/// The manual: the contents page and, in its order, the pages that it links to. A page that can't be read has
+/// no text. Without a contents page the list is empty.
 [[nodiscard]] std::vector<HelpPage> readHelpPages(const QString& folder);
 
 /// The file of a page.

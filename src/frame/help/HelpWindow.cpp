@@ -131,7 +131,7 @@ void HelpWindow::search() {
     int first = -1;
     for (int row = static_cast<int>(m_pages.size()) - 1; row >= 0; --row) {
         const HelpPage& page = m_pages.at(static_cast<std::size_t>(row));
-        // The contents only name what other pages tell.
+        // The contents only list what other pages explain.
         const bool found = isFound(page, words) && (words.isEmpty() || page.name != contentsPage);
         m_contents->item(row)->setHidden(!found);
         if (found)
@@ -190,7 +190,7 @@ void HelpWindow::open(const QString& page) {
                 .icon = MessageIcon::Exclamation});
         return;
     }
-    // A modal window blocks all others but those that it owns. The window that goes may be handling the key.
+    // A modal window blocks all windows but those that it owns. The old window may be handling this key.
     QWidget* modal = QApplication::activeModalWidget();
     if (!openWindow().isNull() && openWindow()->parentWidget() != modal)
         closeOpen();

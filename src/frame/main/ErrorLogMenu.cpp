@@ -16,10 +16,10 @@ namespace tarnwell {
 
 namespace {
 
-/// Some editors hand the file to a running instance and return at once, unless told to stay.
+/// Some editors hand the file to a running instance and return at once; an option prevents that.
 struct KnownEditor {
     const char* program;
-    const char* stay;
+    const char* stay; ///< The option; empty for an editor that needs none.
 };
 
 constexpr std::array<KnownEditor, 11> knownEditors{{

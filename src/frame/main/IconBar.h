@@ -21,8 +21,8 @@ struct IconBarItem {
 };
 
 /// A bar of large labelled icons, one below the other, under a caption. Each item is a `QToolButton` named by
-/// its key; Tab, the arrows, Home and End reach them, Enter, Space or the underlined letter press them, and a
-/// click leaves the focus where it is.
+/// its key; Tab, the cursor keys, Home and End move between them, Enter, Space or the underlined letter press
+/// them, and a click leaves the focus where it is.
 class IconBar : public QWidget {
     Q_OBJECT
 
@@ -33,7 +33,7 @@ public:
     void setGroup(const QString& caption, const QString& toolTip);
     /// Adds an enabled item below the others.
     void addItem(const IconBarItem& item);
-    /// A disabled item is shown pale, keeps its tool tip and is passed over by the keys. An unknown key does
+    /// A disabled item is shown pale, keeps its tool tip and is skipped by the keys. An unknown key changes
     /// nothing.
     void setItemEnabled(const QString& key, bool enabled);
     /// Gives the focus to the first enabled item from `position` (0 is the first) on.

@@ -32,7 +32,7 @@ namespace {
 constexpr QSize designSize(840, 460);
 constexpr int welcomeMargin = 40;
 constexpr int programIconExtent = 64;
-constexpr int pathLines = 3; ///< Room for a long path of the database.
+constexpr int pathLines = 3; ///< A long path of the database takes so many.
 const QString exitKey = QStringLiteral("mnuExit");
 
 /// `label` is the caption with its underlined letter; the letters of the menus are taken.
@@ -82,7 +82,7 @@ const ScreenEntry* screenFor(const QString& key) {
     return found == screens().end() ? nullptr : &*found;
 }
 
-/// What an entry does that shows no screen.
+/// What the entries do that show no screen.
 const std::map<QString, void (*)()>& ownActions() {
     static const std::map<QString, void (*)()> actions = {
         {QStringLiteral("mnuDeleteErrorLog"), deleteErrorLog},
@@ -226,7 +226,7 @@ void frmSwitchboard::Form_Unload() {
     unloadRemainingForms();
 }
 
-/// A form that can't write what was entered tells why and stays, and so does the window.
+/// A form that can't write what was entered shows why and stays open, and so does the window.
 void frmSwitchboard::closeRequested() {
     const std::vector<QPointer<Screen>> open(loadedForms().rbegin(), loadedForms().rend());
     for (const QPointer<Screen>& form : open)

@@ -133,7 +133,7 @@ TEST_F(HelpWindowTest, SearchLeavesThePagesWithAllWordsAndMarksThem) {
     };
     help.press(Qt::Key_F, Qt::ControlModifier);
     help.type("DEPENDENT");
-    EXPECT_TRUE(list.item(0)->isHidden()) << "the contents only name what others tell";
+    EXPECT_TRUE(list.item(0)->isHidden()) << "the contents only list what others explain";
     help.type(" price");
     EXPECT_GT(left(), 0);
     EXPECT_LT(left(), list.count());

@@ -162,7 +162,7 @@ TEST_F(OptionsTest, AValueIsReadAsText) {
         {10, RegistryType::Number, "&h0000000A", true},
         {-2, RegistryType::Number, "&hFFFFFFFE", true},
         {QString(1023, 'x'), RegistryType::Text, QString(1023, 'x'), true},
-        {QString(1024, 'x'), RegistryType::Text, "", false}, // no room for the NUL
+        {QString(1024, 'x'), RegistryType::Text, "", false}, // the NUL does not fit
     };
     for (const Case& row : cases) {
         put(toolsKey, "Entry", row.value, row.type);
@@ -194,7 +194,7 @@ TEST_F(OptionsTest, SystemInformationRunsWhatTheSettingsName) {
     EXPECT_EQ(started,
               QStringList({QDir::toNativeSeparators(folder.filePath("MSINFO32.EXE")) + '|', "my tool|-all"}));
     setProgramStarter({});
-    put(toolsKey, "PATH", folder.filePath("gone"));
+    put(toolsKey, "PATH", folder.filePath("missing"));
     script.expect(Answer::Ok);
     StartSysInfo();
     EXPECT_EQ(script.shown().size(), 3U);

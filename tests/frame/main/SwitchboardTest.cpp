@@ -148,7 +148,7 @@ TEST_F(SwitchboardTest, ArrowsPassOverWhatIsDisabledAndEnterOpens) {
 
 TEST_F(SwitchboardTest, ClosingUnloadsEveryForm) {
     auto& window = start();
-    const QPointer<frmSwitchboard> gone(&window);
+    const QPointer<frmSwitchboard> closed(&window);
     const ScreenDriver driver(window);
     driver.click("frmPayroll");
     driver.click("frmBuilder");
@@ -162,7 +162,7 @@ TEST_F(SwitchboardTest, ClosingUnloadsEveryForm) {
     unloaded.sort();
     EXPECT_EQ(unloaded, (QStringList{"frmEntry1", "frmEntry2"}));
     EXPECT_TRUE(loadedForms().empty());
-    EXPECT_TRUE(waitFor([&] { return gone.isNull(); }));
+    EXPECT_TRUE(waitFor([&] { return closed.isNull(); }));
 }
 
 TEST_F(SwitchboardTest, DeletesTheErrorLogOfTheSettingsFolder) {

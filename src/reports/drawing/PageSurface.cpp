@@ -15,7 +15,12 @@ qint16 movedBy(qint16 coordinate, int twips) {
 
 void PageSurface::AddText(qint64 ReportKey, qint16& Y, qint16 X, const QString& Text, qint64 Page,
                           Orientation orientation, const TextLook& look) {
-    store(ReportKey, PageText{X, Y, Text, Page, orientation, look});
+    AddTextWithin(ReportKey, Y, X, 0, Text, Page, orientation, look);
+}
+
+void PageSurface::AddTextWithin(qint64 ReportKey, qint16& Y, qint16 X, qint16 Width, const QString& Text,
+                                qint64 Page, Orientation orientation, const TextLook& look) {
+    store(ReportKey, PageText{X, Y, Text, Page, orientation, look, Width});
     Y = movedBy(Y, look.YStep);
 }
 

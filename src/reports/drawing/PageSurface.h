@@ -32,6 +32,7 @@ struct PageText {
     qint64 page;
     Orientation orientation;
     TextLook look;
+    qint16 width = 0; ///< Twips: a text that needs more is drawn narrower. 0: as much as it needs.
 };
 
 struct PageLine {
@@ -55,6 +56,10 @@ public:
     /// the range of a coordinate: the text is stored then and `Y` stays.
     void AddText(qint64 ReportKey, qint16& Y, qint16 X, const QString& Text, qint64 Page,
                  Orientation orientation, const TextLook& look = {});
+    /// The same for a text with a neighbour on its right. One that needs more than `Width` twips is drawn
+    /// narrower, as far as it stays readable; a `Width` of 0 or less limits nothing.
+    void AddTextWithin(qint64 ReportKey, qint16& Y, qint16 X, qint16 Width, const QString& Text, qint64 Page,
+                       Orientation orientation, const TextLook& look = {});
     void AddLine(qint64 ReportKey, const PageLine& line) { store(ReportKey, line); }
     /// Shows the stored pages, or prints them on the current printer; returns when the user is done.
     virtual void ShowReport(qint64 ReportKey, bool Preview) = 0;

@@ -14,6 +14,8 @@ namespace {
 constexpr QSizeF letterTwips(12240, 15840);
 /// A line's width counts in dots of a screen of 96 to the inch.
 constexpr double twipsPerWidth = 15;
+/// Letters of less than half their width can't be read any more.
+constexpr double narrowest = 0.5;
 
 /// Colours have blue in front and red last; those of the system, which the desktop's scheme would change, are
 /// black on paper.
@@ -59,6 +61,28 @@ void drawLines(QPainter& painter, const std::vector<PageLine>& lines) {
     }
 }
 
+/// How much of its own width a text gets.
+double narrowing(const PageFont& font, const PageText& text, const QString& letters) {
+    if (text.width <= 0)
+        return 1;
+    const double needed = font.width(letters);
+    return needed <= text.width ? 1 : std::max(text.width / needed, narrowest);
+}
+
+void drawText(QPainter& painter, const PageFont& font, const PageText& text, const QString& letters) {
+    const QPointF topLeft(text.x, text.y);
+    const double scale = narrowing(font, text, letters);
+    if (scale == 1) {
+        font.draw(painter, topLeft, letters);
+        return;
+    }
+    painter.save();
+    painter.translate(topLeft);
+    painter.scale(scale, 1);
+    font.draw(painter, {}, letters);
+    painter.restore();
+}
+
 } // namespace
 
 QSizeF pageSizeTwips(Orientation orientation) {
@@ -79,7 +103,7 @@ void PagePainter::drawPage(QPainter& painter, const StoredPage& page, qint64 pag
     painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
     for (const PageText& text : page.texts) {
         painter.setPen(onPaper(text.look.ForeColor));
-        fontOf(text).draw(painter, QPointF(text.x, text.y), textOnPage(text, pageCount));
+        drawText(painter, fontOf(text), text, textOnPage(text, pageCount));
     }
     painter.restore();
 }
@@ -90,7 +114,9 @@ void PagePainter::drawPaper(QPainter& painter, Orientation orientation) {
 
 QRectF PagePainter::textBox(const PageText& text, qint64 pageCount) {
     const PageFont& font = fontOf(text);
-    return {QPointF(text.x, text.y), QSizeF(font.width(textOnPage(text, pageCount)), font.height())};
+    const QString letters = textOnPage(text, pageCount);
+    return {QPointF(text.x, text.y),
+            QSizeF(font.width(letters) * narrowing(font, text, letters), font.height())};
 }
 
 } // namespace tarnwell

@@ -18,6 +18,7 @@ constexpr quint32 newLook = 8;  ///< Its look follows, else it has the one of th
 constexpr quint32 bold = 16;
 constexpr quint32 pageTotal = 32;
 constexpr quint32 flag2 = 64;
+constexpr quint32 limited = 128; ///< The width that it may take follows.
 } // namespace mark
 
 /// What both kinds begin with; the text or the line's record follows.
@@ -155,7 +156,9 @@ void ItemBytes::add(const PageText& text) {
     const bool isNew = !m_look || !isSameLook(*m_look, text.look);
     appendRecord(m_bytes, ItemHead{static_cast<qint32>(text.text.size()), text.x, text.y,
                                    lying(text.orientation) | markIf(isWide, mark::wideText) |
-                                       markIf(isNew, mark::newLook)});
+                                       markIf(isNew, mark::newLook) | markIf(text.width > 0, mark::limited)});
+    if (text.width > 0)
+        appendRecord(m_bytes, text.width);
     if (isNew) {
         appendLook(m_bytes, text.look);
         m_look = text.look;
@@ -188,11 +191,12 @@ void readItems(QByteArrayView items, qint64 number, StoredPage& page) {
             page.lines.push_back({head.x, head.y, end.x, end.y, number, orientation, head.length});
             continue;
         }
+        const qint16 width = (head.marks & mark::limited) != 0 ? reader.take<qint16>() : qint16{0};
         if ((head.marks & mark::newLook) != 0)
             look = takeLook(reader);
         page.texts.push_back({head.x, head.y,
                               reader.takeText(head.length, (head.marks & mark::wideText) != 0), number,
-                              orientation, look});
+                              orientation, look, width});
     }
 }
 

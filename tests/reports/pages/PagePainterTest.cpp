@@ -85,6 +85,27 @@ TEST_F(PagePainterTest, FontsHaveTheWidthsOfTheToldOnesWhateverIsInstalled) {
     }
 }
 
+TEST_F(PagePainterTest, ATextThatWouldReachItsNeighbourIsDrawnNarrower) {
+    PageText text = textAt(5000, 6000, QStringLiteral("WWWWWWWWWW"));
+    const QImage free = paint(pageOf(text));
+    const double whole = m_painter.textBox(text, 1).width();
+    const struct {
+        double width;
+        double drawn;
+        const char* why;
+    } cases[] = {
+        {1.1, 1, "there is enough space"}, {0.7, 0.7, "it fills its space"}, {0.3, 0.5, "it stays readable"}};
+    for (const auto& entry : cases) {
+        text.width = static_cast<qint16>(entry.width * whole);
+        const QImage image = paint(pageOf(text));
+        const QRectF ink = inkTwips(image);
+        EXPECT_NEAR(ink.width(), inkTwips(free).width() * entry.drawn, 3 * dot) << entry.why;
+        EXPECT_NEAR(ink.height(), inkTwips(free).height(), dot) << entry.why;
+        EXPECT_NEAR(m_painter.textBox(text, 1).width(), whole * entry.drawn, 1) << entry.why;
+        EXPECT_EQ(image == free, entry.drawn == 1) << entry.why;
+    }
+}
+
 TEST_F(PagePainterTest, ThePageIsBlackOnWhiteUnderADarkDesktop) {
     const QPalette before = QApplication::palette();
     QApplication::setPalette(QPalette(Qt::white, Qt::black));

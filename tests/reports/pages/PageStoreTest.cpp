@@ -53,7 +53,7 @@ TEST_F(PageStoreTest, GivesBackWhatWasDrawn) {
     const QString words = QString::fromUtf8("Zoë 价 😀");
     const auto store = open();
     const qint64 key = store->newReport();
-    store->add(key, PageText{-7, 32767, words, 1, Orientation::Landscape, look});
+    store->add(key, PageText{-7, 32767, words, 1, Orientation::Landscape, look, 1440});
     store->add(key, PageLine{1, -2, 3, 4, 1, Orientation::Landscape, 3});
     store->add(key, PageText{0, 0, QString::fromUtf8("Zoë"), 1, Orientation::Landscape, {}});
     store->add(key, PageText{0, 0, {}, 1, Orientation::Landscape, {}});
@@ -63,13 +63,13 @@ TEST_F(PageStoreTest, GivesBackWhatWasDrawn) {
     EXPECT_EQ(page.orientation, Orientation::Landscape);
     ASSERT_EQ(page.texts.size(), 3U);
     const PageText& back = page.texts.front();
-    EXPECT_EQ(std::tuple(back.x, back.y, back.text), std::tuple(-7, 32767, words));
+    EXPECT_EQ(std::tuple(back.x, back.y, back.text, back.width), std::tuple(-7, 32767, words, 1440));
     EXPECT_EQ(std::tuple(back.look.Bold, back.look.FontSize, back.look.FontName),
               std::tuple(true, 14, QStringLiteral("Arial")));
     EXPECT_EQ(std::tuple(back.look.PageTotal, back.look.BackColor, back.look.ForeColor, back.look.Flag2),
               std::tuple(true, 0xFFEEDDU, 0x0000FFU, true));
     EXPECT_EQ(page.texts[1].text, QString::fromUtf8("Zoë"));
-    EXPECT_FALSE(page.texts[1].look.Bold);
+    EXPECT_EQ(std::tuple(page.texts[1].look.Bold, page.texts[1].width), std::tuple(false, 0));
     EXPECT_EQ(std::tuple(page.texts[2].text, page.texts[2].look.FontSize), std::tuple(QString(), 10));
     ASSERT_EQ(page.lines.size(), 1U);
     const PageLine& line = page.lines.front();

@@ -16,6 +16,8 @@ struct Chapter {
 [[nodiscard]] std::span<const Chapter> chapters();
 /// The manual's pictures: every screen once.
 [[nodiscard]] std::span<const Chapter> pictureChapters();
+/// Mixed work that stores nothing in the end, to be done over and over.
+[[nodiscard]] std::span<const Chapter> soakChapters();
 
 void payWithEveryWarning(Driver& driver);
 void correctPayment(Driver& driver);

@@ -146,16 +146,26 @@ void paintWindow(QPainter& painter, QWidget& window, QPoint origin) {
     painter.drawRect(place.united(title).adjusted(-1, -1, 0, 0));
 }
 
+/// The window alone, in its frame.
+QImage framedImage(QWidget& window) {
+    const QSize framed = window.size() + QSize(2 * frameWidth, titleHeight + 2 * frameWidth);
+    QImage image(framed * window.devicePixelRatio(), QImage::Format_RGB32);
+    image.setDevicePixelRatio(window.devicePixelRatio());
+    QPainter painter(&image);
+    paintWindow(painter, window, window.mapToGlobal(QPoint(-frameWidth, -titleHeight - frameWidth)));
+    return image;
+}
+
 /// The windows where they stand on the desktop.
 QImage desktopImage(const QList<QWindow*>& fromTheBack) {
-    const QRect room = front().screen()->geometry();
-    QImage image(room.size() + QSize(0, titleHeight), QImage::Format_RGB32);
+    const QRect screen = front().screen()->geometry();
+    QImage image(screen.size() + QSize(0, titleHeight), QImage::Format_RGB32);
     image.fill(QColor(0x3b, 0x4a, 0x54));
     QPainter painter(&image);
     for (const QWindow* handle : fromTheBack)
         for (QWidget* window : QApplication::topLevelWidgets())
             if (window->windowHandle() == handle)
-                paintWindow(painter, *window, room.topLeft() - QPoint(0, titleHeight));
+                paintWindow(painter, *window, screen.topLeft() - QPoint(0, titleHeight));
     return image;
 }
 
@@ -180,13 +190,20 @@ QWidget& Driver::control(const QString& name) {
     return input::find(front(), name);
 }
 
+template <class Value>
+Value Driver::fetch(const std::function<Value()>& question) {
+    const auto answer = std::make_shared<Value>();
+    act([answer, question] { *answer = question(); });
+    return std::move(*answer);
+}
+
 void Driver::see(const QString& what, const std::function<bool()>& condition) {
     std::binary_semaphore never(0);
     QElapsedTimer waiting;
     waiting.start();
     do {
         const auto seen = std::make_shared<bool>(false);
-        look([seen, &condition] { *seen = isThere(condition); });
+        look([seen, condition] { *seen = isThere(condition); });
         if (*seen)
             return;
         static_cast<void>(never.try_acquire_for(pause));
@@ -222,31 +239,29 @@ void Driver::answer(const QString& text, const QKeySequence& key) {
 }
 
 void Driver::seeText(const QString& name, const QString& text) {
-    QString shown;
+    const auto shown = std::make_shared<QString>();
     try {
-        see({}, [&] {
-            shown = shownText(control(name));
-            return shown.contains(text);
+        see({}, [=] {
+            *shown = shownText(control(name));
+            return shown->contains(text);
         });
     } catch (const StepFailed&) {
-        throw StepFailed(QStringLiteral("%1 shows \"%2\", not \"%3\"").arg(name, shown, text));
+        throw StepFailed(QStringLiteral("%1 shows \"%2\", not \"%3\"").arg(name, *shown, text));
     }
 }
 
 QString Driver::textOf(const QString& name) {
-    QString shown;
-    act([&] { shown = shownText(control(name)); });
-    return shown;
+    return fetch<QString>([name] { return shownText(control(name)); });
 }
 
 int Driver::rowOf(const QString& grid, const QString& column, const QString& text) {
-    int found = -1;
-    act([&] {
+    const int found = fetch<int>([=] {
         const auto& table = input::find<Grid>(front(), grid);
         const int at = columnOf(table, column);
-        for (int row = 0; row < table.model()->rowCount() && found < 0; ++row)
+        for (int row = 0; row < table.model()->rowCount(); ++row)
             if (table.model()->index(row, at).data().toString() == text)
-                found = row;
+                return row;
+        return -1;
     });
     if (found < 0)
         throw StepFailed(QStringLiteral("%1 does not show \"%2\"").arg(grid, text));
@@ -294,10 +309,7 @@ void Driver::clickToolbar(const QString& caption) {
 void Driver::clickCell(const QString& grid, int row, const QString& column) {
     act([=] {
         auto& table = input::find<Grid>(front(), grid);
-        const auto found = std::ranges::find(table.columns(), column, &GridColumn::key);
-        if (found == table.columns().end())
-            input::reportMissing(column);
-        const QModelIndex cell = table.model()->index(row, static_cast<int>(found - table.columns().begin()));
+        const QModelIndex cell = table.model()->index(row, columnOf(table, column));
         table.scrollTo(cell);
         input::click(table, table.visualRect(cell).center());
     });
@@ -315,32 +327,18 @@ void Driver::resizeFront(QSize size) {
 }
 
 void Driver::picture(const QString& name) {
-    QImage image;
-    act([&] { image = desktopImage(m_windows.fromTheBack()); });
-    save(image, name);
+    save(fetch<QImage>([windows = &m_windows] { return desktopImage(windows->fromTheBack()); }), name);
 }
 
 void Driver::windowPicture(const QString& name) {
-    QImage image;
-    QStringList clashes;
-    act([&] {
-        QWidget& window = front();
-        clashes = keyClashes(window);
-        const QSize framed = window.size() + QSize(2 * frameWidth, titleHeight + 2 * frameWidth);
-        image = QImage(framed * window.devicePixelRatio(), QImage::Format_RGB32);
-        image.setDevicePixelRatio(window.devicePixelRatio());
-        QPainter painter(&image);
-        paintWindow(painter, window, window.mapToGlobal(QPoint(-frameWidth, -titleHeight - frameWidth)));
-    });
+    const QStringList clashes = fetch<QStringList>([] { return keyClashes(front()); });
     if (!clashes.isEmpty())
         throw StepFailed(QStringLiteral("in %1, %2").arg(name, clashes.join(QStringLiteral("; "))));
-    save(smallPicture(image), name);
+    save(smallPicture(fetch<QImage>([] { return framedImage(front()); })), name);
 }
 
 void Driver::controlPicture(const QString& name, const QString& picture) {
-    QImage image;
-    act([&] { image = control(name).grab().toImage(); });
-    save(smallPicture(image), picture);
+    save(smallPicture(fetch<QImage>([name] { return control(name).grab().toImage(); })), picture);
 }
 
 void Driver::save(const QImage& image, const QString& name) const {

@@ -74,13 +74,17 @@ public:
     void seeStored(const QByteArray& sql, const QString& value) const;
 
     /// Runs in the program's thread once a window is in front; returns when it is through or waits in a
-    /// window that it opened. What it throws by then comes back here.
+    /// window that it opened. What it throws by then comes back here. It may run on when this has given up:
+    /// it must refer to nothing of the caller's, and so must every condition.
     void act(const std::function<void()>& action);
     /// The control of the window in front; only inside `act` or `see`.
     [[nodiscard]] static QWidget& control(const QString& name);
 
 private:
     void look(const std::function<void()>& action);
+    /// What the question answers, asked as `act` acts.
+    template <class Value>
+    [[nodiscard]] Value fetch(const std::function<Value()>& question);
     void save(const QImage& image, const QString& name) const;
 
     const WindowKeeper& m_windows;

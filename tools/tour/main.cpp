@@ -7,6 +7,7 @@
 #include "runtime/modGlobalVariables.h"
 #include "runtime/modRegistry.h"
 #include "tour/Chapters.h"
+#include "tour/MemoryWatch.h"
 #include "tour/WindowKeeper.h"
 
 #include <QCommandLineParser>
@@ -79,19 +80,42 @@ struct Course {
     QDir folder;    ///< For pictures and PDFs.
     QDir workplace; ///< For the sample and its settings.
     std::span<const tour::Chapter> chapters;
+    int rounds = 1; ///< How often all of them; from 2 on the memory is watched.
 };
+
+constexpr int roundsBetweenNotes = 25;
+constexpr double mostGrowth = 4; ///< Kilobytes a round: what is kept of each round's work shows.
+
+/// All chapters once; each named in the first round.
+void walkRound(tour::Driver& driver, std::span<const tour::Chapter> chapters, int round) {
+    for (const tour::Chapter& chapter : chapters) {
+        if (round == 1)
+            say(QString::fromLatin1(chapter.title));
+        driver.seeWindow(QStringLiteral("frmSwitchboard"));
+        chapter.run(driver);
+    }
+    driver.seeWindow(QStringLiteral("frmSwitchboard"));
+}
+
+void walkRounds(tour::Driver& driver, const Course& course) {
+    tour::MemoryWatch memory;
+    for (int round = 1; round <= course.rounds; ++round) {
+        walkRound(driver, course.chapters, round);
+        const QString inUse = memory.note(round);
+        if (course.rounds > 1 && (round % roundsBetweenNotes == 0 || round == 1))
+            say(inUse);
+    }
+    if (memory.growthPerRound() > mostGrowth)
+        throw tour::StepFailed(QStringLiteral("the memory in use grows by %1 kB a round")
+                                   .arg(memory.growthPerRound(), 0, 'f', 1));
+}
 
 /// The script, beside the program. True when every step showed what it should.
 bool walk(const Course& course, const tour::WindowKeeper& windows) {
     tour::Driver driver(windows, course.folder.path(),
                         course.workplace.filePath(QStringLiteral("Tarnwell.mdb")));
     try {
-        for (const tour::Chapter& chapter : course.chapters) {
-            say(QString::fromLatin1(chapter.title));
-            driver.seeWindow(QStringLiteral("frmSwitchboard"));
-            chapter.run(driver);
-        }
-        driver.seeWindow(QStringLiteral("frmSwitchboard"));
+        walkRounds(driver, course);
         driver.press(QKeySequence(QStringLiteral("Alt+X")));
         return true;
     } catch (const std::exception& error) {
@@ -165,30 +189,47 @@ int takePictures(const QDir& folder, const Look& look, int& argc, char** argv) {
     return follow({.folder = folder, .workplace = QDir(data), .chapters = tour::pictureChapters()}, program);
 }
 
-int takeTour(const QDir& folder, int& argc, char** argv) {
+/// The tour, or with more than one round the work of a long day.
+int takeTour(const QDir& folder, int rounds, int& argc, char** argv) {
     if (needsDesktop())
         standInForDesktop(folder, 1);
     Program program(argc, argv);
-    return follow({.folder = folder, .workplace = folder, .chapters = tour::chapters()}, program);
+    return follow({.folder = folder,
+                   .workplace = folder,
+                   .chapters = rounds > 1 ? tour::soakChapters() : tour::chapters(),
+                   .rounds = rounds},
+                  program);
+}
+
+/// The toolkit's screen in memory has no order of windows and no size hints, and says so each time.
+void silenceScreenInMemory() {
+    static QtMessageHandler usual = nullptr;
+    usual = qInstallMessageHandler([](QtMsgType type, const QMessageLogContext& where, const QString& text) {
+        if (!text.startsWith(QLatin1String("This plugin does not support ")))
+            usual(type, where, text);
+    });
 }
 
 } // namespace
 
 /// tarnwell-tour FOLDER: walks through the whole program on a fresh sample by keys and clicks and leaves
 /// pictures and PDFs in the folder. With --pictures: the pictures of the manual; they may be made as they are
-/// on a dark desktop or on one of twice the dots. Exit code 0 when everything showed what it should.
+/// on a dark desktop or on one of twice the dots. With --soak: many rounds of mixed work, which fail when the
+/// memory in use goes on growing. Exit code 0 when everything showed what it should.
 int main(int argc, char** argv) {
     QCommandLineParser line;
     const QCommandLineOption pictures(QStringLiteral("pictures"));
     const QCommandLineOption dark(QStringLiteral("dark"));
     const QCommandLineOption doubled(QStringLiteral("double"));
-    line.addOptions({pictures, dark, doubled});
+    const QCommandLineOption soak(QStringLiteral("soak"), {}, QStringLiteral("rounds"), QStringLiteral("1"));
+    line.addOptions({pictures, dark, doubled, soak});
     QStringList arguments;
     for (const char* argument : std::span(argv, static_cast<std::size_t>(argc)))
         arguments << QString::fromLocal8Bit(argument);
     if (!line.parse(arguments) || line.positionalArguments().size() != 1 ||
-        (!line.isSet(pictures) && (line.isSet(dark) || line.isSet(doubled)))) {
-        say(QStringLiteral("usage: tarnwell-tour [--pictures [--dark] [--double]] FOLDER"));
+        (!line.isSet(pictures) && (line.isSet(dark) || line.isSet(doubled))) ||
+        (line.isSet(soak) && (line.isSet(pictures) || line.value(soak).toInt() < 2))) {
+        say(QStringLiteral("usage: tarnwell-tour [--pictures [--dark] [--double] | --soak ROUNDS] FOLDER"));
         return 2;
     }
     const QDir folder(QDir(line.positionalArguments().constFirst()).absolutePath());
@@ -196,6 +237,8 @@ int main(int argc, char** argv) {
         say(QStringLiteral("The folder can't be made: ") + folder.path());
         return 1;
     }
+    silenceScreenInMemory();
     const Look look{.isDark = line.isSet(dark), .scale = line.isSet(doubled) ? 2 : 1};
-    return line.isSet(pictures) ? takePictures(folder, look, argc, argv) : takeTour(folder, argc, argv);
+    return line.isSet(pictures) ? takePictures(folder, look, argc, argv)
+                                : takeTour(folder, line.value(soak).toInt(), argc, argv);
 }

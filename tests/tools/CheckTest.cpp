@@ -2,6 +2,7 @@
 #include "data/file/DatabaseCheck.h"
 
 #include <QFile>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -116,6 +117,7 @@ TEST_F(CheckTest, NamesTheRowAndTheValueAndEndsWithOne) {
 
 TEST_F(CheckTest, ListsTheFirstFiftyAndCountsTheRest) {
     breakDatabase(path(), QStringLiteral("UPDATE JobLotTask SET StartDate='soon' WHERE JobLotTaskKey<=60"));
+    EXPECT_EQ(checkDatabase(path(), 0).count(), 60);
     const ToolResult result = runToolWith({"check", path()});
     EXPECT_TRUE(result.out.contains(QLatin1String("JobLotTask.StartDate is no date: 60\n")));
     EXPECT_EQ(result.out.count(QLatin1String("StartDate is soon")), 50);
@@ -132,14 +134,18 @@ TEST_F(CheckTest, LetsLinksBeThatMayLeadNowhere) {
     EXPECT_TRUE(result.isClean()) << result.groups.size();
 }
 
-TEST_F(CheckTest, TellsDamageOfTheFile) {
+TEST_F(CheckTest, SaysWhichTableAndPageAreDamaged) {
+    constexpr qsizetype pageSize = 4096;
     QByteArray damaged = soundFile();
-    for (qsizetype at = damaged.size() / 2; at < damaged.size() / 2 + 9000; ++at)
-        damaged[at] = 'x';
+    const qsizetype at = damaged.indexOf("Base and casing") / pageSize * pageSize;
+    damaged.replace(at, pageSize, QByteArray(pageSize, 'x'));
     write(damaged);
     const ToolResult result = runToolWith({"check", path()});
     EXPECT_EQ(result.code, 1);
-    EXPECT_FALSE(result.out.isEmpty() && result.err.isEmpty());
+    EXPECT_TRUE(
+        QRegularExpression(QStringLiteral(": Page %1: ").arg(at / pageSize + 1)).match(result.out).hasMatch())
+        << result.out.toStdString() << result.err.toStdString();
+    EXPECT_TRUE(result.out.contains(QLatin1String("Task: "))) << result.out.toStdString();
 }
 
 TEST_F(CheckTest, NamesAMissingTableOnce) {

@@ -1,85 +1,86 @@
 #pragma once
 
+#include "data/engine/Cursor.h"
+#include "data/engine/PendingReader.h"
 #include "data/sql/Dialect.h"
-#include "data/sqlite/SqliteHandle.h"
-#include "data/sqlite/StatementCache.h"
 
-#include <QString>
+#include <QByteArray>
 
-#include <chrono>
 #include <functional>
 #include <memory>
+#include <span>
 #include <vector>
 
 namespace tarnwell::data {
 
-class RowStore;
-
-/// SQLite below one connection: statements in the system's dialect, transactions, and the recordsets that
-/// are still reading. It lives as long as a recordset refers to it, also after it was closed.
+/// A database below one connection: statements, transactions, and the readers that are not at their end. It
+/// lives as long as a recordset refers to it, also after it was closed. What a statement raises is said at
+/// `Failure`, below "provider".
 class Engine {
 public:
-    /// Raises what `openOurDatabase` raises.
-    Engine(const QString& path, std::chrono::milliseconds busyTimeout);
-    ~Engine();
+    Engine() = default;
+    virtual ~Engine() = default;
     Engine(const Engine&) = delete;
     Engine& operator=(const Engine&) = delete;
 
-    [[nodiscard]] bool isOpen() const { return m_open; }
-    /// Recordsets that are still reading lose their rows; an open transaction is rolled back. A second close
-    /// does nothing. From within a watch's question it ends the statement at work, and the file is let go of
-    /// once that statement has returned.
-    void close();
+    [[nodiscard]] virtual bool isOpen() const = 0;
+    /// Readers lose their rows; an open transaction is rolled back. A second close does nothing. From within
+    /// a watch's question it ends the statement at work, and the database is let go of once that statement
+    /// has returned.
+    virtual void close() = 0;
 
     /// Raises SyntaxError and PermissionDenied for what is not one statement of rows.
-    [[nodiscard]] Translation translate(QStringView sql) { return m_dialect.translate(sql); }
-    /// A statement in the engine's own words, prepared before or now. Raises NotAllowed from within a watch's
-    /// question, as does everything that comes here.
-    [[nodiscard]] StatementLease lease(const QByteArray& sql);
-    /// Runs a translated statement to its end; the number of rows it touched. Raises DatabaseFailure where
-    /// the open transaction is lost: the rest of it must not be written without its beginning.
+    [[nodiscard]] virtual Translation translate(QStringView sql) = 0;
+
+    // Statements in the engine's own words, as a translation or `RowStatements.h` has them: one statement
+    // with a value for each parameter. Dates are dates, yes/no is -1 and 0; Empty is stored as Null. All of
+    // them raise NotAllowed from within a watch's question.
+
+    /// Checks the statement and reads nothing yet.
+    [[nodiscard]] virtual std::unique_ptr<Cursor> open(const QByteArray& sql,
+                                                       std::span<const Value> parameters) = 0;
+    /// Runs the statement to its end; the number of rows that it touched.
+    virtual int execute(const QByteArray& sql, std::span<const Value> parameters) = 0;
+    /// Runs an INSERT of one row; the key of the new row.
+    [[nodiscard]] virtual qint64 insert(const QByteArray& sql, std::span<const Value> parameters) = 0;
+    /// Runs a translated statement behind all pending readers; the number of rows it touched. Raises
+    /// DatabaseFailure where the open transaction is lost.
     int execute(const Translation& translation);
 
     /// As the connection's.
-    [[nodiscard]] quint32 dataVersion();
+    [[nodiscard]] virtual quint32 dataVersion() = 0;
 
-    /// As the connection's transactions. A begin waits for another seat's write, up to the busy timeout.
-    void begin();
-    void commit();
-    void rollback();
+    /// As the connection's transactions. A begin waits for another user's write, up to the busy timeout.
+    virtual void begin() = 0;
+    virtual void commit() = 0;
+    virtual void rollback() = 0;
     /// Rolls back what is open and reports nothing: for the way out of a failure.
-    void abandonTransaction() noexcept;
-    [[nodiscard]] bool inTransaction() const { return m_inTransaction; }
-    /// A full or failing disk makes the engine roll back by itself. The transaction is then lost, but stays
-    /// open for its owner to end it. Raises DatabaseFailure in that state.
-    void requireTransactionWhole() const;
+    virtual void abandonTransaction() noexcept = 0;
+    [[nodiscard]] virtual bool inTransaction() const = 0;
+    /// A full or failing disk makes an engine roll back by itself. The transaction is then lost, but stays
+    /// open for its owner to end it; the rest of it must not be written without its beginning. Raises
+    /// DatabaseFailure in that state.
+    virtual void requireTransactionWhole() const = 0;
 
-    /// Asked again and again while a statement works; false ends it, and it raises Cancelled. Empty:
-    /// nobody is asked. While it is asked, the engine refuses to be used.
-    void setWatch(std::function<bool()> goesOn);
+    /// Asked again and again while a statement works; false ends it, and it raises Cancelled. Empty: nobody
+    /// is asked. While it is asked, the engine refuses to be used.
+    virtual void setWatch(std::function<bool()> goesOn) = 0;
 
-    /// Recordsets whose statement has not come to its end.
-    void addReader(RowStore& reader) { m_readers.push_back(&reader); }
-    void removeReader(const RowStore& reader);
+    /// A reader must be removed before it is destroyed.
+    void addReader(PendingReader& reader) { m_readers.push_back(&reader); }
+    void removeReader(const PendingReader& reader);
     /// Has every reader fetch its rest. Due before each write, and before a new read outside a transaction: a
-    /// half-read statement holds the whole connection to an old state of the file, from which the engine
-    /// refuses to write and in which another seat's work is not seen.
+    /// half-read statement may hold the whole connection to an old state of the database, from which it
+    /// cannot write and in which other users' work is not seen.
     void completeReaders();
 
-private:
-    static int endsStatement(void* engine);
-    void requireOutsideWatch() const;
-    void shutDown();
-    void setCache(int kilobytes) noexcept;
+protected:
+    /// Raises NotAllowed from within a watch's question.
+    virtual void requireOutsideWatch() const = 0;
+    void abandonReaders();
 
-    SqliteHandle m_handle;
-    StatementCache m_cache;
-    Dialect m_dialect;
-    std::vector<RowStore*> m_readers;
-    std::function<bool()> m_watch;
-    bool m_open = true;
-    bool m_askingWatch = false; ///< A statement is at work below, so nothing may be done with the handle.
-    bool m_inTransaction = false;
+private:
+    std::vector<PendingReader*> m_readers;
 };
 
 /// Makes several statements one write: begins an immediate transaction unless one is open, and rolls its own

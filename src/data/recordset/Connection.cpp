@@ -1,31 +1,10 @@
 #include "data/recordset/Connection.h"
 
-#include "data/engine/Engine.h"
-
-#include <QStringList>
+#include "data/recordset/EngineFactory.h"
 
 #include <utility>
 
 namespace tarnwell {
-
-namespace {
-
-/// The name under which the settings know the database file; there is no other engine yet.
-const QString servedProvider = QStringLiteral("Microsoft.Jet.OLEDB.4.0");
-
-} // namespace
-
-QString connectionValue(const QString& connectionString, QLatin1String key) {
-    QString value; // of two the last one counts
-    for (const QString& part : connectionString.split(QLatin1Char(';'))) {
-        const qsizetype equals = part.indexOf(QLatin1Char('='));
-        if (equals >= 0 && part.first(equals).trimmed().compare(key, Qt::CaseInsensitive) == 0)
-            value = part.sliced(equals + 1).trimmed();
-    }
-    const bool isQuoted =
-        value.size() > 1 && value.front() == QLatin1Char('"') && value.back() == value.front();
-    return isQuoted ? value.sliced(1, value.size() - 2) : value;
-}
 
 Connection::Connection() = default;
 
@@ -42,11 +21,7 @@ void Connection::setConnectionString(const QString& text) {
 void Connection::Open() {
     if (State() == ObjectState::Open)
         raise(Failure::ObjectOpen);
-    const QString provider = connectionValue(m_connectionString, QLatin1String("Provider"));
-    if (provider.compare(servedProvider, Qt::CaseInsensitive) != 0)
-        raise(Failure::ProviderNotFound, provider);
-    m_engine = std::make_shared<data::Engine>(
-        connectionValue(m_connectionString, QLatin1String("Data Source")), m_busyTimeout);
+    m_engine = data::openEngine(m_connectionString, m_busyTimeout);
 }
 
 void Connection::Close() {

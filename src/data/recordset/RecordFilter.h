@@ -1,8 +1,8 @@
 #pragma once
 
 #include "data/Value.h"
-#include "data/recordset/ResultColumns.h"
 #include "data/recordset/RowStore.h"
+#include "data/sql/ResultColumns.h"
 
 #include <QString>
 

@@ -1,26 +1,15 @@
 #include "data/recordset/RowStore.h"
 
 #include <algorithm>
-#include <sqlite3.h>
 
 namespace tarnwell::data {
 
-namespace {
-
-std::shared_ptr<const ResultColumns> columnsOf(PreparedStatement& prepared, const TranslatedShape& shape,
-                                               bool withKeys) {
-    if (prepared.columns == nullptr)
-        prepared.columns = std::make_shared<const ResultColumns>(prepared.statement.get(), shape, withKeys);
-    return prepared.columns;
-}
-
-} // namespace
-
 RowStore::RowStore(std::shared_ptr<Engine> engine, const Translation& translation, bool withKeys)
     : m_engine(std::move(engine)), m_translation(translation),
-      m_statement(m_engine->lease(withKeys ? translation.shape->sqlWithKeys : translation.shape->sql)),
-      m_columns(columnsOf(m_statement.prepared(), *translation.shape, withKeys)),
-      m_fetched(m_columns->width()), m_added(m_columns->width()) {
+      m_cursor(m_engine->open(withKeys ? translation.shape->sqlWithKeys : translation.shape->sql,
+                              m_translation.parameters)),
+      m_columns(translation.shape->columns(withKeys)), m_fetched(m_columns->width()),
+      m_added(m_columns->width()) {
     m_engine->addReader(*this);
 }
 
@@ -60,7 +49,7 @@ void RowStore::completeRead() {
 }
 
 void RowStore::abandon() {
-    m_statement.release();
+    m_cursor.reset();
 }
 
 bool RowStore::fetchTo(RowId row) {
@@ -71,7 +60,7 @@ bool RowStore::fetchTo(RowId row) {
 }
 
 bool RowStore::fetchOne() {
-    if (!m_statement) {
+    if (m_cursor == nullptr) {
         if (m_failure)
             throw *m_failure;
         return false;
@@ -79,23 +68,20 @@ bool RowStore::fetchOne() {
     try {
         if (!m_started)
             start();
-        do {
-            if (!m_statement->step()) {
-                finish();
-                return false;
-            }
-        } while (standsOnAddedRow());
+        while (m_cursor->next()) {
+            const std::span<Cell> row = m_fetched.append();
+            m_cursor->read(row, m_columns->types(), m_texts);
+            if (!isAddedRow(row))
+                return true;
+            m_fetched.removeLast();
+        }
+        finish();
+        return false;
     } catch (const RunTimeError& error) {
-        m_failure = error; // stepping on would begin again at the first row
+        m_failure = error; // going on would begin again at the first row
         finish();
         throw;
     }
-    const std::span<Cell> row = m_fetched.append();
-    const auto types = m_columns->types();
-    sqlite3_stmt* statement = m_statement->get();
-    for (std::size_t i = 0; i < types.size(); ++i)
-        row[i] = cellFromColumn(statement, static_cast<int>(i), types[i], m_texts);
-    return true;
 }
 
 void RowStore::start() {
@@ -103,21 +89,21 @@ void RowStore::start() {
     if (!m_engine->inTransaction())
         m_engine->completeReaders();
     m_started = true;
-    m_statement->bindAll(m_translation.parameters);
     // A row that was added before the first look is stored by now: it must not come twice.
     for (int i = 0; i < m_added.size(); ++i)
         m_addedBefore.insert(value(firstAddedRow + i, m_addedKeyCell).toLong());
 }
 
 void RowStore::finish() {
-    if (!m_statement)
+    if (m_cursor == nullptr)
         return;
     m_engine->removeReader(*this);
-    m_statement.release();
+    m_cursor.reset();
 }
 
-bool RowStore::standsOnAddedRow() const {
-    return !m_addedBefore.empty() && m_addedBefore.contains(m_statement->integerAt(m_addedKeyCell));
+bool RowStore::isAddedRow(std::span<const Cell> row) const {
+    return !m_addedBefore.empty() &&
+           m_addedBefore.contains(row[static_cast<std::size_t>(m_addedKeyCell)].number);
 }
 
 } // namespace tarnwell::data

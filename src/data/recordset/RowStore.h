@@ -2,8 +2,7 @@
 
 #include "data/RunTimeError.h"
 #include "data/engine/Engine.h"
-#include "data/recordset/Cell.h"
-#include "data/recordset/ResultColumns.h"
+#include "data/sql/ResultColumns.h"
 
 #include <memory>
 #include <optional>
@@ -18,11 +17,11 @@ inline constexpr RowId noRow = -1;
 inline constexpr RowId firstAddedRow = 1 << 30;
 
 /// The rows of one opened statement, fetched as they are asked for; shared by a recordset and its clones.
-class RowStore {
+class RowStore : public PendingReader {
 public:
     /// Prepares the statement and fetches nothing. `withKeys`: rows carry the keys of their tables.
     RowStore(std::shared_ptr<Engine> engine, const Translation& translation, bool withKeys);
-    ~RowStore();
+    ~RowStore() override;
     RowStore(const RowStore&) = delete;
     RowStore& operator=(const RowStore&) = delete;
 
@@ -64,21 +63,19 @@ public:
     /// Where the texts of new cells go.
     [[nodiscard]] TextArena& texts() { return m_texts; }
 
-    /// Fetches the rest if fetching has begun; a failure shows when somebody walks there.
-    void completeRead();
-    /// Stops reading: the connection goes away.
-    void abandon();
+    void completeRead() override;
+    void abandon() override;
 
 private:
     bool fetchTo(RowId row);
     bool fetchOne();
     void start();
     void finish();
-    [[nodiscard]] bool standsOnAddedRow() const;
+    [[nodiscard]] bool isAddedRow(std::span<const Cell> row) const;
 
     std::shared_ptr<Engine> m_engine;
     Translation m_translation;
-    StatementLease m_statement; ///< Empty once all rows are here.
+    std::unique_ptr<Cursor> m_cursor; ///< Null once all rows are here.
     bool m_started = false;
     std::optional<RunTimeError> m_failure; ///< What ended the reading before all rows were here.
     std::shared_ptr<const ResultColumns> m_columns;

@@ -1,12 +1,10 @@
 #include "data/recordset/RowWriter.h"
 
 #include "data/RunTimeError.h"
-
-#include <QByteArrayList>
+#include "data/sql/RowStatements.h"
 
 #include <algorithm>
 #include <cstring>
-#include <sqlite3.h>
 
 namespace tarnwell::data {
 
@@ -29,42 +27,21 @@ bool sameCell(const Cell& a, const Cell& b) {
     }
 }
 
-QByteArray storedName(const ResultColumns& columns, int column) {
-    return quoted(columns.at(column).stored()->name);
-}
+/// The stored columns that the changes go to, and their values, with room for a key behind them.
+struct Assignments {
+    std::vector<int> columns;
+    std::vector<Value> values;
+};
 
-QByteArray whereKey(const KeyTable& table, std::ptrdiff_t parameter) {
-    return " WHERE " + quoted(table.table->keyColumn) + "=?" + QByteArray::number(qint64{parameter});
-}
-
-QByteArray insertText(const ResultColumns& columns, const KeyTable& table,
-                      std::span<const ColumnChange> changes) {
-    const QByteArray into = "INSERT INTO " + quoted(table.table->name);
-    if (changes.empty())
-        return into + " DEFAULT VALUES";
-    QByteArray names;
-    QByteArray values;
+Assignments assignmentsOf(const ResultColumns& columns, std::span<const ColumnChange> changes) {
+    Assignments assignments;
+    assignments.columns.reserve(changes.size());
+    assignments.values.reserve(changes.size() + 1);
     for (const ColumnChange& change : changes) {
-        names += ',' + storedName(columns, change.column);
-        values += ",?";
+        assignments.columns.push_back(columns.at(change.column).tableColumn);
+        assignments.values.push_back(change.value);
     }
-    return into + " (" + names.sliced(1) + ") VALUES (" + values.sliced(1) + ')';
-}
-
-void bindChanges(StatementLease& statement, std::span<const ColumnChange> changes) {
-    int parameter = 0;
-    for (const ColumnChange& change : changes)
-        statement->bind(++parameter, change.value);
-}
-
-/// The recordset's own query, narrowed to one key.
-QByteArray narrowedText(const TranslatedShape& shape, int width, const KeyTable& table,
-                        std::ptrdiff_t parameters) {
-    QByteArrayList names;
-    for (int i = 0; i < width; ++i)
-        names << 'c' + QByteArray::number(i);
-    return "WITH r(" + names.join(',') + ") AS (" + shape.sqlWithKeys + ") SELECT * FROM r WHERE c" +
-           QByteArray::number(table.keyCell) + "=?" + QByteArray::number(qint64{parameters + 1});
+    return assignments;
 }
 
 } // namespace
@@ -94,10 +71,9 @@ void RowWriter::update(RowId row, std::span<const ColumnChange> changes) {
 RowId RowWriter::insert(std::span<const ColumnChange> changes) {
     const KeyTable& table = tableForInsert(changes);
     WriteScope scope(m_store.engine());
-    StatementLease statement = m_store.engine().lease(insertText(m_columns, table, changes));
-    bindChanges(statement, changes);
-    statement->run();
-    const qint64 key = sqlite3_last_insert_rowid(sqlite3_db_handle(statement->get()));
+    const Assignments assignments = assignmentsOf(m_columns, changes);
+    const qint64 key =
+        m_store.engine().insert(insertStatement(*table.table, assignments.columns), assignments.values);
     const RowId row = m_store.addRow(table.keyCell);
     try {
         readGenerated(key, row, table);
@@ -115,10 +91,8 @@ void RowWriter::remove(RowId row) {
     const KeyTable& table = mainTable();
     WriteScope scope(m_store.engine());
     requireUnchanged(row, table);
-    StatementLease statement =
-        m_store.engine().lease("DELETE FROM " + quoted(table.table->name) + whereKey(table, 1));
-    statement->bind(1, keyOf(row, table));
-    statement->run();
+    const Value key = keyOf(row, table);
+    (void)m_store.engine().execute(deleteStatement(*table.table), {&key, 1});
     scope.commit();
     m_store.markDeleted(row);
 }
@@ -130,32 +104,31 @@ qint64 RowWriter::keyOf(RowId row, const KeyTable& table) const {
     return key.toLong();
 }
 
+bool RowWriter::readStored(qint64 key, const KeyTable& table, std::vector<Cell>& cells, TextArena& texts) {
+    const Value parameter(key);
+    const std::unique_ptr<Cursor> cursor = m_store.engine().open(table.readSql, {&parameter, 1});
+    if (!cursor->next())
+        return false;
+    cells.resize(table.columns.size() + 1);
+    cursor->read(cells, table.types, texts);
+    return true;
+}
+
 void RowWriter::requireUnchanged(RowId row, const KeyTable& table) {
-    StatementLease statement = m_store.engine().lease(table.readSql);
-    statement->bind(1, keyOf(row, table));
-    if (!statement->step())
-        raise(Failure::RowDeleted);
     TextArena texts;
+    std::vector<Cell> stored;
+    if (!readStored(keyOf(row, table), table, stored, texts))
+        raise(Failure::RowDeleted);
     const std::span<const Cell> known = m_store.cells(row);
-    for (std::size_t i = 0; i < table.columns.size(); ++i) {
-        const auto column = static_cast<std::size_t>(table.columns[i]);
-        const Cell now =
-            cellFromColumn(statement->get(), static_cast<int>(i) + 1, m_columns.types()[column], texts);
-        if (!sameCell(known[column], now))
+    for (std::size_t i = 0; i < table.columns.size(); ++i)
+        if (!sameCell(known[static_cast<std::size_t>(table.columns[i])], stored[i + 1]))
             raise(Failure::RowChanged);
-    }
 }
 
 void RowWriter::writeColumns(RowId row, const KeyTable& table, std::span<const ColumnChange> changes) {
-    QByteArrayList assignments;
-    for (const ColumnChange& change : changes)
-        assignments << storedName(m_columns, change.column) + "=?";
-    StatementLease statement =
-        m_store.engine().lease("UPDATE " + quoted(table.table->name) + " SET " + assignments.join(',') +
-                               whereKey(table, std::ssize(changes) + 1));
-    bindChanges(statement, changes);
-    statement->bind(static_cast<int>(changes.size()) + 1, keyOf(row, table));
-    statement->run();
+    Assignments assignments = assignmentsOf(m_columns, changes);
+    assignments.values.emplace_back(keyOf(row, table));
+    (void)m_store.engine().execute(updateStatement(*table.table, assignments.columns), assignments.values);
 }
 
 bool RowWriter::isWhollyFrom(const KeyTable& table) const {
@@ -186,37 +159,29 @@ const KeyTable& RowWriter::tableForInsert(std::span<const ColumnChange> changes)
 /// The key, and the columns as stored, with the defaults of those that were not set. RETURNING would bring
 /// them too, but for it the engine copies every page that the insert touches aside.
 void RowWriter::readGenerated(qint64 key, RowId row, const KeyTable& table) {
-    StatementLease statement = m_store.engine().lease(table.readSql);
-    statement->bind(1, key);
-    if (!statement->step())
+    std::vector<Cell> stored;
+    if (!readStored(key, table, stored, m_store.texts()))
         raise(Failure::RowDeleted);
     const std::span<Cell> cells = m_store.cells(row);
-    const auto read = [&](int resultColumn, int cell) {
-        const auto at = static_cast<std::size_t>(cell);
-        cells[at] = cellFromColumn(statement->get(), resultColumn, m_columns.types()[at], m_store.texts());
-    };
-    read(0, table.keyCell);
+    cells[static_cast<std::size_t>(table.keyCell)] = stored.front();
     for (std::size_t i = 0; i < table.columns.size(); ++i)
-        read(static_cast<int>(i) + 1, table.columns[i]);
+        cells[static_cast<std::size_t>(table.columns[i])] = stored[i + 1];
     for (int i = 0; i < m_columns.count(); ++i)
-        if (m_columns.at(i).table == table.table && m_columns.at(i).tableColumn >= 0 &&
-            m_columns.at(i).stored()->type == schema::ColumnType::Key)
-            read(0, i);
+        if (m_columns.at(i).table == table.table && m_columns.at(i).stored()->type == schema::ColumnType::Key)
+            cells[static_cast<std::size_t>(i)] = stored.front();
 }
 
 /// Columns of other tables and computed ones. A row that the query does not select keeps Null there.
 void RowWriter::readThroughQuery(RowId row, const KeyTable& table) {
     const Translation& translation = m_store.translation();
-    StatementLease statement = m_store.engine().lease(
-        narrowedText(*translation.shape, m_columns.width(), table, std::ssize(translation.parameters)));
-    statement->bindAll(translation.parameters);
-    statement->bind(static_cast<int>(translation.parameters.size()) + 1, keyOf(row, table));
-    if (!statement->step())
-        return;
-    const std::span<Cell> cells = m_store.cells(row);
-    for (std::size_t i = 0; i < cells.size(); ++i)
-        cells[i] =
-            cellFromColumn(statement->get(), static_cast<int>(i), m_columns.types()[i], m_store.texts());
+    std::vector<Value> parameters = translation.parameters;
+    parameters.emplace_back(keyOf(row, table));
+    const std::unique_ptr<Cursor> cursor =
+        m_store.engine().open(narrowedStatement(translation.shape->sqlWithKeys, m_columns.width(),
+                                                table.keyCell, std::ssize(translation.parameters)),
+                              parameters);
+    if (cursor->next())
+        cursor->read(m_store.cells(row), m_columns.types(), m_store.texts());
 }
 
 /// Of joined tables one stored row may stand behind several rows of the result.

@@ -4,6 +4,7 @@
 #include "data/recordset/RowStore.h"
 
 #include <span>
+#include <vector>
 
 namespace tarnwell::data {
 
@@ -29,6 +30,9 @@ public:
 private:
     /// Raises NotUpdatable on the side of an outer join that has no row.
     [[nodiscard]] qint64 keyOf(RowId row, const KeyTable& table) const;
+    /// The stored row of a key: the key, then the table's columns. False when it no longer exists.
+    [[nodiscard]] bool readStored(qint64 key, const KeyTable& table, std::vector<Cell>& cells,
+                                  TextArena& texts);
     /// Compares the stored row with what was read, column by column.
     void requireUnchanged(RowId row, const KeyTable& table);
     void writeColumns(RowId row, const KeyTable& table, std::span<const ColumnChange> changes);

@@ -1,5 +1,6 @@
 #include "data/schema/Schema.h"
 
+#include "data/schema/Quoted.h"
 #include "data/schema/SchemaTables.h"
 
 #include <algorithm>
@@ -10,7 +11,7 @@ namespace tarnwell::schema {
 namespace {
 
 QString quoted(const QString& name) {
-    return QLatin1Char('"') + name + QLatin1Char('"');
+    return QString::fromUtf8(data::quoted(name));
 }
 
 QString quotedList(const std::vector<QString>& names) {

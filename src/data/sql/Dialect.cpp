@@ -3,12 +3,14 @@
 #include "data/RunTimeError.h"
 #include "data/sql/ConditionRewriter.h"
 #include "data/sql/JoinOrder.h"
+#include "data/sql/ResultColumns.h"
+#include "data/sql/SelectedColumns.h"
 #include "data/sql/SqlTokens.h"
 #include "data/sql/StatementShape.h"
 #include "data/sql/StatementTables.h"
 #include "data/sql/TextJoins.h"
 
-#include <string>
+#include <algorithm>
 #include <unordered_map>
 
 namespace tarnwell::data {
@@ -78,55 +80,71 @@ bool rowsAreStored(const SqlTokens& tokens, const StatementTables& tables) {
     return true;
 }
 
-/// MIN and MAX of a column have the column's type, which the engine does not tell.
-void addExtremeTypes(const SqlTokens& tokens, const StatementTables& tables, TranslatedShape& shape) {
-    int position = 0;
-    for (int i = 1; i < tables.from(); ++i) {
-        if (tokens.at(i).is(QLatin1String("*")))
-            return; // Positions behind all columns of a table are not known here.
-        if (tokens.at(i).is(QLatin1String(",")))
-            ++position;
-        if (!tokens.at(i).is(QLatin1String("(")))
+/// The tables whose keys name a row of the select: of joined tables the one whose rows carry the others'
+/// keys, if there is one.
+std::vector<const NamedTable*> namingTables(const StatementTables& tables) {
+    std::vector<const NamedTable*> all;
+    std::vector<const NamedTable*> unreferred;
+    for (const NamedTable& from : tables.list()) {
+        if (from.table == nullptr)
             continue;
-        const int open = i;
-        i = tokens.at(open).partner;
-        const Token& function = tokens.at(open - 1);
-        if (!function.is(Keyword::Min) && !function.is(Keyword::Max))
-            continue;
-        if (const auto type = tables.columnType(tokens, open + 1, i - 1))
-            shape.computedTypes.emplace_back(position, *type);
+        all.push_back(&from);
+        const bool isReferred = std::ranges::any_of(tables.list(), [&](const NamedTable& other) {
+            return other.table != nullptr && refersTo(*other.table, *from.table);
+        });
+        if (!isReferred)
+            unreferred.push_back(&from);
     }
+    return unreferred.size() == 1 ? unreferred : all;
+}
+
+QByteArray keyText(const NamedTable& from) {
+    return ", [" + from.alias.toUtf8() + "].[" + from.table->keyColumn.toUtf8() + "] ";
+}
+
+/// What stands behind an ORDER BY that ends before `end`, so that rows which it leaves equal come in the
+/// order of their keys, on every engine the same.
+QByteArray orderedKeys(const SqlTokens& tokens, int end, const StatementTables& tables) {
+    QByteArray text;
+    for (const NamedTable* from : namingTables(tables))
+        if (tokens.at(end - 1).name().compare(from->table->keyColumn, Qt::CaseInsensitive) != 0)
+            text += keyText(*from);
+    return text;
 }
 
 void writeSelect(const SqlTokens& tokens, const StatementTables& tables, TranslatedShape& shape) {
     QByteArray keys;
     if (rowsAreStored(tokens, tables))
-        for (const auto& [alias, name] : tables.list())
-            if (const schema::Table* table = schema::findTable(name)) {
-                keys += ", [" + alias.toUtf8() + "].[" + table->keyColumn.toUtf8() + "] ";
-                shape.keyTables.push_back(table->name);
+        for (const NamedTable& from : tables.list())
+            if (from.table != nullptr) {
+                keys += keyText(from);
+                shape.keyTables.push_back(from.table->name);
             }
     const QByteArray head = tokens.write(0, tables.from());
-    const QByteArray tail = tokens.write(tables.from(), tokens.size());
+    QByteArray tail;
+    if (!keys.isEmpty() && tokens.find(Keyword::Order) >= 0) {
+        const int limit = tokens.find(Keyword::Limit);
+        const int end = limit >= 0 ? limit : tokens.size();
+        tail = tokens.write(tables.from(), end) + orderedKeys(tokens, end, tables) +
+               tokens.write(end, tokens.size());
+    } else {
+        tail = tokens.write(tables.from(), tokens.size());
+    }
     shape.sql = head + tail;
     shape.sqlWithKeys = keys.isEmpty() ? shape.sql : head + keys + tail;
-    if (shape.keyTables.empty())
-        addExtremeTypes(tokens, tables, shape);
 }
 
-std::shared_ptr<const TranslatedShape> translateShape(QStringView text) {
-    SqlTokens tokens(text);
+std::shared_ptr<const TranslatedShape> translateShape(std::u16string text) {
+    auto shape = std::make_shared<TranslatedShape>();
+    shape->text = std::move(text);
+    SqlTokens tokens(shape->text);
     dropSemicolon(tokens);
     if (tokens.size() == 1 && tokens.at(0).isName()) {
         // The name alone opens the table.
-        const std::u16string rows =
-            u"SELECT * FROM [" + tokens.at(0).name().toString().toStdU16String() + u"]";
-        return translateShape(rows);
+        return translateShape(u"SELECT * FROM [" + tokens.at(0).name().toString().toStdU16String() + u"]");
     }
-    auto shape = std::make_shared<TranslatedShape>();
     shape->kind = kindOf(tokens);
     const StatementTables tables(tokens, shape->kind);
-    shape->tables = tables.list();
     rewriteConditions(tokens);
     rewriteKeyLists(tokens);
     rewriteTextJoins(tokens, tables);
@@ -134,6 +152,8 @@ std::shared_ptr<const TranslatedShape> translateShape(QStringView text) {
     for (int i = 1; i < tokens.size(); ++i)
         if (tokens.at(i).kind == TokenKind::TextMark && tokens.at(i - 1).is(Keyword::Like))
             shape->patterns.push_back(tokens.at(i).literal);
+    if (shape->kind == StatementKind::Select)
+        writeOutStars(tokens, tables);
     if (shape->kind == StatementKind::Select && tables.from() >= 0)
         writeSelect(tokens, tables, *shape);
     else
@@ -152,6 +172,17 @@ void translatePatterns(const std::vector<int>& patterns, std::vector<Value>& par
 }
 
 } // namespace
+
+const std::shared_ptr<const ResultColumns>& TranslatedShape::columns(bool withKeys) const {
+    std::shared_ptr<const ResultColumns>& known = m_columns[withKeys ? 1 : 0];
+    if (known == nullptr) {
+        const SqlTokens tokens(text);
+        const StatementTables tables(tokens, kind);
+        known = std::make_shared<const ResultColumns>(selectedColumns(tokens, tables),
+                                                      withKeys ? keyTables : std::vector<QString>());
+    }
+    return known;
+}
 
 /// Shapes by their text, looked up by the scan's own buffer without a copy of it.
 struct Dialect::Cache {

@@ -1,15 +1,18 @@
 #pragma once
 
 #include "data/Value.h"
-#include "data/schema/Schema.h"
 
 #include <QString>
 #include <QStringView>
 
+#include <array>
 #include <memory>
+#include <string>
 #include <vector>
 
 namespace tarnwell::data {
+
+class ResultColumns;
 
 /// What a statement is, as far as the connection must know.
 enum class StatementKind { Select, Insert, Update, Delete };
@@ -17,16 +20,21 @@ enum class StatementKind { Select, Insert, Update, Delete };
 /// A statement of the system's dialect in the engine's words. The literals of the text are parameters, so
 /// that statements which differ by a key or a typed text share one shape.
 struct TranslatedShape {
+    std::u16string text;    ///< The shape itself, with marks where the literals stood.
     QByteArray sql;         ///< UTF-8, with ?1, ?2, ... where the literals stood.
     QByteArray sqlWithKeys; ///< Select only: with the key of every table added at the end of its columns.
     /// The tables whose keys `sqlWithKeys` adds, in that order. Empty when the rows stand for no stored row
     /// (DISTINCT, aggregates, GROUP BY, UNION).
     std::vector<QString> keyTables;
-    std::vector<std::pair<QString, QString>> tables; ///< Alias (or name) and table of the FROM part.
-    /// Position and type of the columns MIN(x) and MAX(x), whose type the engine does not tell.
-    std::vector<std::pair<int, schema::ColumnType>> computedTypes;
     std::vector<int> patterns; ///< Parameters, from 1, that stand behind LIKE.
     StatementKind kind = StatementKind::Select;
+
+    /// The columns that a select gives back; described at the first call, then shared by all its recordsets.
+    /// `withKeys`: those of `sqlWithKeys`.
+    [[nodiscard]] const std::shared_ptr<const ResultColumns>& columns(bool withKeys) const;
+
+private:
+    mutable std::array<std::shared_ptr<const ResultColumns>, 2> m_columns; ///< Without and with keys.
 };
 
 /// A shape with this statement's own literals, ready to bind.
@@ -37,9 +45,9 @@ struct Translation {
 
 /// Translates the system's dialect for SQLite: #mm/dd/yy# dates, ISNULL(x) compared or alone, True and False
 /// as -1 and 0, text joined by + with Null carried through, [bracketed names], a bare table name as its
-/// rows. Works on tokens; raises SyntaxError for what cannot be one statement (an open quote, a second
-/// statement, anything but SELECT, INSERT, UPDATE, DELETE). Shapes are cached: a text seen before costs one
-/// scan for its literals.
+/// rows. Rows that are equal by an ORDER BY come in the order of their tables' keys. Works on tokens; raises
+/// SyntaxError for what cannot be one statement (an open quote, a second statement, anything but SELECT,
+/// INSERT, UPDATE, DELETE). Shapes are cached: a text seen before costs one scan for its literals.
 class Dialect {
 public:
     Dialect();

@@ -181,8 +181,7 @@ private:
         const DateTime moment = dateFromText(text.toString());
         if (!moment.isValid())
             refuse(QStringLiteral("#%1# is no date"), text);
-        const auto stored = storedDate(moment);
-        takeOut(m_at, end + 1, mark::Date, QString::fromLatin1(stored.data(), std::ssize(stored)));
+        takeOut(m_at, end + 1, mark::Date, moment);
     }
 
     /// Where the character that closes the one at the current place stands.

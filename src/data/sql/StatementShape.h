@@ -20,7 +20,7 @@ inline constexpr char16_t Date = u'\x03';
 enum class Numbers { TakenOut, Inline };
 
 /// Copies a statement into `shape` with its literals taken out, in one pass, and returns them in order:
-/// texts, dates as stored text, whole and decimal numbers. 0 and 1 stay in the shape, being flags more often
+/// texts, dates, whole and decimal numbers. 0 and 1 stay in the shape, being flags more often
 /// than keys, and so does a number behind ORDER BY or GROUP BY, where it counts columns. Raises SyntaxError
 /// for an open quote, bracket or date, for a date that is none, for comments, and for characters that have no
 /// meaning in the dialect.

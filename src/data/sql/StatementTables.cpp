@@ -36,6 +36,10 @@ bool endsFrom(const Token& token) {
 
 } // namespace
 
+bool refersTo(const schema::Table& from, const schema::Table& to) {
+    return &from != &to && from.columnIndex(to.keyColumn) >= 0;
+}
+
 StatementTables::StatementTables(const SqlTokens& tokens, StatementKind kind) {
     refuseEngineTables(tokens);
     switch (kind) {
@@ -96,24 +100,31 @@ int StatementTables::add(const SqlTokens& tokens, int at) {
     const QString ownName = table != nullptr ? table->name : name.toString();
     const int aliasAt = tokens.at(at + 1).is(Keyword::As) ? at + 2 : at + 1;
     const bool aliased = tokens.at(aliasAt).isName();
-    m_list.emplace_back(aliased ? tokens.at(aliasAt).name().toString() : ownName, ownName);
-    m_known.emplace_back(m_list.back().first, table);
+    m_list.push_back({aliased ? tokens.at(aliasAt).name().toString() : ownName, ownName, table});
     return aliased ? aliasAt : at;
+}
+
+std::optional<StatementTables::Origin> StatementTables::originOf(const SqlTokens& tokens, int begin,
+                                                                 int end) const {
+    const bool qualified = end == begin + 2 && tokens.at(begin + 1).is(QLatin1String("."));
+    if ((begin != end && !qualified) || !tokens.at(begin).isName() || !tokens.at(end).isName())
+        return std::nullopt;
+    for (const NamedTable& from : m_list) {
+        if (from.table == nullptr ||
+            (qualified && tokens.at(begin).name().compare(from.alias, Qt::CaseInsensitive) != 0))
+            continue;
+        if (const int column = from.table->columnIndex(tokens.at(end).name()); column >= 0)
+            return Origin{&from, column};
+    }
+    return std::nullopt;
 }
 
 std::optional<schema::ColumnType> StatementTables::columnType(const SqlTokens& tokens, int begin,
                                                               int end) const {
-    const bool qualified = end == begin + 2 && tokens.at(begin + 1).is(QLatin1String("."));
-    if ((begin != end && !qualified) || !tokens.at(begin).isName() || !tokens.at(end).isName())
+    const std::optional<Origin> origin = originOf(tokens, begin, end);
+    if (!origin)
         return std::nullopt;
-    for (const auto& [alias, table] : m_known) {
-        if (table == nullptr ||
-            (qualified && tokens.at(begin).name().compare(alias, Qt::CaseInsensitive) != 0))
-            continue;
-        if (const int column = table->columnIndex(tokens.at(end).name()); column >= 0)
-            return table->columns[static_cast<std::size_t>(column)].type;
-    }
-    return std::nullopt;
+    return origin->from->table->columns[static_cast<std::size_t>(origin->column)].type;
 }
 
 } // namespace tarnwell::data

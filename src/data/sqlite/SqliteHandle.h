@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/Value.h"
+#include "data/schema/Quoted.h"
 
 #include <QByteArray>
 #include <QByteArrayView>
@@ -13,11 +14,6 @@ struct sqlite3;
 struct sqlite3_stmt;
 
 namespace tarnwell::data {
-
-/// A table's or column's name as a statement has it.
-[[nodiscard]] inline QByteArray quoted(const QString& name) {
-    return '"' + name.toUtf8() + '"';
-}
 
 /// One prepared statement of the engine's own language. Must not outlive its handle.
 class SqliteStatement {

@@ -16,8 +16,7 @@ constexpr std::size_t maximumIdle = 160;
 std::unique_ptr<PreparedStatement> StatementCache::take(const QByteArray& sql) {
     const auto found = m_idle.find(sql);
     if (found == m_idle.end())
-        return std::make_unique<PreparedStatement>(
-            PreparedStatement{sql, SqliteStatement(m_handle, sql), nullptr, 0});
+        return std::make_unique<PreparedStatement>(PreparedStatement{sql, SqliteStatement(m_handle, sql), 0});
     auto prepared = std::move(found->second);
     m_idle.erase(found);
     return prepared;

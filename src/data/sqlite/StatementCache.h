@@ -9,14 +9,11 @@
 
 namespace tarnwell::data {
 
-class ResultColumns;
-
-/// A prepared statement with what is known of its result, so that the thousandth query of a loop only binds.
+/// A prepared statement, so that the thousandth query of a loop only binds.
 struct PreparedStatement {
     QByteArray sql; ///< The key by which it is found again.
     SqliteStatement statement;
-    std::shared_ptr<const ResultColumns> columns; ///< Null until somebody asked for them.
-    quint64 lastUse = 0;                          ///< By the cache's own clock.
+    quint64 lastUse = 0; ///< By the cache's own clock.
 };
 
 /// Prepared statements that nobody uses at the moment. Must not outlive its handle.
@@ -55,7 +52,6 @@ public:
     void release();
     [[nodiscard]] explicit operator bool() const { return m_prepared != nullptr; }
     [[nodiscard]] SqliteStatement* operator->() const { return &m_prepared->statement; }
-    [[nodiscard]] PreparedStatement& prepared() const { return *m_prepared; }
 
 private:
     StatementCache* m_cache = nullptr;

@@ -167,7 +167,7 @@ TEST_F(LotBudgetReport, AnErrorKeepsWhatWasDrawn) {
 }
 
 // Read for many lots at once, rows of one name or date must come as one lot's and one task's own statement
-// has them.
+// has them: by category and place in the tree, and by employee.
 TEST_F(LotBudgetReport, TiesComeAsInStatementsOfOneLot) {
     const qint64 lot = addLot("1/A");
     const qint64 other = data.addCategory("Roofing");
@@ -193,7 +193,7 @@ TEST_F(LotBudgetReport, TiesComeAsInStatementsOfOneLot) {
         tasks << QString::number(row.jobLotTaskKey);
     EXPECT_EQ(tasks, texts("SELECT jobLotTaskKey, Name, MasterPrice FROM JobLot INNER JOIN JobLotTask ON "
                            "JobLot.JobLotKey = JobLotTask.JobLotKey WHERE JobLot.JobLotKey=" +
-                           QString::number(lot) + " ORDER BY LotBlock, Name"));
+                           QString::number(lot) + " ORDER BY LotBlock, Name, CodeKey, ParentKey, Child"));
     QStringList payments;
     for (const BudgetPayment& row : gathered.paymentsOf(task))
         payments << row.employee.toText();
@@ -201,7 +201,7 @@ TEST_F(LotBudgetReport, TiesComeAsInStatementsOfOneLot) {
         payments,
         texts("SELECT Employee.LastName+', '+ Employee.FirstName AS Name FROM JobTaskEmployee INNER JOIN "
               "Employee ON JobTaskEmployee.EmployeeKey = Employee.EmployeeKey WHERE JobLotTaskKey=" +
-              QString::number(task) + " ORDER BY Completed"));
+              QString::number(task) + " ORDER BY Completed, JobTaskEmployee.EmployeeKey"));
 }
 
 // A database brought over from elsewhere may hold such payments: they were paid, but there is no one to name.

@@ -1,78 +1,22 @@
-#include "data/recordset/Cell.h"
+#include "data/engine/Cell.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cstring>
-#include <sqlite3.h>
-#include <string_view>
 
 namespace tarnwell::data {
 
 namespace {
 
-using schema::ColumnType;
-
 constexpr qint64 millisecondsPerDay = 86'400'000;
 constexpr std::size_t largestTextBlock = 65'536;
 constexpr std::size_t cellBlockBytes = 16'384; ///< Small enough for a one-row answer to cost little.
 
-Cell nullCell() {
-    return {{.number = 0}, 0, Value::Kind::Null};
-}
-Cell numberCell(Value::Kind kind, qint64 number) {
-    return {{.number = number}, 0, kind};
-}
-Cell realCell(double real) {
-    return {{.real = real}, 0, Value::Kind::Double};
-}
+} // namespace
 
 Cell dateCell(const DateTime& moment) {
     return numberCell(Value::Kind::Date,
                       moment.date.toJulianDay() * millisecondsPerDay + moment.time.msecsSinceStartOfDay());
 }
-
-/// Digits of a stored date or time; -1 when there is something else.
-int digits(std::string_view text) {
-    int number = -1;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    return error == std::errc() && end == text.data() + text.size() ? number : -1;
-}
-
-/// "2002-01-15", with " 14:30:00" behind it when there is a time.
-DateTime storedMoment(std::string_view text) {
-    if (text.size() < 10 || text[4] != '-' || text[7] != '-')
-        return {};
-    DateTime moment{QDate(digits(text.substr(0, 4)), digits(text.substr(5, 2)), digits(text.substr(8, 2)))};
-    if (text.size() == 10)
-        return moment;
-    const bool complete = text.size() == 19 && text[13] == ':' && text[16] == ':';
-    moment.time =
-        complete ? QTime(digits(text.substr(11, 2)), digits(text.substr(14, 2)), digits(text.substr(17, 2)))
-                 : QTime();
-    return moment;
-}
-
-Cell textCell(sqlite3_value* value, std::optional<ColumnType> type, TextArena& texts) {
-    const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
-    const auto size = static_cast<std::size_t>(sqlite3_value_bytes(value));
-    if (type == ColumnType::Date) {
-        const DateTime moment = storedMoment({text, size});
-        if (moment.isValid())
-            return dateCell(moment);
-    }
-    return {{.text = texts.keep(text, size)}, static_cast<quint32>(size), Value::Kind::Text};
-}
-
-Cell integerCell(sqlite3_value* value, std::optional<ColumnType> type) {
-    const qint64 number = sqlite3_value_int64(value);
-    if (type == ColumnType::YesNo)
-        return numberCell(Value::Kind::YesNo, number != 0 ? 1 : 0);
-    if (type == ColumnType::Money)
-        return realCell(static_cast<double>(number));
-    return numberCell(Value::Kind::Long, number);
-}
-
-} // namespace
 
 const char* TextArena::keep(const char* text, std::size_t size) {
     if (size == 0)
@@ -112,21 +56,6 @@ std::span<Cell> CellRows::row(int index) {
     return {block + static_cast<std::ptrdiff_t>(inBlock) * m_width, static_cast<std::size_t>(m_width)};
 }
 
-Cell cellFromColumn(sqlite3_stmt* statement, int column, std::optional<ColumnType> type, TextArena& texts) {
-    // One look at the value instead of a call for its type and another for its content.
-    sqlite3_value* value = sqlite3_column_value(statement, column);
-    switch (sqlite3_value_type(value)) {
-    case SQLITE_INTEGER:
-        return integerCell(value, type);
-    case SQLITE_FLOAT:
-        return realCell(sqlite3_value_double(value));
-    case SQLITE_NULL:
-        return nullCell();
-    default:
-        return textCell(value, type, texts);
-    }
-}
-
 Cell cellFromValue(const Value& value, TextArena& texts) {
     switch (value.kind()) {
     case Value::Kind::Empty:
@@ -144,8 +73,7 @@ Cell cellFromValue(const Value& value, TextArena& texts) {
         break;
     }
     const QByteArray utf8 = value.toText().toUtf8();
-    const auto size = static_cast<std::size_t>(utf8.size());
-    return {{.text = texts.keep(utf8.constData(), size)}, static_cast<quint32>(size), Value::Kind::Text};
+    return textCell({utf8.constData(), static_cast<std::size_t>(utf8.size())}, texts);
 }
 
 Value valueOf(const Cell& cell) {

@@ -1,15 +1,12 @@
 #pragma once
 
 #include "data/Value.h"
-#include "data/schema/Schema.h"
 
 #include <cstddef>
 #include <memory>
-#include <optional>
 #include <span>
+#include <string_view>
 #include <vector>
-
-struct sqlite3_stmt;
 
 namespace tarnwell::data {
 
@@ -61,10 +58,23 @@ private:
     std::vector<std::unique_ptr<Cell[]>> m_blocks;
 };
 
-/// A column of the row that the statement stands on. The catalogue's type decides; without one, or where the
-/// stored value is of another kind than the type, the engine's own storage does.
-[[nodiscard]] Cell cellFromColumn(sqlite3_stmt* statement, int column, std::optional<schema::ColumnType> type,
-                                  TextArena& texts);
+[[nodiscard]] inline Cell nullCell() {
+    return {{.number = 0}, 0, Value::Kind::Null};
+}
+/// Of a kind that `Cell::number` holds.
+[[nodiscard]] inline Cell numberCell(Value::Kind kind, qint64 number) {
+    return {{.number = number}, 0, kind};
+}
+[[nodiscard]] inline Cell realCell(double real) {
+    return {{.real = real}, 0, Value::Kind::Double};
+}
+/// Requires a valid moment.
+[[nodiscard]] Cell dateCell(const DateTime& moment);
+/// Of UTF-8, which is copied.
+[[nodiscard]] inline Cell textCell(std::string_view text, TextArena& texts) {
+    return {
+        {.text = texts.keep(text.data(), text.size())}, static_cast<quint32>(text.size()), Value::Kind::Text};
+}
 [[nodiscard]] Cell cellFromValue(const Value& value, TextArena& texts);
 [[nodiscard]] Value valueOf(const Cell& cell);
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "data/schema/Schema.h"
-#include "data/sql/Dialect.h"
+#include "data/sql/SelectedColumns.h"
 
 #include <QByteArray>
 #include <QString>
@@ -10,8 +10,6 @@
 #include <optional>
 #include <span>
 #include <vector>
-
-struct sqlite3_stmt;
 
 namespace tarnwell::data {
 
@@ -33,13 +31,14 @@ struct KeyTable {
     int keyCell;              ///< Where a row holds this table's key, behind the shown columns.
     std::vector<int> columns; ///< The shown columns that come from it, its key column aside.
     QByteArray readSql;       ///< Reads the row of one key: the key, then `columns`.
+    std::vector<std::optional<schema::ColumnType>> types; ///< Of the cells of `readSql`.
 };
 
-/// What is known of a statement's result from the engine and the catalogue; shared by all its recordsets.
+/// What is known of a select's result from its text and the catalogue.
 class ResultColumns {
 public:
-    /// `withKeys`: the statement is the shape's `sqlWithKeys`.
-    ResultColumns(sqlite3_stmt* statement, const TranslatedShape& shape, bool withKeys);
+    /// `keyTables`: the tables whose keys stand behind the selected columns, in that order.
+    ResultColumns(std::vector<SelectedColumn> selected, const std::vector<QString>& keyTables);
 
     /// Shown columns.
     [[nodiscard]] int count() const { return m_count; }
@@ -62,9 +61,8 @@ public:
     [[nodiscard]] const KeyTable* mainTable() const;
 
 private:
-    void readColumns(sqlite3_stmt* statement, const TranslatedShape& shape, int cells);
-    void addKeyTables(const TranslatedShape& shape);
-    [[nodiscard]] QByteArray readSqlOf(const KeyTable& entry) const;
+    void addKeyTables(const std::vector<QString>& names);
+    [[nodiscard]] std::vector<int> storedPlaces(const KeyTable& entry) const;
     void qualifySharedNames();
     [[nodiscard]] int findQualified(QStringView qualifier, QStringView bareName) const;
 

@@ -1,0 +1,40 @@
+#include "data/recordset/EngineFactory.h"
+
+#include "data/RunTimeError.h"
+#include "data/engine/ConnectionString.h"
+#include "data/sqlite/SqliteEngine.h"
+
+#include <algorithm>
+#include <array>
+
+namespace tarnwell::data {
+
+namespace {
+
+std::shared_ptr<Engine> openFile(const QString& connectionString, std::chrono::milliseconds busyTimeout) {
+    return openSqliteEngine(connectionValue(connectionString, QLatin1String("Data Source")), busyTimeout);
+}
+
+struct EngineEntry {
+    const char* provider;
+    std::shared_ptr<Engine> (*open)(const QString& connectionString, std::chrono::milliseconds busyTimeout);
+};
+
+/// The one place that knows which engines there are.
+constexpr std::array engines{
+    EngineEntry{fileProvider, openFile},
+};
+
+} // namespace
+
+std::shared_ptr<Engine> openEngine(const QString& connectionString, std::chrono::milliseconds busyTimeout) {
+    const QString provider = connectionValue(connectionString, QLatin1String("Provider"));
+    const auto* const entry = std::ranges::find_if(engines, [&](const EngineEntry& candidate) {
+        return provider.compare(QLatin1String(candidate.provider), Qt::CaseInsensitive) == 0;
+    });
+    if (entry == engines.end())
+        raise(Failure::ProviderNotFound, provider);
+    return entry->open(connectionString, busyTimeout);
+}
+
+} // namespace tarnwell::data

@@ -1,0 +1,62 @@
+#include "data/sql/RowStatements.h"
+
+#include "data/schema/Quoted.h"
+
+#include <QByteArrayList>
+
+namespace tarnwell::data {
+
+namespace {
+
+QByteArray columnName(const schema::Table& table, int column) {
+    return quoted(table.columns[static_cast<std::size_t>(column)].name);
+}
+
+QByteArray whereKey(const schema::Table& table, std::ptrdiff_t parameter) {
+    return " WHERE " + quoted(table.keyColumn) + "=?" + QByteArray::number(qint64{parameter});
+}
+
+} // namespace
+
+QByteArray readRowStatement(const schema::Table& table, std::span<const int> columns) {
+    QByteArray sql = "SELECT " + quoted(table.keyColumn);
+    for (const int column : columns)
+        sql += ',' + columnName(table, column);
+    return sql + " FROM " + quoted(table.name) + whereKey(table, 1);
+}
+
+QByteArray insertStatement(const schema::Table& table, std::span<const int> columns) {
+    const QByteArray into = "INSERT INTO " + quoted(table.name);
+    if (columns.empty())
+        return into + " DEFAULT VALUES";
+    QByteArray names;
+    QByteArray values;
+    for (const int column : columns) {
+        names += ',' + columnName(table, column);
+        values += ",?";
+    }
+    return into + " (" + names.sliced(1) + ") VALUES (" + values.sliced(1) + ')';
+}
+
+QByteArray updateStatement(const schema::Table& table, std::span<const int> columns) {
+    QByteArrayList assignments;
+    for (const int column : columns)
+        assignments << columnName(table, column) + "=?";
+    return "UPDATE " + quoted(table.name) + " SET " + assignments.join(',') +
+           whereKey(table, std::ssize(columns) + 1);
+}
+
+QByteArray deleteStatement(const schema::Table& table) {
+    return "DELETE FROM " + quoted(table.name) + whereKey(table, 1);
+}
+
+QByteArray narrowedStatement(const QByteArray& select, int width, int keyCell,
+                             std::ptrdiff_t parameterCount) {
+    QByteArrayList names;
+    for (int i = 0; i < width; ++i)
+        names << 'c' + QByteArray::number(i);
+    return "WITH r(" + names.join(',') + ") AS (" + select + ") SELECT * FROM r WHERE c" +
+           QByteArray::number(keyCell) + "=?" + QByteArray::number(qint64{parameterCount + 1});
+}
+
+} // namespace tarnwell::data

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "data/schema/Schema.h"
+
+#include <QByteArray>
+
+#include <span>
+
+namespace tarnwell::data {
+
+// Statements about single rows of the catalogue's tables. Columns are places in the table's own list; the
+// parameters are the columns' values in that order, and the row's key behind them where there is one.
+
+/// The key of one row, then its columns. Parameter: the key.
+[[nodiscard]] QByteArray readRowStatement(const schema::Table& table, std::span<const int> columns);
+/// A new row; without columns one of nothing but defaults.
+[[nodiscard]] QByteArray insertStatement(const schema::Table& table, std::span<const int> columns);
+[[nodiscard]] QByteArray updateStatement(const schema::Table& table, std::span<const int> columns);
+[[nodiscard]] QByteArray deleteStatement(const schema::Table& table);
+/// A select narrowed to the rows whose cell `keyCell`, of `width`, has one value. Parameters: those of the
+/// select, `parameterCount` of them, then that value.
+[[nodiscard]] QByteArray narrowedStatement(const QByteArray& select, int width, int keyCell,
+                                           std::ptrdiff_t parameterCount);
+
+} // namespace tarnwell::data

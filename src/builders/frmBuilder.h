@@ -106,8 +106,8 @@ private:
     Grid* jgPlans = nullptr;
     Grid* jgTasks = nullptr;
 
-    std::unique_ptr<Recordset> rsPlans;
-    std::unique_ptr<Recordset> rsPlanTasks;
+    std::shared_ptr<Recordset> rsPlans;
+    std::shared_ptr<Recordset> rsPlanTasks;
     qint64 CategoryKey = 0;      ///< Of the tasks on show.
     qint64 m_planOfTasks = 0;    ///< Likewise the plan; 0 for none.
     qint64 m_builderOfPlans = 0; ///< Of the plans on show.

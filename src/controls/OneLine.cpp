@@ -4,6 +4,7 @@
 #include <QValidator>
 
 #include <algorithm>
+#include <iterator>
 
 namespace tarnwell {
 
@@ -28,24 +29,36 @@ QString joined(const QString& text) {
 /// Refuses nothing; the one place that every way into a field comes by, and that may change what came.
 class OneLine : public QValidator {
 public:
-    using QValidator::QValidator;
+    explicit OneLine(QLineEdit& line) : QValidator(&line), m_known(line.text()) {}
 
     State validate(QString& text, int& caret) const override {
-        if (std::none_of(text.cbegin(), text.cend(), isBreak))
-            return Acceptable;
-        QString line = joined(text);
-        if (isBreak(text.back()))
-            line.chop(1);
-        caret = static_cast<int>(std::min(joined(text.left(caret)).size(), line.size()));
-        text = line;
+        const auto [known, front] =
+            std::mismatch(m_known.cbegin(), m_known.cend(), text.cbegin(), text.cend());
+        const auto back = std::mismatch(m_known.crbegin(), std::make_reverse_iterator(known), text.crbegin(),
+                                        std::make_reverse_iterator(front))
+                              .second.base();
+        const qsizetype from = front - text.cbegin();
+        const QString came(front, back - front);
+        if (std::any_of(came.cbegin(), came.cend(), isBreak)) {
+            QString line = joined(came);
+            if (back == text.cend() && isBreak(came.back()))
+                line.chop(1);
+            const qsizetype into = std::clamp<qsizetype>(caret - from, 0, came.size());
+            caret += static_cast<int>(std::min(joined(came.left(into)).size(), line.size()) - into);
+            text.replace(from, came.size(), line);
+        }
+        m_known = text;
         return Acceptable;
     }
+
+private:
+    mutable QString m_known; ///< The text before the change at hand. The toolkit asks through const calls.
 };
 
 } // namespace
 
 void keepOnOneLine(QLineEdit& line) {
-    line.setValidator(new OneLine(&line));
+    line.setValidator(new OneLine(line));
 }
 
 } // namespace tarnwell

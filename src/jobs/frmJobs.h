@@ -104,8 +104,8 @@ private:
     Grid* jgJobLots = nullptr;
     Grid* jgTasks = nullptr;
 
-    std::unique_ptr<Recordset> rsJobLots;
-    std::unique_ptr<Recordset> rsJobLotTasks;
+    std::shared_ptr<Recordset> rsJobLots;
+    std::shared_ptr<Recordset> rsJobLotTasks;
     qint64 CategoryKey = 0;                 ///< Of the tasks on show.
     qint64 m_lotOfTasks = 0;                ///< Likewise the lot; 0 for none.
     std::optional<quint32> m_employeesAsOf; ///< Version of the data that the employees on offer come from.

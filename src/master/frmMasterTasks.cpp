@@ -142,11 +142,8 @@ void frmMasterTasks::keepCategory() {
 }
 
 void frmMasterTasks::LoadDependencies() {
-    auto opened = std::make_unique<Recordset>();
-    opened->Open(dependenciesOf(m_category), connection(), CursorType::Static, LockType::Optimistic);
-    jgDependency->bind(opened.get());
-    DependencyRecordset = std::move(opened);
-    jgDependency->LoadLayout(gLayoutPath + "CategoryDependency.lyt");
+    showRows(connection(), *jgDependency, DependencyRecordset, dependenciesOf(m_category),
+             "CategoryDependency.lyt");
 }
 
 void frmMasterTasks::jgMasterTasks_AfterUpdate() {

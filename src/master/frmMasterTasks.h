@@ -67,7 +67,7 @@ private:
     Grid* jgDependency = nullptr;
 
     Recordset TaskRecordset;
-    std::unique_ptr<Recordset> DependencyRecordset; ///< None until a category is shown.
+    std::shared_ptr<Recordset> DependencyRecordset; ///< None until a category is shown.
     qint64 m_category = 0;
     qint64 m_rowCategory = 0; ///< The one under which the pending row was begun.
     ButtonMask m_toolbarMask = 0;

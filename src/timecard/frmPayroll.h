@@ -59,8 +59,8 @@ private:
 
     PayrollControls ui;
     qint64 JobKey = 0;
-    std::unique_ptr<Recordset> LotRecordset;  ///< None until the first job.
-    std::unique_ptr<Recordset> TaskRecordset; ///< Likewise.
+    std::shared_ptr<Recordset> LotRecordset;  ///< None until the first job.
+    std::shared_ptr<Recordset> TaskRecordset; ///< Likewise.
     ButtonMask ToolbarMask = 0;
     PaymentFigures m_figures;
     bool m_binding = false; ///< A grid's rows are being replaced: its row change is not the user's.

@@ -25,7 +25,8 @@ class DetailRows {
 public:
     struct Source {
         std::function<DetailKeys()> chosen; ///< What is chosen now. Must not raise.
-        /// Puts the rows of these keys into the grid. What it raises must leave the rows as they were.
+        /// Puts the rows of these keys into the grid. What it raises must leave the rows as they were, or
+        /// none.
         std::function<void(const DetailKeys&)> show;
         /// Writes what is pending; false when it was refused and the message shown. Left out: the grid's row.
         std::function<bool()> write = {};

@@ -88,20 +88,25 @@ void Grid::setAllowDelete(bool allow) {
 }
 
 void Grid::bind(Recordset* recordset) {
+    bind(std::shared_ptr<Recordset>(std::shared_ptr<void>(), recordset)); // owned by the caller
+}
+
+void Grid::bind(std::shared_ptr<Recordset> recordset, const QString& list) {
     try {
         m->commit(Parts::Asked::ByProgram, Parts::Then::Leave);
     } catch (const RunTimeError&) {
-        // A row that is no longer there can't be mended: the new rows are shown, and the caller is told.
+        // A row that no longer exists can't be corrected: the new rows are shown, and the caller learns of
+        // it.
         if (m->model->pending().isStale())
-            m->showRows(recordset, 1);
+            m->showRows(std::move(recordset), 1, list);
         throw;
     }
-    m->showRows(recordset, 1);
+    m->showRows(std::move(recordset), 1, list);
 }
 
 void Grid::Rebind() {
     const Recordset* rows = m->model->recordset();
-    m->showRows(m->model->boundTo(), rows != nullptr ? rows->AbsolutePosition() : 1);
+    m->showRows(m->model->boundTo(), rows != nullptr ? rows->AbsolutePosition() : 1, m->shownList);
 }
 
 void Grid::LoadLayout(const QString& path) {
@@ -207,7 +212,7 @@ void Grid::keyPressEvent(QKeyEvent* event) {
 
 void Grid::inputMethodEvent(QInputMethodEvent* event) {
     runEvent([&] {
-        if (m->beginEdit())
+        if (m->beginTyping())
             QCoreApplication::sendEvent(lineOf(m->delegate->editor()), event);
         else
             event->ignore();

@@ -37,10 +37,14 @@ public:
     void setAllowEdit(bool allow);
     void setAllowDelete(bool allow);
 
-    /// Shows the recordset's rows and stands on the first. The recordset must outlive the binding; null
-    /// unbinds. Writes the pending row first.
+    /// Shows the recordset's rows and stands on the first; null unbinds. Writes the pending row first. The
+    /// rows are read to the end before anything changes: when that raises, the rows of before stay on show.
+    /// Rows of another `list` (the statement, or what else names them) or under another filter than before
+    /// begin in the first column that takes text; else the column stays.
+    void bind(std::shared_ptr<Recordset> recordset, const QString& list = {});
+    /// The same with a recordset that stays the caller's and must outlive the binding.
     void bind(Recordset* recordset);
-    /// Reads the bound recordset anew (after Requery or a filter). Drops a pending row.
+    /// Reads the bound recordset anew (after Requery or a filter). Drops a pending row. Raises as `bind`.
     void Rebind();
     /// Column order and widths from a layout file; a missing file leaves the columns as they are.
     void LoadLayout(const QString& path);
@@ -76,7 +80,8 @@ public:
     /// Gives the pending row up.
     void CancelUpdate();
     /// Deletes the current row; gives a pending new row up instead. Raises what the recordset raises, and
-    /// NotAllowed where deleting is not allowed.
+    /// NotAllowed where deleting is not allowed: what was typed in the row is then still pending, unless the
+    /// row no longer exists.
     void Delete();
 
     void setValueList(int column, std::vector<ListEntry> entries);

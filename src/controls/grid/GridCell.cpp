@@ -131,6 +131,10 @@ ParsedCell parseCell(const GridColumn& column, const ValueListIndex& list, const
     if (column.edit == ColumnEdit::ValueList)
         return text.isEmpty() && list.findText(text) == nullptr ? ParsedCell{emptied(column), {}}
                                                                 : parseListed(list, text);
+    if (column.maxLength > 0 && text.size() > column.maxLength)
+        return {.value = {},
+                .refusal =
+                    quoted(text) + QStringLiteral(" is longer than %1 characters.").arg(column.maxLength)};
     const QString trimmed = text.trimmed();
     if (column.format == ColumnFormat::General)
         return {.value = text, .refusal = {}};

@@ -39,7 +39,8 @@ struct ParsedCell {
     QString refusal; ///< Empty when the text was taken.
 };
 
-/// Empty text is Null in number, date and key columns, "" in text columns.
+/// A text over the column's limit is refused. Empty text is Null in number, date and key columns, "" in text
+/// columns.
 [[nodiscard]] ParsedCell parseCell(const GridColumn& column, const ValueListIndex& list, const QString& text);
 
 } // namespace tarnwell

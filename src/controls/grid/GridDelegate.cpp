@@ -43,13 +43,6 @@ double currentShade(const QStyleOptionViewItem& option) {
     return isDark(baseColor(option)) ? quietShadeOnDark : quietShade;
 }
 
-/// Also across windows: the list that an editor opens is one of its own.
-bool isPartOf(const QObject* widget, const QObject* owner) {
-    while (widget != nullptr && widget != owner)
-        widget = widget->parent();
-    return widget != nullptr;
-}
-
 QStyle& styleOf(const QStyleOptionViewItem& option) {
     return option.widget != nullptr ? *option.widget->style() : *QApplication::style();
 }
@@ -225,8 +218,15 @@ QWidget* GridDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&
 }
 
 void GridDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const {
-    m_textBefore = m_model.editText(index.row(), index.column() + 1);
-    setEditorText(editor, m_textBefore);
+    const int column = index.column() + 1;
+    setEditorText(editor, m_model.editText(index.row(), column), m_model.entryOf(index.row(), column));
+    m_textBefore = lineOf(editor)->text();
+    m_entryBefore = chosenEntry(editor);
+}
+
+bool GridDelegate::isEdited() const {
+    return m_editor != nullptr &&
+           (lineOf(m_editor)->text() != m_textBefore || chosenEntry(m_editor) != m_entryBefore);
 }
 
 void GridDelegate::setModelData(QWidget* /*editor*/, QAbstractItemModel* /*model*/,
@@ -278,7 +278,7 @@ bool GridDelegate::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::FocusOut: {
         const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
         if (reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason &&
-            reason != Qt::MenuBarFocusReason && !isPartOf(QApplication::focusWidget(), watched))
+            reason != Qt::MenuBarFocusReason && !isInEditor(QApplication::focusWidget(), m_editor))
             m_handlers.editorLeft();
         return false;
     }

@@ -38,10 +38,10 @@ public:
     void setPressed(const QModelIndex& index) { m_pressed = index; }
     /// The open editor, or null.
     [[nodiscard]] QWidget* editor() const { return m_editor; }
-    /// The editor is about to be closed: it has no say any more.
+    /// The editor is about to be closed: its events are ignored from here on.
     void forgetEditor() { m_editor = nullptr; }
-    /// The text with which the editor was opened.
-    [[nodiscard]] const QString& textBefore() const { return m_textBefore; }
+    /// The open editor stands on another text or list entry than it was opened with.
+    [[nodiscard]] bool isEdited() const;
 
     /// Where a cell's button or a list's arrow is drawn; empty when the column has none.
     [[nodiscard]] static QRect buttonRect(const GridColumn& column, const QRect& cell);
@@ -84,7 +84,8 @@ private:
     int m_hintColumn = -1;
     QPersistentModelIndex m_pressed;
     mutable QPointer<QWidget> m_editor; ///< The toolkit asks for editors through const calls.
-    mutable QString m_textBefore;
+    mutable QString m_textBefore;       ///< What the editor showed when it was opened.
+    mutable int m_entryBefore = -1;
 };
 
 } // namespace tarnwell

@@ -7,6 +7,8 @@
 #include <QLineEdit>
 #include <QStringListModel>
 
+#include <algorithm>
+
 namespace tarnwell {
 
 namespace {
@@ -42,7 +44,6 @@ QWidget* makeList(const GridColumn& column, QWidget* parent) {
 QWidget* makeCellEditor(const GridColumn& column, QWidget* parent) {
     QWidget* editor =
         column.edit == ColumnEdit::ValueList ? makeList(column, parent) : makeLine(column, parent);
-    keepOnOneLine(*lineOf(editor));
     editor->setAutoFillBackground(true);
     editor->setAccessibleName(column.caption);
     return editor;
@@ -53,22 +54,42 @@ QLineEdit* lineOf(QWidget* editor) {
     return combo != nullptr ? combo->lineEdit() : qobject_cast<QLineEdit*>(editor);
 }
 
-void setEditorText(QWidget* editor, const QString& text) {
+void setEditorText(QWidget* editor, const QString& text, int entry) {
+    QLineEdit& line = *lineOf(editor);
     if (auto* combo = qobject_cast<QComboBox*>(editor)) {
-        combo->setCurrentIndex(combo->findText(text, Qt::MatchFixedString));
+        combo->setCurrentIndex(entry);
         combo->setEditText(text);
     } else {
-        lineOf(editor)->setText(text);
+        line.setMaxLength(std::max(line.maxLength(), static_cast<int>(text.size())));
+        line.setText(text);
     }
-    lineOf(editor)->selectAll();
+    keepOnOneLine(line); // from here on: breaks that are stored already stay as they are
+    line.selectAll();
+}
+
+int chosenEntry(QWidget* editor) {
+    const auto* combo = qobject_cast<QComboBox*>(editor);
+    if (combo == nullptr)
+        return -1;
+    // Two entries may share a text: the one that was chosen counts.
+    const QString text = combo->currentText();
+    const int current = combo->currentIndex();
+    if (current >= 0 && combo->itemText(current).compare(text, Qt::CaseInsensitive) == 0)
+        return current;
+    return combo->findText(text, Qt::MatchFixedString);
 }
 
 void findTypedEntry(QWidget* editor) {
-    if (auto* combo = qobject_cast<QComboBox*>(editor)) {
-        const int entry = combo->findText(combo->currentText(), Qt::MatchFixedString);
-        if (entry >= 0 && entry != combo->currentIndex())
-            combo->setCurrentIndex(entry);
-    }
+    auto* combo = qobject_cast<QComboBox*>(editor);
+    const int entry = chosenEntry(editor);
+    if (combo != nullptr && entry >= 0 && entry != combo->currentIndex())
+        combo->setCurrentIndex(entry);
+}
+
+bool isInEditor(const QObject* widget, const QWidget* editor) {
+    while (widget != nullptr && widget != editor)
+        widget = widget->parent();
+    return widget != nullptr;
 }
 
 void openEditorList(QWidget* editor) {

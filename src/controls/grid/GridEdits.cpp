@@ -17,8 +17,16 @@ bool Grid::Parts::beginEdit() {
     return delegate->editor() != nullptr;
 }
 
+/// On a tick or a button what is typed begins the row's first text instead of going astray.
+bool Grid::Parts::beginTyping() {
+    if (row < 0 || !model->hasColumn(column) || takesText(model->column(column)))
+        return beginEdit();
+    const int text = textColumn();
+    return text != 0 && model->isEditable(row, text) && goTo(row, text, Asked::ByUser) && beginEdit();
+}
+
 bool Grid::Parts::editorChanged() const {
-    return delegate->editor() != nullptr && lineOf(delegate->editor())->text() != delegate->textBefore();
+    return delegate->isEdited();
 }
 
 void Grid::Parts::abandonEdit() {
@@ -26,11 +34,19 @@ void Grid::Parts::abandonEdit() {
     if (editor == nullptr)
         return;
     delegate->forgetEditor();
+    // Behind a message the window is not the active one, and the toolkit would give the editor's focus to any
+    // control: the next key or button would then act on that.
+    if (isInEditor(grid.window()->focusWidget(), editor))
+        grid.setFocus(Qt::OtherFocusReason);
     grid.closeEditor(editor, QAbstractItemDelegate::NoHint);
 }
 
 ParsedCell Grid::Parts::parseEditor() const {
-    return parseCell(model->column(column), model->valueList(column), lineOf(delegate->editor())->text());
+    const GridColumn& edited = model->column(column);
+    const auto entry = static_cast<std::size_t>(chosenEntry(delegate->editor()));
+    if (entry < edited.valueList.size())
+        return {.value = edited.valueList[entry].value, .refusal = {}};
+    return parseCell(edited, model->valueList(column), lineOf(delegate->editor())->text());
 }
 
 bool Grid::Parts::finishEdit(Asked asked) {

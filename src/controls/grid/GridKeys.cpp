@@ -1,6 +1,8 @@
 #include "controls/KeyCodes.h"
 #include "controls/grid/GridEditor.h"
 #include "controls/grid/GridParts.h"
+#include "data/RunTimeError.h"
+#include "runtime/modErrorRoutines.h"
 #include "runtime/modGeneral.h"
 
 #include <QApplication>
@@ -49,7 +51,7 @@ bool Grid::Parts::pressKey(const QKeyEvent& event, bool inEditor) {
     Q_EMIT grid.keyDown(code, shift);
     if (alive.isNull() || code == 0 || runKey(code, shift, inEditor))
         return true;
-    if (code != pressedCode || !isTyped(event) || !beginEdit())
+    if (code != pressedCode || !isTyped(event) || !beginTyping())
         return false;
     QKeyEvent typed(event.type(), event.key(), event.modifiers(), event.text());
     QCoreApplication::sendEvent(delegate->editor(), &typed);
@@ -99,7 +101,7 @@ bool Grid::Parts::runKey(int code, int shift, bool inEditor) {
     };
     if (code == KeyCode::Enter && shift == none)
         return enter(inEditor);
-    if (code == space && shift == none)
+    if (code == space && (shift == none || shift == shiftHeld))
         return toggle() || (model->hasColumn(column) &&
                             model->column(column).edit == ColumnEdit::ButtonOnly && pressButton());
     const auto* const action = std::find_if(actions.begin(), actions.end(), [&](const Action& each) {
@@ -145,7 +147,7 @@ bool Grid::Parts::tab(int direction) {
 bool Grid::Parts::enter(bool inEditor) {
     if (row < 0 || !model->takesEdits())
         return false;
-    if (inEditor || !beginEdit())
+    if (inEditor || !(toggle() || beginEdit()))
         moveOn();
     return true;
 }
@@ -162,7 +164,11 @@ bool Grid::Parts::openList() {
 bool Grid::Parts::escape() {
     if (!model->pending().isActive())
         return false;
-    cancel();
+    try {
+        cancel();
+    } catch (const RunTimeError& error) {
+        ErrorHandler(error, {}); // the rows of before stay on show
+    }
     Q_EMIT grid.givenUp();
     return true;
 }

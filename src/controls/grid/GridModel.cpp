@@ -10,11 +10,12 @@ GridModel::GridModel(QObject* parent) : QAbstractTableModel(parent) {}
 GridModel::~GridModel() = default;
 
 void GridModel::setColumns(std::vector<GridColumn> columns) {
+    const int count = countRows(recordset());
     beginResetModel();
     m_columns = std::move(columns);
     m_lists.clear();
     m_lists.resize(m_columns.size());
-    readRows();
+    takeRows(count);
     endResetModel();
 }
 
@@ -54,10 +55,11 @@ TreeLevel GridModel::treeLevel(int modelRow, int column) const {
 }
 
 void GridModel::setAllowAdd(bool allow, NewRowPosition position) {
+    const int count = countRows(recordset());
     beginResetModel();
     m_allowAdd = allow;
     m_position = position;
-    readRows();
+    takeRows(count);
     endResetModel();
 }
 
@@ -75,18 +77,22 @@ bool GridModel::isEditable(int modelRow, int column) const {
     return takesText(told) || showsCheckBox(told);
 }
 
-void GridModel::bind(Recordset* recordset) {
+void GridModel::bind(std::shared_ptr<Recordset> recordset) {
+    const int count = countRows(recordset.get());
     beginResetModel();
-    m_recordset = recordset;
-    readRows();
+    m_recordset.swap(recordset); // the former rows live on until the views have let go of them
+    takeRows(count);
     endResetModel();
 }
 
-/// Called inside a reset.
-void GridModel::readRows() {
+int GridModel::countRows(const Recordset* rows) {
+    return rows != nullptr && rows->State() == ObjectState::Open ? rows->RecordCount() : 0;
+}
+
+void GridModel::takeRows(int count) {
     m_pending.clear();
-    Recordset* rows = recordset();
-    m_count = rows != nullptr ? rows->RecordCount() : 0;
+    const Recordset* rows = recordset();
+    m_count = count;
     m_line = m_allowAdd && rows != nullptr;
     m_fields.assign(m_columns.size(), -1);
     for (std::size_t i = 0; rows != nullptr && i < m_columns.size(); ++i) {
@@ -96,7 +102,7 @@ void GridModel::readRows() {
 }
 
 Recordset* GridModel::recordset() const {
-    return m_recordset != nullptr && m_recordset->State() == ObjectState::Open ? m_recordset : nullptr;
+    return m_recordset != nullptr && m_recordset->State() == ObjectState::Open ? m_recordset.get() : nullptr;
 }
 
 int GridModel::recordCount() const {
@@ -152,6 +158,12 @@ QString GridModel::editText(int modelRow, int column) const {
     return tarnwell::editText(this->column(column), valueList(column), cellValue(modelRow, column));
 }
 
+int GridModel::entryOf(int modelRow, int column) const {
+    const std::vector<ListEntry>& entries = this->column(column).valueList;
+    const ListEntry* entry = valueList(column).find(cellValue(modelRow, column));
+    return entry != nullptr ? static_cast<int>(entry - entries.data()) : -1;
+}
+
 void GridModel::beginPending(int modelRow) {
     if (modelRow == newRowLine())
         m_pending.beginNew(m_columns);
@@ -194,12 +206,15 @@ int GridModel::settlePending() {
     return modelRow;
 }
 
-void GridModel::deleteRow(int number) {
+void GridModel::deleteStored(int number) {
     Recordset& rows = *m_recordset;
     rows.setAbsolutePosition(number);
     rows.Delete();
     if (!rows.atEnd())
         rows.MoveNext();
+}
+
+void GridModel::removeRow(int number) {
     const int modelRow = modelRowOf(number);
     beginRemoveRows({}, modelRow, modelRow);
     --m_count;

@@ -46,9 +46,10 @@ public:
     /// Any cell may.
     [[nodiscard]] bool takesEdits() const;
 
-    /// Reads the rows of the recordset anew; null for none. Drops the pending row.
-    void bind(Recordset* recordset);
-    [[nodiscard]] Recordset* boundTo() const { return m_recordset; }
+    /// Reads the rows of the recordset anew; null for none. Drops the pending row. Raises what reading them
+    /// to the end raises, and has changed nothing then.
+    void bind(std::shared_ptr<Recordset> recordset);
+    [[nodiscard]] const std::shared_ptr<Recordset>& boundTo() const { return m_recordset; }
     /// The bound recordset while it is open, else null.
     [[nodiscard]] Recordset* recordset() const;
 
@@ -66,6 +67,8 @@ public:
     /// The written value; Empty for what is not there.
     [[nodiscard]] Value writtenValue(int number, int column) const;
     [[nodiscard]] QString editText(int modelRow, int column) const;
+    /// Place of the cell's value in the column's value list, from 0; -1 when it is not there.
+    [[nodiscard]] int entryOf(int modelRow, int column) const;
 
     [[nodiscard]] const PendingRow& pending() const { return m_pending; }
     /// Model row of the pending row, or -1.
@@ -77,8 +80,11 @@ public:
     void writePending();
     /// Takes a written row over into the rows. Returns its model row; -1 when the rows have to be read anew.
     [[nodiscard]] int settlePending();
-    /// Deletes a row from the recordset. Raises what the recordset raises.
-    void deleteRow(int number);
+    /// Deletes a row from the recordset, which stands on the next one then. Raises what the recordset raises,
+    /// and has changed nothing then. `removeRow` must follow.
+    void deleteStored(int number);
+    /// Takes a deleted row off the view.
+    void removeRow(int number);
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
@@ -87,7 +93,10 @@ public:
     [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override;
 
 private:
-    void readRows();
+    /// Rows of a recordset that the model would show. Reads them to the end.
+    [[nodiscard]] static int countRows(const Recordset* rows);
+    /// Inside a reset; `count` comes from before it, since counting may raise.
+    void takeRows(int count);
     void refreshRow(int modelRow);
     /// Also in an empty grid the line counts only where it stands first.
     [[nodiscard]] int rowsBefore() const { return m_line && m_position == NewRowPosition::First ? 1 : 0; }
@@ -95,7 +104,7 @@ private:
     std::vector<GridColumn> m_columns;
     mutable std::vector<std::unique_ptr<ValueListIndex>> m_lists; ///< Made when first needed.
     std::vector<int> m_fields;                                    ///< Field of each column, or -1.
-    Recordset* m_recordset = nullptr;
+    std::shared_ptr<Recordset> m_recordset;
     int m_count = 0;     ///< Rows as the views know them.
     bool m_line = false; ///< The new-row line stands.
     PendingRow m_pending;

@@ -76,15 +76,19 @@ int Grid::Parts::endColumn(int direction) const {
 }
 
 int Grid::Parts::startColumn(int toRow) const {
-    int start = endColumn(-1);
+    const int start = endColumn(-1);
     if (toRow != model->newRowLine())
         return start;
     // A new row begins by typing.
-    for (int each = start; each != 0; each = nextColumn(each, 1)) {
-        if (takesText(model->column(each)))
-            return each;
-    }
-    return start;
+    const int text = textColumn();
+    return text != 0 ? text : start;
+}
+
+int Grid::Parts::textColumn() const {
+    int each = endColumn(-1);
+    while (each != 0 && !takesText(model->column(each)))
+        each = nextColumn(each, 1);
+    return each;
 }
 
 int Grid::Parts::rowsOnPage() const {
@@ -99,19 +103,26 @@ void Grid::Parts::arrange() {
     stand(toRow, keeps ? column : startColumn(toRow));
 }
 
-void Grid::Parts::showRows(Recordset* rows, int number) {
+void Grid::Parts::showRows(std::shared_ptr<Recordset> rows, int number, const QString& ofList) {
     ++bindings;
     pressed = QPersistentModelIndex();
     abandonEdit();
+    const bool isOpen = rows != nullptr && rows->State() == ObjectState::Open;
+    const QString throughFilter = isOpen ? rows->Filter() : QString();
     {
         const QScopedValueRollback<bool> guard(moving, true);
-        model->bind(rows);
+        model->bind(std::move(rows));
     }
+    const bool isSameList = shownList == ofList && shownFilter == throughFilter;
+    shownList = ofList;
+    shownFilter = throughFilter;
     const int wanted = model->modelRowOf(std::min(std::max(number, 1), model->recordCount()));
     const int toRow = wanted >= 0 ? wanted : model->rowCount() - 1;
-    const int keptColumn =
-        model->hasColumn(column) && isStop(model->column(column)) ? column : startColumn(toRow);
-    stand(toRow, toRow >= 0 ? keptColumn : 0);
+    // In another list what is typed next is most likely a name: it must not meet a tick or a price.
+    const bool keeps = isSameList && model->hasColumn(column) && isStop(model->column(column));
+    const int text = textColumn();
+    const int toColumn = keeps ? column : text != 0 ? text : startColumn(toRow);
+    stand(toRow, toRow >= 0 ? toColumn : 0);
     if (model->recordset() != nullptr)
         Q_EMIT grid.rowColChange(-1, 0);
 }

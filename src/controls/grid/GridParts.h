@@ -36,11 +36,13 @@ struct Grid::Parts {
     /// The next column that can be current, to the right or left; 0 when there is none.
     [[nodiscard]] int nextColumn(int from, int direction) const;
     [[nodiscard]] int endColumn(int direction) const;
+    /// The first column that takes text; 0 when there is none.
+    [[nodiscard]] int textColumn() const;
     /// Where work on a row begins.
     [[nodiscard]] int startColumn(int toRow) const;
     /// After columns, layout or the new-row line changed.
     void arrange();
-    void showRows(Recordset* rows, int number);
+    void showRows(std::shared_ptr<Recordset> rows, int number, const QString& ofList);
     /// The new current cell, and the event.
     void place(int toRow, int toColumn);
     void stand(int toRow, int toColumn);
@@ -51,6 +53,8 @@ struct Grid::Parts {
 
     // GridEdits.cpp
     bool beginEdit();
+    /// For a character that was typed outside an editor.
+    bool beginTyping();
     /// Takes an open editor's text into the row. False when it was refused and is still open.
     bool finishEdit(Asked asked);
     [[nodiscard]] ParsedCell parseEditor() const;
@@ -68,6 +72,7 @@ struct Grid::Parts {
     bool write(Asked asked);
     void settle(Then then);
     void cancel();
+    void giveUpEdits();
     void deleteRow();
 
     // GridKeys.cpp
@@ -98,6 +103,8 @@ struct Grid::Parts {
     bool moving = false;   ///< The view's current index is being set by us.
     bool writing = false;  ///< Between beforeUpdate and afterUpdate.
     bool refusing = false; ///< A refusal is on show.
+    QString shownList;     ///< What `bind` named the rows that are on show.
+    QString shownFilter;   ///< Their filter when they were shown.
     unsigned bindings = 0; ///< Counts the times that rows were shown anew.
     QPersistentModelIndex pressed;
     bool wasCurrent = false;  ///< The pressed cell was the current one before.

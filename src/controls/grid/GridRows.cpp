@@ -8,13 +8,19 @@
 
 namespace tarnwell {
 
-void showRows(Connection& connection, Grid& grid, std::unique_ptr<Recordset>& rows, const QString& sql,
+void showRows(Connection& connection, Grid& grid, std::shared_ptr<Recordset>& rows, const QString& sql,
               const QString& layout) {
     grid.Update();
-    auto opened = std::make_unique<Recordset>();
-    opened->Open(sql, connection, CursorType::Static, LockType::Optimistic);
-    grid.bind(opened.get());
-    rows = std::move(opened);
+    try {
+        auto opened = std::make_shared<Recordset>();
+        opened->Open(sql, connection, CursorType::Static, LockType::Optimistic);
+        grid.bind(opened, sql);
+        rows = std::move(opened);
+    } catch (const RunTimeError&) {
+        grid.bind(nullptr);
+        rows.reset();
+        throw;
+    }
     grid.LoadLayout(gLayoutPath + layout);
 }
 

@@ -11,12 +11,14 @@ class Grid;
 class Recordset;
 
 /// Shows a statement's rows, which can be written, in place of those before, in the layout of a file of
-/// `gLayoutPath`. What is pending among those before is written first: raises what that raises, and what the
-/// statement raises, and then shows them still.
-void showRows(Connection& connection, Grid& grid, std::unique_ptr<Recordset>& rows, const QString& sql,
+/// `gLayoutPath`. What is pending among those before is written first: raises what that raises, and shows
+/// them still. Raises what reading the new rows raises, and shows none then: those before would stand under
+/// the heading of the new ones. `rows` is null then.
+void showRows(Connection& connection, Grid& grid, std::shared_ptr<Recordset>& rows, const QString& sql,
               const QString& layout);
 
-/// Reads the grid's rows anew after one of them has gone, and stands where it stood.
+/// Reads the grid's rows anew after one of them was deleted, and stands where it stood. Raises what reading
+/// raises, and shows the rows of before then.
 void readWithoutRow(Grid& grid, Recordset& rows);
 
 } // namespace tarnwell

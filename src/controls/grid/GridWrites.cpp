@@ -55,7 +55,7 @@ void Grid::Parts::settle(Then then) {
     const int written = model->settlePending();
     if (written < 0) {
         // The new row is not among the rows on show: a filter keeps it out.
-        showRows(model->recordset(), rowNumber());
+        showRows(model->boundTo(), rowNumber(), shownList);
         return;
     }
     if (then == Then::Stay) {
@@ -66,15 +66,19 @@ void Grid::Parts::settle(Then then) {
 }
 
 void Grid::Parts::cancel() {
-    abandonEdit();
     const bool stale = model->pending().isStale();
-    model->dropPending();
+    giveUpEdits();
     Recordset* rows = model->recordset();
     if (!stale || rows == nullptr)
         return;
     const int number = rowNumber();
     rows->Requery();
-    showRows(rows, number);
+    showRows(model->boundTo(), number, shownList);
+}
+
+void Grid::Parts::giveUpEdits() {
+    abandonEdit();
+    model->dropPending();
 }
 
 void Grid::Parts::deleteRow() {
@@ -86,14 +90,20 @@ void Grid::Parts::deleteRow() {
     }
     if (!allowDelete)
         tarnwell::raise(Failure::NotAllowed);
-    abandonEdit();
-    model->dropPending();
     const int deleted = rowNumber();
     const int lastColumn = column;
+    try {
+        model->deleteStored(deleted);
+    } catch (const RunTimeError& error) {
+        if (error.number() == makeError(Failure::RowDeleted).number())
+            giveUpEdits(); // there is no row left that could take them
+        throw;
+    }
+    giveUpEdits();
     ++bindings;
     {
         const QScopedValueRollback<bool> guard(moving, true);
-        model->deleteRow(deleted);
+        model->removeRow(deleted);
     }
     const int toRow = std::min(row, model->rowCount() - 1);
     stand(toRow, toRow >= 0 ? lastColumn : 0);

@@ -121,9 +121,12 @@ void Recordset::Requery() {
     state.cancel();
     const data::Translation translation = state.store().translation();
     const bool withKeys = !state.columns().keyTables().empty();
-    state.view.setStore(std::make_shared<data::RowStore>(state.engine, translation, withKeys));
+    auto store = std::make_shared<data::RowStore>(state.engine, translation, withKeys);
+    // Read before they take the place of the old ones: a grid that shows those goes on showing them when
+    // reading raises.
     if (state.cursor != CursorType::Dynamic)
-        (void)state.view.current();
+        (void)store->fetchedCount();
+    state.view.setStore(std::move(store));
 }
 
 bool Recordset::atBeginning() const {

@@ -1,5 +1,10 @@
 #include "controls/Label.h"
 
+#include "runtime/EventGuard.h"
+
+#include <QCheckBox>
+#include <QMouseEvent>
+
 namespace tarnwell {
 
 namespace {
@@ -15,10 +20,34 @@ QString withoutMnemonic(const QString& text) {
     return plain;
 }
 
+/// The words of a check box that stands beside them: a click on them ticks it, as on words of its own.
+class CheckBoxLabel : public QLabel {
+public:
+    CheckBoxLabel(const QString& text, QCheckBox& box) : QLabel(text), m_box(box) {}
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override {
+        if (event->button() == Qt::LeftButton)
+            runEvent([&] { m_box.setFocus(Qt::MouseFocusReason); });
+    }
+    void mouseReleaseEvent(QMouseEvent* event) override {
+        if (event->button() == Qt::LeftButton && rect().contains(event->pos()))
+            runEvent([&] { m_box.click(); });
+    }
+
+private:
+    QCheckBox& m_box;
+};
+
+QLabel* newLabel(const QString& text, QWidget* buddy) {
+    auto* box = qobject_cast<QCheckBox*>(buddy);
+    return box == nullptr ? new QLabel(text) : new CheckBoxLabel(text, *box);
+}
+
 } // namespace
 
 QLabel* label(const QString& text, const QString& name, QWidget* buddy) {
-    auto* made = new QLabel(text);
+    QLabel* made = newLabel(text, buddy);
     made->setObjectName(name);
     made->setTextFormat(Qt::PlainText);
     if (buddy == nullptr)

@@ -14,6 +14,7 @@
 #include "runtime/modErrorRoutines.h"
 
 #include <QCheckBox>
+#include <QLineEdit>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QRadioButton>
@@ -72,6 +73,7 @@ void frmReportParameters::makeMenu() {
 
 void frmReportParameters::connectControls() {
     connect(cmbReports, &Combo::clicked, this, guarded([this] { ShowReportParameters(); }));
+    connect(cmbReports->lineEdit(), &QLineEdit::textEdited, this, guarded([this] { chooseTypedReport(); }));
     connect(cmdClear, &QPushButton::clicked, lstJobs, &JobMarks::clearSelection);
     connect(cmdSelectAll, &QPushButton::clicked, lstJobs, &JobMarks::selectAll);
     for (QRadioButton* option : optJobType)
@@ -115,6 +117,18 @@ void frmReportParameters::LoadJobList() {
 const ReportDefinitionRecord* frmReportParameters::chosenReport() const {
     const int index = cmbReports->ListIndex();
     return index < 0 ? nullptr : &m_definitions.at(static_cast<std::size_t>(cmbReports->ItemData(index)));
+}
+
+/// A name that is typed whole is a choice; the caret stays, since a longer name may be meant.
+void frmReportParameters::chooseTypedReport() {
+    const QString typed = cmbReports->Text();
+    for (int index = 0; index < cmbReports->ListCount(); ++index)
+        if (cmbReports->List(index).compare(typed, Qt::CaseInsensitive) == 0) {
+            const int caret = cmbReports->SelStart();
+            cmbReports->setListIndex(index);
+            cmbReports->setSelStart(caret);
+            return;
+        }
 }
 
 void frmReportParameters::ShowReportParameters() {

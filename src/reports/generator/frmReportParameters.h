@@ -47,6 +47,7 @@ private:
 
     void LoadReports();
     void LoadJobList();
+    void chooseTypedReport();
     void ShowReportParameters();
     void startReport(bool preview);
     void MskField_LostFocus(std::size_t index);

@@ -175,6 +175,31 @@ TEST_F(ReportScreen, TypingSearchesEmployeeAndGrouping) {
     EXPECT_EQ(form().parameters().employeeKey, helper);
 }
 
+TEST_F(ReportScreen, AReportNameThatIsTypedWholeIsChosen) {
+    open();
+    driver->retype("cmbReports", "lot budge");
+    EXPECT_TRUE(enabled("cmbGroupBy")) << "still the calendar's settings";
+    driver->type("t");
+    EXPECT_EQ(text("cmbReports"), "Lot Budget");
+    EXPECT_FALSE(enabled("cmbGroupBy"));
+    EXPECT_TRUE(enabled("chkSummary"));
+    mark({1});
+    driver->clickToolbar("Prevw");
+    EXPECT_EQ(shown, QStringList{"frmRptLotBudget Lot Budget 1"});
+}
+
+TEST_F(ReportScreen, AClickOnTheWordTicksSummary) {
+    open();
+    driver->click("lblFieldLabel(3)");
+    EXPECT_FALSE(form().parameters().summary) << "it is greyed";
+    driver->choose("cmbReports", "Lot Budget");
+    driver->click("lblFieldLabel(3)");
+    EXPECT_TRUE(form().parameters().summary);
+    EXPECT_EQ(driver->focusedName(), "chkSummary");
+    driver->click("lblFieldLabel(3)");
+    EXPECT_FALSE(form().parameters().summary);
+}
+
 TEST_F(ReportScreen, MarksTurnByClickSpaceAndShift) {
     open();
     mark({1, 3});
@@ -193,6 +218,8 @@ TEST_F(ReportScreen, MarksTurnByClickSpaceAndShift) {
     EXPECT_EQ(marked(), std::vector{jobs[4]});
     driver->press(Qt::Key_A, Qt::ControlModifier);
     EXPECT_TRUE(form().parameters().allJobsMarked);
+    driver->clickLine("lstJobs", 2);
+    EXPECT_FALSE(form().parameters().allJobsMarked) << "all but one";
     driver->press(Qt::Key_C, Qt::AltModifier); // Also Category's letter: takes turns, presses nothing.
     driver->click("cmdClear");
     driver->click("cmdSelectAll");

@@ -151,7 +151,7 @@ void CalendarPages::startPage() {
     const QString group = m_grouping.textColumn == nullptr ? QString() : text(m_grouping.textColumn);
     if (!group.isEmpty())
         m_pen.text(pageLeft, "Group: " + group,
-                   {.FontSize = largeSize, .YStep = 0, .FontName = "Arial", .Flag2 = true});
+                   {.FontSize = largeSize, .YStep = 0, .FontName = "Arial", .Flag2 = true}, titleX);
     m_pen.pageNumber(pageNumberX);
     m_pen.rule(pageLeft, pageRight);
     m_pen.down(300);
@@ -201,11 +201,11 @@ void CalendarPages::drawTime() {
 }
 
 void CalendarPages::drawTask() {
-    drawRow(m_pen, {{1300, timeText(m_rows["StopDate"])}, {2000, text("JobNumber").left(10)}}, 0);
-    if (const auto name = employee())
-        drawRow(m_pen, {{3200, *name}}, 0);
     drawRow(m_pen,
-            {{4500, text("LotBlock").left(15)},
+            {{1300, timeText(m_rows["StopDate"])},
+             {2000, text("JobNumber").left(10)},
+             {3200, employee()},
+             {4500, text("LotBlock").left(15)},
              {5700, text("Description").left(20)},
              {7100, text("PlanName").left(15)},
              {8500, text("Name").left(30)}},

@@ -185,12 +185,12 @@ void GanttPages::drawRecord(const DayPage& days) {
     m_pen.text(leftMargin,
                FieldText(m_rows["Description"]).left(categoryLength) + QStringLiteral(": ") +
                    FieldText(m_rows["Name"]).left(taskLength),
-               {.FontSize = 8, .YStep = 250});
+               {.FontSize = 8, .YStep = 250}, firstColumnX);
     drawBars(days);
 }
 
 void GanttPages::drawHeading(const QString& text) {
-    m_pen.text(leftMargin, text, {.Bold = true, .FontSize = 8, .YStep = 200});
+    m_pen.text(leftMargin, text, {.Bold = true, .FontSize = 8, .YStep = 200}, firstColumnX);
     m_pen.rule(leftMargin, underlineEnd);
     m_pen.down(50);
 }

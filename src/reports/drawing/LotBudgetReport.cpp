@@ -77,7 +77,7 @@ void LotBudgetPages::nextColumn() {
 }
 
 void LotBudgetPages::drawInColumn(std::initializer_list<RowText> texts, int step) {
-    drawRow(m_pen, texts, step, smallSize, m_columnX);
+    drawRow(m_pen, texts, step, smallSize, {.x = m_columnX, .right = m_columnX + rightColumnX + pageLeft});
 }
 
 void LotBudgetPages::closeHeading() {

@@ -11,6 +11,7 @@ namespace {
 
 constexpr int longestText = 20; // characters of a row's plan, address and note
 constexpr int longestTask = 15;
+constexpr int totalX = 2000;  // twips
 constexpr int groupGap = 200; // above an employee or a job that isn't the first
 
 class PaidoutPages {
@@ -71,8 +72,8 @@ void PaidoutPages::drawJob() {
     if (m_lastJobKey != 0)
         m_pen.down(groupGap);
     m_lastJobKey = m_rows.field(m_jobColumn).toLong();
-    drawRow(m_pen, {{pageLeft, "Job#: " + text("JobNumber")}}, 0);
-    drawRow(m_pen, {{2000, "Total: " + amountText(jobTotal())}, {3500, "Foreman: " + foreman()}}, 0);
+    drawRow(m_pen, {{pageLeft, "Job#: " + text("JobNumber")}}, 0, smallSize, {.right = totalX});
+    drawRow(m_pen, {{totalX, "Total: " + amountText(jobTotal())}, {3500, "Foreman: " + foreman()}}, 0);
     if (!m_summary)
         drawColumnHeads();
     m_pen.down(120);

@@ -32,11 +32,16 @@ void startPortraitPage(ReportPen& pen, const QString& title, int gapBelow) {
     pen.down(gapBelow);
 }
 
-void drawRow(ReportPen& pen, std::initializer_list<RowText> texts, int step, int fontSize, int columnX) {
-    for (const RowText& text : texts) {
-        const bool isLast = &text == texts.end() - 1;
-        pen.text(columnX + text.x, text.text,
-                 {.Bold = text.bold, .FontSize = fontSize, .YStep = isLast ? step : 0});
+void drawRow(ReportPen& pen, std::initializer_list<RowText> texts, int step, int fontSize,
+             const RowColumn& column) {
+    for (const RowText* place = texts.begin(); place != texts.end(); ++place) {
+        if (!place->text)
+            continue;
+        const RowText* const next = place + 1;
+        const bool isLast = next == texts.end();
+        pen.text(column.x + place->x, *place->text,
+                 {.Bold = place->bold, .FontSize = fontSize, .YStep = isLast ? step : 0},
+                 isLast ? column.right : column.x + next->x);
     }
 }
 

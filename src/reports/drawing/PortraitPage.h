@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <initializer_list>
+#include <optional>
 
 namespace tarnwell {
 
@@ -28,12 +29,18 @@ void startPortraitPage(ReportPen& pen, const QString& title, int gapBelow);
 
 struct RowText {
     int x;
-    QString text;
+    std::optional<QString> text; ///< Nothing: the place stays empty. The last text of a row is there.
     bool bold = false;
 };
-/// Texts beside each other, all of them moved right by `columnX`; the last one takes the pen down by `step`.
+/// What a row stands in; the page by default.
+struct RowColumn {
+    int x = 0;     ///< Moves all texts to the right.
+    int right = 0; ///< Where the neighbour of the last text begins; 0: it has none.
+};
+/// Texts beside each other, each of them narrower before it reaches the next place; the last one takes the
+/// pen down by `step`.
 void drawRow(ReportPen& pen, std::initializer_list<RowText> texts, int step, int fontSize = smallSize,
-             int columnX = 0);
+             const RowColumn& column = {});
 
 /// Draws record after record, with progress, until the last one or until the user cancels.
 void drawRecords(ReportRun& run, const std::function<void()>& drawRecord);

@@ -6,6 +6,8 @@ namespace tarnwell {
 
 namespace {
 
+constexpr int gapBefore = 60; ///< Twips between a text and its neighbour on the right.
+
 /// One drawing step: a coordinate out of range ends the step, every other error the report.
 template <typename Step>
 void pastOverflow(Step&& step) {
@@ -32,9 +34,11 @@ void ReportPen::newPage(qint16 y) {
     m_y = y;
 }
 
-void ReportPen::text(int x, const QString& text, const TextLook& look) {
-    pastOverflow(
-        [&] { m_surface.AddText(m_reportKey, m_y, movedBy(0, x), text, m_page, m_orientation, look); });
+void ReportPen::text(int x, const QString& text, const TextLook& look, int right) {
+    pastOverflow([&] {
+        const qint16 width = right == 0 ? qint16{0} : movedBy(0, right - x - gapBefore);
+        m_surface.AddTextWithin(m_reportKey, m_y, movedBy(0, x), width, text, m_page, m_orientation, look);
+    });
 }
 
 void ReportPen::pageNumber(int x) {

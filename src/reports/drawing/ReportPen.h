@@ -19,8 +19,9 @@ public:
     /// Counts a page and stands at `y` on it.
     void newPage(qint16 y);
 
-    /// A text at `x` on the pen's height; the look's step takes the pen down.
-    void text(int x, const QString& text, const TextLook& look = {});
+    /// A text at `x` on the pen's height; the look's step takes the pen down. `right` is where its neighbour
+    /// on the right begins: the text is drawn narrower before it reaches that. 0: it has none.
+    void text(int x, const QString& text, const TextLook& look = {}, int right = 0);
     /// The page's number, which the surface completes by the number of pages; takes the pen down by 300.
     void pageNumber(int x);
     /// A rule on the pen's height.

@@ -27,6 +27,9 @@ constexpr int titleX = 4000;
 constexpr int pageNumberX = 9700;
 constexpr int headingEnd = 2500;
 constexpr int rowStep = 250;
+constexpr int dayRuleWidth = 3;
+/// A line of the default size, and what the upper half of a thick rule takes of the space below the letters.
+constexpr int dayStep = TextLook::defaultStep + 30;
 
 struct Grouping {
     TaskSelect select;
@@ -178,8 +181,8 @@ void CalendarPages::drawColumnHeads() {
 }
 
 void CalendarPages::drawDay(int gapBelow) {
-    m_pen.text(pageLeft, weekdayName(start().toDate().date) + ": " + dayText(start()));
-    m_pen.rule(pageLeft, headingEnd, 3);
+    m_pen.text(pageLeft, weekdayName(start().toDate().date) + ": " + dayText(start()), {.YStep = dayStep});
+    m_pen.rule(pageLeft, headingEnd, dayRuleWidth);
     m_pen.down(gapBelow);
 }
 

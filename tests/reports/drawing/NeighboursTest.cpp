@@ -2,6 +2,7 @@
 #include "reports/pages/PagePainter.h"
 
 #include <algorithm>
+#include <cmath>
 
 using namespace tarnwell;
 using namespace tarnwell::test;
@@ -53,6 +54,17 @@ protected:
                 next = std::min<int>(next, other.x);
         return next;
     }
+    /// Of each weekday's thick rule: how far below the letters it begins, in twips.
+    [[nodiscard]] std::vector<double> gapsAboveDayRules() {
+        constexpr double halfRule = 22.5;
+        std::vector<double> gaps;
+        for (const PageText& text : pages.textItems())
+            for (const PageLine& line : pages.lineItems())
+                if (text.text.contains("day: ") && line.page == text.page && line.width == 3 &&
+                    std::abs(line.y1 - text.y) < 400)
+                    gaps.push_back(line.y1 - halfRule - m_painter.textBox(text, 1).bottom());
+        return gaps;
+    }
 
     PagePainter m_painter;
 };
@@ -77,5 +89,16 @@ TEST_F(Neighbours, NoTextReachesTheOneOnItsRight) {
         for (const PageText& text : pages.textItems())
             EXPECT_LE(m_painter.textBox(text, 1).right(), nextOf(text, text.y < firstRowY ? paperRight : end))
                 << objectName << ": " << text.text.toStdString();
+    }
+}
+
+TEST_F(Neighbours, TheThickRuleBelowADayKeepsClearOfItsLetters) {
+    constexpr double screenDot = 15; // twips
+    for (const int mode : {0, 1}) {
+        draw(*findReport("frmRptCalendar"),
+             {.incomplete = false, .allJobsMarked = true, .groupBy = GroupBy::Date, .calendarMode = mode});
+        const std::vector<double> gaps = gapsAboveDayRules();
+        EXPECT_EQ(gaps.size(), 2U) << "two days";
+        EXPECT_GE(std::ranges::min(gaps), screenDot) << mode;
     }
 }

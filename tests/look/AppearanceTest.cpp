@@ -1,6 +1,7 @@
 #include "frame/MessagePresenter.h"
 #include "look/Icons.h"
 #include "look/ProgramStyle.h"
+#include "look/SharedPalettes.h"
 #include "look/Theme.h"
 #include "support/ScreenDriver.h"
 
@@ -32,6 +33,23 @@ double lightness(const QIcon& icon, QIcon::Mode mode = QIcon::Normal) {
 }
 
 } // namespace
+
+TEST(SharedPalette, IsOneForEqualColoursAndKeepsTheColourGroup) {
+    const auto paletteOf = [](Qt::GlobalColor color) {
+        QPalette palette;
+        palette.setColor(QPalette::Button, color);
+        return palette;
+    };
+    QPalette second = paletteOf(Qt::red);
+    second.setCurrentColorGroup(QPalette::Disabled);
+    const QPalette first = sharedPalette(paletteOf(Qt::red));
+    EXPECT_EQ(sharedPalette(second).cacheKey(), first.cacheKey());
+    EXPECT_EQ(sharedPalette(second).currentColorGroup(), QPalette::Disabled);
+    EXPECT_NE(sharedPalette(paletteOf(Qt::blue)).cacheKey(), first.cacheKey());
+    // Many short-lived widgets later it is still the same.
+    for (int i = 0; i < 3000; ++i)
+        ASSERT_EQ(sharedPalette(paletteOf(Qt::red)).cacheKey(), first.cacheKey());
+}
 
 TEST(Message, AKeyGivesTheAnswer) {
     const struct {

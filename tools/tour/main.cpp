@@ -84,7 +84,8 @@ struct Course {
 };
 
 constexpr int roundsBetweenNotes = 25;
-constexpr double mostGrowth = 4; ///< Kilobytes a round: what is kept of each round's work shows.
+constexpr double mostGrowth =
+    20; ///< Kilobytes a round: more shows that each round keeps something of its own.
 
 /// All chapters once; each named in the first round.
 void walkRound(tour::Driver& driver, std::span<const tour::Chapter> chapters, int round) {

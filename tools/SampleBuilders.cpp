@@ -9,7 +9,7 @@ namespace tarnwell::sample {
 namespace {
 
 constexpr int groupList = 5;
-/// Master tasks of 50 characters leave no room for an option's text behind them.
+/// Master tasks of 50 characters leave no space for an option's text behind them.
 constexpr int longestBaseName = 35;
 
 /// A price of its own: a builder pays some percent more or less, to the half dollar.

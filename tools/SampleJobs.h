@@ -23,7 +23,7 @@ public:
     JobWriter(SampleTables& tables, SampleRandom& random, const Scale& scale, const Catalogue& catalogue,
               const std::vector<Builder>& builders, const Staff& staff);
 
-    /// `progress` is told the number of jobs written so far.
+    /// `progress` gets the number of jobs written so far.
     void writeAll(const std::function<void(int)>& progress);
 
 private:

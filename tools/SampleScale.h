@@ -21,7 +21,7 @@ struct Scale {
     int employees;
     int foremen;
     int inactive;
-    int jobs; ///< Those told as landmarks included.
+    int jobs; ///< Including the landmarks.
     int openJobs;
     int months;       ///< From the first job's start to the base date.
     int lotsPerJob;   ///< At most; ignored where totals are exact.

@@ -9,10 +9,10 @@
 namespace tarnwell::test {
 namespace {
 
-TEST(CommandLine, WrongArgumentsAreToldOnOneLineAndEndWithTwo) {
+TEST(CommandLine, WrongArgumentsAreReportedOnOneLineWithExitCodeTwo) {
     const std::pair<QString, const char*> cases[] = {
         {"", "no command given"},
-        {"mend a.mdb", "unknown command 'mend'"},
+        {"repair a.mdb", "unknown command 'repair'"},
         {"create", "create needs FILE"},
         {"create a b", "create needs FILE"},
         {"backup a", "backup needs FILE TO"},
@@ -41,7 +41,7 @@ TEST(CommandLine, HelpNamesEveryCommandAndScale) {
 
 class ExistingTarget : public testing::TestWithParam<const char*> {};
 
-TEST_P(ExistingTarget, IsKeptUnlessToldToOverwrite) {
+TEST_P(ExistingTarget, IsKeptWithoutTheOverwriteOption) {
     TemporaryDatabase source;
     const QString target = QDir(source.folder()).filePath(QStringLiteral("target.mdb"));
     const QByteArray precious("not to be lost");
@@ -71,7 +71,7 @@ TEST_P(ExistingTarget, IsKeptUnlessToldToOverwrite) {
 
 INSTANTIATE_TEST_SUITE_P(Commands, ExistingTarget, testing::Values("create", "sample", "backup", "restore"));
 
-TEST(CommandLine, AMissingFileIsTheFaultOfOneLine) {
+TEST(CommandLine, AMissingFileIsReportedOnOneLine) {
     const QTemporaryDir folder;
     const QString missing = folder.filePath(QStringLiteral("none.mdb"));
     const QStringList commands[] = {{"check", missing},

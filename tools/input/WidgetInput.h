@@ -28,7 +28,7 @@ void doubleClick(QWidget& control, QPoint at = {});
 
 /// A line of a list, or of a grid in its first column, from 0; scrolls to it.
 void clickLine(QWidget& list, int row);
-/// The arrow that opens a combo's list.
+/// The button that opens a combo's list.
 void openList(QComboBox& combo);
 /// An entry of a list that is open. Throws std::runtime_error when there is none with that text.
 void clickEntry(QComboBox& combo, const QString& text);

@@ -19,7 +19,7 @@ namespace {
 using Calls = QMap<QKeySequence, QStringList>;
 
 /// A combo's "Category:" beside a button that has to be called by the same letter.
-constexpr std::pair<const char*, const char*> toldTwice[] = {
+constexpr std::pair<const char*, const char*> sharedKeys[] = {
     {"frmAddDependency", "Alt+C"},
     {"frmReportParameters", "Alt+C"},
 };
@@ -61,10 +61,10 @@ Calls callsOf(const QWidget& window) {
     return calls;
 }
 
-bool isTold(const QWidget& window, const QKeySequence& key) {
-    return std::ranges::any_of(toldTwice, [&](const auto& told) {
-        return window.objectName() == QLatin1String(told.first) &&
-               key == QKeySequence(QLatin1String(told.second));
+bool isShared(const QWidget& window, const QKeySequence& key) {
+    return std::ranges::any_of(sharedKeys, [&](const auto& shared) {
+        return window.objectName() == QLatin1String(shared.first) &&
+               key == QKeySequence(QLatin1String(shared.second));
     });
 }
 
@@ -74,7 +74,7 @@ QStringList keyClashes(const QWidget& window) {
     QStringList clashes;
     const Calls calls = callsOf(window);
     for (auto call = calls.cbegin(); call != calls.cend(); ++call)
-        if (call.value().size() > 1 && !isTold(window, call.key()))
+        if (call.value().size() > 1 && !isShared(window, call.key()))
             clashes << QStringLiteral("%1 calls %2")
                            .arg(call.key().toString(), call.value().join(QStringLiteral(" and ")));
     return clashes;

@@ -16,7 +16,7 @@ struct TypeRule {
     const char* condition; ///< %1 is the column.
 };
 
-// A date is computed with once: the engine lets February 30 pass that it only reads.
+// Adding no days makes the engine compute the date: merely read, February 30 would pass.
 constexpr auto typeRules = std::to_array<TypeRule>({
     {ColumnType::Date, "is no date",
      "t.%1 IS NOT NULL AND (typeof(t.%1)<>'text' OR datetime(t.%1,'+0 days') IS NOT t.%1)"},
@@ -30,7 +30,7 @@ constexpr auto typeRules = std::to_array<TypeRule>({
     {ColumnType::Text, "is no text", "typeof(t.%1) NOT IN ('text','null')"},
 });
 
-/// A column that leads to a row of another table, whether or not a relation stands on it.
+/// A column that leads to a row of another table, whether or not the catalogue has a relation for it.
 struct Link {
     const char* table;
     const char* column;

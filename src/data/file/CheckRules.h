@@ -7,15 +7,15 @@
 
 namespace tarnwell::data {
 
-/// One thing that must not be found in a table.
+/// Something that no row of a table may have.
 struct CheckRule {
     QString table;
-    QString column;       ///< The one to blame: its value is shown.
-    QString fault;        ///< What is wrong, behind "Table.Column ".
-    QByteArray condition; ///< Of the engine's language, true for a row `t` that breaks the rule.
+    QString column;       ///< The one whose value is shown.
+    QString fault;        ///< What is wrong, to follow "Table.Column ".
+    QByteArray condition; ///< In the engine's SQL; true for a row `t` that breaks the rule.
 };
 
-/// All rules: those of the schema's types first, then links, payments and the task tree.
+/// All rules: those of the catalogue's types first, then links, values and the task tree.
 [[nodiscard]] std::vector<CheckRule> checkRules();
 
 } // namespace tarnwell::data

@@ -33,7 +33,8 @@ QStringList missingParts(const SqliteHandle& handle) {
     return missing;
 }
 
-/// The engine names a refused value's table at best; our rules name its row, and then say it all.
+/// The engine names at most the table of a refused value; where our rules name its row, its line adds
+/// nothing.
 QStringList unexplained(const QStringList& constraints, const std::vector<FindingGroup>& groups) {
     QStringList rest;
     for (const QString& line : constraints) {

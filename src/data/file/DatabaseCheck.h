@@ -7,23 +7,23 @@
 
 namespace tarnwell {
 
-/// One thing wrong, and where it stands.
+/// One wrong value, and where it is.
 struct Finding {
     QString table;
     qint64 key = 0;
     QString column;
-    QString value; ///< As stored; "Null" where nothing is.
+    QString value; ///< As stored, cut to 60 characters; "Null" for Null.
 
     /// "JobLotTask 4711: ParentKey is 12".
     [[nodiscard]] QString text() const;
 };
 
-/// What breaks one rule.
+/// The rows that break one rule.
 struct FindingGroup {
     QString table;
-    QString rule; ///< In words, as what is wrong: "JobLotTask.StartDate is no date".
+    QString rule; ///< What is wrong, in words: "JobLotTask.StartDate is no date".
     qint64 count = 0;
-    std::vector<Finding> first; ///< The first few by key.
+    std::vector<Finding> first; ///< The first few, in the order of their keys.
 };
 
 struct CheckResult {

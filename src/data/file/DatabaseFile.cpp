@@ -19,7 +19,7 @@ using data::quoted;
 using data::SqliteHandle;
 using data::SqliteStatement;
 
-constexpr int shownProblems = 100; ///< Of a table: more say nothing new.
+constexpr int shownProblems = 100; ///< For each table: more add nothing.
 
 void insertInitialRow(const SqliteHandle& handle, const schema::InitialRow& row) {
     QByteArrayList names;
@@ -44,7 +44,7 @@ void fillNewDatabase(const QString& path) {
     for (const schema::InitialRow& row : schema::initialRows())
         insertInitialRow(handle, row);
     handle.run("COMMIT");
-    // The file remembers it; inside of the transaction it could not be set.
+    // The file keeps this setting; inside the transaction it could not be made.
     if (data::journalFor(path) == data::Journal::WriteAhead)
         handle.run("PRAGMA journal_mode=WAL");
 }
@@ -83,7 +83,7 @@ void requireSound(const QString& path) {
 
 void createDatabase(const QString& path) {
     const QString target = pathOnDisk(path);
-    // First the folder, so that a missing one is named as such.
+    // Looks at the folder first, so that a missing one is reported as such.
     data::FileReplacement file(target);
     if (QFileInfo::exists(target))
         raise(Failure::FileAccess, target);

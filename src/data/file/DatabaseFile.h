@@ -5,20 +5,24 @@
 
 namespace tarnwell {
 
-/// Makes a new database with every table, index, relation and initial row. Raises FileAccess when the file
-/// exists or its folder cannot be written.
+/// Makes a new database with every table, index, relation and initial row, and closes it. Raises FileAccess
+/// when the file exists or its folder cannot be written, PathNotFound when the folder does not exist.
 void createDatabase(const QString& path);
 
-/// Copies a database while others may use it: the copy is consistent, checked, and renamed into place.
-/// An existing `target` is replaced only if `overwrite`; raises FileAccess otherwise.
+/// Copies a database as of one moment while others may use it; the copy gets its name only when it was found
+/// sound. An existing `target` is replaced only if `overwrite`, and keeps its permissions. Raises FileAccess
+/// when `target` exists and may not be replaced, is the source itself or can't be written; DatabaseForeign
+/// when the source or the copy is not sound; DatabaseLocked while somebody has `target` open.
 void backupDatabase(const QString& source, const QString& target, bool overwrite);
 
-/// Has the engine count the rows of every index, by which it plans joins. Due after a database was filled at
-/// one go; what grows in daily use is counted again when a connection closes. Raises as opening does.
+/// Has the engine count the rows of every index, by which it plans joins. Needed after a database was filled
+/// all at once; what grows in daily use is counted again when a connection closes. Raises what opening
+/// raises.
 void updateStatistics(const QString& path);
 
-/// What the engine and the relations find wrong with the file, one line each; empty when it is sound.
-/// Raises DatabaseForeign when the file is no database of ours at all.
+/// What the engine and the relations find wrong with the file, one line each; empty when it is sound. With
+/// damage, relations are not looked at. Raises DatabaseForeign when the file is not a database of ours,
+/// DatabaseNotFound, DatabaseLocked.
 [[nodiscard]] QStringList integrityProblems(const QString& path);
 
 } // namespace tarnwell

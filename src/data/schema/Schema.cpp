@@ -71,7 +71,7 @@ QString createIndex(const Table& table, const Index& index) {
 }
 
 /// A builder's group names stand in `Code` under its key in a column that serves other lists too, so no
-/// relation can take them along.
+/// relation can delete them with it.
 QString createGroupTrigger() {
     return QStringLiteral(
         "CREATE TRIGGER \"Contractor_OptionGroups\" AFTER DELETE ON \"Contractor\"\nBEGIN\n"

@@ -25,7 +25,7 @@ enum class ColumnType {
 
 /// What a relation does to the row that refers when the row it refers to is deleted.
 enum class OnDelete {
-    Cascade, ///< It goes along.
+    Cascade, ///< It is deleted with it.
     Refuse   ///< The deletion fails as a constraint, and nothing is deleted.
 };
 
@@ -37,16 +37,16 @@ struct Column {
     bool notNull = false;              ///< A write of Null fails as a constraint.
 };
 
-/// A column that must lead to a row of another table's key. None stands on a column that may hold 0.
+/// A column whose value must be the key of a row in another table. A column that may hold 0 has none.
 struct Relation {
     QString column;
     QString parentTable;
     OnDelete onDelete;
 };
 
-/// Makes a search or a sort cheap. The name on the disk comes from the table and the columns.
+/// Makes a search or a sort cheap. Its name in the file is made of the table and the columns.
 struct Index {
-    std::vector<QString> columns; ///< In order.
+    std::vector<QString> columns; ///< In the order in which they are compared.
 };
 
 struct Table {
@@ -60,22 +60,24 @@ struct Table {
     [[nodiscard]] int columnIndex(QStringView column) const;
 };
 
-/// Every table of the main database, in an order in which they can be created.
+/// Every table of the main database, in an order in which they can be created. Valid until the program ends.
 [[nodiscard]] std::span<const Table> tables();
 
 /// A table by name without regard to case, or null.
 [[nodiscard]] const Table* findTable(QStringView name);
 
-/// A row of a new database: values in the order of `columns`.
+/// A row of a new database: pairs of column and value.
 struct InitialRow {
     QString table;
     std::vector<std::pair<QString, Value>> values;
 };
 /// `Code` rows (employee types, non-linked option names) and `ReportDefinition` rows of a new database.
+/// Columns that a row does not name get their defaults. Valid until the program ends.
 [[nodiscard]] std::span<const InitialRow> initialRows();
 
-/// The statements that make the tables, relations, indexes and triggers in an empty SQLite file, in order.
-/// Plain types only, so that any SQLite client can open the file. Relations need foreign keys switched on.
+/// The statements that make the tables, relations, indexes and triggers in an empty SQLite file, in order; no
+/// rows. Plain types only, so that any SQLite client can open the file. Requires: relations are enforced only
+/// on connections with foreign keys switched on.
 [[nodiscard]] QStringList createStatements();
 
 } // namespace tarnwell::schema

@@ -115,7 +115,7 @@ std::vector<Table> builderTables() {
 
 std::vector<Table> jobTables() {
     return {
-        // Open while `CompletedDate` is Null; nothing else says so.
+        // Open while `CompletedDate` is Null; no other column decides it.
         table("Job",
               {key("JobKey"), text("JobNumber", 30), text("Name", 30), text("Foreman"),
                owner("ContractorKey"), date("CompletedDate")},
@@ -156,7 +156,7 @@ std::vector<Table> employeeTables() {
               {refersTo("JobLotTask", "JobLotTaskKey", OnDelete::Refuse),
                refersTo("Employee", "EmployeeKey", OnDelete::Refuse)},
               {index({"JobLotTaskKey", "EmployeeKey"}), index({"EmployeeKey"}), index({"Completed"})}),
-        // A log row outlives the task that it tells of, so its task is no relation.
+        // A log row outlives the task that it is about, so its task is not a relation.
         table("EmployeeLog",
               {key("LogKey"), owner("EmployeeKey"), link("JobLotTaskKey"), date("Occured"), text("Problem")},
               {refersTo("Employee", "EmployeeKey", OnDelete::Refuse)},

@@ -35,11 +35,13 @@ using BuilderTexts = std::array<QString, builderFields.size()>;
 [[nodiscard]] std::vector<ListItem> readBuilders(Connection& connection);
 /// Adds a builder with an empty name and returns its key.
 [[nodiscard]] qint64 addBuilder(Connection& connection);
-/// Null reads as the empty text. A builder that has gone, as 0, has empty texts.
+/// Null reads as the empty text. All texts are empty for 0 and for a builder that no longer exists.
 [[nodiscard]] BuilderTexts readBuilder(Connection& connection, qint64 builderKey);
-/// Nothing for 0. Raises NoCurrentRecord when the builder has gone.
+/// Writes every text, changed or not. Nothing for 0. Raises NoCurrentRecord when the builder no longer
+/// exists.
 void saveBuilder(Connection& connection, qint64 builderKey, const BuilderTexts& texts);
-/// Raises Constraint when a job stands in the way; nothing is deleted then.
+/// Deletes the builder with its plans, their tasks and its option groups' tasks; does nothing if it no longer
+/// exists. Raises Constraint when it has a job; nothing is deleted then.
 void deleteBuilder(Connection& connection, qint64 builderKey);
 
 /// The plans of a builder by name; none for 0.

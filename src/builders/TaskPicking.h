@@ -58,8 +58,8 @@ struct PickingList {
 /// Whether Select All reaches a line: headings and names that end in a capital Y are passed over.
 [[nodiscard]] bool isReachedBySelectAll(const QString& line);
 
-/// Copies the picked lines into the target, in their order; headings and tasks that have gone are passed
-/// over. Rows written before an error stay.
+/// Copies the picked lines into the target, in their order; headings and tasks that no longer exist
+/// are passed over. Rows written before an error stay.
 void addPicked(Connection& connection, int mode, const PickingTarget& target, bool nonLinked,
                std::span<const ListItem> picked);
 

@@ -24,15 +24,19 @@ struct ShownJob {
     QString builderName;
 };
 
-/// Adds an open job without a foreman and returns its key. Numbers may stand twice.
+/// Adds an open job without a foreman and returns its key. Two jobs may have the same number. Raises
+/// Constraint for a builder that does not exist.
 [[nodiscard]] qint64 addJob(Connection& connection, qint64 contractorKey, const QString& jobNumber,
                             const QString& name);
-/// Null reads as the empty text. Raises NoCurrentRecord when the job or its builder has gone.
+/// Null reads as the empty text. Raises NoCurrentRecord when the job or its builder no longer
+/// exists.
 [[nodiscard]] ShownJob readJob(Connection& connection, qint64 jobKey);
-/// Writes every field, changed or not: the last seat wins. Nothing for 0. Raises NoCurrentRecord when the
-/// job has gone, WrongType for a date that is none.
+/// Writes every field, changed or not, over what somebody else wrote meanwhile. Nothing for a key of 0.
+/// Raises NoCurrentRecord when the job no longer exists, WrongType for a text that is not a date; nothing is
+/// written then.
 void saveJob(Connection& connection, qint64 jobKey, const JobRecord& record);
-/// Takes lots and tasks along. Raises Constraint when a task was paid; nothing is deleted then.
+/// Deletes the job with its lots and their tasks; does nothing if it no longer exists. Raises Constraint when
+/// a task was paid; nothing is deleted then.
 void deleteJob(Connection& connection, qint64 jobKey);
 
 /// The rows of a job's lots by lot/block; none for 0.

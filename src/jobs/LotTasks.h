@@ -17,9 +17,10 @@ namespace tarnwell {
 /// without a last or first name are left out.
 [[nodiscard]] std::vector<ListItem> readTaskEmployees(Connection& connection);
 
-/// What a task is in the tree of its lot.
+/// What a task is in the tree of its lot. A plain task has no options, a parent has some, and an option
+/// belongs to a parent.
 enum class TaskRole { Plain, Parent, Option };
-/// By the columns `ParentKey` and `Child`; what is not set counts as 0.
+/// From the columns `ParentKey` and `Child`; Null and Empty count as 0.
 [[nodiscard]] TaskRole taskRole(const Value& parentKey, const Value& child);
 
 } // namespace tarnwell

@@ -19,8 +19,8 @@ namespace tarnwell {
                                                   const Value& jobLotKey);
 
 /// Copies the picked tasks of a plan into the lot, in their order, at their present prices; headings and
-/// tasks that have gone are passed over. A lot without a key is added to the job and named for the plan;
-/// another one takes the plan's name and key where it has none. What was written before an error stays.
+/// tasks that no longer exist are passed over. A lot without a key is added to the job and named for the
+/// plan; another one takes the plan's name and key where it has none. What was written before an error stays.
 void addPlanTasks(Connection& connection, const CurrentLot& target, const ListItem& plan,
                   std::span<const ListItem> picked);
 

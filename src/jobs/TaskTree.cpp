@@ -20,7 +20,7 @@ void setPlace(Recordset& tasks, const TreePlace& place) {
     tasks.Update();
 }
 
-/// Raises NoCurrentRecord when the task has gone.
+/// Raises NoCurrentRecord when the task no longer exists.
 void makePlain(Connection& connection, qint64 taskKey) {
     Recordset task;
     task.Open(placesWhere("JobLotTaskKey", taskKey), connection, CursorType::Static, LockType::Optimistic);

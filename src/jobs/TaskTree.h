@@ -14,9 +14,9 @@ struct TreePlace {
     qint64 child = 0;
 };
 
-/// Mends the tree after a task that stood at `place` was deleted: the options of a parent become plain tasks,
-/// and a parent whose last option went becomes a plain task. Raises NoCurrentRecord for an option whose
-/// parent is gone already.
+/// Repairs the tree after a task that stood at `place` was deleted: the options of a parent become plain
+/// tasks, and so does a parent whose last option was deleted. Raises NoCurrentRecord for an option whose
+/// parent no longer exists. What was written before an error stays.
 void repairTreeAfterDelete(Connection& connection, const TreePlace& place);
 
 /// The lot that is copied, as its grid shows it.
@@ -29,9 +29,10 @@ struct LotToCopy {
     Value contractorPlanKey;
 };
 
-/// Copies a lot into its job with the tasks of all categories and returns the new lot's key. Prices are the
-/// lot's own; dates and employees are not copied. A child is linked while its parent was the last one seen.
-/// What was written before an error stays.
+/// Copies a lot into its job with the tasks of all categories and returns the new lot's key. Prices are those
+/// of the source lot; dates and employees are not copied. By name, parent and child, an option is linked only
+/// when no plain task and no other parent comes between its parent and it; else its copy is plain. What was
+/// written before an error stays.
 qint64 copyLot(Connection& connection, const LotToCopy& source);
 
 } // namespace tarnwell

@@ -68,7 +68,8 @@ void frmAddJobTasks::layOut() {
     form->setRowStretch(1, 1);
 }
 
-/// A lot from no plan, or from one that has gone, starts with none chosen.
+/// A lot from no plan, or from one that no longer exists, starts with none
+/// chosen.
 void frmAddJobTasks::chooseLotsPlan() {
     const CurrentLot lot = m_caller->currentLot();
     if (lot.jobLotKey.isNoKey())

@@ -120,7 +120,7 @@ TEST_F(BuilderGrids, EscapeGivesUpAPendingPlanAndLeavesTheOthers) {
     EXPECT_EQ(data.count("ContractorPlan"), 2);
 }
 
-TEST_F(BuilderGrids, ARefusedPriceIsToldAndKeptForMending) {
+TEST_F(BuilderGrids, ARefusedPriceIsKeptToBeCorrected) {
     openPlans();
     typePrice("12x");
     const struct {
@@ -135,13 +135,13 @@ TEST_F(BuilderGrids, ARefusedPriceIsToldAndKeptForMending) {
         {1, [&] { driver->clickToolbar("Exit"); }},
         {1, [&] { form().close(); }},
     };
-    std::size_t told = 0;
+    std::size_t shown = 0;
     for (const auto& [messages, leave] : ways) {
         for (int i = 0; i < messages; ++i)
             script.expect(Answer::Ok);
         leave();
         EXPECT_TRUE(waitFor([&] { return driver->focusedName() == "jgTasks"; }));
-        EXPECT_EQ(script.shown().size(), told += static_cast<std::size_t>(messages));
+        EXPECT_EQ(script.shown().size(), shown += static_cast<std::size_t>(messages));
         EXPECT_EQ(tasks().Row(), 2);
         EXPECT_EQ(tasks().RowCount(), 2);
     }
@@ -227,7 +227,7 @@ TEST_F(BuilderGrids, ADeletedPlanOrBuilderLeavesNoPendingRow) {
     EXPECT_EQ(data.count("Contractor") + data.count("ContractorPlanTask"), 0);
 }
 
-TEST_F(BuilderGrids, ATaskThatAnotherSeatDeletedIsToldAndGoesWithEscape) {
+TEST_F(BuilderGrids, ATaskThatSomebodyElseDeletedLeavesWithEscape) {
     openPlans();
     typePrice("99");
     deleteElsewhere("ContractorPlanTask WHERE Name='Walls'");
@@ -243,7 +243,7 @@ TEST_F(BuilderGrids, ATaskThatAnotherSeatDeletedIsToldAndGoesWithEscape) {
     EXPECT_EQ(tasks().RowCount(), 0);
 }
 
-TEST_F(BuilderGrids, APlanThatAnotherSeatDeletedIsToldWhenItIsRenamed) {
+TEST_F(BuilderGrids, RenamingAPlanThatSomebodyElseDeletedIsRefused) {
     openPlans();
     clickCell("jgPlans", 1, PlanName);
     driver->type("Alder");
@@ -253,7 +253,7 @@ TEST_F(BuilderGrids, APlanThatAnotherSeatDeletedIsToldWhenItIsRenamed) {
     driver->press(Qt::Key_Escape);
     EXPECT_EQ(plans().RowCount(), 1);
     EXPECT_EQ(plans().value("PlanName"), Value("Birch"));
-    EXPECT_EQ(tasks().RowCount(), 0) << "no tasks of the plan that has gone";
+    EXPECT_EQ(tasks().RowCount(), 0) << "no tasks of the deleted plan";
     EXPECT_EQ(data.count("ContractorPlan"), 1);
 }
 

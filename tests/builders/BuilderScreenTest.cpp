@@ -196,7 +196,7 @@ TEST_F(BuilderScreen, ABuilderThatSomebodyElseDeletedLeavesTheScreenAfterOneMess
     }
 }
 
-TEST_F(BuilderScreen, APlanThatAnotherSeatDeletedIsToldAndGoes) {
+TEST_F(BuilderScreen, APlanThatSomebodyElseDeletedLeavesAfterAMessage) {
     openBuilder();
     driver->focus("jgPlans");
     data.db.run("DELETE FROM ContractorPlan");

@@ -15,8 +15,8 @@ struct JobGrids : JobScreen {
     qint64 walls_ = data.addTask("Walls", data.lot);
 
     qint64 count(const QString& where) { return data.count("JobLotTask WHERE " + where); }
-    /// 11 over the 77 that another seat gave the first task meanwhile; what leaves the row is refused.
-    void typeOverAnotherSeatsPrice() {
+    /// 11 over the 77 that somebody else gave the first task meanwhile; what leaves the row is refused.
+    void typeOverAnotherPrice() {
         openJob();
         data.db.secondSeat()->Execute("UPDATE JobLotTask SET MasterPrice=77");
         clickCell("jgTasks", 1, priceColumn);
@@ -53,7 +53,7 @@ TEST_F(JobGrids, ATypedLotIsStoredWhenItsColumnChanges) {
 
 TEST_F(JobGrids, ATypedLotIsStoredHoweverItIsLeft) {
     const std::pair<const char*, std::function<void()>> ways[] = {
-        {"by an arrow", [this] { driver->press(Qt::Key_Up); }},
+        {"by an arrow key", [this] { driver->press(Qt::Key_Up); }},
         {"by Tab", [this] { driver->press(Qt::Key_Tab); }},
         {"by another lot", [this] { clickCell("jgJobLots", 1, 5); }},
         {"by another category", [this] { driver->choose("cmbType", "Drywall"); }},
@@ -71,7 +71,7 @@ TEST_F(JobGrids, ATypedLotIsStoredHoweverItIsLeft) {
     }
 }
 
-TEST_F(JobGrids, AnEditedLotThatAnotherSeatDeletedIsToldAndGoesWithItsTasks) {
+TEST_F(JobGrids, AnEditedLotThatSomebodyElseDeletedLeavesWithItsTasks) {
     openJob();
     data.db.secondSeat()->Execute("DELETE FROM JobLot WHERE LotBlock='A'");
     lots().setCol(5);
@@ -114,7 +114,7 @@ TEST_F(JobGrids, WithoutALotTheFocusGoesToTheLots) {
 
 TEST_F(JobGrids, ATypedTaskBelongsToItsLotAndCategoryHoweverItIsLeft) {
     const std::pair<const char*, std::function<void()>> ways[] = {
-        {"by an arrow", [this] { driver->press(Qt::Key_Up); }},
+        {"by an arrow key", [this] { driver->press(Qt::Key_Up); }},
         {"by another lot", [this] { clickCell("jgJobLots", 2, 3); }},
         {"by another category", [this] { driver->choose("cmbType", "Drywall"); }},
         {"by Tab", [this] { driver->press(Qt::Key_Tab, Qt::NoModifier, 8); }},
@@ -157,7 +157,7 @@ TEST_F(JobGrids, EscapeGivesATypedRowUp) {
     EXPECT_EQ(data.count("JobLot") + data.count("JobLotTask"), 3);
 }
 
-TEST_F(JobGrids, EnterWalksAlongATaskAndTellsEachColumn) {
+TEST_F(JobGrids, EnterWalksThroughATaskAndHintsAtEachColumn) {
     openJob();
     clickCell("jgTasks", 1, nameColumn);
     const char* const hints[] = {"Enter the task name",
@@ -175,7 +175,7 @@ TEST_F(JobGrids, EnterWalksAlongATaskAndTellsEachColumn) {
     }
 }
 
-TEST_F(JobGrids, ATaskIsScheduledByTypingAndAWrongDateIsKeptForMending) {
+TEST_F(JobGrids, ATaskIsScheduledByTypingAndAWrongDateIsKeptToBeCorrected) {
     openJob();
     clickCell("jgTasks", 1, startColumn);
     driver->type("13/45/26");
@@ -224,7 +224,7 @@ TEST_F(JobGrids, ADeletedTaskLeavesATreeThatHolds) {
     clickCell("jgTasks", 2, nameColumn);
     del();
     EXPECT_EQ(data.tree(data.lot), std::vector<QString>{"Walls"});
-    EXPECT_EQ(tasks().value("ParentKey"), Value(0)) << "the grid shows the mended parent";
+    EXPECT_EQ(tasks().value("ParentKey"), Value(0)) << "the grid shows that the parent is plain";
     ASSERT_NE(bay, data.addOption("Walls Deck", walls_));
     combo().setListIndex(1);
     clickCell("jgTasks", 1, nameColumn);
@@ -233,7 +233,7 @@ TEST_F(JobGrids, ADeletedTaskLeavesATreeThatHolds) {
     EXPECT_EQ(tasks().value("ParentKey"), Value(0));
 }
 
-TEST_F(JobGrids, RowsThatAnotherSeatDeletedAreToldAndGo) {
+TEST_F(JobGrids, RowsThatSomebodyElseDeletedLeaveAfterAMessage) {
     openJob();
     driver->focus("jgTasks");
     const auto other = data.db.secondSeat();
@@ -249,8 +249,8 @@ TEST_F(JobGrids, RowsThatAnotherSeatDeletedAreToldAndGo) {
     EXPECT_EQ(lots().value("LotBlock"), Value("B"));
 }
 
-TEST_F(JobGrids, ATaskThatAnotherSeatChangedIsNotOverwritten) {
-    typeOverAnotherSeatsPrice();
+TEST_F(JobGrids, ATaskThatSomebodyElseChangedIsNotOverwritten) {
+    typeOverAnotherPrice();
     driver->press(Qt::Key_Down);
     EXPECT_TRUE(tasks().isPending()) << "what was typed is still there";
     script.expect(Answer::Ok);
@@ -262,7 +262,7 @@ TEST_F(JobGrids, ATaskThatAnotherSeatChangedIsNotOverwritten) {
 }
 
 TEST_F(JobGrids, ARefusedTaskKeepsItsLotAndIsWrittenThereOnceItCanBe) {
-    typeOverAnotherSeatsPrice();
+    typeOverAnotherPrice();
     clickCell("jgJobLots", 2, 3);
     EXPECT_EQ(cell(tasks(), 1, priceColumn), "11.00") << "the other lot's tasks wait for the row";
     driver->focus("jgTasks");
@@ -270,7 +270,7 @@ TEST_F(JobGrids, ARefusedTaskKeepsItsLotAndIsWrittenThereOnceItCanBe) {
     EXPECT_EQ(tasks().RowCount(), 0) << "the tasks of the lot that is current";
 }
 
-TEST_F(JobGrids, APriceThatIsNoneIsToldOnceEachTimeAndWhatWasChosenWaitsForIt) {
+TEST_F(JobGrids, APriceThatIsNoNumberIsRefusedOnceEachTimeAndTheChoiceWaitsForIt) {
     openJob();
     clickCell("jgTasks", 1, priceColumn);
     driver->type("12x");
@@ -292,7 +292,7 @@ TEST_F(JobGrids, APriceThatIsNoneIsToldOnceEachTimeAndWhatWasChosenWaitsForIt) {
     EXPECT_EQ(tasks().RowCount(), 0);
 }
 
-TEST_F(JobGrids, ADeletedLotTakesItsPendingTaskAlong) {
+TEST_F(JobGrids, ADeletedLotLeavesNoPendingTask) {
     openJob();
     driver->focus("jgTasks");
     driver->press(Qt::Key_Insert);

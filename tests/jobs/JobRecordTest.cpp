@@ -34,13 +34,13 @@ TEST(JobRecords, ASavedJobComesBackAndItsBuilderStays) {
     EXPECT_EQ(readJob(data.db.connection(), data.job).record, record) << "all of it or none";
 }
 
-TEST(JobRecords, AJobThatHasGoneIsTold) {
+TEST(JobRecords, AJobThatNoLongerExistsIsAnError) {
     LotData data;
     deleteJob(data.db.connection(), data.job);
     EXPECT_EQ(data.count("JobLot"), 0);
-    const int gone = makeError(Failure::NoCurrentRecord).number();
-    EXPECT_EQ(raisedNumber([&] { (void)readJob(data.db.connection(), data.job); }), gone);
-    EXPECT_EQ(raisedNumber([&] { saveJob(data.db.connection(), data.job, {}); }), gone);
+    const int missing = makeError(Failure::NoCurrentRecord).number();
+    EXPECT_EQ(raisedNumber([&] { (void)readJob(data.db.connection(), data.job); }), missing);
+    EXPECT_EQ(raisedNumber([&] { saveJob(data.db.connection(), data.job, {}); }), missing);
 }
 
 TEST(LotTasks, LotsStandByLotBlockAndTasksByNameParentAndChild) {

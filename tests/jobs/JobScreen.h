@@ -23,7 +23,7 @@ struct JobScreen : DrivenScreen<frmJobs, LotData> {
         });
         driver->clickToolbar("Find");
     }
-    /// Answers yes, or what is told, to the question that Del asks.
+    /// Answers the question that Del asks.
     void del(Answer answer = Answer::Yes) {
         script.expect(answer);
         driver->clickToolbar("Del");

@@ -73,7 +73,7 @@ TEST_F(JobScreen, AddSavesTheJobOnTheScreenFirstAndACancelledDialogKeepsIt) {
     EXPECT_FALSE(theForm<frmJobAdd>().isLoaded());
 }
 
-TEST_F(JobScreen, WithoutABuilderAddIsToldAndNothingIsAdded) {
+TEST_F(JobScreen, WithoutABuilderAddIsRefusedAndNothingIsAdded) {
     data.db.run("DELETE FROM Job");
     data.db.run("DELETE FROM Contractor");
     open();
@@ -147,7 +147,7 @@ TEST_F(JobScreen, TheHeaderIsWrittenAtExitAndAnEmptyDateIsNull) {
     driver.reset();
 }
 
-TEST_F(JobScreen, AWrongDateIsToldAndKeepsTheScreenOpen) {
+TEST_F(JobScreen, AWrongDateIsRefusedAndKeepsTheScreenOpen) {
     openJob();
     driver->focus("rebCompletedDate");
     driver->type("soon");
@@ -159,7 +159,7 @@ TEST_F(JobScreen, AWrongDateIsToldAndKeepsTheScreenOpen) {
     driver->retype("rebCompletedDate", "3/5/24");
 }
 
-TEST_F(JobScreen, TheLastSeatToLeaveAJobWins) {
+TEST_F(JobScreen, TheLastToLeaveAJobWins) {
     openJob();
     data.db.secondSeat()->Execute("UPDATE Job SET Name='Other', Foreman='Them'");
     driver->clickToolbar("Exit");
@@ -307,7 +307,7 @@ TEST_F(JobScreen, ThePulldownFillsTheLotThatItStartedFromAndMakesNoOther) {
     EXPECT_EQ(enabled(), "Exit Del Copy");
 
     driver->press(Qt::Key_Down);
-    driver->type("Aspen"); // a new lot, typed in the very cell of the arrow
+    driver->type("Aspen"); // a new lot, typed in the very cell of the button
     pullDown(fill);
     EXPECT_EQ(data.count("JobLot"), 3) << "the typed row is the lot that is filled";
     EXPECT_EQ(data.tree(lots().value("JobLotKey").toLong()), std::vector<QString>{"Walls"});

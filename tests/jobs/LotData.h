@@ -6,7 +6,7 @@
 
 namespace tarnwell::test {
 
-/// The builder's catalogue with a job, and lots whose tasks are told one by one.
+/// The builder's catalogue with a job, and lots whose tasks are added one by one.
 struct LotData : BuilderData {
     qint64 job = addJob("J-1", "Elm");
     qint64 lot = addLot("A");

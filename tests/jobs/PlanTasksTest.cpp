@@ -86,7 +86,7 @@ TEST_F(PlanTasks, ACopyIsTheLotsOwnAndKeepsItsLink) {
     const qint64 hang = addPlanTask("Hang", data.hang, data.drywall, 12.5);
     add(lotOf(data.lot), {0, hang, hang + 100, nameless});
     const QString inLot = "JobLotTask WHERE JobLotKey=" + QString::number(data.lot);
-    EXPECT_EQ(data.count(inLot), 2) << "headings and tasks that have gone add nothing";
+    EXPECT_EQ(data.count(inLot), 2) << "headings and missing tasks add nothing";
     EXPECT_EQ(data.count(inLot +
                          " AND Name='Hang' AND MasterPrice=12.5 AND CustomTask='Y' AND ParentKey=0 "
                          "AND Child=0 AND ExcludeDependency=0 AND CodeKey=" +
@@ -123,7 +123,7 @@ TEST_F(PlanTasks, WhatWasWrittenBeforeAnErrorStays) {
     data.db.run("DELETE FROM JobLot WHERE JobLotKey=" + QString::number(data.lot));
     EXPECT_EQ(raisedNumber([&] { add(lotOf(data.lot), {data.planWalls}); }),
               numberOf(Failure::NoCurrentRecord))
-        << "another seat deleted the lot";
+        << "somebody else deleted the lot";
     EXPECT_EQ(data.count("JobLot"), lots - 1);
     EXPECT_EQ(data.count("JobLotTask"), 0);
 }

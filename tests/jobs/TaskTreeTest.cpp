@@ -14,7 +14,7 @@ using Lines = std::vector<QString>;
 
 class TaskTree : public ::testing::Test {
 protected:
-    /// As the grid does it: the row goes, then the tree is mended.
+    /// As the grid does it: the row is deleted, then the tree is repaired.
     void remove(qint64 task) {
         const QString from = LotData::fromTask(task);
         const TreePlace place{data.db.ask("SELECT ParentKey" + from).toLong(),

@@ -92,7 +92,7 @@ public:
         for (const char* name : {"Deck", "Trim"}) {
             m_groups.emplace_back(name, m_data.addGroup(name));
             for (const qint64 master : {m_data.walls, between, m_data.hang})
-                m_data.addGroupTask(m_groups.back().second, master, 2.0);
+                m_data.addGroupTask(m_groups.back().key, master, 2.0);
         }
     }
 

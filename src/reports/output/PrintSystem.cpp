@@ -6,6 +6,7 @@
 #include <QPaintEngine>
 #include <QPrintEngine>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QStandardPaths>
 
 #include <algorithm>
@@ -86,11 +87,9 @@ QString refusal(const Ended& job) {
     const std::optional<Ended> state = run(QStringLiteral("lpstat"), {QStringLiteral("-r")});
     if (state && state->output.contains(QLatin1String("not running")))
         return QStringLiteral("The printing system does not answer.");
-    QString reason = job.error.simplified();
-    for (const auto& prefix : {QLatin1String("lp: "), QLatin1String("Error - ")})
-        if (reason.startsWith(prefix))
-            reason.remove(0, prefix.size());
-    return reason;
+    // "/usr/bin/lp: Error - The printer or class does not exist."
+    static const QRegularExpression begin(QStringLiteral(R"(^\S*lp: (Error - )?)"));
+    return job.error.simplified().remove(begin);
 }
 
 } // namespace

@@ -31,7 +31,7 @@ struct DetailRowsTest : GridTest {
     }
 
     MessageScript script;
-    std::unique_ptr<Recordset> shownRows;
+    std::shared_ptr<Recordset> shownRows;
     qint64 chosen = 0;
     DetailRows details{*grid,
                        {.chosen = [this] { return DetailKeys{.category = chosen}; },

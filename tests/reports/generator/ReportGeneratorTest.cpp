@@ -58,7 +58,7 @@ TEST(ReportGenerator, EmployeesStandInColumns) {
     EXPECT_EQ(texts(lines),
               (std::vector<QString>{"111-11-1111|Wolfeschlegelstein", //
                                     "222-22-2222|Dunn, Dee         ", "333-33-3333|                  "}));
-    EXPECT_EQ(lines.at(1).second, dunn);
+    EXPECT_EQ(lines.at(1).key, dunn);
 }
 
 TEST(ReportGenerator, AForemanWithANullNamePartHasNoLine) {
@@ -79,7 +79,7 @@ TEST(ReportGenerator, OnlyCategoriesInUseAreOffered) {
     data.database().run("UPDATE Code SET Deleted=-1 WHERE CodeKey=" + QString::number(old));
     const auto lines = readCategoryLines(data.connection());
     EXPECT_EQ(texts(lines), (std::vector<QString>{"", "Framing", "Roofing"}));
-    EXPECT_EQ(lines.at(1).second, framing);
+    EXPECT_EQ(lines.at(1).key, framing);
 }
 
 TEST(ReportGenerator, JobsStandInColumnsWithTheirCompletion) {
@@ -94,8 +94,8 @@ TEST(ReportGenerator, JobsStandInColumnsWithTheirCompletion) {
                                     "30        |                                  "}));
     const auto open = readJobLines(data.connection(), true);
     ASSERT_EQ(open.size(), 2U);
-    EXPECT_EQ(open.front().second, longest);
-    EXPECT_EQ(open.front().first.size(), 45);
+    EXPECT_EQ(open.front().key, longest);
+    EXPECT_EQ(open.front().text.size(), 45);
 }
 
 TEST(ReportGenerator, TheFirstJobIsNotCountedForAReportOfOneJob) {

@@ -6,8 +6,8 @@
 namespace tarnwell {
 
 /// Runs a routine in one transaction and commits whatever it wrote, also when it fails half-way: each row
-/// counts for itself. Raises what the routine raises; else what the commit raises, and nothing is stored then.
-/// Requires: no transaction is open.
+/// counts for itself. Raises what the routine raises; else what the commit raises, and nothing is stored
+/// then. Requires: no transaction is open.
 template <typename Routine>
 void commitWritten(Connection& connection, Routine&& routine) {
     Transaction transaction(connection);

@@ -4,6 +4,7 @@
 #include "runtime/EventGuard.h"
 #include "runtime/modGlobalVariables.h"
 #include "support/DrivenScreen.h"
+#include "support/ModalWindows.h"
 #include "support/TestProgram.h"
 #include "timecard/frmPayroll.h"
 
@@ -113,6 +114,7 @@ void walkAllScreens() {
     char* arguments[] = {name, nullptr};
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
     const QApplication application(count, arguments);
+    watchModalWindows();
     gAppPath = QFileInfo(path).path();
     gProgramFolder = gAppPath + u'/';
     gConnectionString = connectionStringFor(path);

@@ -39,11 +39,11 @@ Combo::Combo(QWidget* parent) : QComboBox(parent), m_items(new ItemModel(this)) 
     disconnect(lineEdit(), &QLineEdit::editingFinished, this, nullptr);
     keepOnOneLine(*lineEdit());
     showStartWhenLeft(*lineEdit());
-    connect(lineEdit(), &QLineEdit::textEdited, this, &Combo::forgetChoice);
-    connect(this, &QComboBox::activated, this, [this](int index) {
-        m_listIndex = m_inForce = index;
-        Q_EMIT clicked();
-    });
+    connect(lineEdit(), &QLineEdit::textEdited, this, guarded([this] { forgetChoice(); }));
+    connect(this, &QComboBox::activated, this, guarded([this](int index) {
+                m_listIndex = m_inForce = index;
+                Q_EMIT clicked();
+            }));
 }
 
 void Combo::setListOnly() {

@@ -1,5 +1,7 @@
 #include "controls/ShownStart.h"
 
+#include "runtime/EventGuard.h"
+
 #include <QApplication>
 #include <QLineEdit>
 
@@ -18,16 +20,16 @@ bool isWorkedOn(const QLineEdit& line) {
 } // namespace
 
 void showStartWhenLeft(QLineEdit& line) {
-    QObject::connect(&line, &QLineEdit::textChanged, &line, [&line] {
+    QObject::connect(&line, &QLineEdit::textChanged, &line, guarded([&line] {
         if (!isWorkedOn(line))
             line.setCursorPosition(0);
-    });
+    }));
     // A message or another window in between leaves the caret and what is selected where they are.
-    QObject::connect(&line, &QLineEdit::editingFinished, &line, [&line] {
+    QObject::connect(&line, &QLineEdit::editingFinished, &line, guarded([&line] {
         const QWidget* focused = QApplication::focusWidget();
         if (focused != nullptr && focused->window() == line.window() && !line.hasFocus())
             line.setCursorPosition(0);
-    });
+    }));
 }
 
 } // namespace tarnwell

@@ -37,7 +37,7 @@ ActiveControl::ActiveControl(QWidget& window, std::function<void(QWidget&)> defa
 
 void ActiveControl::add(QWidget* control) {
     if (m_controls.try_emplace(control).second)
-        connect(control, &QObject::destroyed, this, [this, control] { m_controls.erase(control); });
+        connect(control, &QObject::destroyed, this, guarded([this, control] { m_controls.erase(control); }));
 }
 
 void ActiveControl::setGotRoutine(QWidget* control, std::function<void()> routine) {

@@ -51,7 +51,7 @@ StatusBar::StatusBar(QWidget* parent)
     m_nextMinute.setSingleShot(true);
     connect(&m_nextMinute, &QTimer::timeout, this, guarded([this] { showTime(); }));
     m_nextMinute.setTimerType(Qt::PreciseTimer);
-    connect(&CapsLock::instance(), &CapsLock::changed, this, &StatusBar::showCapsLock);
+    connect(&CapsLock::instance(), &CapsLock::changed, this, guarded([this] { showCapsLock(); }));
     showCapsLock();
     showTime();
 }

@@ -42,15 +42,16 @@ void frmFastSearch::Form_Load() {
     layOut();
 
     for (int i = 0; i < optionLimit; ++i)
-        connect(optSearch.at(i), &QRadioButton::toggled, this, [this, i](bool chosen) {
-            if (chosen)
-                m_option = i;
-        });
+        connect(optSearch.at(i), &QRadioButton::toggled, this, guarded([this, i](bool chosen) {
+                    if (chosen)
+                        m_option = i;
+                }));
     connect(m_typed, &MaskedBox::keyUp, this, guarded([this](int, int) { MskField_KeyUp(); }));
-    connect(m_typed, &MaskedBox::keyDown, this, [this](int& keyCode, int) { MskField_KeyDown(keyCode); });
-    connect(lstItems, &ListBox::doubleClick, this, [this] { cmdSelect_Click(); });
-    connect(cmdSelect, &QPushButton::clicked, this, [this] { cmdSelect_Click(); });
-    connect(cmdCancel, &QPushButton::clicked, this, [this] { Hide(); });
+    connect(m_typed, &MaskedBox::keyDown, this,
+            guarded([this](int& keyCode, int) { MskField_KeyDown(keyCode); }));
+    connect(lstItems, &ListBox::doubleClick, this, guarded([this] { cmdSelect_Click(); }));
+    connect(cmdSelect, &QPushButton::clicked, this, guarded([this] { cmdSelect_Click(); }));
+    connect(cmdCancel, &QPushButton::clicked, this, guarded([this] { Hide(); }));
     for (auto* control : canvas()->findChildren<QWidget*>())
         if (control->focusPolicy() != Qt::NoFocus)
             control->installEventFilter(this);

@@ -78,7 +78,7 @@ void frmMasterCodes::connectControls() {
     connect(cmbType, &Combo::keyUp, this, guarded([this](int keyCode, int shift) {
                 ComboIncrementalSearch(*cmbType, keyCode, shift, false);
             }));
-    connect(jgCodes, &Grid::rowBegun, this, [this] { m_rowList = m_list; });
+    connect(jgCodes, &Grid::rowBegun, this, guarded([this] { m_rowList = m_list; }));
     connect(jgCodes, &Grid::beforeUpdate, this, guarded([this] { jgCodes_BeforeUpdate(); }));
     onLostFocus(jgCodes, [this] { jgCodes->UpdateOrTell(); });
     // Neither control has a hint of its own: the opening one stays.

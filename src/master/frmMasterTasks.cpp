@@ -99,13 +99,13 @@ void frmMasterTasks::connectControls() {
 }
 
 void frmMasterTasks::connectGrid() {
-    connect(jgMasterTasks, &Grid::rowBegun, this, [this] { m_rowCategory = m_category; });
+    connect(jgMasterTasks, &Grid::rowBegun, this, guarded([this] { m_rowCategory = m_category; }));
     connect(jgMasterTasks, &Grid::beforeUpdate, this,
             guarded([this] { jgMasterTasks->setValue(CodeKey, m_rowCategory); }));
     connect(jgMasterTasks, &Grid::afterUpdate, this, guarded([this] { jgMasterTasks_AfterUpdate(); }));
     connect(jgMasterTasks, &Grid::rowColChange, this, guarded([this] { jgMasterTasks_RowColChange(); }));
     connect(jgMasterTasks, &Grid::keyDown, this,
-            [this](int& keyCode, int /*shift*/) { walkByEnter(*jgMasterTasks, keyCode); });
+            guarded([this](int& keyCode, int /*shift*/) { walkByEnter(*jgMasterTasks, keyCode); }));
 }
 
 void frmMasterTasks::SetToolbarForControl() {

@@ -100,6 +100,27 @@ TEST(Modules, IncludeOnlyWhatTheDocumentedTableAllows) {
         EXPECT_TRUE(seen.contains(module)) << module << " has a row in the table and no file";
 }
 
+// Followed along the table's names, no module comes back to itself.
+TEST(Modules, DependOnEachOtherInOneDirection) {
+    const auto allowed = allowedDependencies();
+    std::set<std::string> placed;
+    for (bool progress = true; progress;) {
+        progress = false;
+        for (const auto& [module, names] : allowed) {
+            if (placed.contains(module))
+                continue;
+            bool ready = true;
+            for (const auto& [other, unused] : allowed)
+                if (other != module && isAllowed(module, other, names) && !placed.contains(other))
+                    ready = false;
+            if (ready)
+                progress = placed.insert(module).second;
+        }
+    }
+    for (const auto& [module, names] : allowed)
+        EXPECT_TRUE(placed.contains(module)) << module << " is part of a circle of dependencies";
+}
+
 TEST(Modules, TheCoreSeesNoUnitOfTheUserInterface) {
     const std::set<std::string> core = unitsOf("tarnwell_core");
     const std::set<std::string> ui = unitsOf("tarnwell_ui");

@@ -1,6 +1,7 @@
 #include "controls/grid/GridWidths.h"
 
 #include "look/Theme.h"
+#include "runtime/EventGuard.h"
 
 #include <QHeaderView>
 #include <QScopedValueRollback>
@@ -16,7 +17,8 @@ constexpr int leastCharacters = 16;
 } // namespace
 
 GridWidths::GridWidths(QTableView& view) : QObject(&view), m_view(view) {
-    connect(view.horizontalHeader(), &QHeaderView::sectionResized, this, &GridWidths::sectionResized);
+    connect(view.horizontalHeader(), &QHeaderView::sectionResized, this,
+            guarded([this](int section, int before, int after) { sectionResized(section, before, after); }));
 }
 
 void GridWidths::reset(const std::vector<GridColumn>& columns) {

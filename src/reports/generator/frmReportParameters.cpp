@@ -74,8 +74,8 @@ void frmReportParameters::makeMenu() {
 void frmReportParameters::connectControls() {
     connect(cmbReports, &Combo::clicked, this, guarded([this] { ShowReportParameters(); }));
     connect(cmbReports->lineEdit(), &QLineEdit::textEdited, this, guarded([this] { chooseTypedReport(); }));
-    connect(cmdClear, &QPushButton::clicked, lstJobs, &JobMarks::clearSelection);
-    connect(cmdSelectAll, &QPushButton::clicked, lstJobs, &JobMarks::selectAll);
+    connect(cmdClear, &QPushButton::clicked, this, guarded([this] { lstJobs->clearSelection(); }));
+    connect(cmdSelectAll, &QPushButton::clicked, this, guarded([this] { lstJobs->selectAll(); }));
     for (QRadioButton* option : optJobType)
         connect(option, &QRadioButton::toggled, this, guarded([this](bool chosen) {
                     if (chosen)

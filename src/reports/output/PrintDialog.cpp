@@ -1,5 +1,6 @@
 #include "reports/output/PrintDialog.h"
 
+#include "runtime/EventGuard.h"
 #include "runtime/MsgBox.h"
 
 #include <QComboBox>
@@ -106,7 +107,7 @@ bool execKeepingPaper(QPrintDialog& dialog) {
     bool isPaperAsked = true;
     if (const auto* properties = dialog.findChild<QPushButton*>(QStringLiteral("properties"))) {
         isPaperAsked = false;
-        QObject::connect(properties, &QPushButton::clicked, &dialog, [&] { isPaperAsked = true; });
+        QObject::connect(properties, &QPushButton::clicked, &dialog, guarded([&] { isPaperAsked = true; }));
     }
     if (dialog.exec() != QDialog::Accepted) {
         before.restore(printer);

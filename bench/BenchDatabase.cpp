@@ -12,8 +12,7 @@ BenchDatabase& BenchDatabase::shared() {
 
 BenchDatabase::BenchDatabase() {
     createDatabase(path());
-    m_connection.setConnectionString(QStringLiteral("Provider=Microsoft.Jet.OLEDB.4.0;Data Source=") +
-                                     path());
+    m_connection.setConnectionString(fileConnectionString(path()));
     m_connection.Open();
     const qint64 builder = add(QStringLiteral("Contractor"), QString(), 0);
     const qint64 job = add(QStringLiteral("Job"), QStringLiteral("ContractorKey"), builder);

@@ -16,7 +16,7 @@ bool openLargeSample(benchmark::State& state) {
         const QString copy = folder.filePath("Tarnwell.mdb");
         if (!QFile::copy(qEnvironmentVariable("TARNWELL_SAMPLE"), copy))
             return false;
-        gConnectionString = "Provider=Microsoft.Jet.OLEDB.4.0;Data Source=" + copy;
+        gConnectionString = fileConnectionString(copy);
         return DataEnvironment::cnnConnection().State() == ObjectState::Open;
     }();
     if (!opened)

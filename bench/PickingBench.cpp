@@ -16,7 +16,7 @@ public:
     Catalogue() {
         const QString path = m_folder.filePath("Tarnwell.mdb");
         createDatabase(path);
-        m_connection.setConnectionString("Provider=Microsoft.Jet.OLEDB.4.0;Data Source=" + path);
+        m_connection.setConnectionString(fileConnectionString(path));
         m_connection.Open();
         Transaction transaction(m_connection);
         const qint64 builder = add("Contractor", {{"Name", "Abel"}});

@@ -85,8 +85,7 @@ int makeSample(const Request& request, Output& output) {
     const sample::Scale scale = sample::findScale(request.scale).value();
     NewDatabase database(request);
     Connection connection;
-    connection.setConnectionString(
-        QStringLiteral("Provider=Microsoft.Jet.OLEDB.4.0;Data Source=%1").arg(database.path()));
+    connection.setConnectionString(fileConnectionString(database.path()));
     connection.Open();
     sample::writeSample(connection, scale, request.seed, progressLine(scale, output));
     connection.Close();

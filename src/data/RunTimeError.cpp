@@ -98,13 +98,13 @@ QString completed(const char* text, const QString& detail) {
 
 } // namespace
 
-RunTimeError::RunTimeError(int number, QString source, QString description)
+RunTimeError::RunTimeError(int number, QString source, QString description, std::optional<Failure> failure)
     : m_number(number), m_source(std::move(source)), m_description(std::move(description)),
-      m_what(m_description.toUtf8()) {}
+      m_failure(failure), m_what(m_description.toUtf8()) {}
 
 RunTimeError makeError(Failure failure, const QString& detail) {
     const FailureEntry& entry = failures.at(static_cast<std::size_t>(failure));
-    return {entry.number, QString::fromLatin1(entry.source), completed(entry.text, detail)};
+    return {entry.number, QString::fromLatin1(entry.source), completed(entry.text, detail), failure};
 }
 
 void raise(Failure failure, const QString& detail) {

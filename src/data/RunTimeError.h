@@ -3,28 +3,9 @@
 #include <QString>
 
 #include <exception>
+#include <optional>
 
 namespace tarnwell {
-
-/// The one exception type. It becomes text at the edge: in `ErrorHandler` or in the program's outer handler.
-class RunTimeError : public std::exception {
-public:
-    RunTimeError(int number, QString source, QString description);
-
-    /// What handlers test and users quote: negative for the database, else the run time's or the recordset's.
-    [[nodiscard]] int number() const { return m_number; }
-    /// Who raised it: "Tarnwell", "ADODB.Recordset", "ADODB.Connection" or "SQLite".
-    [[nodiscard]] const QString& source() const { return m_source; }
-    [[nodiscard]] const QString& description() const { return m_description; }
-    /// The description in UTF-8.
-    [[nodiscard]] const char* what() const noexcept override { return m_what.constData(); }
-
-private:
-    int m_number;
-    QString m_source;
-    QString m_description;
-    QByteArray m_what;
-};
 
 /// What can go wrong, by name; number, source and text stand in one table in RunTimeError.cpp. The numbers
 /// are those of ADO (ADODB ErrorValueEnum and the OLE DB HRESULTs) and of the Visual Basic run time.
@@ -67,6 +48,31 @@ enum class Failure {
     DatabaseNotFound, // -2147467259
     DatabaseForeign,  // -2147467259: not a database, or not one of ours
     DatabaseFailure,  // -2147467259: anything else that the engine reports
+};
+
+/// The one exception type. It becomes text at the edge: in `ErrorHandler` or in the program's outer handler.
+class RunTimeError : public std::exception {
+public:
+    /// `failure`: none for what only the run time itself raises.
+    RunTimeError(int number, QString source, QString description, std::optional<Failure> failure = {});
+
+    /// What handlers test and users quote: negative for the database, else the run time's or the recordset's.
+    [[nodiscard]] int number() const { return m_number; }
+    /// Who raised it: "Tarnwell", "ADODB.Recordset", "ADODB.Connection" or "SQLite".
+    [[nodiscard]] const QString& source() const { return m_source; }
+    [[nodiscard]] const QString& description() const { return m_description; }
+    /// Tells failures apart that share a number.
+    [[nodiscard]] bool is(Failure failure) const { return m_failure == failure; }
+    [[nodiscard]] std::optional<Failure> failure() const { return m_failure; }
+    /// The description in UTF-8.
+    [[nodiscard]] const char* what() const noexcept override { return m_what.constData(); }
+
+private:
+    int m_number;
+    QString m_source;
+    QString m_description;
+    std::optional<Failure> m_failure;
+    QByteArray m_what;
 };
 
 /// `detail` completes the table's text: a name, a path or the engine's own words.

@@ -1,6 +1,7 @@
 #include "runtime/DatabaseSettings.h"
 
 #include "data/RunTimeError.h"
+#include "data/engine/ConnectionString.h"
 #include "runtime/StartUp.h"
 #include "runtime/modGlobalVariables.h"
 #include "runtime/modRegistry.h"
@@ -10,7 +11,7 @@ namespace tarnwell {
 DatabaseSettings readDatabaseSettings() {
     const RegistryKey stored(RegistryRoot::LocalMachine, gRegistryKey);
     DatabaseSettings settings;
-    settings.isFile = stored.text(QStringLiteral("Provider")) == QLatin1String(jetProvider);
+    settings.isFile = stored.text(QStringLiteral("Provider")) == fileProvider;
     if (settings.isFile) {
         settings.file = stored.text(QStringLiteral("DataSource"));
     } else {
@@ -22,8 +23,7 @@ DatabaseSettings readDatabaseSettings() {
 }
 
 void saveDatabaseSettings(const DatabaseSettings& settings) {
-    const QString provider =
-        settings.isFile ? QString::fromLatin1(jetProvider) : QStringLiteral("SQLOLEDB.1");
+    const QString provider = settings.isFile ? fileProvider.toString() : QStringLiteral("SQLOLEDB.1");
     const QString misc = settings.isFile
                              ? QStringLiteral(";Persist Security Info=False")
                              : QStringLiteral(";Integrated Security=SSPI;Persist Security Info=False;");

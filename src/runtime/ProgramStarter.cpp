@@ -13,8 +13,6 @@ namespace tarnwell {
 
 namespace {
 
-constexpr int fileNotFound = 53;
-
 ProgramStarter& replacedStarter() {
     static ProgramStarter starter;
     return starter;
@@ -58,7 +56,7 @@ void ShellAndWait(const QString& program, const QStringList& arguments) {
         else
             startAndWait(program, arguments);
     } catch (const RunTimeError& error) {
-        if (error.number() == fileNotFound)
+        if (error.is(Failure::FileNotFound))
             MsgBox({.text = QStringLiteral("No error log found!"),
                     .title = QStringLiteral("Notification"),
                     .icon = MessageIcon::Information});

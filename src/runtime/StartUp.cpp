@@ -1,5 +1,6 @@
 #include "runtime/StartUp.h"
 
+#include "data/engine/ConnectionString.h"
 #include "runtime/MsgBox.h"
 #include "runtime/Version.h"
 #include "runtime/modGlobalVariables.h"
@@ -43,7 +44,7 @@ constexpr std::array<DefaultSetting, 9> defaultSettings{{
     {u"LayoutPath", u"/layouts/", true},
     {u"DataPath", u"/data/", true},
     {u"ReportDataPath", u"/Data/Report.mdb", true},
-    {u"Provider", u"Microsoft.Jet.OLEDB.4.0", false},
+    {u"Provider", fileProvider.utf16(), false},
 }};
 
 /// Another database than the one that the user thinks of may be open from here on.
@@ -119,7 +120,7 @@ void ReadSettings(const QString& programFolder) {
 QString composeConnectionString(const QString& provider, const QString& dataSource, const QString& dataServer,
                                 const QString& misc) {
     QString text = QStringLiteral("Provider=") + provider;
-    if (provider != QLatin1String(jetProvider))
+    if (provider != fileProvider)
         text +=
             QStringLiteral(";Initial Catalog=") + dataSource + QStringLiteral(";Data Source=") + dataServer;
     else

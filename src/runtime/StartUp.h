@@ -4,7 +4,6 @@
 
 namespace tarnwell {
 
-inline constexpr auto jetProvider = "Microsoft.Jet.OLEDB.4.0";
 /// What `gRegistryKey` is set to, under the local machine's root.
 inline constexpr auto registryKey = u"Software\\Brenmoor\\Tarnwell";
 

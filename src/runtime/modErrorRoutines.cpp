@@ -10,8 +10,6 @@ namespace tarnwell {
 
 namespace {
 
-constexpr int fileNotFound = 53;
-
 /// What can't be recorded must still be known: the error that is raised for the log names it too.
 void record(const RunTimeError& error, const QString& routine, const QString& message) {
     try {
@@ -19,7 +17,8 @@ void record(const RunTimeError& error, const QString& routine, const QString& me
     } catch (const RunTimeError& failure) {
         throw RunTimeError(failure.number(), failure.source(),
                            failure.description() +
-                               QStringLiteral("\n\nThe error log could not record this error:\n") + message);
+                               QStringLiteral("\n\nThe error log could not record this error:\n") + message,
+                           failure.failure());
     }
 }
 
@@ -32,7 +31,7 @@ QString errorLogFile() {
 void ErrorHandler(const RunTimeError& error, const QString& routine) {
     if (gHiddenMode && gHiddenWindow)
         gHiddenWindow();
-    if (!gBatchMode && error.number() == fileNotFound) {
+    if (!gBatchMode && error.is(Failure::FileNotFound)) {
         MsgBox({.text = QStringLiteral("File not found to process request!"),
                 .title = QStringLiteral("Error!"),
                 .icon = MessageIcon::Critical});

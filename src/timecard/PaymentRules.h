@@ -59,12 +59,11 @@ struct PaymentCallbacks {
 /// Runs a statement, and again for as long as it fails on a deleted row and `again` says so.
 template <class Statement>
 auto resumeOnDeletedRow(const std::function<bool()>& again, Statement&& statement) {
-    static const int rowDeleted = makeError(Failure::RowDeleted).number();
     for (;;) {
         try {
             return statement();
         } catch (const RunTimeError& error) {
-            if (error.number() != rowDeleted || !again())
+            if (!error.is(Failure::RowDeleted) || !again())
                 throw;
         }
     }

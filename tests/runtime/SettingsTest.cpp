@@ -1,3 +1,4 @@
+#include "data/engine/ConnectionString.h"
 #include "runtime/DatabaseSettings.h"
 #include "runtime/DiskFile.h"
 #include "runtime/StartUp.h"
@@ -132,7 +133,7 @@ TEST_F(SettingsFile, APipeOrDeviceInItsPlaceIsKeptAsideUnread) {
         ReadSettings("/opt/Tarnwell");
         EXPECT_EQ(messages.shown().size(), 1U);
         EXPECT_TRUE(QFileInfo::exists(path() + ".damaged"));
-        EXPECT_EQ(read("Provider"), Value(jetProvider));
+        EXPECT_EQ(read("Provider"), Value(fileProvider.toString()));
     }
 }
 

@@ -4,6 +4,8 @@
 
 #include <QString>
 
+#include <optional>
+
 namespace tarnwell::test {
 
 /// The number that a failure carries.
@@ -20,6 +22,17 @@ template <class Routine>
         return error.number();
     }
     return 0;
+}
+
+/// What went wrong; nothing when the routine raises nothing.
+template <class Routine>
+[[nodiscard]] std::optional<Failure> raisedFailure(Routine routine) {
+    try {
+        routine();
+    } catch (const RunTimeError& error) {
+        return error.failure();
+    }
+    return std::nullopt;
 }
 
 /// The description of the error that the routine raises; empty when it raises none.

@@ -6,8 +6,7 @@
 namespace tarnwell::test {
 
 QString connectionStringFor(const QString& path) {
-    return QStringLiteral("Provider=Microsoft.Jet.OLEDB.4.0;Data Source=%1;Persist Security Info=False")
-        .arg(path);
+    return fileConnectionString(path) + QStringLiteral(";Persist Security Info=False");
 }
 
 TemporaryDatabase::TemporaryDatabase() {

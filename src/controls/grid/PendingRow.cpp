@@ -45,8 +45,7 @@ void PendingRow::writeTo(Recordset& rows, const std::vector<int>& fields) {
     } catch (const RunTimeError& error) {
         if (rows.State() == ObjectState::Open && rows.isEditing())
             rows.CancelUpdate();
-        m_stale = error.number() == makeError(Failure::RowChanged).number() ||
-                  error.number() == makeError(Failure::RowDeleted).number();
+        m_stale = error.is(Failure::RowChanged) || error.is(Failure::RowDeleted);
         throw;
     }
 }

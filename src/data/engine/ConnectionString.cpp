@@ -5,7 +5,7 @@
 namespace tarnwell {
 
 QString fileConnectionString(const QString& path) {
-    return QStringLiteral("Provider=%1;Data Source=%2").arg(QLatin1String(fileProvider), path);
+    return QStringLiteral("Provider=%1;Data Source=%2").arg(fileProvider, path);
 }
 
 QString connectionValue(const QString& connectionString, QLatin1String key) {

@@ -2,11 +2,12 @@
 
 #include <QLatin1String>
 #include <QString>
+#include <QStringView>
 
 namespace tarnwell {
 
 /// The provider under which connection strings and settings name a database file.
-inline constexpr auto fileProvider = "Microsoft.Jet.OLEDB.4.0";
+inline constexpr QStringView fileProvider = u"Microsoft.Jet.OLEDB.4.0";
 
 /// The connection string of a database file: its provider, its path and nothing else.
 [[nodiscard]] QString fileConnectionString(const QString& path);

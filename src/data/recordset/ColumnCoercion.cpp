@@ -74,9 +74,9 @@ Value coerced(const Value& value, const schema::Column& column) {
         return converted(value, column);
     } catch (const RunTimeError& error) {
         // The run time's own conversions raise its numbers; a recordset has numbers of its own.
-        if (error.number() == makeError(Failure::TypeMismatch).number())
+        if (error.is(Failure::TypeMismatch))
             raise(Failure::WrongType, column.name);
-        if (error.number() == makeError(Failure::Overflow).number())
+        if (error.is(Failure::Overflow))
             raise(Failure::DataOverflow, column.name);
         throw;
     }

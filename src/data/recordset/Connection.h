@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/RunTimeError.h"
+#include "data/engine/ConnectionString.h"
 
 #include <QString>
 
@@ -14,14 +15,11 @@ namespace data {
 class Engine;
 }
 
-/// How long a write waits for another seat on the same file, unless told otherwise.
+/// How long a write waits for another user of the same database, unless set otherwise.
 inline constexpr std::chrono::milliseconds usualBusyTimeout{5000};
 
 /// States of a connection or a recordset.
 enum class ObjectState { Closed = 0, Open = 1 }; ///< With the numbers that the run time gives them.
-
-/// The value of one key of a connection string, without its quotes; empty when it is not there.
-[[nodiscard]] QString connectionValue(const QString& connectionString, QLatin1String key);
 
 /// One connection to one database. Statements are written in the system's own dialect (see `Dialect.h`) and
 /// run one at a time: a second statement behind the first, a schema change, attach or pragma is refused.
@@ -39,15 +37,16 @@ public:
     /// In place of `usualBusyTimeout`; takes effect at the next `Open`.
     void setBusyTimeout(std::chrono::milliseconds wait) { m_busyTimeout = wait; }
 
-    /// Opens the file behind "Data Source". Raises ProviderNotFound, DatabaseNotFound (a missing file is
-    /// never created), DatabaseForeign (not a database, damaged, or without our tables), DatabaseLocked.
+    /// Opens the database behind the connection string. Raises ProviderNotFound, DatabaseNotFound (a missing
+    /// file is never created), DatabaseForeign (not a database, damaged, or without our tables),
+    /// DatabaseLocked.
     void Open();
     /// Closes, even with recordsets open on it; those then raise ObjectClosed. An open transaction is rolled
     /// back. Nothing when it is closed already.
     void Close();
     [[nodiscard]] ObjectState State() const;
 
-    /// Runs a statement that returns no rows. Returns the number of rows touched. Waits for another seat's
+    /// Runs a statement that returns no rows. Returns the number of rows touched. Waits for another user's
     /// write up to the busy timeout, then raises DatabaseLocked.
     int Execute(const QString& sql);
 

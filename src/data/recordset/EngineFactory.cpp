@@ -16,7 +16,7 @@ std::shared_ptr<Engine> openFile(const QString& connectionString, std::chrono::m
 }
 
 struct EngineEntry {
-    const char* provider;
+    QStringView provider;
     std::shared_ptr<Engine> (*open)(const QString& connectionString, std::chrono::milliseconds busyTimeout);
 };
 
@@ -30,7 +30,7 @@ constexpr std::array engines{
 std::shared_ptr<Engine> openEngine(const QString& connectionString, std::chrono::milliseconds busyTimeout) {
     const QString provider = connectionValue(connectionString, QLatin1String("Provider"));
     const auto* const entry = std::ranges::find_if(engines, [&](const EngineEntry& candidate) {
-        return provider.compare(QLatin1String(candidate.provider), Qt::CaseInsensitive) == 0;
+        return provider.compare(candidate.provider, Qt::CaseInsensitive) == 0;
     });
     if (entry == engines.end())
         raise(Failure::ProviderNotFound, provider);

@@ -16,14 +16,14 @@ class RowStore;
 
 /// When rows are fetched (see `Recordset`); what others write afterwards shows in none of them.
 enum class CursorType { ForwardOnly = 0, Keyset = 1, Dynamic = 2, Static = 3 };
-/// ReadOnly refuses every write; the others write row by row and check for other seats' changes.
+/// ReadOnly refuses every write; the others write row by row and check for other users' changes.
 enum class LockType { ReadOnly = 1, Pessimistic = 2, Optimistic = 3 };
 
 /// Rows of a statement, walked by a current position, and written through when the lock type allows it.
 ///
 /// Rows are fetched as they are walked; `RecordCount`, `MoveLast`, `Filter`, `Find`, any write on the
 /// connection and the next statement on it fetch what is missing, so that later writes never change what was
-/// opened, and no half-read recordset hides another seat's work from the others. A recordset opened
+/// opened, and no half-read recordset hides another user's work from the others. A recordset opened
 /// `Dynamic` fetches nothing until a row is asked for: opening a table by its name to add one row costs one
 /// row. Columns are found by name without regard to case; where two tables share a name, by "Job.Name".
 ///

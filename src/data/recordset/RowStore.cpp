@@ -44,7 +44,7 @@ void RowStore::completeRead() {
     try {
         (void)fetchedCount();
     } catch (const RunTimeError& error) {
-        m_failure = error; // told to whoever walks this recordset, not to whoever made it read
+        m_failure = error; // raised to whoever walks this recordset, not to whoever made it read
     }
 }
 

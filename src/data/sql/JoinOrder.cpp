@@ -42,7 +42,7 @@ void orderJoin(SqlTokens& tokens) {
     for (int i = 0; i < from; ++i)
         if (tokens.at(i).is(QLatin1String("*")))
             return;
-    // CROSS JOIN is how the engine is told to keep the order.
+    // CROSS JOIN makes the engine keep the order.
     write(tokens[from + 2], "CROSS JOIN");
     const QByteArray first = "[" + tokens.at(from + 1).name().toUtf8() + "]";
     write(tokens[from + 1], "[" + tokens.at(from + 3).name().toUtf8() + "]");

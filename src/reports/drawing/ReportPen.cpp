@@ -11,11 +11,10 @@ constexpr int gapBefore = 60; ///< Twips between a text and its neighbour on the
 /// One drawing step: a coordinate out of range ends the step, every other error the report.
 template <typename Step>
 void pastOverflow(Step&& step) {
-    static const int overflow = makeError(Failure::Overflow).number();
     try {
         step();
     } catch (const RunTimeError& error) {
-        if (error.number() != overflow)
+        if (!error.is(Failure::Overflow))
             throw;
     }
 }

@@ -46,7 +46,7 @@ bool readRows(Recordset& rows, const QString& sql, Connection& connection, Repor
             (void)rows.RecordCount();
             break;
         } catch (const RunTimeError& error) {
-            if (error.number() != makeError(Failure::Cancelled).number())
+            if (!error.is(Failure::Cancelled))
                 throw;
             rows = Recordset();
         }

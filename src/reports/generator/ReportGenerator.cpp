@@ -1,5 +1,6 @@
 #include "reports/generator/ReportGenerator.h"
 
+#include "data/engine/ConnectionString.h"
 #include "data/recordset/Recordset.h"
 #include "reports/drawing/ReportText.h"
 #include "runtime/RunTime.h"
@@ -146,7 +147,7 @@ std::optional<MessageRequest> objectionTo(const ReportDefinitionRecord* chosen,
 }
 
 QString reportConnectionString() {
-    return "Provider=Microsoft.Jet.OLEDB.4.0;Data Source=" + gReportDataPath + ";Persist Security Info=False";
+    return fileConnectionString(gReportDataPath) + ";Persist Security Info=False";
 }
 
 int calendarModeOf(const ReportDefinitionRecord& definition) {

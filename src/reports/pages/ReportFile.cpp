@@ -119,7 +119,7 @@ void UnusableReportFile::setAside() const {
 }
 
 bool tellsOfDamage(const RunTimeError& error) {
-    return error.description().startsWith(makeError(Failure::DatabaseForeign).description());
+    return error.is(Failure::DatabaseForeign);
 }
 
 data::SqliteHandle openReportFile(const QString& path) {
@@ -132,7 +132,7 @@ data::SqliteHandle openReportFile(const QString& path) {
         return openShared(path);
     } catch (const RunTimeError& error) {
         // The engine's words say neither which file nor that a right is missing.
-        const bool isReadOnly = error.number() == makeError(Failure::PermissionDenied).number();
+        const bool isReadOnly = error.is(Failure::PermissionDenied);
         if (isReadOnly || !file.isFile() || !file.isWritable() || !QFileInfo(file.path()).isWritable())
             raise(Failure::FileAccess, path);
         if (tellsOfDamage(error) && !holdsWages(path))

@@ -80,22 +80,22 @@ bool rowsAreStored(const SqlTokens& tokens, const StatementTables& tables) {
     return true;
 }
 
-/// The tables whose keys name a row of the select: of joined tables the one whose rows carry the others'
-/// keys, if there is one.
-std::vector<const NamedTable*> namingTables(const StatementTables& tables) {
-    std::vector<const NamedTable*> all;
-    std::vector<const NamedTable*> unreferred;
+/// The table whose key alone names a row of the select: of joined tables the one whose rows carry the others'
+/// keys. Null when no single one does.
+const NamedTable* namingTable(const StatementTables& tables) {
+    const NamedTable* found = nullptr;
     for (const NamedTable& from : tables.list()) {
-        if (from.table == nullptr)
+        const bool isReferred =
+            from.table == nullptr || std::ranges::any_of(tables.list(), [&](const NamedTable& other) {
+                return other.table != nullptr && refersTo(*other.table, *from.table);
+            });
+        if (isReferred)
             continue;
-        all.push_back(&from);
-        const bool isReferred = std::ranges::any_of(tables.list(), [&](const NamedTable& other) {
-            return other.table != nullptr && refersTo(*other.table, *from.table);
-        });
-        if (!isReferred)
-            unreferred.push_back(&from);
+        if (found != nullptr)
+            return nullptr;
+        found = &from;
     }
-    return unreferred.size() == 1 ? unreferred : all;
+    return found;
 }
 
 QByteArray keyText(const NamedTable& from) {
@@ -106,9 +106,11 @@ QByteArray keyText(const NamedTable& from) {
 /// order of their keys, on every engine the same.
 QByteArray orderedKeys(const SqlTokens& tokens, int end, const StatementTables& tables) {
     QByteArray text;
-    for (const NamedTable* from : namingTables(tables))
-        if (tokens.at(end - 1).name().compare(from->table->keyColumn, Qt::CaseInsensitive) != 0)
-            text += keyText(*from);
+    const NamedTable* naming = namingTable(tables);
+    for (const NamedTable& from : tables.list())
+        if (from.table != nullptr && (naming == nullptr || naming == &from) &&
+            tokens.at(end - 1).name().compare(from.table->keyColumn, Qt::CaseInsensitive) != 0)
+            text += keyText(from);
     return text;
 }
 

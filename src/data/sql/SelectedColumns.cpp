@@ -120,8 +120,16 @@ void forEachStarred(const SqlTokens& tokens, const StatementTables& tables, Rang
 
 void appendColumns(QByteArray& text, const NamedTable& from) {
     const QByteArray qualifier = '[' + from.alias.toUtf8() + "].[";
-    for (const schema::Column& column : from.table->columns)
-        text += (text.isEmpty() ? "" : ", ") + qualifier + column.name.toUtf8() + ']';
+    constexpr qsizetype usualNameLength = 16;
+    text.reserve(text.size() + std::ssize(from.table->columns) * (qualifier.size() + usualNameLength));
+    for (const schema::Column& column : from.table->columns) {
+        if (!text.isEmpty())
+            text += ", ";
+        text += qualifier;
+        for (const QChar letter : column.name) // names of the catalogue are plain
+            text += static_cast<char>(letter.unicode());
+        text += ']';
+    }
 }
 
 } // namespace

@@ -42,11 +42,11 @@ QString reportDatabase(const QTemporaryDir& folder) {
 }
 
 /// A page at 100 % of a usual screen.
-QImage shown(const StoredReport& report, qint64 number, PagePainter& pagePainter) {
+QImage shown(const ReportPages& report, qint64 number, PagePainter& pagePainter) {
     QImage image(816, 1056, QImage::Format_RGB32);
     QPainter painter(&image);
     painter.scale(96.0 / 1440, 96.0 / 1440);
-    const StoredPage page = report.page(number);
+    const PageItems page = report.page(number);
     PagePainter::drawPaper(painter, page.orientation);
     pagePainter.drawPage(painter, page, report.pageCount());
     painter.end();
@@ -99,7 +99,7 @@ void showFirstOfLongReport(benchmark::State& state) {
                 store.add(key, denseText(page, number));
         state.ResumeTiming();
         store.finish(key);
-        const StoredReport report(store, key);
+        const ReportPages report(store, key);
         PagePainter pagePainter;
         benchmark::DoNotOptimize(shown(report, 1, pagePainter));
         state.PauseTiming();
@@ -115,7 +115,7 @@ BENCHMARK(showFirstOfLongReport)->Unit(benchmark::kMillisecond);
 class LongReport {
 public:
     LongReport() : m_store(reportDatabase(m_folder)), m_key(drawDense(m_store, longReport)) {}
-    [[nodiscard]] StoredReport report() const { return {m_store, m_key}; }
+    [[nodiscard]] ReportPages report() const { return {m_store, m_key}; }
 
 private:
     QTemporaryDir m_folder;
@@ -143,7 +143,7 @@ BENCHMARK(findInLongReport)->Unit(benchmark::kMillisecond);
 void saveDensePdf(benchmark::State& state) {
     const QTemporaryDir folder;
     PageStore store(reportDatabase(folder));
-    const StoredReport report(store, drawDense(store, pdfPages));
+    const ReportPages report(store, drawDense(store, pdfPages));
     for (auto _ : state)
         savePdf(report, folder.filePath(QStringLiteral("out.pdf")), QStringLiteral("Dense"));
     perSecond(state, "pages", pdfPages);

@@ -35,15 +35,15 @@ private:
 };
 
 /// Pages in a report database, as a report form keeps them.
-class StoredPages : public PageSurface {
+class ReportDocument : public PageSurface {
 public:
-    explicit StoredPages(PageStore& pages) : m_pages(pages) {}
+    explicit ReportDocument(PageStore& pages) : m_pages(pages) {}
     qint64 NewReport() override { return m_report = m_pages.newReport(); }
     void ShowReport(qint64, bool) override {}
     /// What the preview reads before it shows its first page.
     void showFirst() {
         m_pages.finish(m_report);
-        benchmark::DoNotOptimize(StoredReport(m_pages, m_report).page(1));
+        benchmark::DoNotOptimize(ReportPages(m_pages, m_report).page(1));
     }
     [[nodiscard]] qint64 pageCount() const { return m_pages.pageCount(m_report); }
 
@@ -110,7 +110,7 @@ void drawToFirstPage(benchmark::State& state, const Report& report, ReportParame
     PageStore store(folder.filePath("Report.mdb"));
     const ReportParameters chosen = parameters();
     for (auto _ : state) {
-        StoredPages pages(store);
+        ReportDocument pages(store);
         drawOnce(state, report, chosen, pages);
         pages.showFirst();
         state.counters["pages"] = static_cast<double>(pages.pageCount());

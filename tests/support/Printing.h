@@ -16,7 +16,7 @@ inline void PrintTo(const QString& text, std::ostream* out) {
 
 namespace tarnwell {
 
-/// "Null", "Long 12", "Text \"12\"": values of different kinds differ, so the kind is told.
+/// "Null", "Long 12", "Text \"12\"": values of different kinds differ, so the kind is shown.
 inline void PrintTo(const Value& value, std::ostream* out) {
     static constexpr std::array kinds{"Empty", "Null", "YesNo", "Long", "Double", "Date", "Text"};
     *out << kinds.at(static_cast<std::size_t>(value.kind()));

@@ -27,7 +27,7 @@ constexpr double clearEdge = 300;
 using CheckDevice = std::function<void(bool isGoing)>;
 
 /// Draws the pages of the list, one sheet each; false when it was cancelled.
-bool drawPages(const StoredReport& report, const std::vector<qint64>& list, QPagedPaintDevice& device,
+bool drawPages(const ReportPages& report, const std::vector<qint64>& list, QPagedPaintDevice& device,
                QPainter& painter, const QTransform& ontoPaper, const CheckDevice& check,
                const FollowPages& follow) {
     const auto pages = static_cast<qint64>(list.size());
@@ -44,7 +44,7 @@ bool drawPages(const StoredReport& report, const std::vector<qint64>& list, QPag
     return true;
 }
 
-std::vector<qint64> allPages(const StoredReport& report) {
+std::vector<qint64> allPages(const ReportPages& report) {
     std::vector<qint64> pages;
     for (qint64 page = 1; page <= report.pageCount(); ++page)
         pages.push_back(page);
@@ -52,7 +52,7 @@ std::vector<qint64> allPages(const StoredReport& report) {
 }
 
 /// What the user asked for.
-std::vector<qint64> chosenPages(const StoredReport& report, const QPrinter& printer) {
+std::vector<qint64> chosenPages(const ReportPages& report, const QPrinter& printer) {
     std::vector<qint64> pages = allPages(report);
     const QPageRanges ranges = printer.pageRanges();
     if (printer.printRange() == QPrinter::PageRange && !ranges.isEmpty())
@@ -75,7 +75,7 @@ std::vector<qint64> withCopies(const std::vector<qint64>& pages, const QPrinter&
 }
 
 /// A PDF of some of the pages, on the paper and as far from its edges as the layout has it.
-bool writePdf(const StoredReport& report, const std::vector<qint64>& pages, const QString& path,
+bool writePdf(const ReportPages& report, const std::vector<qint64>& pages, const QString& path,
               const QString& title, QPageLayout layout, const FollowPages& follow) {
     PdfFile file(path);
     const Orientation orientation = report.orientation();
@@ -96,7 +96,7 @@ bool writePdf(const StoredReport& report, const std::vector<qint64>& pages, cons
     return true;
 }
 
-bool printOnQueue(const StoredReport& report, const std::vector<qint64>& sheets, const QPrinter& printer,
+bool printOnQueue(const ReportPages& report, const std::vector<qint64>& sheets, const QPrinter& printer,
                   const QString& title, const FollowPages& follow) {
     const QTemporaryDir spool;
     if (!spool.isValid())
@@ -117,7 +117,7 @@ QPageLayout wholePaper(const QPageSize& paper) {
 
 QTransform pageOntoPaper(Orientation orientation, QPageLayout layout) {
     constexpr double twipsPerPoint = 20;
-    constexpr double rounding = twipsPerPoint; // papers are told in whole points
+    constexpr double rounding = twipsPerPoint; // papers are measured in whole points
     layout.setUnits(QPageLayout::Point);
     const QSizeF page = pageSizeTwips(orientation);
     const QSizeF paper = layout.fullRect().size() * twipsPerPoint;
@@ -132,7 +132,7 @@ QTransform pageOntoPaper(Orientation orientation, QPageLayout layout) {
     return {scale, 0, 0, scale, corner.x(), corner.y()};
 }
 
-bool printPages(const StoredReport& report, QPrinter& printer, const QString& title,
+bool printPages(const ReportPages& report, QPrinter& printer, const QString& title,
                 const FollowPages& follow) {
     const std::vector<qint64> sheets = withCopies(chosenPages(report, printer), printer);
     if (!printer.outputFileName().isEmpty())
@@ -152,7 +152,7 @@ bool printPages(const StoredReport& report, QPrinter& printer, const QString& ti
     return true;
 }
 
-bool savePdf(const StoredReport& report, const QString& path, const QString& title, const QPageSize& paper,
+bool savePdf(const ReportPages& report, const QString& path, const QString& title, const QPageSize& paper,
              const FollowPages& follow) {
     return writePdf(report, allPages(report), path, title, wholePaper(paper), follow);
 }

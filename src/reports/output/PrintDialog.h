@@ -32,9 +32,9 @@ private:
 /// The paper that a printer of that name has when nobody chooses: what the system says, else Letter.
 [[nodiscard]] QPageSize ownPaper(const QString& printerName);
 
-/// The toolkit's print dialog. The pages it asks for are always told to the printer as page ranges, within
-/// those there are; where it has fields for them, the dialog reads them itself, because the toolkit takes
-/// typed ranges for wrong and leaves odd and even pages set for the next print.
+/// The toolkit's print dialog. The printer always gets the chosen pages as page ranges, within those that
+/// exist. The dialog reads its fields for them itself: the toolkit refuses typed ranges that are right, and
+/// leaves odd and even pages set for the next print.
 class PrintDialog : public QPrintDialog {
 public:
     PrintDialog(QPrinter* printer, PageChoice pages, QWidget* owner);

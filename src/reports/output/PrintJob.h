@@ -11,8 +11,8 @@ namespace tarnwell {
 
 [[nodiscard]] QPageLayout::Orientation paperOrientation(Orientation orientation);
 
-/// One print on a printer that the toolkit draws on itself. Gives the printer its paper back as it lay, and
-/// keeps it from printing a job that was not finished.
+/// One print on a printer that the toolkit draws on itself. At its end the printer's paper lies as it did
+/// before; a print that was not finished is aborted.
 class PrintJob {
 public:
     /// `printer` outlives the job.

@@ -12,7 +12,6 @@
 #include <QPushButton>
 #include <QTabWidget>
 
-#include <optional>
 #include <utility>
 
 namespace tarnwell {
@@ -24,24 +23,16 @@ std::unique_ptr<QPrinter>& chosenPrinter() {
     return printer;
 }
 
-/// What the printer was before the dialog of a print.
-std::optional<PrinterChoice>& beforePrint() {
-    static std::optional<PrinterChoice> choice;
-    return choice;
-}
-
 PrinterDialogs& replacedDialogs() {
     static PrinterDialogs dialogs;
     return dialogs;
 }
 
-/// A printer that has gone from the system can't be had back after its place was taken by another or a file:
-/// the next print looks for one. True when that is so.
-bool dropLostPrinter(const QString& name) {
-    const bool isLost = chosenPrinter() != nullptr && chosenPrinter()->printerName() != name;
-    if (isLost)
+/// A printer that no longer exists in the system can't be chosen again after another one or a file took its
+/// place: the next print looks for one.
+void dropLostPrinter(const QString& name) {
+    if (chosenPrinter() != nullptr && chosenPrinter()->printerName() != name)
         chosenPrinter().reset();
-    return isLost;
 }
 
 /// Shows a dialog on the current printer.
@@ -118,20 +109,6 @@ const QPrinter* printerInUse() {
     return chosenPrinter().get();
 }
 
-void forgetPrint() {
-    QPrinter& printer = currentPrinter();
-    if (!printer.outputFileName().isEmpty() && beforePrint()) {
-        beforePrint()->restore(printer);
-        if (dropLostPrinter(beforePrint()->name()))
-            return;
-    }
-    printer.setPrintRange(QPrinter::AllPages);
-    printer.setPageRanges({});
-    printer.setPageOrder(QPrinter::FirstPageFirst);
-    printer.setCopyCount(1);
-    printer.setCollateCopies(true);
-}
-
 void setCurrentPrinter(std::unique_ptr<QPrinter> printer) {
     chosenPrinter() = std::move(printer);
 }
@@ -141,11 +118,30 @@ bool showPrinterSetup(QWidget* owner) {
     return ask([&](QPrinter& printer) { return dialog ? dialog(printer, owner) : setUp(printer, owner); });
 }
 
-bool showPrintDialog(QWidget* owner, PageChoice pages) {
-    beforePrint().emplace(currentPrinter());
+OnePrint::OnePrint() : m_before(currentPrinter()) {}
+
+OnePrint::~OnePrint() {
+    if (!m_isChosen || chosenPrinter() == nullptr)
+        return;
+    if (!chosenPrinter()->outputFileName().isEmpty()) {
+        m_before.restore(*chosenPrinter());
+        dropLostPrinter(m_before.name());
+        if (chosenPrinter() == nullptr)
+            return;
+    }
+    QPrinter& printer = *chosenPrinter();
+    printer.setPrintRange(QPrinter::AllPages);
+    printer.setPageRanges({});
+    printer.setPageOrder(QPrinter::FirstPageFirst);
+    printer.setCopyCount(1);
+    printer.setCollateCopies(true);
+}
+
+bool OnePrint::ask(QWidget* owner, PageChoice pages) {
     const auto& dialog = replacedDialogs().print;
-    return ask(
+    m_isChosen = tarnwell::ask(
         [&](QPrinter& printer) { return dialog ? dialog(printer, owner) : print(printer, pages, owner); });
+    return m_isChosen;
 }
 
 bool showPageSetup(QWidget* owner) {

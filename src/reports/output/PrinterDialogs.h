@@ -12,7 +12,7 @@ class QWidget;
 
 namespace tarnwell {
 
-/// The system's dialogs around printing. Each returns false, or an empty name, when it was given up; the
+/// The system's dialogs around printing. Each returns false, or an empty name, when it was cancelled; the
 /// printer is unchanged then.
 struct PrinterDialogs {
     /// Which printer and paper: the print set-up.
@@ -34,15 +34,30 @@ PrinterDialogs setPrinterDialogs(PrinterDialogs dialogs);
 [[nodiscard]] QPrinter& currentPrinter();
 /// The current printer once it was asked for; null before, so that nobody has to wait for the search for one.
 [[nodiscard]] const QPrinter* printerInUse();
-/// After a print: all pages again, one copy, in order, and a printer again where the print went into a file.
-/// The printer, its paper and its sides stay as they were chosen.
-void forgetPrint();
+/// One print on the current printer, from its dialog to its end. Then the printer prints all pages again, one
+/// copy, in order, and is a printer again where the print went into a file; which printer, its paper and its
+/// sides stay as they were chosen.
+class OnePrint {
+public:
+    /// Raises PrinterError when there is no printer.
+    OnePrint();
+    ~OnePrint();
+    OnePrint(const OnePrint&) = delete;
+    OnePrint& operator=(const OnePrint&) = delete;
+
+    /// Shows the print dialog; false when it was cancelled.
+    bool ask(QWidget* owner, PageChoice pages);
+
+private:
+    PrinterChoice m_before;
+    bool m_isChosen = false;
+};
+
 /// Replaces the printer, for tests; null goes back to the system's own.
 void setCurrentPrinter(std::unique_ptr<QPrinter> printer);
 
 /// The dialogs, on the current printer. All but the last raise PrinterError when there is no printer.
 bool showPrinterSetup(QWidget* owner);
-bool showPrintDialog(QWidget* owner, PageChoice pages);
 bool showPageSetup(QWidget* owner);
 [[nodiscard]] QString askForPdfName(const QString& proposed, QWidget* owner);
 

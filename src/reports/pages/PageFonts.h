@@ -29,7 +29,7 @@ public:
     [[nodiscard]] double height() const { return m_raw.ascent() + m_raw.descent(); }
 
 private:
-    /// Letters of the western alphabets are set one by one, side by side, without a look at the text around.
+    /// Letters of the western alphabets are placed side by side, whatever stands beside them.
     static constexpr std::size_t plainLetters = 256;
 
     [[nodiscard]] bool isPlain(const QString& text) const;

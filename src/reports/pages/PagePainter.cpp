@@ -93,7 +93,7 @@ const PageFont& PagePainter::fontOf(const PageText& text) {
     return m_fonts.font(text.look.FontName, text.look.FontSize, text.look.Bold);
 }
 
-void PagePainter::drawPage(QPainter& painter, const StoredPage& page, qint64 pageCount) {
+void PagePainter::drawPage(QPainter& painter, const PageItems& page, qint64 pageCount) {
     painter.save();
     painter.setClipRect(QRectF(QPointF(), pageSizeTwips(page.orientation)), Qt::IntersectClip);
     for (const PageText& text : page.texts)

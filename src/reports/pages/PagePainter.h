@@ -1,7 +1,7 @@
 #pragma once
 
 #include "reports/pages/PageFonts.h"
-#include "reports/pages/StoredPage.h"
+#include "reports/pages/PageItems.h"
 
 #include <QRectF>
 #include <QSizeF>
@@ -20,7 +20,7 @@ public:
     /// Draws the page with its top left at the painter's origin, one unit a twip: the caller scales the
     /// painter (at 96 dots to the inch and 100 %: by 96/1440). What lies beyond the page is cut off. The
     /// white of the paper is the caller's: `drawPaper` on the screen, the paper itself elsewhere.
-    void drawPage(QPainter& painter, const StoredPage& page, qint64 pageCount);
+    void drawPage(QPainter& painter, const PageItems& page, qint64 pageCount);
     /// The white sheet, in the same units.
     static void drawPaper(QPainter& painter, Orientation orientation);
 

@@ -86,7 +86,7 @@ bool PageStore::moveIn(const FollowPages& follow) {
     const LargeWrite write(m_handle);
     SqliteStatement add =
         m_handle.prepare("INSERT INTO Page (ReportKey, Page, Part, Items) VALUES (?, ?, ?, ?)");
-    const bool isWhole = m_drawn->handOut([&](const DrawnPages::Part& part) {
+    const bool isWhole = m_drawn->handOut([&](const PageSpool::Part& part) {
         add.bind(1, m_run);
         add.bind(2, part.page);
         add.bind(3, part.number);
@@ -105,8 +105,8 @@ qint64 PageStore::pageCount(qint64 reportKey) const {
     return statement.step() ? statement.integerAt(0) : 0;
 }
 
-StoredPage PageStore::page(qint64 reportKey, qint64 number) const {
-    StoredPage page;
+PageItems PageStore::page(qint64 reportKey, qint64 number) const {
+    PageItems page;
     SqliteStatement parts =
         m_handle.prepare("SELECT Items FROM Page WHERE ReportKey=? AND Page=? ORDER BY Part");
     parts.bind(1, reportKey);
@@ -146,15 +146,15 @@ void PageStore::clearRun() {
         }
         write.commit();
     }
-    // What another seat still reads stays in the log and is copied by whoever clears next.
+    // What another program still reads stays in the log and is copied by whoever clears next.
     (void)sqlite3_wal_checkpoint_v2(m_handle.get(), nullptr, SQLITE_CHECKPOINT_PASSIVE, nullptr, nullptr);
 }
 
-std::vector<std::size_t> StoredReport::findOnPage(const QString& text, qint64 page,
-                                                  Qt::CaseSensitivity letters) const {
+std::vector<std::size_t> ReportPages::findOnPage(const QString& text, qint64 page,
+                                                 Qt::CaseSensitivity letters) const {
     std::vector<std::size_t> hits;
     const TextSearch search(text, letters);
-    const StoredPage stored = text.isEmpty() ? StoredPage() : this->page(page);
+    const PageItems stored = text.isEmpty() ? PageItems() : this->page(page);
     for (std::size_t i = 0; i < stored.texts.size(); ++i)
         if (search.isIn(textOnPage(stored.texts[i], m_pageCount)))
             hits.push_back(i);

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "data/sqlite/SqliteHandle.h"
-#include "reports/pages/DrawnPages.h"
-#include "reports/pages/StoredPage.h"
+#include "reports/pages/PageItems.h"
+#include "reports/pages/PageSpool.h"
 
 #include <functional>
 #include <optional>
@@ -10,7 +10,7 @@
 
 namespace tarnwell {
 
-/// Told before each page how many are done; false ends the work.
+/// Called before each page with how many are done; false ends the work.
 using FollowPages = std::function<bool(qint64 pagesDone, qint64 pages)>;
 
 /// The report database: the pages of the runs that are on somebody's screen.
@@ -33,15 +33,16 @@ public:
     /// Adds to the run of that key, which must be the last one and not finished; raises NotAllowed.
     void add(qint64 reportKey, const PageText& text);
     void add(qint64 reportKey, const PageLine& line);
-    /// Brings the run into the file; nothing can be added behind it. Does nothing for a finished run. A
-    /// report of 70,000 pages takes seconds: once `follow`, told about each page, says false, the file and
-    /// whoever waits for it are let go of, this returns false, and it may be called again.
+    /// Brings the run into the file, in one transaction; nothing can be added behind it. Does nothing for a
+    /// finished run. A report of 70,000 pages takes seconds: when `follow`, called for each page, returns
+    /// false, everything is rolled back, other programs can write again, this returns false and may be called
+    /// again. Raises DatabaseLocked, and DatabaseFailure for a full disk.
     bool finish(qint64 reportKey, const FollowPages& follow = {});
 
     /// The highest page of a finished run, 0 for a run without pages; pages below it may be empty.
     [[nodiscard]] qint64 pageCount(qint64 reportKey) const;
     /// An empty page when nothing was drawn on it.
-    [[nodiscard]] StoredPage page(qint64 reportKey, qint64 number) const;
+    [[nodiscard]] PageItems page(qint64 reportKey, qint64 number) const;
 
 private:
     /// The waiting items of the page, to which its next one is added.
@@ -52,25 +53,25 @@ private:
 
     QString m_path;
     data::SqliteHandle m_handle;
-    qint64 m_run = 0;                  ///< Key of the last run; 0: none.
-    std::optional<DrawnPages> m_drawn; ///< Of the last run while it can still be drawn on.
-    qint64 m_page = 0;                 ///< Whose items wait in `m_items`.
+    qint64 m_run = 0;                 ///< Key of the last run; 0: none.
+    std::optional<PageSpool> m_drawn; ///< Of the last run while it can still be drawn on.
+    qint64 m_page = 0;                ///< Whose items wait in `m_items`.
     ItemBytes m_items;
 };
 
 /// The finished pages of one run, for whoever shows or prints them. Must not outlive the store.
-class StoredReport {
+class ReportPages {
 public:
-    StoredReport(const PageStore& store, qint64 reportKey)
+    ReportPages(const PageStore& store, qint64 reportKey)
         : m_store(store), m_reportKey(reportKey), m_pageCount(store.pageCount(reportKey)) {}
 
     /// Pages count from 1 to this; 0 for a report without pages.
     [[nodiscard]] qint64 pageCount() const { return m_pageCount; }
     /// Read from the file at each call; an empty page when nothing was drawn on it.
-    [[nodiscard]] StoredPage page(qint64 number) const { return m_store.page(m_reportKey, number); }
+    [[nodiscard]] PageItems page(qint64 number) const { return m_store.page(m_reportKey, number); }
     /// Every page of a report lies the same way.
     [[nodiscard]] Orientation orientation() const { return page(1).orientation; }
-    /// The places in `StoredPage::texts` of those that contain `text`, the number of pages behind " of"
+    /// The places in `PageItems::texts` of those that contain `text`, the number of pages behind " of"
     /// included; none for an empty text. Unless case counts, accents don't matter either.
     [[nodiscard]] std::vector<std::size_t>
     findOnPage(const QString& text, qint64 page, Qt::CaseSensitivity letters = Qt::CaseInsensitive) const;

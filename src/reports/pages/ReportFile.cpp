@@ -46,7 +46,7 @@ void makeWhereMissing(const QString& path) {
         return;
     const SqliteHandle handle(path, SqliteHandle::Access::Create);
     sqlite3_busy_timeout(handle.get(), creationMilliseconds);
-    // A report's page fits into one of the file's; deleted ones give their room on the disk back.
+    // A report's page fits into one of the file's; deleted ones are given back to the disk.
     handle.run("PRAGMA page_size=16384");
     handle.run("PRAGMA auto_vacuum=FULL");
     handle.run("BEGIN EXCLUSIVE");

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "reports/preview/PreviewPages.h"
+#include "reports/preview/PreviewDocument.h"
 
 #include <QBasicTimer>
 #include <QObject>
@@ -16,7 +16,7 @@ class PageFinder : public QObject {
 
 public:
     /// `pages` outlives the finder.
-    explicit PageFinder(const PreviewPages& pages) : m_pages(pages) {}
+    explicit PageFinder(const PreviewDocument& pages) : m_pages(pages) {}
 
     /// Begins anew at the page `from`, goes to the last page and then from the first one to `from`. An empty
     /// text ends the search. `progressed` tells of everything behind the first moment.
@@ -42,7 +42,7 @@ private:
     void searchForAMoment();
     void searchPage(int page);
 
-    const PreviewPages& m_pages;
+    const PreviewDocument& m_pages;
     PageSearch m_search;
     int m_from = 1;
     int m_searched = 0;        ///< Pages, from `m_from` on.

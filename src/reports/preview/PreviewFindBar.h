@@ -1,6 +1,6 @@
 #pragma once
 
-#include "reports/preview/PreviewPages.h"
+#include "reports/preview/PreviewDocument.h"
 
 #include <QWidget>
 

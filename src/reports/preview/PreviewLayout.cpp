@@ -15,12 +15,12 @@ int columnsOf(const PreviewLayout::Request& request, int pageWidth) {
     case Arrangement::Overview:
         break;
     }
-    const int room = request.view.width() - PreviewLayout::margin;
-    return std::clamp(room / (pageWidth + PreviewLayout::margin), 1, std::max(1, request.pages));
+    const int width = request.view.width() - PreviewLayout::margin;
+    return std::clamp(width / (pageWidth + PreviewLayout::margin), 1, std::max(1, request.pages));
 }
 
 /// What a row of pages leaves for the paper itself.
-QSizeF roomForPaper(const PreviewLayout::Request& request) {
+QSizeF spaceForPaper(const PreviewLayout::Request& request) {
     const int columns = columnsOf(request, 0);
     return QSizeF((request.view.width() - PreviewLayout::margin * (columns + 1)) / double(columns),
                   request.view.height() - PreviewLayout::margin * 2)
@@ -74,12 +74,12 @@ QPoint PreviewLayout::pointAt(const Place& place) const {
 }
 
 double PreviewLayout::fitWidth(const Request& request) {
-    return roomForPaper(request).width() / request.paper.width();
+    return spaceForPaper(request).width() / request.paper.width();
 }
 
 double PreviewLayout::fitPage(const Request& request) {
-    const QSizeF room = roomForPaper(request);
-    return std::min(room.width() / request.paper.width(), room.height() / request.paper.height());
+    const QSizeF space = spaceForPaper(request);
+    return std::min(space.width() / request.paper.width(), space.height() / request.paper.height());
 }
 
 } // namespace tarnwell

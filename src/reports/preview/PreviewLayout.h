@@ -6,7 +6,7 @@
 
 namespace tarnwell {
 
-/// How the pages lie in the preview: below each other, in pairs, or small and as many as have room.
+/// How the pages lie in the preview: below each other, in pairs, or small and as many as fit.
 enum class Arrangement { Single, Facing, Overview };
 
 /// Where each page lies on the preview's desktop, in its pixels. All pages are of one size, so that every
@@ -19,7 +19,7 @@ public:
         double scale = 1; ///< Pixels to a twip.
         Arrangement arrangement = Arrangement::Single;
         QSize view;        ///< The window on the desktop.
-        int captionHeight; ///< Room below each page of the overview for its number.
+        int captionHeight; ///< Pixels below each page of the overview for its number.
     };
     /// A place on a page; it may lie beside the paper.
     struct Place {

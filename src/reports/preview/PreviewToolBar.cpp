@@ -14,7 +14,7 @@ void showCaption(QToolButton& button, bool on) {
     button.setToolButtonStyle(on ? Qt::ToolButtonTextBesideIcon : Qt::ToolButtonIconOnly);
 }
 
-/// Takes no room when it is off. Its tool stays as it is: one that is hidden has no keys.
+/// It has no width when it is off. Its tool stays visible: the keys of a hidden one do nothing.
 void showButton(QToolButton& button, bool on) {
     button.setMaximumWidth(on ? QWIDGETSIZE_MAX : 0);
 }
@@ -27,14 +27,14 @@ PreviewToolBar::PreviewToolBar(QWidget* parent) : QToolBar(QStringLiteral("Tools
     setIconSize(toolIcon);
 }
 
-void PreviewToolBar::addTool(QAction* tool, ToolRoom room) {
+void PreviewToolBar::addTool(QAction* tool, ToolWidth kind) {
     addAction(tool);
     auto* const button = qobject_cast<QToolButton*>(widgetForAction(tool));
     button->setObjectName(QStringLiteral("btn") + tool->objectName());
     showCaption(*button, false);
-    if (room == ToolRoom::Caption)
+    if (kind == ToolWidth::Caption)
         m_captioned.push_back(button);
-    else if (room == ToolRoom::Spare)
+    else if (kind == ToolWidth::Spare)
         m_spare.push_back(button);
 }
 

@@ -8,11 +8,11 @@ class QToolButton;
 
 namespace tarnwell {
 
-/// How much room a tool of the preview takes.
-enum class ToolRoom {
-    Caption, ///< Has a caption while there is room.
+/// How wide a tool of the preview is.
+enum class ToolWidth {
+    Caption, ///< Has a caption while the bar is wide enough.
     Icon,
-    Spare, ///< Goes when even the icons have no room: a key or another tool does the same.
+    Spare, ///< Hidden when even the icons do not fit: a key or another tool does the same.
 };
 
 /// The preview's tools, in sight at any width of the window. When it gets narrow captions go, then spare
@@ -24,7 +24,7 @@ public:
     explicit PreviewToolBar(QWidget* parent);
 
     /// Its button is named "btn" and the tool's name.
-    void addTool(QAction* tool, ToolRoom room);
+    void addTool(QAction* tool, ToolWidth kind);
     /// To be called when all is in the bar.
     void keepInSight();
 

@@ -17,7 +17,7 @@ struct Tool {
     const char* image;
     const char* caption; ///< With the letter that Alt presses the button by.
     const char* hint;
-    const char* keys;       ///< The first one is told in the tool tip.
+    const char* keys;       ///< The tool tip names the first one.
     bool checkable = false; ///< Shows how the pages are seen.
 };
 

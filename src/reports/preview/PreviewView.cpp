@@ -3,13 +3,13 @@
 #include "runtime/EventGuard.h"
 
 #include <QEvent>
+#include <QKeyEvent>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QScrollBar>
 #include <QStyle>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <utility>
 
@@ -18,12 +18,6 @@ namespace tarnwell {
 namespace {
 
 constexpr double twipsPerInch = 1440;
-constexpr std::array usualZooms = {0.1, 0.25, 0.33, 0.5, 0.67, 0.75, 0.9, 1.0,
-                                   1.1, 1.25, 1.5,  2.0, 3.0,  4.0,  6.0, 8.0};
-constexpr double nearlyEqual = 0.001;
-constexpr double overviewSide = 190;
-constexpr double leastOverviewSide = 90;
-constexpr double greatestOverviewSide = 480;
 constexpr double overviewStep = 1.25;
 constexpr int lineStep = 48; ///< Pixels of a scrolled line.
 constexpr int captionGap = 6;
@@ -32,9 +26,8 @@ constexpr QSize openingSize(1000, 700);
 
 } // namespace
 
-PreviewView::PreviewView(const PreviewPages& pages, QWidget* parent)
-    : QAbstractScrollArea(parent), m_pages(pages), m_paper(pages), m_overviewSide(overviewSide),
-      m_finder(pages) {
+PreviewView::PreviewView(const PreviewDocument& pages, QWidget* parent)
+    : QAbstractScrollArea(parent), m_pages(pages), m_pictures(pages), m_finder(pages), m_navigation(*this) {
     setObjectName(QStringLiteral("pages"));
     setAccessibleName(QStringLiteral("Pages"));
     setFrameShape(QFrame::NoFrame);
@@ -60,16 +53,7 @@ int PreviewView::captionHeight() const {
     return fontMetrics().height() + captionGap;
 }
 
-double PreviewView::scaleFor(const PreviewLayout::Request& request) const {
-    if (m_arrangement == Arrangement::Overview)
-        return m_overviewSide / std::max(request.paper.width(), request.paper.height());
-    const double fitting = m_fit == Fit::Width  ? PreviewLayout::fitWidth(request)
-                           : m_fit == Fit::Page ? PreviewLayout::fitPage(request)
-                                                : m_zoom * twipPixels();
-    return std::clamp(fitting, leastZoom * twipPixels(), greatestZoom * twipPixels());
-}
-
-/// A scroll bar takes room from the pages, which may call for the other one.
+/// A scroll bar makes the view smaller, which may call for the other one.
 void PreviewView::layOut() {
     const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
     PreviewLayout::Request request{.pages = m_pages.count(),
@@ -81,7 +65,7 @@ void PreviewView::layOut() {
     bool level = false;
     const double before = m_layout.scale();
     while (true) {
-        request.scale = scaleFor(request);
+        request.scale = m_zoom.scaleFor(request, twipPixels());
         m_layout = PreviewLayout(request);
         if (!upright && m_layout.size().height() > request.view.height()) {
             upright = true;
@@ -93,7 +77,7 @@ void PreviewView::layOut() {
             break;
     }
     if (m_layout.scale() != before)
-        m_paper.forget();
+        m_pictures.forget();
     const QSize hidden = m_layout.size() - request.view;
     horizontalScrollBar()->setRange(0, hidden.width());
     horizontalScrollBar()->setPageStep(request.view.width());
@@ -121,7 +105,7 @@ void PreviewView::scrollTo(QPoint offset) {
 }
 
 void PreviewView::refresh() {
-    m_paper.forget();
+    m_pictures.forget();
     layOutAround({});
 }
 
@@ -129,11 +113,11 @@ double PreviewView::zoom() const {
     return m_layout.scale() / twipPixels();
 }
 
-void PreviewView::setFit(Fit fit) {
-    m_fit = fit;
+void PreviewView::setFit(ZoomFit fit) {
+    m_zoom.setFit(fit);
     const int page = m_currentPage;
     layOutAround(viewport()->rect().center());
-    if (fit == Fit::Page)
+    if (fit == ZoomFit::Page)
         goToPage(page);
 }
 
@@ -142,28 +126,19 @@ void PreviewView::setZoom(double zoom) {
 }
 
 void PreviewView::zoomAround(double zoom, QPoint anchor) {
-    m_fit = Fit::None;
-    m_zoom = std::clamp(zoom, leastZoom, greatestZoom);
+    m_zoom.set(zoom);
     layOutAround(anchor);
 }
 
 void PreviewView::stepZoom(int direction) {
-    if (m_arrangement == Arrangement::Overview) {
+    if (m_arrangement == Arrangement::Overview)
         scaleOverview(std::pow(overviewStep, direction));
-        return;
-    }
-    const double now = zoom();
-    if (direction > 0) {
-        const auto* larger = std::ranges::upper_bound(usualZooms, now + nearlyEqual);
-        setZoom(larger != usualZooms.end() ? *larger : greatestZoom);
-    } else {
-        const auto* smaller = std::ranges::lower_bound(usualZooms, now - nearlyEqual);
-        setZoom(smaller != usualZooms.begin() ? *std::prev(smaller) : leastZoom);
-    }
+    else
+        setZoom(PreviewZoom::next(zoom(), direction));
 }
 
 void PreviewView::scaleOverview(double factor) {
-    m_overviewSide = std::clamp(m_overviewSide * factor, leastOverviewSide, greatestOverviewSide);
+    m_zoom.scaleOverview(factor);
     const int page = m_currentPage;
     layOutAround({});
     goToPage(page);
@@ -260,7 +235,7 @@ void PreviewView::changeEvent(QEvent* event) {
 
 void PreviewView::search(const PageSearch& search) {
     m_hitPage = 0;
-    m_paper.setSearch(search);
+    m_pictures.setSearch(search);
     m_finder.start(search, m_currentPage);
     viewport()->update();
 }
@@ -279,13 +254,13 @@ void PreviewView::showHit(int hit) {
     const int nth = hit - m_finder.firstHitFrom(page);
     m_hitPage = page;
     m_nthHit = nth;
-    m_paper.setCurrentHit(page, nth);
+    m_pictures.setCurrentHit(page, nth);
     viewport()->update();
     if (m_arrangement == Arrangement::Overview) {
         goToPage(page);
         return;
     }
-    const auto& marks = m_paper.marks(page);
+    const auto& marks = m_pictures.marks(page);
     const auto mark = std::ranges::find(marks, nth, &PageMark::hit);
     if (mark == marks.end())
         return;
@@ -335,20 +310,48 @@ void PreviewView::paintEvent(QPaintEvent* event) {
         const QRect exposed = event->rect().translated(offset());
         const int reach = PreviewLayout::margin + captionHeight();
         const QRect near = exposed.adjusted(-reach, -reach, reach, reach);
-        m_paper.beginPicture();
+        m_pictures.beginPicture();
         bool complete = true;
         for (int page = m_layout.pageNear(near.topLeft()); page <= m_layout.pageNear(near.bottomRight());
              ++page) {
             const QRect place = m_layout.page(page);
             if (!place.adjusted(-reach, -reach, reach, reach).intersects(exposed))
                 continue;
-            complete = m_paper.draw(painter, page, place) && complete;
+            complete = m_pictures.draw(painter, page, place) && complete;
             if (m_arrangement == Arrangement::Overview)
                 drawCaption(painter, page, place);
         }
         if (!complete) // What the user does comes first.
             viewport()->update();
     });
+}
+
+void PreviewView::keyPressEvent(QKeyEvent* event) {
+    bool isHandled = false;
+    runEvent([&] { isHandled = m_navigation.key(*event); });
+    if (!isHandled)
+        QAbstractScrollArea::keyPressEvent(event);
+}
+
+void PreviewView::wheelEvent(QWheelEvent* event) {
+    bool isHandled = false;
+    runEvent([&] { isHandled = m_navigation.wheel(*event); });
+    if (isHandled)
+        event->accept();
+    else
+        QAbstractScrollArea::wheelEvent(event);
+}
+
+void PreviewView::mousePressEvent(QMouseEvent* event) {
+    runEvent([&] { m_navigation.press(*event); });
+}
+
+void PreviewView::mouseMoveEvent(QMouseEvent* event) {
+    runEvent([&] { m_navigation.move(*event); });
+}
+
+void PreviewView::mouseReleaseEvent(QMouseEvent* event) {
+    runEvent([&] { m_navigation.release(*event); });
 }
 
 } // namespace tarnwell

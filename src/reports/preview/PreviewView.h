@@ -1,12 +1,12 @@
 #pragma once
 
 #include "reports/preview/PageFinder.h"
+#include "reports/preview/PagePictures.h"
 #include "reports/preview/PreviewLayout.h"
-#include "reports/preview/PreviewPaper.h"
+#include "reports/preview/PreviewNavigation.h"
+#include "reports/preview/PreviewZoom.h"
 
 #include <QAbstractScrollArea>
-
-#include <optional>
 
 namespace tarnwell {
 
@@ -16,13 +16,8 @@ class PreviewView : public QAbstractScrollArea {
     Q_OBJECT
 
 public:
-    enum class Fit { None, Width, Page };
-
-    static constexpr double leastZoom = 0.1;
-    static constexpr double greatestZoom = 8;
-
     /// `pages` outlives the view. Where there are none it says so.
-    PreviewView(const PreviewPages& pages, QWidget* parent);
+    PreviewView(const PreviewDocument& pages, QWidget* parent);
 
     [[nodiscard]] int pageCount() const { return m_pages.count(); }
     [[nodiscard]] int currentPage() const { return m_currentPage; }
@@ -38,12 +33,15 @@ public:
 
     /// 1 is the true size on paper by the screen's own measure.
     [[nodiscard]] double zoom() const;
-    [[nodiscard]] Fit fit() const { return m_fit; }
-    void setFit(Fit fit);
-    /// Keeps what is in the middle of the view there. Bounded by `leastZoom` and `greatestZoom`.
+    [[nodiscard]] ZoomFit fit() const { return m_zoom.fit(); }
+    void setFit(ZoomFit fit);
+    /// Keeps what is in the middle of the view there; the other one what is at a place of the viewport.
     void setZoom(double zoom);
+    void zoomAround(double zoom, QPoint anchor);
     /// The next zoom of the usual ones in that direction; in the overview smaller or larger pages.
     void stepZoom(int direction);
+    /// Makes the overview's pages larger by the factor.
+    void scaleOverview(double factor);
 
     /// Looks for a text from the current page on and marks it; an empty one ends the search. No hit is the
     /// current one.
@@ -56,6 +54,10 @@ public:
     /// The first hit on the current page or behind it; the first of all when there is none.
     [[nodiscard]] int hitFromHere() const;
 
+    [[nodiscard]] const PreviewLayout& places() const { return m_layout; }
+    /// The place of the layout in the viewport's top left.
+    [[nodiscard]] QPoint offset() const;
+    void scrollTo(QPoint offset);
     /// Where a page is seen now, in the viewport's pixels.
     [[nodiscard]] QRect pageOnScreen(int page) const { return m_layout.page(page).translated(-offset()); }
     /// The pages have another paper: lays all out and paints anew.
@@ -80,41 +82,27 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
-    [[nodiscard]] QPoint offset() const;
     [[nodiscard]] double twipPixels() const;
-    [[nodiscard]] double scaleFor(const PreviewLayout::Request& request) const;
     void layOut();
     void layOutAround(QPoint anchor);
-    void zoomAround(double zoom, QPoint anchor);
-    void scaleOverview(double factor);
-    void scrollTo(QPoint offset);
     void setCurrentPage(int page);
     void followScrolling();
     void drawNoPages(QPainter& painter) const;
     void drawCaption(QPainter& painter, int page, const QRect& place) const;
     [[nodiscard]] int captionHeight() const;
 
-    [[nodiscard]] bool pageKey(const QKeyEvent& event);
-    [[nodiscard]] bool overviewKey(const QKeyEvent& event);
-    void screenDown();
-    void screenUp();
-    void updateCursor(QPoint mouse);
-
-    const PreviewPages& m_pages;
-    PreviewPaper m_paper;
+    const PreviewDocument& m_pages;
+    PagePictures m_pictures;
     PreviewLayout m_layout;
     Arrangement m_arrangement = Arrangement::Single;
     Arrangement m_readingArrangement = Arrangement::Single;
-    Fit m_fit = Fit::Width;
-    double m_zoom = 1;
-    double m_overviewSide; ///< Pixels of a small page's longer side.
+    PreviewZoom m_zoom;
     int m_currentPage = 1;
     PageFinder m_finder;
     int m_hitPage = 0;      ///< Of the current hit; 0: none.
     int m_nthHit = 0;       ///< Which of its page, from 0.
     bool m_placing = false; ///< The scroll bars are moved by us; the current page is known.
-    std::optional<QPoint> m_grabbed;
-    int m_pressedPage = 0;
+    PreviewNavigation m_navigation;
 };
 
 } // namespace tarnwell

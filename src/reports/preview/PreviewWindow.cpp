@@ -37,27 +37,15 @@ constexpr std::array zoomsOffered = {25, 50, 75, 100, 125, 150, 200, 400};
 const QString fitWidthText = QStringLiteral("Fit width");
 const QString fitPageText = QStringLiteral("Fit page");
 
-/// How the user left the last preview; the next one opens so.
-struct LastLook {
-    QByteArray geometry;
-    PreviewView::Fit fit = PreviewView::Fit::Width;
-    double zoom = 1;
-    Arrangement arrangement = Arrangement::Single;
-};
-
-LastLook& lastLook() {
-    static LastLook look;
-    return look;
-}
-
 QString percentText(double zoom) {
     return QStringLiteral("%1 %").arg(qRound(zoom * 100));
 }
 
 } // namespace
 
-PreviewWindow::PreviewWindow(const PreviewPages& pages, const QString& title, PreviewCommands commands)
-    : m_pages(pages), m_commands(std::move(commands)), m_view(new PreviewView(pages, this)),
+PreviewWindow::PreviewWindow(const PreviewDocument& pages, const QString& title, PreviewCommands commands,
+                             PreviewLook& look)
+    : m_pages(pages), m_commands(std::move(commands)), m_look(look), m_view(new PreviewView(pages, this)),
       m_findBar(new PreviewFindBar(this)), m_page(new QLineEdit(this)), m_zoom(new QComboBox(this)),
       m_paper(new QLabel(this)) {
     setObjectName(QStringLiteral("preview"));
@@ -75,10 +63,10 @@ PreviewWindow::PreviewWindow(const PreviewPages& pages, const QString& title, Pr
     statusBar()->addPermanentWidget(m_paper);
     buildTools();
     connectView();
-    m_view->setFit(lastLook().fit);
-    if (lastLook().fit == PreviewView::Fit::None)
-        m_view->setZoom(lastLook().zoom);
-    m_view->setArrangement(lastLook().arrangement);
+    m_view->setFit(m_look.fit);
+    if (m_look.fit == ZoomFit::None)
+        m_view->setZoom(m_look.zoom);
+    m_view->setArrangement(m_look.arrangement);
     showPage();
     showLook();
     enable({"Print", "SavePdf", "PageSetup", "ZoomOut", "ZoomIn", "Single", "Facing", "Overview", "Find",
@@ -102,11 +90,10 @@ QAction* PreviewWindow::addTool(const QString& name, std::function<void()> routi
 void PreviewWindow::buildTools() {
     auto* const bar = new PreviewToolBar(this);
     addToolBar(bar);
-    const auto add = [this, bar](const char* name, ToolRoom room, std::function<void()> routine) {
-        bar->addTool(addTool(QLatin1String(name), std::move(routine)), room);
+    const auto add = [this, bar](const char* name, ToolWidth kind, std::function<void()> routine) {
+        bar->addTool(addTool(QLatin1String(name), std::move(routine)), kind);
     };
-    using enum ToolRoom;
-    using Fit = PreviewView::Fit;
+    using enum ToolWidth;
     add("Print", Caption, [this] { print(); });
     add("SavePdf", Caption, [this] { say(m_commands.savePdf(this)); });
     add("PageSetup", Icon, [this] {
@@ -123,8 +110,8 @@ void PreviewWindow::buildTools() {
     add("ZoomOut", Spare, [this] { m_view->stepZoom(-1); });
     addZoomBox(bar);
     add("ZoomIn", Spare, [this] { m_view->stepZoom(1); });
-    add("FitWidth", Icon, [this] { m_view->setFit(Fit::Width); });
-    add("FitPage", Icon, [this] { m_view->setFit(Fit::Page); });
+    add("FitWidth", Icon, [this] { m_view->setFit(ZoomFit::Width); });
+    add("FitPage", Icon, [this] { m_view->setFit(ZoomFit::Page); });
     bar->addSeparator();
     add("Single", Icon, [this] { arrange(Arrangement::Single); });
     add("Facing", Icon, [this] { arrange(Arrangement::Facing); });
@@ -230,8 +217,8 @@ void PreviewWindow::showLook() {
     const auto mark = [this](const char* name, bool on) {
         findChild<QAction*>(QLatin1String(name))->setChecked(on);
     };
-    mark("FitWidth", !overview && m_view->fit() == PreviewView::Fit::Width);
-    mark("FitPage", !overview && m_view->fit() == PreviewView::Fit::Page);
+    mark("FitWidth", !overview && m_view->fit() == ZoomFit::Width);
+    mark("FitPage", !overview && m_view->fit() == ZoomFit::Page);
     mark("Single", m_view->arrangement() == Arrangement::Single);
     mark("Facing", m_view->arrangement() == Arrangement::Facing);
     mark("Overview", overview);
@@ -255,9 +242,9 @@ void PreviewWindow::takeTypedZoom() {
     bool number = false;
     const double percent = locale().toDouble(QString(text).remove(u'%').trimmed(), &number);
     if (text.compare(fitWidthText, Qt::CaseInsensitive) == 0)
-        m_view->setFit(PreviewView::Fit::Width);
+        m_view->setFit(ZoomFit::Width);
     else if (text.compare(fitPageText, Qt::CaseInsensitive) == 0)
-        m_view->setFit(PreviewView::Fit::Page);
+        m_view->setFit(ZoomFit::Page);
     else if (number && percent > 0)
         m_view->setZoom(percent / 100);
     showLook();
@@ -337,14 +324,14 @@ void PreviewWindow::say(const QString& text) {
 
 /// At first as wide as the paper at its true size asks for, in the middle of the screen.
 void PreviewWindow::placeOn(const QWidget* owner) {
-    if (restoreGeometry(lastLook().geometry))
+    if (restoreGeometry(m_look.geometry))
         return;
-    const QRect room = (owner != nullptr ? owner->screen() : screen())->availableGeometry();
+    const QRect screenArea = (owner != nullptr ? owner->screen() : screen())->availableGeometry();
     const double trueWidth = m_pages.paperSize().width() / twipsPerInch * logicalDpiX();
     const int paper = qRound(trueWidth) + 4 * PreviewLayout::margin;
-    const QSize wanted(std::max(leastOpeningWidth, paper), qRound(room.height() * shareOfHeight));
-    QRect place(QPoint(), wanted.boundedTo(room.size()));
-    place.moveCenter(room.center());
+    const QSize wanted(std::max(leastOpeningWidth, paper), qRound(screenArea.height() * shareOfHeight));
+    QRect place(QPoint(), wanted.boundedTo(screenArea.size()));
+    place.moveCenter(screenArea.center());
     resize(place.size());
     move(place.topLeft());
 }
@@ -364,11 +351,11 @@ void PreviewWindow::showModal(QWidget* owner) {
 }
 
 void PreviewWindow::closeEvent(QCloseEvent* event) {
-    lastLook() = {.geometry = saveGeometry(),
-                  .fit = m_view->fit(),
-                  .zoom = m_view->zoom(),
-                  .arrangement = m_view->arrangement() == Arrangement::Facing ? Arrangement::Facing
-                                                                              : Arrangement::Single};
+    m_look = {.geometry = saveGeometry(),
+              .fit = m_view->fit(),
+              .zoom = m_view->zoom(),
+              .arrangement =
+                  m_view->arrangement() == Arrangement::Facing ? Arrangement::Facing : Arrangement::Single};
     event->accept();
     Q_EMIT closed();
 }

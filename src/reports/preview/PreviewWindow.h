@@ -17,10 +17,10 @@ namespace tarnwell {
 
 class PreviewFindBar;
 
-/// What the preview can do with the report besides showing it. Failures are told by message and leave the
-/// preview open.
+/// What the preview can do with the report besides showing it. A message says what failed, and the
+/// preview stays open.
 struct PreviewCommands {
-    /// Return what the status bar is to say; nothing when it was given up before it began. The page is the
+    /// Return what the status bar shows; nothing when the user cancelled before it began. The page is the
     /// one in front of the user; the pages may have another paper after a print.
     std::function<QString(int page, QWidget* owner)> print;
     std::function<QString(QWidget* owner)> savePdf;
@@ -28,13 +28,23 @@ struct PreviewCommands {
     std::function<bool(QWidget* owner)> setUpPage;
 };
 
+/// How the user left a preview; the next one opens so.
+struct PreviewLook {
+    QByteArray geometry;
+    ZoomFit fit = ZoomFit::Width;
+    double zoom = 1;
+    Arrangement arrangement = Arrangement::Single;
+};
+
 /// The preview of a report: its pages with everything to walk through them, find, print and save them.
 class PreviewWindow : public QMainWindow {
     Q_OBJECT
 
 public:
-    /// `pages` outlives the window. Without pages all that needs one is disabled.
-    PreviewWindow(const PreviewPages& pages, const QString& title, PreviewCommands commands);
+    /// `pages` and `look` outlive the window, which opens with the look and keeps it up to date when it
+    /// closes. Without pages all that needs one is disabled.
+    PreviewWindow(const PreviewDocument& pages, const QString& title, PreviewCommands commands,
+                  PreviewLook& look);
 
     ~PreviewWindow() override;
 
@@ -70,8 +80,9 @@ private:
     void escape();
     void say(const QString& text);
 
-    const PreviewPages& m_pages;
+    const PreviewDocument& m_pages;
     PreviewCommands m_commands;
+    PreviewLook& m_look;
     PreviewView* m_view;
     PreviewFindBar* m_findBar;
     QLineEdit* m_page;

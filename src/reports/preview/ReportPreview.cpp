@@ -2,8 +2,7 @@
 
 #include "data/RunTimeError.h"
 #include "reports/output/PrinterDialogs.h"
-#include "reports/preview/PreviewWindow.h"
-#include "reports/preview/StoredPages.h"
+#include "reports/preview/ReportDocument.h"
 #include "runtime/MsgBox.h"
 #include "runtime/RunTime.h"
 
@@ -12,7 +11,6 @@
 #include <QPrinter>
 #include <QPrinterInfo>
 #include <QProgressDialog>
-#include <QScopeGuard>
 #include <QStandardPaths>
 
 #include <functional>
@@ -25,22 +23,6 @@ const QString messageTitle = QStringLiteral("Report");
 const QString notPrinted = QStringLiteral("The report was not printed.");
 constexpr int progressAfterMilliseconds = 400;
 constexpr int progressWidth = 360;
-
-/// Where the last PDF went; the next one is proposed beside it.
-QString& lastFolder() {
-    static QString folder;
-    return folder;
-}
-
-/// "Lot Budget 2002-05-17.pdf" in the folder of the PDF before, else among the documents.
-QString proposedName(const QString& title) {
-    QString folder = lastFolder();
-    for (const auto place : {QStandardPaths::DocumentsLocation, QStandardPaths::HomeLocation})
-        if (folder.isEmpty() || !QFileInfo(folder).isDir())
-            folder = QStandardPaths::writableLocation(place);
-    const QString day = Format(Today(), QStringLiteral("yyyy-mm-dd"));
-    return QDir(folder).filePath(QStringLiteral("%1 %2.pdf").arg(title, day));
-}
 
 bool isStopped(const QPrinter& printer) {
     const QPrinterInfo info = QPrinterInfo::printerInfo(printer.printerName());
@@ -72,9 +54,9 @@ private:
     QProgressDialog m_window;
 };
 
-/// Runs work on the report; what goes wrong is told, and nothing else happens.
+/// Runs work on the report; a message says what failed, and nothing else happens.
 template <typename Result>
-Result orTell(const QString& failure, Result otherwise, const std::function<Result()>& work) {
+Result orSay(const QString& failure, Result otherwise, const std::function<Result()>& work) {
     try {
         return work();
     } catch (const RunTimeError& error) {
@@ -94,13 +76,13 @@ QString sentTo(const QPrinter& printer) {
                               : QStringLiteral("Sent to %1.").arg(name);
 }
 
-QString printFromPreview(StoredPages& pages, const StoredReport& report, const QString& title, int page,
+QString printFromPreview(ReportDocument& pages, const ReportPages& report, const QString& title, int page,
                          QWidget* owner) {
-    return orTell<QString>(notPrinted, {}, [&]() -> QString {
+    return orSay<QString>(notPrinted, {}, [&]() -> QString {
         currentPrinter().setDocName(title); // The dialog proposes a file of that name.
-        if (!showPrintDialog(owner, {.count = pages.count(), .current = page}))
+        OnePrint print;
+        if (!print.ask(owner, {.count = pages.count(), .current = page}))
             return {};
-        const auto forget = qScopeGuard([] { forgetPrint(); });
         QPrinter& printer = currentPrinter();
         pages.setPaper(printer.pageLayout());
         PageProgress progress(QStringLiteral("Printing %1").arg(title), owner);
@@ -110,22 +92,8 @@ QString printFromPreview(StoredPages& pages, const StoredReport& report, const Q
     });
 }
 
-QString saveFromPreview(const StoredReport& report, const QString& title, const QPageSize& paper,
-                        QWidget* owner) {
-    const QString path = askForPdfName(proposedName(title), owner);
-    if (path.isEmpty())
-        return {};
-    return orTell<QString>(QStringLiteral("The report was not saved."), {}, [&] {
-        PageProgress progress(QStringLiteral("Saving %1").arg(title), owner);
-        if (!savePdf(report, path, title, paper, progress.follow()))
-            return QStringLiteral("Saving was cancelled.");
-        lastFolder() = QFileInfo(path).absolutePath();
-        return QStringLiteral("Saved as %1").arg(QDir::toNativeSeparators(path));
-    });
-}
-
-bool setUpFromPreview(StoredPages& pages, QWidget* owner) {
-    return orTell<bool>(QStringLiteral("The paper can't be chosen."), false, [&] {
+bool setUpFromPreview(ReportDocument& pages, QWidget* owner) {
+    return orSay<bool>(QStringLiteral("The paper can't be chosen."), false, [&] {
         if (!showPageSetup(owner))
             return false;
         pages.setPaper(currentPrinter().pageLayout());
@@ -135,24 +103,49 @@ bool setUpFromPreview(StoredPages& pages, QWidget* owner) {
 
 } // namespace
 
-void showPreview(const StoredReport& report, const QString& title, QWidget* owner) {
-    StoredPages pages(report);
+/// "Lot Budget 2002-05-17.pdf" in the folder of the PDF before, else among the documents.
+QString ReportPreview::proposedName(const QString& title) const {
+    QString folder = m_folder;
+    for (const auto place : {QStandardPaths::DocumentsLocation, QStandardPaths::HomeLocation})
+        if (folder.isEmpty() || !QFileInfo(folder).isDir())
+            folder = QStandardPaths::writableLocation(place);
+    const QString day = Format(Today(), QStringLiteral("yyyy-mm-dd"));
+    return QDir(folder).filePath(QStringLiteral("%1 %2.pdf").arg(title, day));
+}
+
+QString ReportPreview::save(const ReportPages& report, const QString& title, const QPageSize& paper,
+                            QWidget* owner) {
+    const QString path = askForPdfName(proposedName(title), owner);
+    if (path.isEmpty())
+        return {};
+    return orSay<QString>(QStringLiteral("The report was not saved."), {}, [&] {
+        PageProgress progress(QStringLiteral("Saving %1").arg(title), owner);
+        if (!savePdf(report, path, title, paper, progress.follow()))
+            return QStringLiteral("Saving was cancelled.");
+        m_folder = QFileInfo(path).absolutePath();
+        return QStringLiteral("Saved as %1").arg(QDir::toNativeSeparators(path));
+    });
+}
+
+void ReportPreview::show(const ReportPages& report, const QString& title, QWidget* owner) {
+    ReportDocument pages(report);
     if (const QPrinter* printer = printerInUse())
         pages.setPaper(printer->pageLayout());
     PreviewWindow window(
         pages, title,
         {.print = [&](int page,
                       QWidget* preview) { return printFromPreview(pages, report, title, page, preview); },
-         .savePdf = [&](QWidget* preview) { return saveFromPreview(report, title, pages.paper(), preview); },
-         .setUpPage = [&](QWidget* preview) { return setUpFromPreview(pages, preview); }});
+         .savePdf = [&](QWidget* preview) { return save(report, title, pages.paper(), preview); },
+         .setUpPage = [&](QWidget* preview) { return setUpFromPreview(pages, preview); }},
+        m_look);
     window.showModal(owner);
 }
 
-void printReport(const StoredReport& report, const QString& title, const FollowPages& follow) {
+void printReport(const ReportPages& report, const QString& title, const FollowPages& follow) {
     if (report.pageCount() == 0)
         return;
     const bool isPrinted =
-        orTell<bool>(notPrinted, false, [&] { return printPages(report, currentPrinter(), title, follow); });
+        orSay<bool>(notPrinted, false, [&] { return printPages(report, currentPrinter(), title, follow); });
     if (isPrinted && isStopped(currentPrinter()))
         MsgBox({.text = sentTo(currentPrinter()), .title = messageTitle, .icon = MessageIcon::Information});
 }

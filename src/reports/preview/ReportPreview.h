@@ -1,6 +1,7 @@
 #pragma once
 
 #include "reports/output/PageOutput.h"
+#include "reports/preview/PreviewWindow.h"
 
 #include <QString>
 
@@ -8,11 +9,24 @@ class QWidget;
 
 namespace tarnwell {
 
-/// Shows a finished report until the user is done with it. `title` names the window, the print and the PDF.
-void showPreview(const StoredReport& report, const QString& title, QWidget* owner);
+/// Shows finished reports, each as the user left the one before.
+class ReportPreview {
+public:
+    /// Returns when the user is done with it. `title` names the window, the print and the PDF; `owner` may be
+    /// null. A message says what failed.
+    void show(const ReportPages& report, const QString& title, QWidget* owner);
 
-/// Prints a finished report on the current printer; what goes wrong is told by message. Without pages nothing
-/// is printed.
-void printReport(const StoredReport& report, const QString& title, const FollowPages& follow);
+private:
+    [[nodiscard]] QString proposedName(const QString& title) const;
+    [[nodiscard]] QString save(const ReportPages& report, const QString& title, const QPageSize& paper,
+                               QWidget* owner);
+
+    PreviewLook m_look;
+    QString m_folder; ///< Where the last PDF went; the next one is proposed beside it.
+};
+
+/// Prints a finished report on the current printer; a message says what failed. Without pages nothing is
+/// printed.
+void printReport(const ReportPages& report, const QString& title, const FollowPages& follow);
 
 } // namespace tarnwell

@@ -17,7 +17,9 @@ namespace tarnwell {
 namespace {
 
 ctlAHPrintPreview::Preview& installedPreview() {
-    static ctlAHPrintPreview::Preview preview = showPreview;
+    static ctlAHPrintPreview::Preview preview =
+        [shown = std::make_shared<ReportPreview>()](const ReportPages& report, const QString& title,
+                                                    QWidget* owner) { shown->show(report, title, owner); };
     return preview;
 }
 
@@ -94,7 +96,7 @@ bool ctlAHPrintPreview::storePages(qint64 reportKey) {
 void ctlAHPrintPreview::ShowReport(qint64 ReportKey, bool preview) {
     if (!storePages(ReportKey))
         return;
-    const StoredReport report(pages(), ReportKey);
+    const ReportPages report(pages(), ReportKey);
     auto* const form = qobject_cast<QWidget*>(parent());
     const QString title = form != nullptr ? form->windowTitle() : QString();
     if (!preview) {

@@ -20,7 +20,7 @@ class ctlAHPrintPreview : public QObject, public PageSurface {
 
 public:
     /// Shows the pages until the user is done with them. The title names report and PDF.
-    using Preview = std::function<void(const StoredReport& report, const QString& title, QWidget* owner)>;
+    using Preview = std::function<void(const ReportPages& report, const QString& title, QWidget* owner)>;
 
     /// The form that it stands on: its window owns the preview, its caption is the title.
     explicit ctlAHPrintPreview(QWidget* form);
@@ -43,8 +43,8 @@ public:
     /// set aside after a message and made anew. Raises what opening it raises, also when the user says
     /// Cancel.
     qint64 NewReport() override;
-    /// The form is out of sight once the pages are shown. A missing printer, or one that fails, is told by
-    /// message. Neither happens when `goesOn` said no.
+    /// The form is out of sight once the pages are shown. A message says when the
+    /// printer is missing or fails. Nothing is shown or printed when `goesOn` returned false.
     void ShowReport(qint64 ReportKey, bool preview) override;
 
     /// Replaces the preview window, for tests. Returns the one before.

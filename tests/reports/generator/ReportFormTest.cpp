@@ -72,7 +72,7 @@ protected:
         workOn(data.database());
         gReportDataPath = data.database().folder() + "/Report.mdb";
         m_before = ctlAHPrintPreview::setPreview(
-            [this](const StoredReport& report, const QString& title, QWidget* form) {
+            [this](const ReportPages& report, const QString& title, QWidget* form) {
                 shown << QString("%1 of %2 pages").arg(title).arg(report.pageCount());
                 if (whilePreviewed)
                     whilePreviewed(*form);

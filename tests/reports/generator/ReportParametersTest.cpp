@@ -43,7 +43,7 @@ protected:
         }
         data.add(JobRow{.number = "7", .completed = on("03/05/24")});
         m_before = ctlAHPrintPreview::setPreview(
-            [this](const StoredReport& report, const QString& title, QWidget* owner) {
+            [this](const ReportPages& report, const QString& title, QWidget* owner) {
                 shown << QString("%1 %2 %3").arg(owner->objectName(), title).arg(report.pageCount());
             });
     }

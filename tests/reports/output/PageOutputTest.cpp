@@ -3,7 +3,7 @@
 #include "RecordingPrinter.h"
 #include "reports/output/PrintSystem.h"
 #include "reports/pages/PagePainter.h"
-#include "reports/pages/StoredReportData.h"
+#include "reports/pages/ReportPagesData.h"
 #include "support/RaisedNumber.h"
 
 #include <QFile>
@@ -95,7 +95,7 @@ TEST(PdfTest, WordsStandWhereThePreviewHasThem) {
     const NumberedReport data(3, Orientation::Landscape);
     const QString path = save(data);
     PagePainter painter;
-    const StoredPage page = data.report().page(3);
+    const PageItems page = data.report().page(3);
     const auto words = wordsOf(path, 3);
     for (const PageText& text : page.texts) {
         // A word behind a blank is where the preview's text before it ends.
@@ -140,14 +140,14 @@ TEST(PdfTest, AFileIsReplacedOnlyByAWholeOne) {
     const NumberedReport data(3);
     const QString path = data.pathOf("out.pdf");
     writeFile(path, "the good one");
-    qint64 told = -1;
+    qint64 followed = -1;
     EXPECT_FALSE(
         savePdf(data.report(), path, {}, QPageSize(QPageSize::Letter), [&](qint64 done, qint64 pages) {
             EXPECT_EQ(pages, 3);
-            told = done;
+            followed = done;
             return done < 2;
         }));
-    EXPECT_EQ(told, 2);
+    EXPECT_EQ(followed, 2);
     EXPECT_EQ(contentOf(path), "the good one");
 
     // A file that may not grow fails as a full disk does.
@@ -168,7 +168,7 @@ TEST(PdfTest, AFileIsReplacedOnlyByAWholeOne) {
     EXPECT_TRUE(contentOf(path).startsWith("%PDF"));
 }
 
-TEST(PdfTest, AnUnwritablePlaceIsToldWithItsName) {
+TEST(PdfTest, AnUnwritablePlaceIsNamed) {
     const NumberedReport data(1);
     ASSERT_TRUE(QDir().mkdir(data.pathOf("folder.pdf")));
     const struct {
@@ -176,10 +176,10 @@ TEST(PdfTest, AnUnwritablePlaceIsToldWithItsName) {
         Failure failure;
     } cases[] = {{"nowhere/out.pdf", Failure::PathNotFound}, {"folder.pdf", Failure::FileAccess}};
     for (const auto& [name, failure] : cases) {
-        const QString told =
+        const QString raised =
             test::raisedText([&, place = data.pathOf(name)] { (void)savePdf(data.report(), place, {}); });
-        EXPECT_TRUE(told.startsWith(makeError(failure).description())) << told.toStdString();
-        EXPECT_TRUE(told.contains(data.pathOf("").chopped(1))) << told.toStdString();
+        EXPECT_TRUE(raised.startsWith(makeError(failure).description())) << raised.toStdString();
+        EXPECT_TRUE(raised.contains(data.pathOf("").chopped(1))) << raised.toStdString();
     }
 }
 
@@ -218,7 +218,7 @@ TEST_F(QueueTest, GetsThePdfAndWhatTheDialogAskedFor) {
 
 TEST_F(QueueTest, SaysWhyItDidNotTakeTheReport) {
     EXPECT_TRUE(test::raisedText([&] { send(); }).contains("command lp is not installed"));
-    make("lp", "echo 'lp: Error - The printer or class does not exist.' >&2; exit 1");
+    make("lp", "echo \"$0: Error - The printer or class does not exist.\" >&2; exit 1");
     const struct {
         const char* state;
         const char* message;
@@ -266,14 +266,15 @@ TEST(PrintTest, PrintsThePagesAndCopiesThatWereAskedFor) {
     }
 }
 
-TEST(PrintTest, APrinterThatFailsIsToldAndItsPaperLiesAsBefore) {
+TEST(PrintTest, APrinterThatFailsIsNamedAndItsPaperLiesAsBefore) {
     const NumberedReport data(3, Orientation::Landscape);
     for (const int sheet : {1, 3}) {
         RecordingPrinter printer;
         printer.failAt(sheet);
-        const QString told = test::raisedText([&] { (void)printPages(data.report(), printer, {}); });
-        EXPECT_TRUE(told.startsWith(makeError(Failure::PrinterError).description())) << told.toStdString();
-        EXPECT_TRUE(told.contains("Office printer")) << told.toStdString();
+        const QString raised = test::raisedText([&] { (void)printPages(data.report(), printer, {}); });
+        EXPECT_TRUE(raised.startsWith(makeError(Failure::PrinterError).description()))
+            << raised.toStdString();
+        EXPECT_TRUE(raised.contains("Office printer")) << raised.toStdString();
         EXPECT_EQ(printer.pageLayout().orientation(), QPageLayout::Portrait);
     }
 }

@@ -9,7 +9,7 @@
 
 namespace tarnwell::test {
 
-/// A printer that counts the texts of each sheet in place of printing, and fails at a sheet if told to.
+/// A printer that counts the texts of each sheet in place of printing, and fails at a sheet when asked to.
 class RecordingPrinter : public QPrinter {
 public:
     RecordingPrinter();

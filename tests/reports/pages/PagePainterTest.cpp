@@ -17,7 +17,7 @@ constexpr double dot = 1 / dotsPerTwip;
 
 class PagePainterTest : public testing::Test {
 protected:
-    QImage paint(const StoredPage& page, qint64 pageCount = 1) {
+    QImage paint(const PageItems& page, qint64 pageCount = 1) {
         QImage image((pageSizeTwips(page.orientation) * dotsPerTwip).toSize(), QImage::Format_RGB32);
         image.fill(Qt::red);
         QPainter painter(&image);
@@ -41,8 +41,8 @@ protected:
         return {QPointF(ink.topLeft()) * dot, QSizeF(ink.size()) * dot};
     }
 
-    static StoredPage pageOf(const PageText& text) { return {text.orientation, {text}, {}}; }
-    static StoredPage pageOf(const PageLine& line) { return {line.orientation, {}, {line}}; }
+    static PageItems pageOf(const PageText& text) { return {text.orientation, {text}, {}}; }
+    static PageItems pageOf(const PageLine& line) { return {line.orientation, {}, {line}}; }
     static PageText textAt(qint16 x, qint16 y, const QString& words, const TextLook& look = {}) {
         return {x, y, words, 1, Orientation::Portrait, look};
     }
@@ -109,7 +109,7 @@ TEST_F(PagePainterTest, ATextThatWouldReachItsNeighbourIsDrawnNarrower) {
 TEST_F(PagePainterTest, ThePageIsBlackOnWhiteUnderADarkDesktop) {
     const QPalette before = QApplication::palette();
     QApplication::setPalette(QPalette(Qt::white, Qt::black));
-    StoredPage page = pageOf(textAt(1000, 1000, QStringLiteral("Black")));
+    PageItems page = pageOf(textAt(1000, 1000, QStringLiteral("Black")));
     page.lines.push_back(rule(3));
     const QImage image = paint(page);
     QApplication::setPalette(before);

@@ -59,7 +59,7 @@ TEST_F(PageStoreTest, GivesBackWhatWasDrawn) {
     store->add(key, PageText{0, 0, {}, 1, Orientation::Landscape, {}});
     store->finish(key);
 
-    const StoredPage page = StoredReport(*store, key).page(1);
+    const PageItems page = ReportPages(*store, key).page(1);
     EXPECT_EQ(page.orientation, Orientation::Landscape);
     ASSERT_EQ(page.texts.size(), 3U);
     const PageText& back = page.texts.front();
@@ -86,11 +86,11 @@ TEST_F(PageStoreTest, KeepsTheOrderOfPagesThatAreDrawnByTurnsAndOfPagesBeyondMem
             store->add(key, text(1, QString::number(round)));
     }
     store->finish(key);
-    const StoredReport report(*store, key);
+    const ReportPages report(*store, key);
     EXPECT_EQ(report.pageCount(), 4);
     EXPECT_EQ(report.page(1).texts.size(), 3U);
     EXPECT_TRUE(report.page(2).texts.empty());
-    const StoredPage last = report.page(4);
+    const PageItems last = report.page(4);
     ASSERT_EQ(last.texts.size(), std::size_t{rounds});
     for (int round = 0; round < rounds; ++round)
         ASSERT_TRUE(last.texts[static_cast<std::size_t>(round)].text.startsWith(QString::number(round)));
@@ -178,7 +178,7 @@ TEST_F(PageStoreTest, FindsTextsAsTheyAreReadOnThePage) {
     store->add(key, text(1, QStringLiteral("Framing")));
     store->add(key, text(12, QStringLiteral("FRAMING and framing")));
     store->finish(key);
-    const StoredReport report(*store, key);
+    const ReportPages report(*store, key);
     using Hits = std::vector<std::size_t>;
     EXPECT_EQ(report.findOnPage(QStringLiteral("framing"), 1), Hits{1});
     EXPECT_EQ(report.findOnPage(QStringLiteral("framing"), 12), Hits{0});

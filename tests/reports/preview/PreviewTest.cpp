@@ -23,7 +23,7 @@ using test::waitFor;
 constexpr int linesOnPage = 5;
 
 /// Pages of a few lines each: "Line 2 of page 3". It remembers which ones were painted.
-class LinedPages : public PreviewPages {
+class LinedPages : public PreviewDocument {
 public:
     explicit LinedPages(int count) : m_count(count) {}
 
@@ -58,7 +58,7 @@ private:
 /// The window as it opens on twelve pages, at the size of a page on paper.
 class PreviewTest : public ::testing::Test {
 protected:
-    PreviewTest() : window(pages, QStringLiteral("Lot Budget"), {}), driver(window) {
+    PreviewTest() : window(pages, QStringLiteral("Lot Budget"), {}, look), driver(window) {
         window.resize(1000, 700);
         driver.press(Qt::Key_3, Qt::ControlModifier);
         driver.press(Qt::Key_0, Qt::ControlModifier);
@@ -69,6 +69,7 @@ protected:
     [[nodiscard]] QString textOf(const char* label) const { return driver.find<QLabel>(label).text(); }
 
     LinedPages pages{12};
+    PreviewLook look;
     PreviewWindow window;
     ScreenDriver driver;
 };
@@ -143,7 +144,7 @@ TEST_F(PreviewTest, APageIsAsLargeAsOnPaperAtAHundredPercent) {
     driver.press(Qt::Key_Plus, Qt::ControlModifier, 4);
     EXPECT_EQ(view().pageOnScreen(1).width(), inch * 17);
     driver.press(Qt::Key_Minus, Qt::ControlModifier, 30);
-    EXPECT_DOUBLE_EQ(view().zoom(), PreviewView::leastZoom);
+    EXPECT_DOUBLE_EQ(view().zoom(), PreviewZoom::least);
 }
 
 TEST_F(PreviewTest, TheZoomTakesTypedPercentsAndNothingElse) {
@@ -160,7 +161,7 @@ TEST_F(PreviewTest, TheZoomTakesTypedPercentsAndNothingElse) {
     EXPECT_EQ(typeZoom("-3"), "62 %");
     EXPECT_EQ(typeZoom("9000"), "800 %");
     driver.choose("cmbZoom", "Fit page");
-    EXPECT_EQ(view().fit(), PreviewView::Fit::Page);
+    EXPECT_EQ(view().fit(), ZoomFit::Page);
 }
 
 TEST_F(PreviewTest, FittingFollowsTheWindow) {
@@ -257,7 +258,7 @@ TEST_F(PreviewTest, TypingFindsFromThePageOnAndF3GoesRound) {
 
 TEST_F(PreviewTest, ALongReportIsSearchedFromThePageOnWhileTheKeysGoOn) {
     const LinedPages many(3000); // more than are searched before keys are looked at again
-    PreviewWindow longer(many, QStringLiteral("Gantt Chart"), {});
+    PreviewWindow longer(many, QStringLiteral("Gantt Chart"), {}, look);
     const ScreenDriver keys(longer);
     auto& seen = keys.find<PreviewView>("pages");
     auto& result = keys.find<QLabel>("lblFindResult");
@@ -325,7 +326,8 @@ TEST_F(PreviewTest, PaperIsWhiteOnADarkDesktopToo) {
 
 TEST(LongPreviewTest, OnlyWhatIsSeenIsPainted) {
     LinedPages pages(1000);
-    PreviewWindow window(pages, QStringLiteral("Gantt Chart"), {});
+    PreviewLook look;
+    PreviewWindow window(pages, QStringLiteral("Gantt Chart"), {}, look);
     const ScreenDriver driver(window);
     auto& view = driver.find<PreviewView>("pages");
     ASSERT_TRUE(waitFor([&] { return pages.painted.contains(1); }));

@@ -24,7 +24,7 @@ protected:
         m_form.setWindowTitle("Gantt Chart");
         m_surface.setConnectionString(test::connectionStringFor(m_folder.filePath("Report.mdb")));
         m_before = ctlAHPrintPreview::setPreview(
-            [this](const StoredReport& report, const QString& title, QWidget* owner) {
+            [this](const ReportPages& report, const QString& title, QWidget* owner) {
                 ++m_shown;
                 m_pages = report.pageCount();
                 m_title = title;

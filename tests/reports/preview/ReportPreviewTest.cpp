@@ -2,7 +2,7 @@
 
 #include "reports/output/PrinterDialogs.h"
 #include "reports/output/RecordingPrinter.h"
-#include "reports/pages/StoredReportData.h"
+#include "reports/pages/ReportPagesData.h"
 #include "reports/preview/PreviewView.h"
 #include "runtime/RunTime.h"
 #include "support/MessageScript.h"
@@ -57,7 +57,7 @@ protected:
     }
 
     /// Shows the preview and uses it; it must be open still at the end, and close by Escape.
-    static void use(const NumberedReport& data, const std::function<void(const ScreenDriver&)>& routine) {
+    void use(const NumberedReport& data, const std::function<void(const ScreenDriver&)>& routine) {
         test::whenShown([&](const ScreenDriver& driver) {
             routine(driver);
             EXPECT_TRUE(driver.window().isVisible());
@@ -66,13 +66,14 @@ protected:
                 driver.press(Qt::Key_Escape);
             EXPECT_FALSE(driver.window().isVisible());
         });
-        showPreview(data.report(), "Lot Budget", nullptr);
+        m_preview.show(data.report(), "Lot Budget", nullptr);
     }
 
     static QString statusOf(const ScreenDriver& driver) {
         return driver.window().findChild<QStatusBar*>()->currentMessage();
     }
 
+    ReportPreview m_preview;
     QPageSize::PageSizeId m_paper = QPageSize::A4;
     QString m_path;
     QString m_proposed;
@@ -84,7 +85,7 @@ private:
 };
 
 TEST_F(ReportPreviewTest, ALongReportIsFoundThroughToItsLastPage) {
-    const test::StoredReportData data(1000, [](PageStore& store, qint64 key, qint64 page) {
+    const test::ReportPagesData data(1000, [](PageStore& store, qint64 key, qint64 page) {
         test::drawNumberedPage(store, key, std::min<qint64>(page, 3), Orientation::Portrait);
         store.add(key, PageText{700, 4000, QString("Sheet%1;").arg(page), page, Orientation::Portrait, {}});
     });
@@ -106,7 +107,7 @@ TEST_F(ReportPreviewTest, ALongReportIsFoundThroughToItsLastPage) {
         EXPECT_EQ(view.currentPage(), 500);
         driver.press(Qt::Key_W, Qt::ControlModifier);
     });
-    showPreview(data.report(), "Lot Budget", nullptr);
+    m_preview.show(data.report(), "Lot Budget", nullptr);
 }
 
 TEST_F(ReportPreviewTest, WithoutPagesNothingIsOfferedThatNeedsOne) {
@@ -118,7 +119,7 @@ TEST_F(ReportPreviewTest, WithoutPagesNothingIsOfferedThatNeedsOne) {
         EXPECT_EQ(enabled, QStringList("Close"));
         EXPECT_EQ(driver.find<QLabel>("lblPageCount").text(), "of 0");
         auto& view = driver.find<PreviewView>("pages");
-        view.setZoom(PreviewView::greatestZoom);
+        view.setZoom(PreviewZoom::greatest);
         EXPECT_EQ(view.horizontalScrollBar()->maximum(), 0) << "there is nothing to scroll to";
         driver.press(Qt::Key_End);
         EXPECT_FALSE(driver.find<QLineEdit>("txtPage").isEnabled());

@@ -1,4 +1,4 @@
-#include "reports/pages/DrawnPages.h"
+#include "reports/pages/PageSpool.h"
 
 namespace tarnwell {
 
@@ -23,10 +23,10 @@ SqliteHandle openOwnFile() {
 
 } // namespace
 
-DrawnPages::DrawnPages()
+PageSpool::PageSpool()
     : m_handle(openOwnFile()), m_add(m_handle.prepare("INSERT INTO Drawn VALUES (?, ?, ?)")) {}
 
-void DrawnPages::add(qint64 page, QByteArrayView items) {
+void PageSpool::add(qint64 page, QByteArrayView items) {
     m_add.bind(1, m_count + 1);
     m_add.bind(2, page);
     m_add.bindBytes(3, items);
@@ -38,7 +38,7 @@ void DrawnPages::add(qint64 page, QByteArrayView items) {
     }
 }
 
-bool DrawnPages::handOut(const std::function<bool(const Part&)>& take) const {
+bool PageSpool::handOut(const std::function<bool(const Part&)>& take) const {
     SqliteStatement parts = m_handle.prepare("SELECT Part, Page, Items FROM Drawn ORDER BY Part");
     while (parts.step())
         if (!take({parts.integerAt(0), parts.integerAt(1), parts.bytesAt(2)}))

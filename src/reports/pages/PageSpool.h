@@ -7,8 +7,8 @@
 namespace tarnwell {
 
 /// The pages of a run while it is drawn, in parts, in a file of the engine's own that nobody else sees and
-/// that is gone with this.
-class DrawnPages {
+/// that is deleted with this.
+class PageSpool {
 public:
     /// A part of a page; parts count from 1 in the order in which they came.
     struct Part {
@@ -17,9 +17,9 @@ public:
         QByteArrayView items; ///< Stays until the next part.
     };
 
-    DrawnPages();
+    PageSpool();
 
-    /// Raises DiskFull or DatabaseFailure; most of what came before is kept then.
+    /// Raises DatabaseFailure, for a full disk above all; most of what came before is kept then.
     void add(qint64 page, QByteArrayView items);
     [[nodiscard]] qint64 count() const { return m_count; }
     /// Hands out the parts in order, until `take` says false. Whether it had all of them.

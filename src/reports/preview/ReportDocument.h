@@ -2,17 +2,17 @@
 
 #include "reports/pages/PagePainter.h"
 #include "reports/pages/PageStore.h"
-#include "reports/preview/PreviewPages.h"
+#include "reports/preview/PreviewDocument.h"
 
 #include <QPageLayout>
 
 namespace tarnwell {
 
 /// The pages of a stored report on the paper that they will be printed on.
-class StoredPages : public PreviewPages {
+class ReportDocument : public PreviewDocument {
 public:
     /// US Letter until `setPaper`.
-    explicit StoredPages(const StoredReport& report);
+    explicit ReportDocument(const ReportPages& report);
 
     /// The printer's paper; the pages lie on it as the report wants it.
     void setPaper(QPageLayout paper);
@@ -29,7 +29,7 @@ public:
 private:
     [[nodiscard]] QTransform ontoPaper() const;
 
-    const StoredReport& m_report;
+    const ReportPages& m_report;
     Orientation m_orientation;
     QPageLayout m_paper;
     mutable PagePainter m_painter; ///< Keeps its fonts.

@@ -1,4 +1,4 @@
-#include "reports/preview/PreviewPaper.h"
+#include "reports/preview/PagePictures.h"
 
 #include "look/Theme.h"
 
@@ -43,37 +43,37 @@ void toTwips(QPainter& painter, const QSizeF& pixels, const QSizeF& paper) {
 
 } // namespace
 
-PreviewPaper::PreviewPaper(const PreviewPages& pages)
+PagePictures::PagePictures(const PreviewDocument& pages)
     : m_pages(pages), m_painted(kilobytesKept), m_marks(pagesOfMarks) {}
 
-void PreviewPaper::forget() {
+void PagePictures::forget() {
     m_painted.clear();
     m_marks.clear();
 }
 
-void PreviewPaper::setSearch(const PageSearch& search) {
+void PagePictures::setSearch(const PageSearch& search) {
     m_search = search;
     m_marks.clear();
     m_hitPage = 0;
 }
 
-void PreviewPaper::setCurrentHit(int page, int hit) {
+void PagePictures::setCurrentHit(int page, int hit) {
     m_hitPage = page;
     m_hit = hit;
 }
 
-const std::vector<PageMark>& PreviewPaper::marks(int page) {
+const std::vector<PageMark>& PagePictures::marks(int page) {
     if (!m_marks.contains(page))
         m_marks.insert(page, new std::vector<PageMark>(m_pages.marks(page, m_search)));
     return *m_marks.object(page);
 }
 
-void PreviewPaper::beginPicture() {
+void PagePictures::beginPicture() {
     m_time.start();
     m_paintedOne = false;
 }
 
-bool PreviewPaper::draw(QPainter& painter, int page, const QRect& place) {
+bool PagePictures::draw(QPainter& painter, int page, const QRect& place) {
     drawShadow(painter, place);
     const bool drawn = drawPage(painter, page, place);
     if (drawn)
@@ -84,7 +84,7 @@ bool PreviewPaper::draw(QPainter& painter, int page, const QRect& place) {
     return drawn;
 }
 
-bool PreviewPaper::drawPage(QPainter& painter, int page, const QRect& place) {
+bool PagePictures::drawPage(QPainter& painter, int page, const QRect& place) {
     if (const QPixmap* kept = m_painted.object(page)) {
         painter.drawPixmap(place.topLeft(), *kept);
         return true;
@@ -113,7 +113,7 @@ bool PreviewPaper::drawPage(QPainter& painter, int page, const QRect& place) {
     return true;
 }
 
-QPixmap PreviewPaper::paint(int page, QSize size, double ratio) const {
+QPixmap PagePictures::paint(int page, QSize size, double ratio) const {
     QPixmap painted(size);
     painted.fill(Qt::white);
     QPainter painter(&painted);
@@ -125,7 +125,7 @@ QPixmap PreviewPaper::paint(int page, QSize size, double ratio) const {
 }
 
 /// Like a marker pen: the letters stay black below it.
-void PreviewPaper::drawMarks(QPainter& painter, int page, const QRect& place) {
+void PagePictures::drawMarks(QPainter& painter, int page, const QRect& place) {
     if (m_search.text.isEmpty() || marks(page).empty())
         return;
     painter.save();

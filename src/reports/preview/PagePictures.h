@@ -1,6 +1,6 @@
 #pragma once
 
-#include "reports/preview/PreviewPages.h"
+#include "reports/preview/PreviewDocument.h"
 
 #include <QCache>
 #include <QElapsedTimer>
@@ -12,15 +12,15 @@ namespace tarnwell {
 
 /// Draws the paper of a preview: its shadow, its page, what was found on it. Painted pages are kept as far as
 /// a bounded memory holds them, so that scrolling only copies.
-class PreviewPaper {
+class PagePictures {
 public:
-    explicit PreviewPaper(const PreviewPages& pages);
+    explicit PagePictures(const PreviewDocument& pages);
 
     /// Nothing painted so far can be used again: another size, other paper.
     void forget();
     /// Marks what is found on each page from now on; no hit stands out.
     void setSearch(const PageSearch& search);
-    /// The hit that stands out: the how manieth of which page, from 0; page 0: none.
+    /// The hit that stands out: the page and the zero-based index on it; page 0: none.
     void setCurrentHit(int page, int hit);
     /// Where the hits of a page stand.
     [[nodiscard]] const std::vector<PageMark>& marks(int page);
@@ -36,7 +36,7 @@ private:
     [[nodiscard]] QPixmap paint(int page, QSize size, double ratio) const;
     void drawMarks(QPainter& painter, int page, const QRect& place);
 
-    const PreviewPages& m_pages;
+    const PreviewDocument& m_pages;
     QCache<int, QPixmap> m_painted;
     QElapsedTimer m_time;
     bool m_paintedOne = false;

@@ -12,7 +12,7 @@
 namespace tarnwell {
 
 /// What lies on one page, each kind in the order in which it was drawn.
-struct StoredPage {
+struct PageItems {
     Orientation orientation = Orientation::Portrait;
     std::vector<PageText> texts;
     std::vector<PageLine> lines;
@@ -37,6 +37,6 @@ private:
 
 /// Adds the items to the page; a text's step, which only the drawing needs, is not among them. Raises
 /// DatabaseForeign for bytes that are no items.
-void readItems(QByteArrayView items, qint64 number, StoredPage& page);
+void readItems(QByteArrayView items, qint64 number, PageItems& page);
 
 } // namespace tarnwell

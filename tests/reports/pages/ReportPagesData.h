@@ -10,10 +10,10 @@
 namespace tarnwell::test {
 
 /// A report in a report database of its own, in a temporary folder.
-class StoredReportData {
+class ReportPagesData {
 public:
     /// Draws on each page from 1 to `pages`.
-    StoredReportData(qint64 pages, const std::function<void(PageStore&, qint64 key, qint64 page)>& draw)
+    ReportPagesData(qint64 pages, const std::function<void(PageStore&, qint64 key, qint64 page)>& draw)
         : m_store(pathOf("Report.mdb")), m_key(m_store.newReport()) {
         for (qint64 page = 1; page <= pages; ++page)
             draw(m_store, m_key, page);
@@ -27,7 +27,7 @@ public:
         names.removeIf([](const QString& name) { return name.startsWith(QLatin1String("Report.mdb")); });
         return names;
     }
-    [[nodiscard]] StoredReport report() const { return {m_store, m_key}; }
+    [[nodiscard]] ReportPages report() const { return {m_store, m_key}; }
 
 private:
     QTemporaryDir m_folder;
@@ -56,10 +56,10 @@ inline void drawNumberedPage(PageStore& store, qint64 key, qint64 page, Orientat
                                 {.Bold = row % 2 == 0, .FontSize = 8}});
 }
 
-class NumberedReport : public StoredReportData {
+class NumberedReport : public ReportPagesData {
 public:
     explicit NumberedReport(qint64 pages, Orientation orientation = Orientation::Portrait)
-        : StoredReportData(pages, [orientation](PageStore& store, qint64 key, qint64 page) {
+        : ReportPagesData(pages, [orientation](PageStore& store, qint64 key, qint64 page) {
               drawNumberedPage(store, key, page, orientation);
           }) {}
 };

@@ -1,4 +1,4 @@
-#include "reports/pages/StoredPage.h"
+#include "reports/pages/PageItems.h"
 
 #include "data/RunTimeError.h"
 
@@ -175,11 +175,11 @@ void ItemBytes::add(const PageLine& line) {
 }
 
 void ItemBytes::clear() {
-    m_bytes.truncate(0); // keeps its room for the next page
+    m_bytes.truncate(0); // keeps its memory for the next page
     m_look.reset();
 }
 
-void readItems(QByteArrayView items, qint64 number, StoredPage& page) {
+void readItems(QByteArrayView items, qint64 number, PageItems& page) {
     TextLook look;
     for (Reader reader(items); !reader.atEnd();) {
         const auto head = reader.take<ItemHead>();

@@ -19,14 +19,14 @@ struct PageSearch {
 
 /// A place to be marked: a text that was found may hold what is looked for more than once.
 struct PageMark {
-    int hit;      ///< The how manieth hit of its page, from 0.
+    int hit;      ///< The zero-based index of the hit on its page.
     QRectF place; ///< Twips from the paper's top left.
 };
 
 /// A finished report as the preview sees it. Pages count from 1 and are all of one size.
-class PreviewPages {
+class PreviewDocument {
 public:
-    virtual ~PreviewPages() = default;
+    virtual ~PreviewDocument() = default;
 
     [[nodiscard]] virtual int count() const = 0;
     /// The paper as it lies, in twips.

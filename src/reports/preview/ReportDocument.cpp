@@ -1,4 +1,4 @@
-#include "reports/preview/StoredPages.h"
+#include "reports/preview/ReportDocument.h"
 
 #include "data/RunTimeError.h"
 #include "reports/output/PageOutput.h"
@@ -38,26 +38,27 @@ std::vector<QRectF> boxesIn(const PageText& text, const PageSearch& search, qint
 
 } // namespace
 
-StoredPages::StoredPages(const StoredReport& report) : m_report(report), m_orientation(report.orientation()) {
+ReportDocument::ReportDocument(const ReportPages& report)
+    : m_report(report), m_orientation(report.orientation()) {
     setPaper({QPageSize(QPageSize::Letter), QPageLayout::Portrait, QMarginsF()});
 }
 
-void StoredPages::setPaper(QPageLayout paper) {
+void ReportDocument::setPaper(QPageLayout paper) {
     paper.setUnits(QPageLayout::Point);
     paper.setOrientation(m_orientation == Orientation::Landscape ? QPageLayout::Landscape
                                                                  : QPageLayout::Portrait);
     m_paper = std::move(paper);
 }
 
-int StoredPages::count() const {
+int ReportDocument::count() const {
     return static_cast<int>(m_report.pageCount());
 }
 
-QSizeF StoredPages::paperSize() const {
+QSizeF ReportDocument::paperSize() const {
     return m_paper.fullRect().size() * twipsPerPoint;
 }
 
-QString StoredPages::paperName() const {
+QString ReportDocument::paperName() const {
     // Printers have names of their own, "US Letter"; the toolkit's are "Letter / ANSI A".
     const QPageSize::PageSizeId size = QPageSize::id(m_paper.pageSize().sizePoints());
     const QString known = size == QPageSize::Custom ? m_paper.pageSize().name() : QPageSize::name(size);
@@ -67,14 +68,14 @@ QString StoredPages::paperName() const {
                                                   : QStringLiteral("portrait"));
 }
 
-QTransform StoredPages::ontoPaper() const {
+QTransform ReportDocument::ontoPaper() const {
     return pageOntoPaper(m_orientation, m_paper);
 }
 
-void StoredPages::paint(QPainter& painter, int page) const {
+void ReportDocument::paint(QPainter& painter, int page) const {
     painter.save();
     try {
-        const StoredPage stored = m_report.page(page);
+        const PageItems stored = m_report.page(page);
         painter.setTransform(ontoPaper(), true);
         m_painter.drawPage(painter, stored, m_report.pageCount());
     } catch (const RunTimeError& error) {
@@ -90,15 +91,15 @@ void StoredPages::paint(QPainter& painter, int page) const {
     painter.restore();
 }
 
-int StoredPages::hitsOn(int page, const PageSearch& search) const {
+int ReportDocument::hitsOn(int page, const PageSearch& search) const {
     return static_cast<int>(m_report.findOnPage(search.text, page, search.letters).size());
 }
 
-std::vector<PageMark> StoredPages::marks(int page, const PageSearch& search) const {
+std::vector<PageMark> ReportDocument::marks(int page, const PageSearch& search) const {
     std::vector<PageMark> marks;
     try {
         const std::vector<std::size_t> hits = m_report.findOnPage(search.text, page, search.letters);
-        const StoredPage stored = hits.empty() ? StoredPage() : m_report.page(page);
+        const PageItems stored = hits.empty() ? PageItems() : m_report.page(page);
         for (int hit = 0; const std::size_t found : hits) {
             const PageText& text = stored.texts.at(found);
             for (const QRectF& box : boxesIn(text, search, m_report.pageCount(), m_painter))

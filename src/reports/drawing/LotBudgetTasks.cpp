@@ -3,12 +3,12 @@
 namespace tarnwell {
 
 LotBudgetTasks::LotBudgetTasks(Connection& connection, const Recordset& lots, bool withPayments)
-    : m_connection(connection), m_lookAhead(lots, "JobLotKey"), m_withPayments(withPayments) {}
+    : m_connection(connection), m_batch(lots, "JobLotKey"), m_withPayments(withPayments) {}
 
 void LotBudgetTasks::prepare() {
-    if (!m_lookAhead.beginsBlock())
+    if (!m_batch.beginsBatch())
         return;
-    const QString condition = "JobLotTask.JobLotKey IN " + m_lookAhead.keys();
+    const QString condition = "JobLotTask.JobLotKey IN " + m_batch.keys();
     readTasks(condition);
     readSums(condition);
     if (m_withPayments)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "reports/drawing/LookAhead.h"
+#include "reports/drawing/KeyBatch.h"
 #include "reports/drawing/TaskAmounts.h"
 
 namespace tarnwell {
@@ -46,7 +46,7 @@ private:
     void readSums(const QString& condition);
 
     Connection& m_connection;
-    LookAhead m_lookAhead;
+    KeyBatch m_batch;
     bool m_withPayments;
     std::vector<BudgetTask> m_tasks;
     std::vector<BudgetPayment> m_payments;

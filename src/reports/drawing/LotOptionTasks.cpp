@@ -3,12 +3,12 @@
 namespace tarnwell {
 
 LotOptionTasks::LotOptionTasks(Connection& connection, const Recordset& parents)
-    : m_connection(connection), m_lookAhead(parents, "JobLotTaskKey") {}
+    : m_connection(connection), m_batch(parents, "JobLotTaskKey") {}
 
 void LotOptionTasks::prepare() {
-    if (!m_lookAhead.beginsBlock())
+    if (!m_batch.beginsBatch())
         return;
-    const QString keys = m_lookAhead.keys();
+    const QString keys = m_batch.keys();
     const QString children = "JobLotTask.ParentKey IN " + keys + " AND JobLotTask.Child<>0";
     readOptions(children);
     m_optionTotal.clear();

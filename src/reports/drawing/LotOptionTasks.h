@@ -1,6 +1,6 @@
 #pragma once
 
-#include "reports/drawing/LookAhead.h"
+#include "reports/drawing/KeyBatch.h"
 #include "reports/drawing/TaskAmounts.h"
 
 namespace tarnwell {
@@ -32,7 +32,7 @@ private:
     void readOptions(const QString& condition);
 
     Connection& m_connection;
-    LookAhead m_lookAhead;
+    KeyBatch m_batch;
     std::vector<OptionTask> m_options;
     AmountSums m_optionTotal; // by parent
     AmountSums m_paid;        // by task

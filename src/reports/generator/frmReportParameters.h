@@ -14,7 +14,7 @@ class QRadioButton;
 namespace tarnwell {
 
 class Combo;
-class JobMarks;
+class JobList;
 class MaskedBox;
 class ctlAHPrintPreview;
 
@@ -57,7 +57,7 @@ private:
 
     ctlAHPrintPreview* ctlAHPrintPreview1 = nullptr; ///< Never drawn on here.
     Combo* cmbReports = nullptr;
-    JobMarks* lstJobs = nullptr;
+    JobList* lstJobs = nullptr;
     QPushButton* cmdClear = nullptr;
     QPushButton* cmdSelectAll = nullptr;
     std::array<QRadioButton*, 2> optJobType{}; ///< All, Incomplete.

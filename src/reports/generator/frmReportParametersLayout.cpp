@@ -2,7 +2,7 @@
 #include "controls/Label.h"
 #include "controls/MaskedBox.h"
 #include "look/Theme.h"
-#include "reports/generator/JobMarks.h"
+#include "reports/generator/JobList.h"
 #include "reports/generator/frmReportParameters.h"
 #include "runtime/EventGuard.h"
 
@@ -56,7 +56,7 @@ void frmReportParameters::makeControls() {
     for (Combo** combo : {&cmbReports, &cmbCategory, &cmbGroupBy, &cmbSSN, &cmbForeman})
         *combo = new Combo(canvas());
     cmbSSN->setFont(fixedPitchFont());
-    lstJobs = new JobMarks(canvas());
+    lstJobs = new JobList(canvas());
     optJobType = {new QRadioButton("All:", canvas()), new QRadioButton("Incomplete:", canvas())};
     optDetail = {new QRadioButton("All:", canvas()), new QRadioButton("Paid Full:", canvas()),
                  new QRadioButton("Unpaid:", canvas())};

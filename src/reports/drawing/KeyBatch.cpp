@@ -1,4 +1,4 @@
-#include "reports/drawing/LookAhead.h"
+#include "reports/drawing/KeyBatch.h"
 
 #include <QStringList>
 
@@ -10,10 +10,10 @@ constexpr int rowsOfBlock = 100;
 
 } // namespace
 
-LookAhead::LookAhead(const Recordset& rows, const QString& keyColumn)
+KeyBatch::KeyBatch(const Recordset& rows, const QString& keyColumn)
     : m_rows(rows), m_keyColumn(rows.FieldIndex(keyColumn)) {}
 
-bool LookAhead::beginsBlock() {
+bool KeyBatch::beginsBatch() {
     const int row = m_rows.AbsolutePosition();
     if (row < m_end)
         return false;
@@ -22,7 +22,7 @@ bool LookAhead::beginsBlock() {
     return true;
 }
 
-QString LookAhead::keys() const {
+QString KeyBatch::keys() const {
     QStringList keys;
     for (int row = m_begin; row < m_end && m_rows.hasRow(row); ++row)
         keys += QString::number(m_rows.valueAt(row, m_keyColumn).toLong());

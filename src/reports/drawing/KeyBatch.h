@@ -12,13 +12,13 @@ namespace tarnwell {
 
 /// Gathers what belongs to a report's rows for many rows at once: a block is large enough to cost few
 /// statements and small enough that neither the first page nor Cancel waits for it.
-class LookAhead {
+class KeyBatch {
 public:
     /// `keyColumn` is the name of the key by which the rest is found.
-    LookAhead(const Recordset& rows, const QString& keyColumn);
+    KeyBatch(const Recordset& rows, const QString& keyColumn);
 
     /// Whether the current row lies beyond the block; the block then begins anew at the current row.
-    [[nodiscard]] bool beginsBlock();
+    [[nodiscard]] bool beginsBatch();
     /// The block's keys as a list for IN: "(3,7,12)".
     [[nodiscard]] QString keys() const;
 

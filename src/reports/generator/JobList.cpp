@@ -1,21 +1,21 @@
-#include "reports/generator/JobMarks.h"
+#include "reports/generator/JobList.h"
 
 #include <QInputEvent>
 
 namespace tarnwell {
 
-JobMarks::JobMarks(QWidget* parent) : ListBox(Pitch::Fixed, parent) {
+JobList::JobList(QWidget* parent) : ListBox(Pitch::Fixed, parent) {
     setSelectionMode(MultiSelection);
 }
 
-std::vector<bool> JobMarks::marks() const {
+std::vector<bool> JobList::marks() const {
     std::vector<bool> marks(static_cast<std::size_t>(ListCount()));
     for (const QModelIndex& line : selectionModel()->selectedIndexes())
         marks[static_cast<std::size_t>(line.row())] = true;
     return marks;
 }
 
-std::vector<qint64> JobMarks::markedItemData() const {
+std::vector<qint64> JobList::markedItemData() const {
     const std::vector<bool> marked = marks();
     std::vector<qint64> keys;
     for (int line = 0; line < ListCount(); ++line)
@@ -24,8 +24,8 @@ std::vector<qint64> JobMarks::markedItemData() const {
     return keys;
 }
 
-QItemSelectionModel::SelectionFlags JobMarks::selectionCommand(const QModelIndex& index,
-                                                               const QEvent* event) const {
+QItemSelectionModel::SelectionFlags JobList::selectionCommand(const QModelIndex& index,
+                                                              const QEvent* event) const {
     const auto* input = dynamic_cast<const QInputEvent*>(event);
     if (input != nullptr && (input->modifiers() & Qt::ShiftModifier) != 0)
         return QItemSelectionModel::SelectCurrent;

@@ -6,11 +6,11 @@ namespace tarnwell {
 
 /// A list to mark lines in: a click or Space turns one line's mark round and leaves the others, Shift with a
 /// click or an arrow marks all lines up to there, Ctrl+A marks all.
-class JobMarks : public ListBox {
+class JobList : public ListBox {
     Q_OBJECT
 
 public:
-    explicit JobMarks(QWidget* parent = nullptr);
+    explicit JobList(QWidget* parent = nullptr);
 
     /// True for each marked line, by its index.
     [[nodiscard]] std::vector<bool> marks() const;

@@ -20,7 +20,6 @@ namespace {
 class NoPages : public PageSurface {
 public:
     qint64 NewReport() override { return 1; }
-    void ShowReport(qint64, bool) override {}
     [[nodiscard]] qint64 items() const { return m_items; }
 
 protected:
@@ -39,7 +38,6 @@ class ReportDocument : public PageSurface {
 public:
     explicit ReportDocument(PageStore& pages) : m_pages(pages) {}
     qint64 NewReport() override { return m_report = m_pages.newReport(); }
-    void ShowReport(qint64, bool) override {}
     /// What the preview reads before it shows its first page.
     void showFirst() {
         m_pages.finish(m_report);

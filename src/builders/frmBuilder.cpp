@@ -196,7 +196,7 @@ void frmBuilder::SaveRecord() {
     try {
         saveBuilder(connection(), ContractorKey, texts);
     } catch (const RunTimeError& error) {
-        if (error.number() == makeError(Failure::NoCurrentRecord).number()) {
+        if (error.is(Failure::NoCurrentRecord)) {
             letBuilderGo();
             SuppressVerify = false;
         }

@@ -194,7 +194,7 @@ void frmJobs::SaveRecord() {
                  .foreman = cmbForeman->Text(),
                  .completedDate = rebCompletedDate->value()});
     } catch (const RunTimeError& error) {
-        if (error.number() == makeError(Failure::NoCurrentRecord).number())
+        if (error.is(Failure::NoCurrentRecord))
             letJobGo();
         throw;
     }

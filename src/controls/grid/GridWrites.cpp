@@ -95,7 +95,7 @@ void Grid::Parts::deleteRow() {
     try {
         model->deleteStored(deleted);
     } catch (const RunTimeError& error) {
-        if (error.number() == makeError(Failure::RowDeleted).number())
+        if (error.is(Failure::RowDeleted))
             giveUpEdits(); // there is no row left that could take them
         throw;
     }

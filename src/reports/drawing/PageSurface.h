@@ -61,8 +61,6 @@ public:
     void AddTextWithin(qint64 ReportKey, qint16& Y, qint16 X, qint16 Width, const QString& Text, qint64 Page,
                        Orientation orientation, const TextLook& look = {});
     void AddLine(qint64 ReportKey, const PageLine& line) { store(ReportKey, line); }
-    /// Shows the stored pages, or prints them on the current printer; returns when the user is done.
-    virtual void ShowReport(qint64 ReportKey, bool Preview) = 0;
 
 protected:
     virtual void store(qint64 reportKey, const PageText& text) = 0;

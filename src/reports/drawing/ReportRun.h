@@ -34,21 +34,4 @@ struct ReportRun {
     ReportWatcher& watcher;
 };
 
-/// A report: its form, its statement and how it is drawn. `draw` raises what goes wrong; the pages drawn by
-/// then are shown all the same.
-struct Report {
-    QString objectName; ///< "frmRptGantt"
-    QString caption;    ///< "Gantt Chart"
-    QString (*buildQuery)(const ReportParameters& parameters);
-    void (*draw)(ReportRun& run);
-};
-
-/// The report of a form's name, spelled exactly so; null for any other.
-[[nodiscard]] const Report* findReport(const QString& objectName);
-
-/// Runs a report: statement, recordset, pages, and, unless it was cancelled, `ShowReport`. Says so when there
-/// is nothing to print. Errors go to `ErrorHandler`.
-void RunReport(const Report& report, Connection& connection, const ReportParameters& parameters,
-               PageSurface& surface, ReportWatcher& watcher, bool preview);
-
 } // namespace tarnwell

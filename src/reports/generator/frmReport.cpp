@@ -2,11 +2,13 @@
 
 #include "controls/Label.h"
 #include "look/Icons.h"
+#include "reports/drawing/RunReport.h"
 #include "reports/generator/ReportGenerator.h"
 #include "reports/preview/ctlAHPrintPreview.h"
 #include "runtime/DataEnvironment.h"
 #include "runtime/EventGuard.h"
 #include "runtime/MsgBox.h"
+#include "runtime/modErrorRoutines.h"
 
 #include <QCoreApplication>
 #include <QHBoxLayout>
@@ -97,9 +99,18 @@ void frmReport::RunReport() {
     repaint();
     m_sinceEvents.start();
     m_parameters.calendarMode = CalendarMode;
-    tarnwell::RunReport(m_report, DataEnvironment::cnnConnection(), m_parameters, *ctlAHPrintPreview1, *this,
-                        Preview);
+    if (const auto reportKey = tarnwell::RunReport(m_report, DataEnvironment::cnnConnection(), m_parameters,
+                                                   *ctlAHPrintPreview1, *this))
+        ShowPages(*reportKey);
     Unload();
+}
+
+void frmReport::ShowPages(qint64 reportKey) {
+    try {
+        ctlAHPrintPreview1->ShowReport(reportKey, Preview);
+    } catch (const RunTimeError& error) {
+        ErrorHandler(error, {});
+    }
 }
 
 void frmReport::Form_Unload() {

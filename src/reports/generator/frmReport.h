@@ -1,6 +1,7 @@
 #pragma once
 
 #include "frame/Screen.h"
+#include "reports/drawing/Report.h"
 #include "reports/drawing/ReportRun.h"
 
 #include <QElapsedTimer>
@@ -43,6 +44,7 @@ private:
     void makeControls();
     void layOut();
     void RunReport();
+    void ShowPages(qint64 reportKey);
     void cmdCancel_Click();
     [[nodiscard]] bool letsStatementWork() override;
     [[nodiscard]] bool goesOn() override;

@@ -3,6 +3,7 @@
 #include "controls/Combo.h"
 #include "controls/MaskedBox.h"
 #include "frame/ToolbarButtons.h"
+#include "reports/drawing/ReportList.h"
 #include "reports/generator/JobList.h"
 #include "reports/generator/frmReport.h"
 #include "reports/output/PrinterDialogs.h"

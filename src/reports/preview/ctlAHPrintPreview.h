@@ -43,9 +43,10 @@ public:
     /// set aside after a message and made anew. Raises what opening it raises, also when the user says
     /// Cancel.
     qint64 NewReport() override;
-    /// The form is out of sight once the pages are shown. A message says when the
-    /// printer is missing or fails. Nothing is shown or printed when `goesOn` returned false.
-    void ShowReport(qint64 ReportKey, bool preview) override;
+    /// Shows the pages, or prints them on the current printer; returns when the user is done. The form is
+    /// hidden once the pages are shown. A message says when the printer is missing or fails. Does nothing
+    /// when `goesOn` returned false.
+    void ShowReport(qint64 ReportKey, bool preview);
 
     /// Replaces the preview window, for tests. Returns the one before.
     static Preview setPreview(Preview preview);

@@ -52,12 +52,6 @@ void appendMarked(QStringList& report, QLatin1Char mark, const QStringList& line
 
 } // namespace
 
-void RecordedPages::ShowReport(qint64 ReportKey, bool Preview) {
-    m_shown << QStringLiteral("%1 %2")
-                   .arg(Preview ? QStringLiteral("preview") : QStringLiteral("print"))
-                   .arg(ReportKey);
-}
-
 QStringList RecordedPages::texts(qint64 page) const {
     QStringList found;
     for (const PageText& item : m_texts)

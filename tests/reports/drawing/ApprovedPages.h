@@ -17,7 +17,6 @@ namespace tarnwell::test {
 class RecordedPages : public PageSurface {
 public:
     qint64 NewReport() override { return ++m_reports; }
-    void ShowReport(qint64 ReportKey, bool Preview) override;
 
     /// What was drawn, all pages.
     [[nodiscard]] const QStringList& lines() const { return m_lines; }
@@ -27,8 +26,6 @@ public:
     [[nodiscard]] const std::vector<PageLine>& lineItems() const { return m_rules; }
     /// The last page with something on it; 0 for none.
     [[nodiscard]] qint64 pageCount() const { return m_pageCount; }
-    /// "preview 1" or "print 1" for each call of `ShowReport`.
-    [[nodiscard]] const QStringList& shown() const { return m_shown; }
 
 protected:
     void store(qint64 reportKey, const PageText& text) override;
@@ -40,7 +37,6 @@ private:
     QStringList m_lines;
     std::vector<PageText> m_texts;
     std::vector<PageLine> m_rules;
-    QStringList m_shown;
     qint64 m_pageCount = 0;
     qint64 m_reports = 0;
 };

@@ -1,3 +1,4 @@
+#include "reports/drawing/ReportList.h"
 #include "reports/drawing/ReportTest.h"
 #include "reports/pages/PagePainter.h"
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "reports/drawing/ApprovedPages.h"
+#include "reports/drawing/Report.h"
 #include "reports/drawing/ReportDatabase.h"
 #include "reports/drawing/ReportRun.h"
 #include "runtime/RunTime.h"

@@ -34,8 +34,8 @@ constexpr int dayStep = TextLook::defaultStep + 30;
 struct Grouping {
     TaskSelect select;
     const char* order;
-    const char* keyColumn;  ///< Its change opens a page; null: nothing to compare.
-    const char* textColumn; ///< Shown on the page.
+    const char* keyColumn;  ///< A change of it opens a page; null: none does.
+    const char* textColumn; ///< Names the group on the page; null: no name.
 };
 
 /// In the order of `GroupBy`.
@@ -54,7 +54,7 @@ const Grouping& groupingOf(GroupBy groupBy) {
     return groupings.at(static_cast<std::size_t>(groupBy));
 }
 
-/// A task's start or stop; a calendar has no place for a task without one.
+/// A task's start or stop; raises InvalidUseOfNull for Null, which has no place in a calendar.
 const Value& moment(const Value& value) {
     if (value.isNull())
         raise(Failure::InvalidUseOfNull);
@@ -69,8 +69,8 @@ QString timeText(const Value& value) {
     return Format(moment(value), QStringLiteral("hh:mm"));
 }
 
-/// Counts the day from Sunday and looks it up in a list that begins on the locale's first day of the week:
-/// where that is Monday, every name is that of the next day. The C locale's week begins on Sunday.
+/// The day is counted from Sunday, but the list of names begins with the locale's first day of the week:
+/// where that is Monday, each day gets the name of the next one. The C locale's week begins on Sunday.
 QString weekdayName(const QDate& date) {
     const QLocale locale;
     const int firstDay = locale.language() == QLocale::C ? Qt::Sunday : locale.firstDayOfWeek();
@@ -142,7 +142,8 @@ bool CalendarPages::staysOnDate(bool inGroup) {
 bool CalendarPages::staysInWeek(bool inGroup) {
     if (inGroup && m_monday.daysTo(start().toDate().date) < 7)
         return true;
-    // Two digits of the year: a week of 2030 is looked for in 1930, so that no task of it stays in it.
+    // The text has two digits of the year: a week of 2030 comes back as one of 1930, so each of its tasks
+    // opens a page.
     const QDate day = CDate(dayText(start())).date;
     m_monday = day.addDays(1 - day.dayOfWeek());
     return false;
@@ -215,7 +216,7 @@ void CalendarPages::drawTask() {
             rowStep);
 }
 
-/// Nothing when the employee's record is gone.
+/// Nothing when the employee no longer exists.
 std::optional<QString> CalendarPages::employee() {
     const Value key = m_rows["EmployeeKey"];
     if (key.isNoKey())

@@ -4,12 +4,13 @@
 
 namespace tarnwell {
 
-/// Lot tasks in the order of the grouping; by employee without the tasks that have none. Empty for no
-/// grouping, which no database runs. What `taskQuery` tells of employee and foreman holds here too.
+/// Lot tasks in the order of the grouping; grouped by employee, tasks without one are left out. Empty for no
+/// grouping, and no database runs that. The limits of `taskQuery` on employee and foreman hold here too.
 [[nodiscard]] QString calendarQuery(const ReportParameters& parameters);
 
-/// Tasks as a list by day. A new group, and in mode 0 a new date, in mode 1 a new week from Monday, opens a
-/// page. Raises InvalidUseOfNull for a task without a start or stop. A grouping is chosen.
+/// Tasks as a list by day. A new group opens a page; so does a new date in mode 0 and a new week, which
+/// begins on Monday, in mode 1. Requires: a grouping is chosen. Raises InvalidUseOfNull for a task without a
+/// start or stop.
 void drawCalendar(ReportRun& run);
 
 } // namespace tarnwell

@@ -27,13 +27,14 @@ constexpr int headerY = 300;
 constexpr int headerRuleY = 600;
 constexpr int dayLabelY = 700;
 constexpr int firstRowY = 900;
-constexpr int barAbove = 100; // the next row's height
+constexpr int barAbove = 100; // above the next row's text
 constexpr int barWidth = 3;
 
 constexpr int categoryLength = 10; // characters
 constexpr int taskLength = 25;
 
-/// The days across one page, from 1; entry 0 is the left edge. Behind the last day of all stands the day 0.
+/// The days across one page, from 1; entry 0 is the left edge. After the report's last day the dates are day
+/// 0.
 struct DayPage {
     std::array<QDate, dayColumns + 1> dates;
     std::array<int, dayColumns + 1> columnX{};
@@ -44,12 +45,12 @@ struct GanttDays {
     std::vector<DayPage> pages;
 };
 
-/// A date without its time. It goes through two digits of the year, so 2030 comes back as 1930.
+/// The date without its time. It goes through a text with two digits of the year, so 2030 becomes 1930.
 QDate dayOf(const Value& date) {
     return CDate(dateText(date)).date;
 }
 
-/// Halves to even: 35 days make 2 pages, and the last day has no column. Beyond an Integer it stays 0.
+/// Halves are rounded to even: 35 days make 2 pages, and the last day has no column. 0 beyond 16 bits.
 int dayPageCount(const QDate& first, const QDate& last) {
     const double count = Round(static_cast<double>(first.daysTo(last)) / dayColumns + 0.5, 0);
     return count > std::numeric_limits<qint16>::max() ? 0 : static_cast<int>(count);
@@ -75,7 +76,7 @@ GanttDays daysOf(ReportRun& run) {
     const Value last = range.field(1);
     const int pageCount = dayPageCount(first.toDate().date, last.toDate().date);
     GanttDays days{.stopDate = dayOf(last), .pages = {}};
-    // Tasks of a single day make no page, and the first day then has no place to go.
+    // A single day makes no page, so its date has no column.
     if (pageCount < 1)
         raise(Failure::SubscriptOutOfRange);
     DayPage unused;
@@ -86,7 +87,7 @@ GanttDays daysOf(ReportRun& run) {
     return days;
 }
 
-/// Null differs from nothing.
+/// Null counts as equal to everything.
 bool differs(const Value& value, const QString& from) {
     return !value.isNull() && FieldText(value) != from;
 }

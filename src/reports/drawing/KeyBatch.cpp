@@ -6,7 +6,7 @@ namespace tarnwell {
 
 namespace {
 
-constexpr int rowsOfBlock = 100;
+constexpr int rowsOfBatch = 100;
 
 } // namespace
 
@@ -18,7 +18,7 @@ bool KeyBatch::beginsBatch() {
     if (row < m_end)
         return false;
     m_begin = row;
-    m_end = row + rowsOfBlock;
+    m_end = row + rowsOfBatch;
     return true;
 }
 

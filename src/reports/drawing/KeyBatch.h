@@ -10,26 +10,27 @@
 
 namespace tarnwell {
 
-/// Gathers what belongs to a report's rows for many rows at once: a block is large enough to cost few
-/// statements and small enough that neither the first page nor Cancel waits for it.
+/// The keys of a report's next rows, so that what belongs to these rows is read for many of them at once. A
+/// batch is large enough to cost few statements and small enough that neither the first page nor Cancel waits
+/// for it.
 class KeyBatch {
 public:
-    /// `keyColumn` is the name of the key by which the rest is found.
+    /// `rows` must outlive the batch; `keyColumn` is the name of one of its columns.
     KeyBatch(const Recordset& rows, const QString& keyColumn);
 
-    /// Whether the current row lies beyond the block; the block then begins anew at the current row.
+    /// Whether the current row is beyond the batch; the next batch then begins with the current row.
     [[nodiscard]] bool beginsBatch();
-    /// The block's keys as a list for IN: "(3,7,12)".
+    /// The batch's keys as a list for IN: "(3,7,12)".
     [[nodiscard]] QString keys() const;
 
 private:
     const Recordset& m_rows;
     int m_keyColumn;
-    int m_begin = 0; // row numbers from 1; the end is the first row behind the block
+    int m_begin = 0; // row numbers from 1; the end is the first row after the batch
     int m_end = 0;
 };
 
-/// The gathered rows of one key, of all rows in the order of their keys.
+/// The rows of one key. Requires: `rows` is sorted by `keyOf`. What is returned points into `rows`.
 template <class Row>
 [[nodiscard]] std::span<const Row> rowsOf(const std::vector<Row>& rows, qint64 key, qint64 Row::*keyOf) {
     return {std::ranges::lower_bound(rows, key, {}, keyOf), std::ranges::upper_bound(rows, key, {}, keyOf)};

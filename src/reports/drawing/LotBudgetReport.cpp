@@ -49,7 +49,7 @@ private:
 void LotBudgetPages::drawRecord() {
     if (isPageFull(m_pen))
         nextColumn();
-    // Nothing looks at the height behind a job's header, so a lot may begin below the limit.
+    // The position isn't tested after a job's header, so a lot may begin below the limit.
     if (m_rows["Job.JobKey"].toLong() != m_lastJobKey)
         drawJob();
     m_tasks.prepare();
@@ -99,7 +99,7 @@ void LotBudgetPages::drawJob() {
 
 bool LotBudgetPages::drawLot(qint64 jobLotKey) {
     const BudgetSums sums = m_tasks.sumsOf(jobLotKey);
-    // "Paid Full:" leaves such a lot out as well as "Unpaid:" does.
+    // "Paid Full:" leaves such a lot out, as "Unpaid:" does.
     if (m_parameters.detail != DetailLevel::All && sums.settled)
         return false;
     const double balance = inSinglePrecision(roundedAmount(sums.total - sums.paid));
@@ -127,7 +127,7 @@ bool LotBudgetPages::drawTask(const BudgetTask& task) {
     return true;
 }
 
-/// Payments stay with their task: however many there are, they go on down the column.
+/// Payments are never parted from their task: they run down the column, past the limit if need be.
 void LotBudgetPages::drawPayments(qint64 jobLotTaskKey) {
     for (const BudgetPayment& payment : m_tasks.paymentsOf(jobLotTaskKey))
         drawInColumn({{550, dateText(payment.completed)},

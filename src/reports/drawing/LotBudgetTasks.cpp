@@ -15,8 +15,8 @@ void LotBudgetTasks::prepare() {
         readPayments(condition);
 }
 
-/// Tasks of one name come as the index of a lot's tasks has them; it says so, since another plan of the
-/// engine's might change that.
+/// Tasks of one name come in the order of the index on a lot's tasks, as from a statement for one lot. The
+/// order is written out, since the engine may choose another plan.
 void LotBudgetTasks::readTasks(const QString& condition) {
     m_tasks.clear();
     Recordset tasks;

@@ -8,7 +8,7 @@ namespace tarnwell {
 struct BudgetPayment {
     qint64 jobLotTaskKey;
     Value completed;
-    Value employee; ///< "Last, First"; Null when a part of the name is.
+    Value employee; ///< "Last, First"; Null when a part of the name is Null.
     Value price;
 };
 
@@ -20,7 +20,7 @@ struct BudgetTask {
 };
 
 struct BudgetSums {
-    double total = 0;    ///< Of the tasks' prices; those without one count nothing.
+    double total = 0;    ///< Of the tasks' prices; a Null price counts as 0.
     double paid = 0;     ///< Of all payments.
     bool settled = true; ///< Every task has a payment, whatever its amount. True without tasks.
 };
@@ -28,15 +28,17 @@ struct BudgetSums {
 /// Tasks and payments of the lots that a report walks through, read for many lots at a time.
 class LotBudgetTasks {
 public:
-    /// `lots` has the column JobLotKey. Payments are read only when they are wanted.
+    /// Requires: `lots` has the column JobLotKey, and outlives this. Without `withPayments` no task has any.
     LotBudgetTasks(Connection& connection, const Recordset& lots, bool withPayments);
 
-    /// Makes the current lot and some behind it ready; what was given out before is gone then.
+    /// Reads what belongs to the current lot, and to those after it, unless that has been done. Spans that
+    /// were returned before are invalid then.
     void prepare();
-    /// By name.
+    /// In the order of their names. Requires: the lot is prepared; the same for what follows.
     [[nodiscard]] std::span<const BudgetTask> tasksOf(qint64 jobLotKey) const;
-    /// By date.
+    /// In the order of their dates.
     [[nodiscard]] std::span<const BudgetPayment> paymentsOf(qint64 jobLotTaskKey) const;
+    /// 0 without payments.
     [[nodiscard]] double paidFor(qint64 jobLotTaskKey) const { return m_paid.of(jobLotTaskKey); }
     [[nodiscard]] BudgetSums sumsOf(qint64 jobLotKey) const;
 

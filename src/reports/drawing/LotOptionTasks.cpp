@@ -18,7 +18,7 @@ void LotOptionTasks::prepare() {
     m_paid.addPayments(m_connection, "JobLotTaskKey", children);
 }
 
-/// Options of one name come as the index of a parent's children has them.
+/// Options of one name come in the order of the index on a parent's children.
 void LotOptionTasks::readOptions(const QString& condition) {
     m_options.clear();
     Recordset options;

@@ -5,7 +5,7 @@
 
 namespace tarnwell {
 
-/// A child of a parent task.
+/// An option of a parent task.
 struct OptionTask {
     qint64 parentKey;
     qint64 jobLotTaskKey;
@@ -16,16 +16,17 @@ struct OptionTask {
 /// Options and payments of the parent tasks that a report walks through, read for many parents at a time.
 class LotOptionTasks {
 public:
-    /// `parents` has the column JobLotTaskKey.
+    /// Requires: `parents` has the column JobLotTaskKey, and outlives this.
     LotOptionTasks(Connection& connection, const Recordset& parents);
 
-    /// Makes the current parent and some behind it ready; what was given out before is gone then.
+    /// Reads what belongs to the current parent, and to those after it, unless that has been done. Spans that
+    /// were returned before are invalid then.
     void prepare();
-    /// By name.
+    /// In the order of their names. Requires: the parent is prepared; the same for what follows.
     [[nodiscard]] std::span<const OptionTask> optionsOf(qint64 parentKey) const;
-    /// The sum of the options' prices.
+    /// The sum of the options' prices; a Null price counts as 0.
     [[nodiscard]] double optionTotalOf(qint64 parentKey) const { return m_optionTotal.of(parentKey); }
-    /// For a parent or an option.
+    /// For a parent or an option; 0 without payments.
     [[nodiscard]] double paidFor(qint64 jobLotTaskKey) const { return m_paid.of(jobLotTaskKey); }
 
 private:

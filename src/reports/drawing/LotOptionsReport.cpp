@@ -42,7 +42,7 @@ private:
     qint64 m_lastJobKey = 0;
     qint64 m_lastLotKey = 0;
     double m_optionTotal = 0;
-    double m_optionPaid = 0; // only ever added to: it runs on from parent to parent
+    double m_optionPaid = 0; // of all parents so far: it is never set back
     double m_taskPaid = 0;
 };
 
@@ -103,7 +103,7 @@ bool LotOptionsPages::drawParent(std::span<const OptionTask> options) {
     for (const OptionTask& option : options)
         m_optionPaid += m_tasks.paidFor(option.jobLotTaskKey);
     const double price = m_rows["MasterPrice"].toDouble();
-    // What counts for the selection differs from the balance: here the options' payments are added.
+    // The selection differs from the balance: here what was paid for options is added.
     const double net = roundedAmount(price + m_optionTotal - (m_taskPaid - m_optionPaid));
     if (!isShown(m_parameters.detail, net))
         return false;

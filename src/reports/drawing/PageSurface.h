@@ -8,7 +8,7 @@ namespace tarnwell {
 /// How a report's pages lie on the paper; each report uses one for all of its pages.
 enum class Orientation : int { Portrait = 1, Landscape = 2 };
 
-/// A text's looks and what follows it; what a call leaves out is the surface's own.
+/// How a text looks and how far the next one is; what a call leaves out is the surface's own.
 struct TextLook {
     static constexpr int defaultStep = 240; ///< Twips: a line of the default size.
     static constexpr quint32 windowText =
@@ -45,15 +45,15 @@ struct PageLine {
     int width = 1; ///< 3 for bars and the rules of totals.
 };
 
-/// What a report draws on. It keeps the pages of each run under the run's key.
+/// What a report draws on. The pages of a run are kept under the run's key.
 class PageSurface {
 public:
     virtual ~PageSurface() = default;
 
-    /// Starts an empty report and returns its key.
+    /// Starts an empty report and returns its key, which is never 0.
     virtual qint64 NewReport() = 0;
-    /// Stores a text at (X, Y) and then moves `Y` down by the look's step. Raises Overflow when that leaves
-    /// the range of a coordinate: the text is stored then and `Y` stays.
+    /// Stores a text at (X, Y) and then moves `Y` down by the look's step. Raises Overflow when `Y` would be
+    /// out of range; the text is stored all the same and `Y` stays.
     void AddText(qint64 ReportKey, qint16& Y, qint16 X, const QString& Text, qint64 Page,
                  Orientation orientation, const TextLook& look = {});
     /// The same for a text with a neighbour on its right. One that needs more than `Width` twips is drawn

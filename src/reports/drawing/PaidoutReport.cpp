@@ -47,8 +47,8 @@ void PaidoutPages::drawRecord() {
         startPortraitPage(m_pen, "Employee Paidout: ", 160);
     if (m_rows.field(m_employeeColumn).toLong() != m_lastEmployeeKey)
         drawEmployee();
-    // The last job stands also across a change of employee: who goes on with the job of the one before has
-    // no line and no total for it.
+    // The last job is kept across a change of employee: one who begins with that job has no line and no total
+    // for it.
     if (m_rows.field(m_jobColumn).toLong() != m_lastJobKey)
         drawJob();
     if (!m_summary)
@@ -105,7 +105,7 @@ void PaidoutPages::drawPayment() {
             200);
 }
 
-/// The order of the rows keeps an employee's payments of one job together, so they begin at the current row.
+/// An employee's payments for one job follow each other, so they begin at the current row.
 double PaidoutPages::jobTotal() const {
     double total = 0;
     for (int row = m_rows.AbsolutePosition();

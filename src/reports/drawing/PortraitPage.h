@@ -9,8 +9,7 @@
 
 namespace tarnwell {
 
-// What the reports on upright pages share: the calendar, two of employees, two of lots. Coordinates are
-// twips.
+// What the five reports on portrait pages share. Coordinates are twips.
 
 inline constexpr int pageLeft = 500;
 inline constexpr int pageRight = 11100;
@@ -20,7 +19,7 @@ inline constexpr int largeSize = 10; ///< Points: headings.
 /// A pen beyond the limit of any page, so that the first record opens page 1.
 [[nodiscard]] ReportPen portraitPen(ReportRun& run);
 
-/// Whether what comes next goes to another page or column. What is being drawn then may still run on.
+/// Whether the next record goes to another page or column. A record that has begun may run past the limit.
 [[nodiscard]] bool isPageFull(const ReportPen& pen);
 
 /// Opens a page (the calendar has its own header): the title ("Lot Budget: ") with date and time, the page's
@@ -29,7 +28,7 @@ void startPortraitPage(ReportPen& pen, const QString& title, int gapBelow);
 
 struct RowText {
     int x;
-    std::optional<QString> text; ///< Nothing: the place stays empty. The last text of a row is there.
+    std::optional<QString> text; ///< Nothing: the place stays empty; not for the last one of a row.
     bool bold = false;
 };
 /// What a row stands in; the page by default.
@@ -42,7 +41,7 @@ struct RowColumn {
 void drawRow(ReportPen& pen, std::initializer_list<RowText> texts, int step, int fontSize = smallSize,
              const RowColumn& column = {});
 
-/// Draws record after record, with progress, until the last one or until the user cancels.
+/// Calls `drawRecord` for each record, with progress, until the last one or until the user cancels.
 void drawRecords(ReportRun& run, const std::function<void()>& drawRecord);
 
 } // namespace tarnwell

@@ -27,12 +27,12 @@ inline constexpr std::array lotFilter{FilterPart::Employee, FilterPart::OpenJobs
 inline constexpr std::array employeeFilter{FilterPart::Employee, FilterPart::OpenJobs,
                                            FilterPart::MarkedJobs};
 
-/// The conditions behind `start`, joined by AND, each with a blank in front; `start` alone when none applies.
-/// Typed texts go in as they are: a quote in a foreman's name breaks the statement.
+/// `start` and after it the conditions, joined by AND, each with a blank before it. Typed texts go in as they
+/// are: a quote in a foreman's name breaks the statement.
 [[nodiscard]] QString reportFilter(const ReportParameters& parameters, std::span<const FilterPart> parts,
                                    const QString& start = {});
 
-/// The filter behind " WHERE "; empty for an empty one.
+/// " WHERE " and the filter; empty for an empty one.
 [[nodiscard]] QString whereClause(const QString& filter);
 
 } // namespace tarnwell

@@ -8,7 +8,7 @@ namespace {
 
 constexpr int gapBefore = 60; ///< Twips between a text and its neighbour on the right.
 
-/// One drawing step: a coordinate out of range ends the step, every other error the report.
+/// Runs one drawing step: a coordinate out of range ends the step only, every other error is passed on.
 template <typename Step>
 void pastOverflow(Step&& step) {
     try {

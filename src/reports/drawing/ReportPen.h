@@ -4,9 +4,9 @@
 
 namespace tarnwell {
 
-/// Draws a report from top to bottom: it knows the run, the page and how far down it is.
+/// Draws a report from top to bottom: it knows the report's key, the page and the position on it.
 ///
-/// A coordinate beyond 16 bits costs a misplaced item and no more: the pen stays where it is and goes on, so
+/// A coordinate beyond 16 bits costs no more than that item: the pen stays where it is and goes on, so
 /// nothing here raises Overflow.
 class ReportPen {
 public:
@@ -16,7 +16,7 @@ public:
     [[nodiscard]] qint64 page() const { return m_page; }
     void moveTo(qint16 y) { m_y = y; }
     void down(int twips);
-    /// Counts a page and stands at `y` on it.
+    /// Goes to the next page, to `y` on it; the first one is page 1.
     void newPage(qint16 y);
 
     /// A text at `x` on the pen's height; the look's step takes the pen down. `right` is where its neighbour
@@ -24,7 +24,7 @@ public:
     void text(int x, const QString& text, const TextLook& look = {}, int right = 0);
     /// The page's number, which the surface completes by the number of pages; takes the pen down by 300.
     void pageNumber(int x);
-    /// A rule on the pen's height.
+    /// A horizontal line at the pen's height; the pen stays.
     void rule(int x1, int x2, int width = 1) { line(x1, m_y, x2, m_y, width); }
     void line(int x1, int y1, int x2, int y2, int width = 1);
 

@@ -8,7 +8,7 @@ namespace tarnwell {
 
 namespace {
 
-/// An error ends the drawing and not the run: what was drawn by then is worth seeing.
+/// An error ends the drawing and not the run: what was drawn by then is shown.
 void DrawReport(const Report& report, ReportRun& run) {
     try {
         report.draw(run);

@@ -7,9 +7,9 @@
 
 namespace tarnwell {
 
-/// Sums of amounts of lot tasks, by a key of the tasks. The database adds them up, in the order in which a
-/// statement of one key alone does: where prices hold parts of cents, another order of adding may come out on
-/// the other side of a half cent.
+/// Sums of amounts of lot tasks, by a key of the tasks. The database adds them up in the order in which a
+/// statement for one key alone does: where prices hold parts of cents, another order may end on the other
+/// side of half a cent.
 class AmountSums {
 public:
     /// Adds what was paid for the tasks that meet a condition on `JobLotTask`; `key` is a column of theirs.
@@ -18,9 +18,9 @@ public:
     void addPrices(Connection& connection, const QString& key, const QString& condition);
     void clear() { m_sums.clear(); }
 
-    /// Whether there was a row to add, with an amount or without.
+    /// Whether there was a row for the key, with an amount or with Null.
     [[nodiscard]] bool contains(qint64 key) const { return m_sums.contains(key); }
-    /// 0 without rows, and for rows without amounts.
+    /// 0 for a key without rows; Null amounts count as 0.
     [[nodiscard]] double of(qint64 key) const;
 
 private:
@@ -29,11 +29,11 @@ private:
     std::unordered_map<qint64, double> m_sums;
 };
 
-/// An amount on its way to a page: two decimals, halves to even.
+/// An amount as pages show it: rounded to two decimals, halves to even.
 [[nodiscard]] double roundedAmount(double amount);
-/// What a number is after it was held in single precision: cents get lost from 131,072 on.
+/// The amount in single precision, which loses cents from 131,072 on.
 [[nodiscard]] double inSinglePrecision(double amount);
-/// Whether tasks with so much left are on a report of this detail.
+/// Whether a task with that amount left is on a report of this detail.
 [[nodiscard]] bool isShown(DetailLevel detail, double left);
 
 } // namespace tarnwell

@@ -6,7 +6,7 @@
 
 namespace tarnwell {
 
-/// What a statement shows of lot tasks beside the tasks themselves.
+/// What a statement shows beside the lot tasks themselves.
 enum class TaskSelect {
     Plain,
     Foreman,  ///< And the job's foreman.
@@ -14,8 +14,9 @@ enum class TaskSelect {
 };
 
 /// Lot tasks of the parameters' dates, jobs, foreman and category; the caller adds the order.
-/// An employee only goes with `Employee`, and a foreman not with it, where two tables have one: the other
-/// statements name a column that isn't there, or isn't one, and opening them raises what the database says.
+/// A chosen employee is possible only with `Employee`: the other statements have no such column. A chosen
+/// foreman is possible only without it, since there two tables have one. Opening any other combination raises
+/// the database's error.
 [[nodiscard]] QString taskQuery(const ReportParameters& parameters, TaskSelect select);
 
 /// The first start and the last stop of the tasks that the plain statement finds.

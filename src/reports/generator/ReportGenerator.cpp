@@ -17,7 +17,7 @@ namespace {
 constexpr auto calendarForm = "frmRptCalendar";
 constexpr qint64 firstCalendarKey = 5;
 
-/// A line made of columns that stand at fixed places.
+/// A column of a line in which each column has its fixed place.
 struct LineColumn {
     int position; ///< 1 is the first.
     QString text;
@@ -45,7 +45,7 @@ QString jobLine(const Recordset& jobs) {
                            {35, completed.isNull() ? QString() : "|" + dateText(completed), 9}});
 }
 
-/// One line for each row, as `lineFor` makes it; none for a row that it gives nothing for.
+/// One line for each row, as `lineFor` makes it; none where it returns nothing.
 template <class LineFor>
 void appendLines(std::vector<ListItem>& lines, Connection& connection, const QString& sql, LineFor lineFor) {
     Recordset rows;

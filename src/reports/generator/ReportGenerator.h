@@ -11,12 +11,12 @@
 
 namespace tarnwell {
 
-/// A report as the database offers it: which form draws it and which controls of the generator it uses.
+/// A report as the database offers it: the form that draws it and the controls of the generator that it uses.
 struct ReportDefinitionRecord {
     qint64 reportDefinitionKey;
-    QString objectName; ///< The report's form; any other name is offered and does nothing.
+    QString objectName; ///< The report's form. A report with an unknown one is offered and does nothing.
     bool multiSelect;   ///< Several jobs may be marked.
-    qint64 reportType;  ///< Kept with the row; nothing depends on it.
+    qint64 reportType;  ///< Nothing depends on it.
     bool pEntryDate;
     bool pForeman;
     bool pSSN;
@@ -26,7 +26,7 @@ struct ReportDefinitionRecord {
     bool category;
 };
 
-/// The reports in the order of their names. `names` and `definitions` go together by their index.
+/// The reports in the order of their names; a name and its definition have one index.
 struct ReportDefinitions {
     std::vector<QString> names;
     std::vector<ReportDefinitionRecord> definitions;
@@ -35,26 +35,26 @@ struct ReportDefinitions {
 /// Raises InvalidUseOfNull for a row with a Null column.
 [[nodiscard]] ReportDefinitions readReportDefinitions(Connection& connection);
 
-/// "Last/First", behind a blank line; a foreman with a Null name part has no line.
+/// A blank line, then each foreman as "Last/First"; one with a Null name part is left out.
 [[nodiscard]] std::vector<ListItem> readForemanLines(Connection& connection);
 /// 30 characters: the number, a bar and the name, by number.
 [[nodiscard]] std::vector<ListItem> readEmployeeLines(Connection& connection);
-/// The task categories that are in use, behind a blank line.
+/// A blank line, then the task categories that are in use.
 [[nodiscard]] std::vector<ListItem> readCategoryLines(Connection& connection);
 /// 45 characters: number, name and, for a completed job, its date, by number. `incomplete` leaves the
 /// completed ones out.
 [[nodiscard]] std::vector<ListItem> readJobLines(Connection& connection, bool incomplete);
 
-/// What stands against a run with these marks in the list of jobs; nothing when it may start. `chosen` is
-/// null when no report is chosen. For a report of one job the first job of the list is not counted, so that
-/// one more may be marked beside it.
+/// The message that keeps a report from starting with these marks in the list of jobs; nothing when it may
+/// start. `chosen` is null when no report is chosen. For a report of one job the first job of the list isn't
+/// counted: it may be marked together with another one.
 [[nodiscard]] std::optional<MessageRequest> objectionTo(const ReportDefinitionRecord* chosen,
                                                         const std::vector<bool>& marks);
 
-/// What opens the report database at `gReportDataPath`.
+/// The connection string of the report database at `gReportDataPath`.
 [[nodiscard]] QString reportConnectionString();
 
-/// The calendar's mode, which the database gives by its row's key; 0 for the other reports.
+/// The calendar's mode, which follows from the key of its row; 0 for the other reports.
 [[nodiscard]] int calendarModeOf(const ReportDefinitionRecord& definition);
 
 } // namespace tarnwell

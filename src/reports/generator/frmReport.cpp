@@ -84,8 +84,8 @@ void frmReport::layOut() {
     form->addLayout(progress, 1);
 }
 
-/// Runs once: messages and the preview come and go in front of the form. It draws behind the event that
-/// brought it up, so that the window stands before its report does.
+/// Once only: the form is activated again behind each message and the preview. The report begins after the
+/// event that showed the form, so that the window is visible first.
 void frmReport::Form_Activate() {
     if (std::exchange(m_started, true))
         return;
@@ -114,7 +114,7 @@ void frmReport::ShowPages(qint64 reportKey) {
 }
 
 void frmReport::Form_Unload() {
-    m_cancelRequested = true; // Where the program ends in the middle of a report.
+    m_cancelRequested = true; // The program may end in the middle of a report.
 }
 
 void frmReport::closeRequested() {

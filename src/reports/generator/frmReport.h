@@ -14,9 +14,8 @@ namespace tarnwell {
 
 class ctlAHPrintPreview;
 
-/// The form of a report, whichever of the six it is: a progress window that draws the report as soon as it is
-/// shown, then shows or prints the pages, and unloads itself in every case. Made anew for each run; show it
-/// modally.
+/// The form of any of the reports: a progress window that draws the report as soon as it is shown, then shows
+/// or prints the pages, and unloads itself in every case. Each run needs a new one, shown modally.
 class frmReport : public Screen, private ReportWatcher {
     Q_OBJECT
 
@@ -26,18 +25,18 @@ public:
 
     bool Preview = false; ///< Shows the pages; false prints them.
     int CalendarMode = 0; ///< Of the calendar only.
-    /// The user wants no more pages. Drawing ends at the next record, and nothing is shown or printed.
+    /// The user cancelled: drawing ends at the next record, and nothing is shown or printed.
     [[nodiscard]] bool CancelRequested() const override { return m_cancelRequested; }
 
 Q_SIGNALS:
-    /// The window stands; its report comes next.
+    /// The window is visible; the report comes next.
     void activated();
 
 protected:
     void Form_Load() override;
     void Form_Activate() override;
     void Form_Unload() override;
-    /// Closing the window while it draws asks as the button does.
+    /// Closing the window while it draws asks what the button asks.
     void closeRequested() override;
 
 private:
@@ -52,7 +51,7 @@ private:
 
     void setMax(int units) override;
     void stepOne() override { ++m_unitsDone; }
-    /// Records come far faster than anybody can look or click, so most calls return at once.
+    /// Records follow each other far faster than anybody can click, so most calls return at once.
     void DoEvents() override;
     /// False once the work on the pages is to end.
     [[nodiscard]] bool follow(const char* stage, qint64 done, qint64 pages);

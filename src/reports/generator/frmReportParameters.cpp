@@ -120,7 +120,7 @@ const ReportDefinitionRecord* frmReportParameters::chosenReport() const {
     return index < 0 ? nullptr : &m_definitions.at(static_cast<std::size_t>(cmbReports->ItemData(index)));
 }
 
-/// A name that is typed whole is a choice; the caret stays, since a longer name may be meant.
+/// A name that is typed whole is chosen; the caret stays, since a longer name may follow.
 void frmReportParameters::chooseTypedReport() {
     const QString typed = cmbReports->Text();
     for (int index = 0; index < cmbReports->ListCount(); ++index)

@@ -18,8 +18,8 @@ class JobList;
 class MaskedBox;
 class ctlAHPrintPreview;
 
-/// The one door to all reports: the report, what its definition lets be set, and the jobs. What a control
-/// holds counts for the report also while it is disabled.
+/// Where every report is started: the choice of a report, of the settings that its definition allows, and of
+/// jobs. A report goes by what the controls hold, also by those that are disabled.
 class frmReportParameters : public Screen {
     Q_OBJECT
 

@@ -12,7 +12,7 @@
 #include <QRadioButton>
 #include <QVBoxLayout>
 
-// The screen as it is seen: texts, places and the order of Tab.
+// Texts, places and tab order of the screen.
 
 namespace tarnwell {
 
@@ -22,7 +22,7 @@ constexpr QSize designSize(940, 500);
 constexpr int margin = 12, spacing = 8;
 constexpr int jobLineCharacters = 46, dateWidth = 96;
 
-/// Texts of a control. Several tool tips speak of another control; people know them so.
+/// Several tool tips describe another control; users are used to them.
 struct ControlText {
     QWidget* control;
     QString name;
@@ -39,7 +39,7 @@ QGroupBox* frame(const char* caption, const char* name, QWidget* parent) {
     return made;
 }
 
-/// A row of options in a frame of their own, which makes them exclude each other.
+/// Puts options into one row; those of one frame exclude each other.
 template <std::size_t count>
 void addOptions(QGroupBox* box, const std::array<QRadioButton*, count>& options) {
     auto* row = new QHBoxLayout(box);
@@ -70,7 +70,7 @@ void frmReportParameters::makeControls() {
     nameControls();
     layOut();
     orderTabs();
-    // Not before each option stands in its own frame: on one parent all exclude each other.
+    // Not before the options are in their frames: those of one parent all exclude each other.
     optJobType[1]->setChecked(true);
     optDetail[0]->setChecked(true);
 }
@@ -99,7 +99,7 @@ void frmReportParameters::nameControls() {
     lstJobs->setAccessibleName("Jobs");
 }
 
-/// The report on top; what it shows on the left, of which jobs on the right.
+/// The report on top, its parameters on the left, the jobs on the right.
 void frmReportParameters::layOut() {
     auto* form = new QVBoxLayout(canvas());
     form->setContentsMargins(margin, margin, margin, margin);

@@ -117,13 +117,13 @@ void expectApproved(const RecordedPages& pages, const QString& name) {
     ASSERT_TRUE(file.open(QIODevice::ReadOnly))
         << "no approved pages " << path.toStdString() << "; drawn were\n"
         << pages.lines().join(u'\n').toStdString()
-        << "\nIf that is right, approve it as CONTRIBUTING.md tells.";
+        << "\nIf that is right, approve it as described in CONTRIBUTING.md.";
     QStringList approved = QString::fromUtf8(file.readAll()).split(u'\n');
     approved.removeLast(); // Behind the last line's end there is none.
     const QString difference = lineDifference(approved, pages.lines());
     EXPECT_TRUE(difference.isEmpty())
         << name.toStdString() << " is not as approved (-), but (+), from " << difference.toStdString()
-        << "\nIf that is right, approve it as CONTRIBUTING.md tells.";
+        << "\nIf that is right, approve it as described in CONTRIBUTING.md.";
 }
 
 } // namespace tarnwell::test

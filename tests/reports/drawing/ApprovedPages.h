@@ -41,12 +41,12 @@ private:
     qint64 m_reports = 0;
 };
 
-/// Compares the pages with tests/reports/approved/<name>.txt. A missing or different file fails the test and
-/// says how. With TARNWELL_APPROVE=1 in the environment the file is written instead.
+/// Compares the pages with tests/reports/drawing/approved/<name>.txt. A missing or different file fails the
+/// test and shows the difference. With TARNWELL_APPROVE=1 in the environment the file is written instead.
 void expectApproved(const RecordedPages& pages, const QString& name);
 
-/// How a text became another one, for the reader: the part that differs, "-" before what was approved and
-/// "+" before what is drawn, between two lines that both have. Empty when nothing differs.
+/// The lines that differ, "-" before what was approved and "+" before what is drawn, between the lines around
+/// them. Empty when nothing differs.
 [[nodiscard]] QString lineDifference(const QStringList& approved, const QStringList& drawn);
 
 } // namespace tarnwell::test

@@ -108,7 +108,7 @@ TEST_F(LotBudgetReport, TasksFillTheLeftColumnThenTheRightOneThenAPage) {
     EXPECT_EQ(pages.texts().filter("Lot/Block").size(), 1);
 }
 
-// The height is looked at before a lot and before a task, and nowhere else.
+// The position is tested before a lot and before a task, and nowhere else.
 TEST_F(LotBudgetReport, PaymentsAndHeadersRunPastTheLimit) {
     const qint64 task = addTask(addLot("1/A"), "Frame", 1);
     Transaction quickly(data.connection());
@@ -118,14 +118,13 @@ TEST_F(LotBudgetReport, PaymentsAndHeadersRunPastTheLimit) {
     draw();
     EXPECT_EQ(pages.pageCount(), 1);
     EXPECT_GT(pages.textItems().back().y, 13500);
-    // Beyond 16 bits the pen stays where it is, and the report goes on behind.
+    // Beyond 16 bits the pen stays where it is, and the report goes on.
     EXPECT_EQ(pages.textItems().back().y, pages.textItems().end()[-4].y);
     EXPECT_EQ(pages.texts().filter("01/05/24").size(), 200);
 }
 
-// The lots come in another order than their keys, so what a block leaves behind would be in the next one's
-// way.
-TEST_F(LotBudgetReport, BlocksOfLotsFollowEachOtherWithoutAGap) {
+// The lots come in another order than their keys, so what a batch leaves behind would show in the next one.
+TEST_F(LotBudgetReport, BatchesOfLotsFollowEachOtherWithoutAGap) {
     QStringList totals;
     QStringList payments;
     Transaction quickly(data.connection());
@@ -166,8 +165,8 @@ TEST_F(LotBudgetReport, AnErrorKeepsWhatWasDrawn) {
     EXPECT_EQ(pages.texts().filter("Task: "), QStringList{"Task: Frame"});
 }
 
-// Read for many lots at once, rows of one name or date must come as one lot's and one task's own statement
-// has them: by category and place in the tree, and by employee.
+// Though read for many lots at once, rows of one name or date come in the order of a statement for one lot or
+// task: by category and place in the tree, and by employee.
 TEST_F(LotBudgetReport, TiesComeAsInStatementsOfOneLot) {
     const qint64 lot = addLot("1/A");
     const qint64 other = data.addCategory("Roofing");
@@ -204,7 +203,7 @@ TEST_F(LotBudgetReport, TiesComeAsInStatementsOfOneLot) {
               QString::number(task) + " ORDER BY Completed, JobTaskEmployee.EmployeeKey"));
 }
 
-// A database brought over from elsewhere may hold such payments: they were paid, but there is no one to name.
+// An imported database may hold such payments: they were paid, but to nobody who could be named.
 TEST_F(LotBudgetReport, APaymentOfAVanishedEmployeeCountsWithoutARow) {
     const qint64 task = addTask(addLot("1/A"), "Frame", 100);
     pay(task, 10);
@@ -217,8 +216,7 @@ TEST_F(LotBudgetReport, APaymentOfAVanishedEmployeeCountsWithoutARow) {
     EXPECT_EQ(pages.texts().filter("Left: "), QStringList{"Left: 70.00"});
 }
 
-// Tenths have no exact double: one order of adding ends at 0.6, another beside it, and halves of cents
-// follow.
+// Tenths have no exact double: one order of adding gives 0.6, another almost, and half cents depend on it.
 TEST_F(LotBudgetReport, SumsAreAddedUpAsInStatementsOfOneLot) {
     const qint64 lot = addLot("1/A");
     pay(addTask(lot, "C", 0.1), 0.1);

@@ -41,7 +41,7 @@ TEST_F(LotOptionsReport, Pages) {
                         3);
 }
 
-// What was paid for options is only ever added to: it stays from parent to parent for the whole run.
+// What was paid for options is added up from parent to parent over the whole report.
 TEST_F(LotOptionsReport, OptionPaidRunsOn) {
     const qint64 lot = addLot("1/A");
     const qint64 first = addParent(lot, "First", 100);
@@ -54,7 +54,7 @@ TEST_F(LotOptionsReport, OptionPaidRunsOn) {
     EXPECT_TRUE(drawn("Total: ").contains("Total: 33.00"));
 }
 
-// It runs on also over a parent that isn't shown, and the selection adds it where the balance takes it off.
+// A parent that isn't shown counts too, and the selection adds what the balance subtracts.
 TEST_F(LotOptionsReport, SelectionAddsWhatWasPaidForOptions) {
     const qint64 lot = addLot("1/A");
     const qint64 paid = addParent(lot, "Paid", 50);
@@ -68,7 +68,7 @@ TEST_F(LotOptionsReport, SelectionAddsWhatWasPaidForOptions) {
     EXPECT_EQ(drawn("Task: "), (QStringList{"Task: Paid", "Task: Window"}));
 }
 
-// Half a cent goes to the even one, which is none.
+// Half a cent is rounded to the even 0.
 TEST_F(LotOptionsReport, HalfACentIsPaidInFull) {
     data.addOption(addParent(addLot("1/A"), "Frame", 0), "Window", 0.005);
     parameters.detail = DetailLevel::PaidFull;
@@ -96,7 +96,7 @@ TEST_F(LotOptionsReport, OptionsGoOnOnANewPageWithoutTheirHeadings) {
     EXPECT_EQ(pages.texts(2).value(2), "Task: Option 53") << "the one before it stands at 13,500, the limit";
 }
 
-TEST_F(LotOptionsReport, BlocksOfParentsFollowEachOtherWithoutAGap) {
+TEST_F(LotOptionsReport, BatchesOfParentsFollowEachOtherWithoutAGap) {
     QStringList expected;
     Transaction quickly(data.connection());
     for (int i = 130; i >= 1; --i) {

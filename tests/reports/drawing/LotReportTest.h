@@ -19,7 +19,7 @@ protected:
     qint64 addTask(qint64 lot, const char* name, double price) {
         return data.add(TaskRow{.lot = lot, .category = category, .name = name, .price = price});
     }
-    /// A completed job of another foreman, for the lots to come; returns the job before.
+    /// Adds a completed job of another foreman, to which the next lots belong; returns the job before.
     qint64 addOtherJob() {
         return std::exchange(
             job, data.add(JobRow{.number = "24-200", .foreman = "Own/Ed", .completed = on("02/20/24")}));
@@ -27,7 +27,7 @@ protected:
     void pay(qint64 task, double price, const char* date = "01/05/24") {
         data.add(PaymentRow{task, ann, price, on(date)});
     }
-    /// The texts that begin so when the report is drawn.
+    /// The texts that contain `start` when the report is drawn.
     [[nodiscard]] QStringList drawn(const QString& start) {
         return ReportTest::drawn(m_report, parameters, start);
     }
@@ -37,7 +37,7 @@ protected:
         DetailLevel detail;
         bool summary;
     };
-    /// Draws the report in each way; every lot counts as a step, also one that is left out.
+    /// Draws each variant; every lot counts as a step, also one that is left out.
     void expectApprovedPages(std::initializer_list<Variant> variants, int steps) {
         for (const Variant& variant : variants) {
             parameters.detail = variant.detail;

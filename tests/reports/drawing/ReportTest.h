@@ -11,7 +11,7 @@
 
 namespace tarnwell::test {
 
-/// Follows a run, and cancels it once so many records let events through.
+/// Follows a run and cancels it after a number of records.
 class ScriptedWatcher : public ReportWatcher {
 public:
     int cancelAfter = -1; ///< Records; below 0 never.
@@ -54,7 +54,7 @@ protected:
         ReportRun run{data.connection(), rsReport, parameters, pages, pages.NewReport(), watcher};
         report.draw(run);
     }
-    /// The texts that begin so when it is drawn.
+    /// The texts that contain `start` when it is drawn.
     [[nodiscard]] QStringList drawn(const Report& report, const ReportParameters& parameters,
                                     const QString& start) {
         draw(report, parameters);

@@ -31,7 +31,7 @@ void addLine(ReportRun& run, qint64 page) {
     run.surface.AddText(run.reportKey, y, 0, "A line", page, Orientation::Portrait);
 }
 
-/// As a report of endless records that the user has to stop.
+/// A report of endless records, which the user has to stop.
 void drawUntilCancelled(ReportRun& run) {
     QElapsedTimer clock;
     clock.start();
@@ -51,7 +51,7 @@ void drawThreePages(ReportRun& run) {
     }
 }
 
-/// As a user who clicks when the last page is drawn.
+/// A user who clicks when the last page is drawn.
 void drawThenCancel(ReportRun& run) {
     drawThreePages(run);
     QTimer::singleShot(0, QApplication::activeModalWidget()->findChild<QPushButton*>("cmdCancel"),
@@ -144,8 +144,8 @@ TEST_F(ReportForm, CancelIsHeardWhileThePagesAreStoredAndTheFileIsFreeMeanwhile)
         const Ask before = setMessagePresenter([&](const MessageRequest& request) {
             ++asked;
             EXPECT_EQ(request.text, "Stop printing report?");
-            PageStore otherSeat(gReportDataPath);
-            EXPECT_GT(otherSeat.newReport(), 0);
+            PageStore otherProgram(gReportDataPath);
+            EXPECT_GT(otherProgram.newReport(), 0);
             return answer;
         });
         run(cancelledAtTheEnd);
@@ -172,7 +172,7 @@ TEST_F(ReportForm, EndsWithTheProgram) {
     EXPECT_TRUE(shown.isEmpty());
 }
 
-TEST_F(ReportForm, AMissingFolderForTheReportDatabaseIsTold) {
+TEST_F(ReportForm, AMissingFolderForTheReportDatabaseIsReported) {
     gReportDataPath = data.database().folder() + "/none/Report.mdb";
     script.expect(Answer::Ok);
     run(threePages);

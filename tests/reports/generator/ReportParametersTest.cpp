@@ -104,7 +104,7 @@ TEST_F(ReportScreen, OpensOnTheFirstReportWithItsDefaults) {
     EXPECT_TRUE(parameters.markedJobs.empty());
 }
 
-TEST_F(ReportScreen, EachReportEnablesWhatItsDefinitionTells) {
+TEST_F(ReportScreen, EachReportEnablesWhatItsDefinitionAllows) {
     data.database().run("DELETE FROM ReportDefinition");
     const char* const columns[] = {"pEntryDate",  "pForeman", "pSSN",    "pDetailLevel",
                                    "summaryOnly", "groupBy",  "category"};
@@ -213,14 +213,14 @@ TEST_F(ReportScreen, MarksTurnByClickSpaceAndShift) {
     driver->click("cmdClear");
     driver->focus("lstJobs");
     driver->type("5");
-    EXPECT_TRUE(marked().empty()) << "looking for a job marks none";
+    EXPECT_TRUE(marked().empty()) << "searching for a job marks none";
     driver->press(Qt::Key_Space);
     EXPECT_EQ(marked(), std::vector{jobs[4]});
     driver->press(Qt::Key_A, Qt::ControlModifier);
     EXPECT_TRUE(form().parameters().allJobsMarked);
     driver->clickLine("lstJobs", 2);
     EXPECT_FALSE(form().parameters().allJobsMarked) << "all but one";
-    driver->press(Qt::Key_C, Qt::AltModifier); // Also Category's letter: takes turns, presses nothing.
+    driver->press(Qt::Key_C, Qt::AltModifier); // It is Category's letter too, so it presses nothing.
     driver->click("cmdClear");
     driver->click("cmdSelectAll");
     EXPECT_EQ(marked(), jobs);
@@ -263,7 +263,7 @@ TEST_F(ReportScreen, WithoutAReportNothingStarts) {
     EXPECT_EQ(script.shown().back().title, "Selection Error");
 }
 
-TEST_F(ReportScreen, AnInvalidDateGoesBackWithoutAWord) {
+TEST_F(ReportScreen, AnInvalidDateIsRestoredWithoutAMessage) {
     open();
     driver->focus("MskField(0)");
     EXPECT_EQ(form().statusText(), "Enter the start payroll entry date to filter report by");
@@ -303,7 +303,7 @@ TEST_F(ReportScreen, AnyOtherSpellingOfAFormDoesNothing) {
     EXPECT_TRUE(form().isVisible());
 }
 
-TEST_F(ReportScreen, ADateThatIsNoneReachesTheUserAsAnError) {
+TEST_F(ReportScreen, AnInvalidDateInTheStatementIsReported) {
     open();
     driver->choose("cmbReports", "Gantt Chart");
     mark({1});

@@ -1,13 +1,15 @@
 #include "builders/frmBuilder.h"
 
+#include "builders/GroupPicking.h"
 #include "builders/JobList.h"
+#include "builders/PlanGrids.h"
+#include "builders/PricePropagation.h"
 #include "builders/frmAddMasterTasks.h"
 #include "controls/Combo.h"
 #include "controls/KeyCodes.h"
 #include "controls/ListBox.h"
 #include "controls/MaskedBox.h"
 #include "controls/grid/Grid.h"
-#include "data/recordset/Recordset.h"
 #include "frame/DeleteQuestion.h"
 #include "frame/ToolbarButtons.h"
 #include "master/Categories.h"
@@ -19,6 +21,7 @@
 #include "runtime/MousePointer.h"
 #include "runtime/MsgBox.h"
 #include "runtime/modErrorRoutines.h"
+#include "runtime/modFormatFunctions.h"
 
 #include <QPushButton>
 
@@ -35,24 +38,14 @@ constexpr ButtonMask fieldButtons =
     Button::Exit | Button::Add | Button::Remove | Button::Save | Button::Find | Button::Group | Button::Help;
 constexpr ButtonMask categoryButtons =
     Button::Exit | Button::Add | Button::Save | Button::Group | Button::Help;
+constexpr ButtonMask newPlanButtons = Button::Exit | Button::Save | Button::Group | Button::Help;
+constexpr ButtonMask planButtons =
+    Button::Exit | Button::Remove | Button::Save | Button::Group | Button::Copy | Button::Help;
+constexpr ButtonMask newTaskButtons = Button::Exit | Button::AddSame | Button::Group;
+constexpr ButtonMask taskButtons = Button::Exit | Button::Remove | Button::AddSame | Button::Group;
 
-/// Hands the picking dialog what the option group screen has chosen.
-class GroupPicking : public PickingCaller {
-public:
-    explicit GroupPicking(const frmAddOptionGroup& groups) : m_groups(groups) {}
-    [[nodiscard]] PickingTarget pickingTarget() const override {
-        return {.ownerKey = m_groups.builder().ContractorKey, .groupKey = m_groups.selectedGroup()};
-    }
-
-private:
-    const frmAddOptionGroup& m_groups;
-};
-
-void pickForGroup(frmAddOptionGroup& groups) {
-    GroupPicking caller(groups);
-    auto& dialog = theForm<frmAddMasterTasks>();
-    dialog.Mode = PickingMode::OptionGroup;
-    dialog.pickFor(caller, &groups);
+bool isNothing(const Value& value) {
+    return value.isEmpty() || value.isNull();
 }
 
 } // namespace
@@ -62,11 +55,15 @@ frmBuilder::frmBuilder() : Screen("frmBuilder", "Builders", {Part::Toolbar, Part
 frmBuilder::~frmBuilder() = default;
 
 void frmBuilder::Form_Load() {
-    makeControls();
+    setDesignSize(BuilderControls::designSize);
+    ui.build(*canvas());
+    for (const auto& [control, name, toolTip] : ui.named())
+        nameControl(control, name, toolTip);
+    m_grids = std::make_unique<PlanGrids>(*ui.jgPlans, *ui.jgTasks, *ui.cmbType);
     connectControls();
-    cmbType->setItems(readTaskCategories(connection()));
-    if (cmbType->ListCount() > 0)
-        cmbType->setListIndex(0);
+    ui.cmbType->setItems(readTaskCategories(connection()));
+    if (ui.cmbType->ListCount() > 0)
+        ui.cmbType->setListIndex(0);
     DisplayRecord();
     BuildToolbar(*this, builtButtons);
     setToolbarButton("AddSame", "Task", "Add Task");
@@ -75,40 +72,48 @@ void frmBuilder::Form_Load() {
 void frmBuilder::connectControls() {
     connectFields();
     connectGrids();
-    connect(cmbType, &Combo::clicked, this, guarded([this] { cmbType_Click(); }));
-    connect(cmbType, &Combo::keyUp, this,
-            guarded([this](int keyCode, int shift) { ComboIncrementalSearch(*cmbType, keyCode, shift); }));
-    onGotFocus(cmbType, [this] {
+    connect(ui.cmbType, &Combo::clicked, this, guarded([this] { m_grids->cmbType_Click(); }));
+    connect(ui.cmbType, &Combo::keyUp, this,
+            guarded([this](int keyCode, int shift) { ComboIncrementalSearch(*ui.cmbType, keyCode, shift); }));
+    onGotFocus(ui.cmbType, [this] {
         EnableToolbar(*this, categoryButtons, ToolbarMask);
-        showToolTip(cmbType);
+        showToolTip(ui.cmbType);
     });
-    connect(cmdSelectAll, &QPushButton::clicked, this, guarded([this] { selectAllJobs(!SelectAllJobs); }));
+    connect(ui.cmdSelectAll, &QPushButton::clicked, this, guarded([this] { selectAllJobs(!SelectAllJobs); }));
 }
 
 void frmBuilder::connectFields() {
-    for (std::size_t i = 0; i < m_fields.size(); ++i)
-        onGotFocus(m_fields.at(i), [this, i] { MskField_GotFocus(static_cast<int>(i)); });
-    MaskedBox* name = m_fields[0];
+    for (std::size_t i = 0; i < ui.MskField.size(); ++i)
+        onGotFocus(ui.MskField.at(i), [this, i] { MskField_GotFocus(static_cast<int>(i)); });
+    MaskedBox* name = ui.MskField[0];
     onLostFocus(name, [this] { MskField_LostFocus(); });
     connect(name, &MaskedBox::keyDown, this,
             guarded([this](int& keyCode, int shift) { MskField_KeyDown(keyCode, shift); }));
     connect(name, &MaskedBox::keyUp, this, guarded([this] { MskField_KeyUp(); }));
 }
 
-void frmBuilder::Form_Unload() {
-    SaveRecord();
-    jgPlans->Update();
-    jgTasks->Update();
-    m_binding = true;
-    jgTasks->bind(nullptr);
-    jgPlans->bind(nullptr);
-    rsPlanTasks.reset();
-    rsPlans.reset();
+void frmBuilder::connectGrids() {
+    onGotFocus(ui.jgPlans, [this] { jgPlans_GotFocus(); });
+    onLostFocus(ui.jgPlans, [this] { jgPlans_LostFocus(); });
+    connect(ui.jgPlans, &Grid::rowColChange, this, guarded([this](int, int) { jgPlans_RowColChange(); }));
+    onGotFocus(ui.jgTasks, [this] { jgTasks_GotFocus(); });
+    connect(ui.jgTasks, &Grid::rowColChange, this, guarded([this](int, int) { jgTasks_RowColChange(); }));
+    connect(ui.jgTasks, &Grid::afterColUpdate, this,
+            guarded([this](int column) { jgTasks_AfterColUpdate(column); }));
+    connect(ui.jgTasks, &Grid::buttonClick, this, guarded([this](int column) {
+                if (column == PlanTaskColumn::AddonButton)
+                    AddPlanTasks();
+            }));
 }
 
-/// A row that can't be written is told, and the form stays with it.
+void frmBuilder::Form_Unload() {
+    SaveRecord();
+    m_grids->close();
+}
+
+/// A row that can't be written keeps the form open.
 void frmBuilder::closeRequested() {
-    if (writeGrids())
+    if (m_grids->write())
         Unload();
 }
 
@@ -120,7 +125,7 @@ void frmBuilder::Toolbar1_ButtonClick(const QString& caption) {
         {"Add",
          [this] {
              if (AddRecord())
-                 SetFocus(m_fields[0]);
+                 SetFocus(ui.MskField[0]);
          }},
         {"Copy", [this] { CopyPlan(); }},
         {"Del", [this] { DeleteRecord(); }},
@@ -171,30 +176,27 @@ void frmBuilder::FindRecord() {
     }
     SuppressVerify = false;
     if (written)
-        SetFocus(m_fields[0]);
+        SetFocus(ui.MskField[0]);
 }
 
 void frmBuilder::ShowGroups() {
     SaveRecord();
     auto& groups = theForm<frmAddOptionGroup>();
-    groups.openFor({.ContractorKey = ContractorKey, .name = m_fields[0]->text()}, pickForGroup, this);
+    groups.openFor({.ContractorKey = ContractorKey, .name = ui.MskField[0]->text()}, pickForGroup, this);
 }
 
 /// The builder on the screen with its grids: none of it may be left behind, or come under the next builder.
 /// False when a row was refused, and its message shown.
 bool frmBuilder::writeAll() {
     SaveRecord();
-    return writeGrids();
+    return m_grids->write();
 }
 
 /// Raises what `saveBuilder` raises. A builder that no longer exists leaves the screen then: as long as it
 /// stayed, neither another builder nor Exit could be reached.
 void frmBuilder::SaveRecord() {
-    BuilderTexts texts;
-    std::transform(m_fields.begin(), m_fields.end(), texts.begin(),
-                   [](const MaskedBox* field) { return field->text(); });
     try {
-        saveBuilder(connection(), ContractorKey, texts);
+        saveBuilder(connection(), ContractorKey, ui.texts());
     } catch (const RunTimeError& error) {
         if (error.is(Failure::NoCurrentRecord)) {
             letBuilderGo();
@@ -206,47 +208,39 @@ void frmBuilder::SaveRecord() {
 
 /// No builder is on the screen from here on. What was pending in the grids has no owner any more.
 void frmBuilder::letBuilderGo() {
-    jgTasks->CancelUpdate();
-    jgPlans->CancelUpdate();
+    m_grids->dropPending();
     ToolbarMask = 0;
     ContractorKey = 0;
     DisplayRecord();
-    SetFocus(m_fields[0]);
+    SetFocus(ui.MskField[0]);
     SetFieldToolbar(0);
 }
 
 void frmBuilder::DisplayRecord() {
-    const BuilderTexts texts = readBuilder(connection(), ContractorKey);
-    for (std::size_t i = 0; i < m_fields.size(); ++i)
-        m_fields.at(i)->setText(texts.at(i));
+    ui.show(readBuilder(connection(), ContractorKey));
     LoadJobList();
-    LoadPlans();
+    m_grids->LoadPlans(ContractorKey);
 }
 
 void frmBuilder::LoadJobList() {
-    lstJobs->setItems(readJobList(connection(), ContractorKey));
+    ui.lstJobs->setItems(readJobList(connection(), ContractorKey));
     if (ContractorKey == 0)
         return;
     selectAllJobs(true);
 }
 
-/// All of them at once: the list repaints once. The header stays as it is.
 void frmBuilder::selectAllJobs(bool select) {
     SelectAllJobs = select;
-    const QAbstractItemModel& lines = *lstJobs->model();
-    if (lstJobs->ListCount() > 1)
-        lstJobs->selectionModel()->select({lines.index(1, 0), lines.index(lstJobs->ListCount() - 1, 0)},
-                                          select ? QItemSelectionModel::Select
-                                                 : QItemSelectionModel::Deselect);
+    ui.selectAllJobs(select);
 }
 
 void frmBuilder::DeleteRecord() {
     const QWidget* active = ActiveControl();
-    if (std::find(m_fields.begin(), m_fields.end(), active) != m_fields.end())
+    if (std::find(ui.MskField.begin(), ui.MskField.end(), active) != ui.MskField.end())
         DeleteBuilder();
-    else if (active == jgPlans)
+    else if (active == ui.jgPlans)
         DeletePlan();
-    else if (active == jgTasks)
+    else if (active == ui.jgTasks)
         DeletePlanTask();
 }
 
@@ -258,13 +252,62 @@ void frmBuilder::DeleteBuilder() {
     letBuilderGo();
 }
 
+void frmBuilder::DeletePlan() {
+    if (!isDeleteConfirmed("Delete the " + FieldText(ui.jgPlans->value(PlanColumn::PlanName)) + " Plan?"))
+        return;
+    m_grids->DeletePlan();
+    SetFocus(ui.jgPlans);
+}
+
+void frmBuilder::DeletePlanTask() {
+    if (!isNothing(ui.jgTasks->value(PlanTaskColumn::MasterTaskKey)) &&
+        isDeleteConfirmed("Delete the " + FieldText(ui.jgTasks->value(PlanTaskColumn::Name)) + " Task?"))
+        m_grids->DeletePlanTask();
+}
+
+void frmBuilder::CopyPlan() {
+    m_grids->CopyPlan();
+}
+
+void frmBuilder::AddTask() {
+    try {
+        AddPlanTasks();
+        SetTaskToolbar();
+    } catch (const RunTimeError& error) {
+        ErrorHandler(error, {});
+    }
+}
+
+void frmBuilder::AddPlanTasks() {
+    if (isNothing(ui.jgPlans->value(PlanColumn::ContractorPlanKey)) || !m_grids->write())
+        return;
+    auto& dialog = theForm<frmAddMasterTasks>();
+    dialog.Mode = PickingMode::Plan;
+    dialog.pickFor(*this, this);
+    m_grids->cmbType_Click();
+}
+
+PickingTarget frmBuilder::pickingTarget() const {
+    return {.ownerKey = m_grids->currentPlan()};
+}
+
 void frmBuilder::SetFieldToolbar(int index) {
     EnableToolbar(*this, index == 0 && ContractorKey == 0 ? emptyButtons : fieldButtons, ToolbarMask);
 }
 
+void frmBuilder::SetPlanToolbar() {
+    EnableToolbar(*this, m_grids->currentPlan() == 0 ? newPlanButtons : planButtons, ToolbarMask);
+}
+
+void frmBuilder::SetTaskToolbar() {
+    EnableToolbar(*this,
+                  ui.jgTasks->value(PlanTaskColumn::MasterTaskKey).isNoKey() ? newTaskButtons : taskButtons,
+                  ToolbarMask);
+}
+
 void frmBuilder::MskField_GotFocus(int index) {
     if (index > 0)
-        showToolTip(m_fields.at(static_cast<std::size_t>(index)));
+        showToolTip(ui.MskField.at(static_cast<std::size_t>(index)));
     else
         setStatusText(ContractorKey != 0 ? "Enter Builder Name"
                                          : "Press Add to enter new record, Find to get record");
@@ -274,8 +317,8 @@ void frmBuilder::MskField_GotFocus(int index) {
 void frmBuilder::MskField_LostFocus() {
     if (SuppressVerify || (!isBuilderNameEmpty() && ContractorKey != 0))
         return;
-    m_fields[0]->clear();
-    SetFocus(m_fields[0]);
+    ui.MskField[0]->clear();
+    SetFocus(ui.MskField[0]);
 }
 
 void frmBuilder::MskField_KeyDown(int& keyCode, int shift) {
@@ -296,11 +339,66 @@ void frmBuilder::MskField_KeyDown(int& keyCode, int shift) {
 
 void frmBuilder::MskField_KeyUp() {
     if (ContractorKey == 0)
-        m_fields[0]->clear();
+        ui.MskField[0]->clear();
+}
+
+void frmBuilder::jgPlans_GotFocus() {
+    if (isBuilderNameEmpty()) {
+        SetFocus(ui.MskField[0]);
+        return;
+    }
+    SetPlanToolbar();
+    setStatusText(ui.jgPlans->columnTag(ui.jgPlans->Col()));
+}
+
+/// A new plan is stored when the grid is left; its tasks, none yet, then take the place of the last plan's.
+void frmBuilder::jgPlans_LostFocus() {
+    if (ui.jgPlans->value(PlanColumn::ContractorKey).isNoKey() && !ui.jgPlans->UpdateOrTell())
+        return;
+    m_grids->catchUp();
+}
+
+void frmBuilder::jgPlans_RowColChange() {
+    if (m_grids->isHeld())
+        return;
+    m_grids->cmbType_Click();
+    SetPlanToolbar();
+    if (ui.jgPlans->Col() > 0)
+        setStatusText(ui.jgPlans->columnTag(ui.jgPlans->Col()));
+}
+
+void frmBuilder::jgTasks_GotFocus() {
+    if (isBuilderNameEmpty()) {
+        SetFocus(ui.MskField[0]);
+        return;
+    }
+    if (isNothing(ui.jgPlans->value(PlanColumn::ContractorPlanKey))) {
+        SetFocus(ui.jgPlans);
+        return;
+    }
+    m_grids->catchUp();
+    SetTaskToolbar();
+    showToolTip(ui.jgTasks);
+}
+
+void frmBuilder::jgTasks_RowColChange() {
+    if (m_grids->isHeld())
+        return;
+    m_grids->catchUp();
+    if (ui.jgTasks->Col() > 0)
+        setStatusText(ui.jgTasks->columnTag(ui.jgTasks->Col()));
+}
+
+void frmBuilder::jgTasks_AfterColUpdate(int column) {
+    propagatePrice(connection(),
+                   {.column = column,
+                    .planTaskKey = ui.jgTasks->value(PlanTaskColumn::ContractorPlanTaskKey),
+                    .price = ui.jgTasks->value(PlanTaskColumn::MasterPrice)},
+                   ui.selectedJobs());
 }
 
 bool frmBuilder::isBuilderNameEmpty() const {
-    return m_fields[0]->text().isEmpty();
+    return ui.MskField[0]->text().isEmpty();
 }
 
 } // namespace tarnwell

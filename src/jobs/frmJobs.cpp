@@ -1,14 +1,17 @@
 #include "jobs/frmJobs.h"
 
+#include "builders/frmAddMasterTasks.h"
 #include "controls/Combo.h"
 #include "controls/DateBox.h"
 #include "controls/KeyCodes.h"
 #include "controls/MaskedBox.h"
 #include "controls/grid/Grid.h"
-#include "data/recordset/Recordset.h"
 #include "frame/DeleteQuestion.h"
 #include "frame/ToolbarButtons.h"
+#include "jobs/JobGrids.h"
 #include "jobs/JobRecord.h"
+#include "jobs/frmAddJobOptionGroup.h"
+#include "jobs/frmAddJobTasks.h"
 #include "jobs/frmJobAdd.h"
 #include "master/Categories.h"
 #include "master/FastSearch.h"
@@ -38,9 +41,11 @@ constexpr ButtonMask jobButtons =
 constexpr ButtonMask nameButtons = ~(Button::Add | Button::Remove | Button::Save | Button::Info);
 constexpr ButtonMask categoryButtons =
     Button::Exit | Button::Add | Button::Remove | Button::Save | Button::Help;
-
-constexpr int nameField = 1, builderField = 2;
-constexpr int planNameColumn = 4, taskNameColumn = 8;
+constexpr ButtonMask lotButtons = Button::Exit | Button::Remove | Button::Copy | Button::Help;
+constexpr ButtonMask newLotButtons = Button::Exit | Button::Help;
+constexpr ButtonMask taskButtons =
+    Button::Exit | Button::Remove | Button::AddSame | Button::Save | Button::Group | Button::Help;
+constexpr int nameField = 1;
 
 bool isCopyConfirmed(const QString& question) {
     return MsgBox({.text = question,
@@ -56,36 +61,51 @@ frmJobs::frmJobs() : Screen("frmJobs", "Jobs", {Part::Toolbar, Part::StatusBar})
 frmJobs::~frmJobs() = default;
 
 void frmJobs::Form_Load() {
-    makeControls();
+    setDesignSize(JobControls::designSize);
+    ui.build(*canvas());
+    for (const auto& [control, name, toolTip] : ui.named())
+        nameControl(control, name, toolTip);
+    m_grids = std::make_unique<JobGrids>(*ui.jgJobLots, *ui.jgTasks, *ui.cmbType);
     connectFields();
     connectGrids();
-    cmbForeman->setTexts(readForemen(connection()));
-    cmbType->setItems(readTaskCategories(connection()));
-    if (cmbType->ListCount() > 0)
-        cmbType->setListIndex(0);
+    ui.cmbForeman->setTexts(readForemen(connection()));
+    ui.cmbType->setItems(readTaskCategories(connection()));
+    if (ui.cmbType->ListCount() > 0)
+        ui.cmbType->setListIndex(0);
     BuildToolbar(*this, builtButtons);
     setToolbarButton("AddSame", "Task", "Add Task");
 }
 
 void frmJobs::connectFields() {
-    for (int i = 0; i < static_cast<int>(m_fields.size()); ++i) {
-        MaskedBox* field = m_fields.at(static_cast<std::size_t>(i));
+    for (int i = 0; i < static_cast<int>(ui.MskField.size()); ++i) {
+        MaskedBox* field = ui.MskField.at(static_cast<std::size_t>(i));
         onGotFocus(field, [this, i] { MskField_GotFocus(i); });
         onLostFocus(field, [this, i] { MskField_LostFocus(i); });
     }
-    connect(m_fields[0], &MaskedBox::keyDown, this,
+    connect(ui.MskField[0], &MaskedBox::keyDown, this,
             guarded([this](int& keyCode, int shift) { MskField_KeyDown(keyCode, shift); }));
-    connect(m_fields[0], &MaskedBox::keyUp, this, guarded([this] { MskField_KeyUp(); }));
-    connect(rebCompletedDate, &DateBox::changed, this, guarded([this] { rebCompletedDate_Change(); }));
-    onGotFocus(cmbType, [this] { cmbType_GotFocus(); });
-    connect(cmbType, &Combo::clicked, this, guarded([this] { cmbType_Click(); }));
-    connect(cmbType, &Combo::keyUp, this,
-            guarded([this](int keyCode, int shift) { ComboIncrementalSearch(*cmbType, keyCode, shift); }));
+    connect(ui.MskField[0], &MaskedBox::keyUp, this, guarded([this] { MskField_KeyUp(); }));
+    connect(ui.rebCompletedDate, &DateBox::changed, this, guarded([this] { rebCompletedDate_Change(); }));
+    onGotFocus(ui.cmbType, [this] { cmbType_GotFocus(); });
+    connect(ui.cmbType, &Combo::clicked, this, guarded([this] { m_grids->cmbType_Click(); }));
+    connect(ui.cmbType, &Combo::keyUp, this,
+            guarded([this](int keyCode, int shift) { ComboIncrementalSearch(*ui.cmbType, keyCode, shift); }));
+}
+
+void frmJobs::connectGrids() {
+    onGotFocus(ui.jgJobLots, [this] { jgJobLots_GotFocus(); });
+    connect(ui.jgJobLots, &Grid::rowColChange, this, guarded([this](int, int) { jgJobLots_RowColChange(); }));
+    connect(ui.jgJobLots, &Grid::buttonClick, this,
+            guarded([this](int column) { jgJobLots_ButtonClick(column); }));
+    onGotFocus(ui.jgTasks, [this] { jgTasks_GotFocus(); });
+    connect(ui.jgTasks, &Grid::rowColChange, this, guarded([this](int, int) { jgTasks_RowColChange(); }));
+    connect(ui.jgTasks, &Grid::buttonClick, this,
+            guarded([this](int column) { jgTasks_ButtonClick(column); }));
 }
 
 void frmJobs::Form_Unload() {
     SaveRecord();
-    closeGrids();
+    m_grids->close();
 }
 
 void frmJobs::closeRequested() {
@@ -109,15 +129,15 @@ void frmJobs::pressButton(const QString& caption) {
         {"Add", [this] { AddRecord(); }},
         {"Copy",
          [this] {
-             const QString plan = FieldText(jgJobLots->value(planNameColumn));
-             if (isCopyConfirmed("Copy the " + plan + " Lot/Block?") && ActiveControl() == jgJobLots)
+             const QString plan = FieldText(ui.jgJobLots->value(LotColumn::PlanName));
+             if (isCopyConfirmed("Copy the " + plan + " Lot/Block?") && ActiveControl() == ui.jgJobLots)
                  CopyLot();
          }},
         {"Del", [this] { deleteActive(); }},
         {"Exit",
          [this] {
              SuppressVerify = true;
-             if (writeGrids())
+             if (m_grids->write())
                  Unload();
          }},
         {"Find",
@@ -128,7 +148,7 @@ void frmJobs::pressButton(const QString& caption) {
         {"Group", [this] { ShowGroups(); }},
         {"Task",
          [this] {
-             if (jgTasks->UpdateOrTell())
+             if (ui.jgTasks->UpdateOrTell())
                  pickTasks();
          }},
     };
@@ -159,14 +179,10 @@ void frmJobs::FindRecord() {
 }
 
 /// The job on the screen with its grids: none of it may be left behind, or come under the next job. False
-/// when a row was refused, and told.
+/// when a row was refused, and its message shown.
 bool frmJobs::writeAll() {
     SaveRecord();
-    return writeGrids();
-}
-
-bool frmJobs::writeGrids() {
-    return jgTasks->UpdateOrTell() && jgJobLots->UpdateOrTell();
+    return m_grids->write();
 }
 
 /// The buttons of the control that has the focus go by what is loaded, so its routine runs again.
@@ -175,11 +191,11 @@ void frmJobs::loadJob(qint64 jobKey) {
     try {
         DisplayRecord();
     } catch (const RunTimeError&) {
-        emptyGrids();
+        m_grids->empty();
         throw;
     }
-    LoadedJobNumber = m_fields[0]->text();
-    LoadJobLots();
+    LoadedJobNumber = ui.MskField[0]->text();
+    m_grids->LoadJobLots(JobKey);
     if (QWidget* active = ActiveControl())
         SetFocus(active);
 }
@@ -188,11 +204,7 @@ void frmJobs::loadJob(qint64 jobKey) {
 /// neither another job nor Exit could be reached.
 void frmJobs::SaveRecord() {
     try {
-        saveJob(connection(), JobKey,
-                {.jobNumber = m_fields[0]->text(),
-                 .name = m_fields[nameField]->text(),
-                 .foreman = cmbForeman->Text(),
-                 .completedDate = rebCompletedDate->value()});
+        saveJob(connection(), JobKey, ui.record());
     } catch (const RunTimeError& error) {
         if (error.is(Failure::NoCurrentRecord))
             letJobGo();
@@ -204,40 +216,33 @@ void frmJobs::SaveRecord() {
 void frmJobs::letJobGo() {
     JobKey = 0;
     DisplayRecord();
-    emptyGrids();
-    SetFocus(m_fields[0]);
+    m_grids->empty();
+    SetFocus(ui.MskField[0]);
 }
 
 void frmJobs::DisplayRecord() {
-    for (MaskedBox* field : m_fields)
-        field->clear();
-    cmbForeman->setText({});
-    rebCompletedDate->setText({});
+    ui.clear();
     if (JobKey == 0)
         return;
     // A job that can't be shown must not be saved with the empty fields.
     const qint64 wanted = std::exchange(JobKey, 0);
     const ShownJob job = readJob(connection(), wanted);
     JobKey = wanted;
-    m_fields[0]->setText(job.record.jobNumber);
-    m_fields[nameField]->setText(job.record.name);
-    m_fields[builderField]->setText(job.builderName);
-    cmbForeman->setText(job.record.foreman);
-    rebCompletedDate->setValue(job.record.completedDate);
+    ui.show(job);
     ContractorKey = job.contractorKey;
 }
 
 void frmJobs::deleteActive() {
     const QWidget* active = ActiveControl();
-    const auto asked = [](const QString& what) { return isDeleteConfirmed("Delete " + what + '?'); };
-    if (std::find(m_fields.begin(), m_fields.end(), active) != m_fields.end()) {
-        if (asked("Current Job"))
+    if (std::find(ui.MskField.begin(), ui.MskField.end(), active) != ui.MskField.end()) {
+        if (isDeleteConfirmed("Delete Current Job?"))
             DeleteRecord();
-    } else if (active == jgTasks) {
-        if (asked("the " + FieldText(jgTasks->value(taskNameColumn)) + " Task"))
-            DeleteTask();
-    } else if (active == jgJobLots) {
-        if (asked("the " + FieldText(jgJobLots->value(planNameColumn)) + " Lot/Block"))
+    } else if (active == ui.jgTasks) {
+        if (isDeleteConfirmed("Delete the " + FieldText(ui.jgTasks->value(LotTaskColumn::Name)) + " Task?"))
+            m_grids->DeleteTask();
+    } else if (active == ui.jgJobLots) {
+        if (isDeleteConfirmed("Delete the " + FieldText(ui.jgJobLots->value(LotColumn::PlanName)) +
+                              " Lot/Block?"))
             DeleteLot();
     }
 }
@@ -246,13 +251,61 @@ void frmJobs::DeleteRecord() {
     const HourGlass hourGlass;
     deleteJob(connection(), JobKey);
     letJobGo();
-    m_deleting.reset();
+    m_grids->endHourGlass();
+}
+
+void frmJobs::DeleteLot() {
+    m_grids->DeleteLot();
+    jgJobLots_RowColChange();
+}
+
+void frmJobs::CopyLot() {
+    m_grids->CopyLot();
+    showLotPlace();
+}
+
+/// Fills the current lot, or a new one, and comes back to the lot that it started from.
+void frmJobs::AddLotTasks() {
+    const Value lot = ui.jgJobLots->value(LotColumn::JobLotKey);
+    auto& dialog = theForm<frmAddJobTasks>();
+    dialog.fillFor(*this, this);
+    if (!dialog.Cancelled)
+        m_grids->LoadJobLots(JobKey, lot);
+    showLotPlace();
+}
+
+void frmJobs::ShowGroups() {
+    if (!ui.jgTasks->UpdateOrTell())
+        return;
+    auto& dialog = theForm<frmAddJobOptionGroup>();
+    dialog.applyTo(*this, this);
+    if (!dialog.Cancelled)
+        m_grids->RefreshTasks();
+}
+
+void frmJobs::pickTasks() {
+    auto& dialog = theForm<frmAddMasterTasks>();
+    dialog.Mode = PickingMode::Lot;
+    dialog.pickFor(*this, this);
+    if (!dialog.Cancelled)
+        m_grids->RefreshTasks();
+}
+
+CurrentLot frmJobs::currentLot() const {
+    return {.jobKey = JobKey,
+            .contractorKey = ContractorKey,
+            .jobLotKey = ui.jgJobLots->value(LotColumn::JobLotKey),
+            .contractorPlanKey = ui.jgJobLots->value(LotColumn::ContractorPlanKey)};
+}
+
+PickingTarget frmJobs::pickingTarget() const {
+    return {.ownerKey = ui.jgJobLots->value(LotColumn::JobLotKey)};
 }
 
 void frmJobs::MskField_GotFocus(int index) {
     const ButtonMask buttons = index == nameField ? nameButtons : JobKey == 0 ? noJobButtons : jobButtons;
     EnableToolbar(*this, buttons, ToolbarMask);
-    showToolTip(m_fields.at(static_cast<std::size_t>(index)));
+    showToolTip(ui.MskField.at(static_cast<std::size_t>(index)));
 }
 
 /// A number that was kept is asked about again each time: `LoadedJobNumber` stays the old one.
@@ -260,18 +313,18 @@ void frmJobs::MskField_LostFocus(int index) {
     if (SuppressVerify)
         return;
     if (JobKey == 0) {
-        SetFocus(m_fields[0]);
+        SetFocus(ui.MskField[0]);
         return;
     }
-    if (index != 0 || m_fields[0]->text() == LoadedJobNumber)
+    if (index != 0 || ui.MskField[0]->text() == LoadedJobNumber)
         return;
     if (MsgBox({.text = "Job Number Modified.\nCancel Modification?",
                 .title = "Entry Verification",
                 .buttons = MessageButtons::YesNo}) == Answer::Yes)
-        m_fields[0]->setText(LoadedJobNumber);
+        ui.MskField[0]->setText(LoadedJobNumber);
 }
 
-/// The key itself is dropped: a number that the dialog gave is not to be typed into.
+/// The key itself is dropped: it must not be typed into the number that comes from the dialog.
 void frmJobs::MskField_KeyDown(int& keyCode, int shift) {
     if (JobKey != 0 || !isEntryKey(keyCode, shift))
         return;
@@ -289,31 +342,93 @@ void frmJobs::MskField_KeyDown(int& keyCode, int shift) {
 
 void frmJobs::MskField_KeyUp() {
     if (JobKey == 0)
-        m_fields[0]->clear();
+        ui.MskField[0]->clear();
 }
 
 void frmJobs::cmbType_GotFocus() {
-    if (isJobNumberEmpty() || jgJobLots->RowCount() < 1) {
-        SetFocus(jgJobLots);
+    if (isJobNumberEmpty() || ui.jgJobLots->RowCount() < 1) {
+        SetFocus(ui.jgJobLots);
         return;
     }
     EnableToolbar(*this, categoryButtons, ToolbarMask);
-    showToolTip(cmbType);
+    showToolTip(ui.cmbType);
 }
 
-/// Only the user's own change: a loaded job tells nothing, nor does a text that is no date yet.
+/// Only for the user's own change: a loaded job gives no hint, nor does a text that is not yet a date.
 void frmJobs::rebCompletedDate_Change() {
-    if (ActiveControl() != rebCompletedDate)
+    if (ActiveControl() != ui.rebCompletedDate)
         return;
-    const Value date = rebCompletedDate->value();
+    const Value date = ui.rebCompletedDate->value();
     if (date.kind() == Value::Kind::Text)
-        showToolTip(rebCompletedDate);
+        showToolTip(ui.rebCompletedDate);
     else
         setStatusText(completionHint(!date.isNull()));
 }
 
+void frmJobs::setLotToolbar() {
+    EnableToolbar(*this, m_grids->currentLotKey() == 0 ? newLotButtons : lotButtons, ToolbarMask);
+}
+
+/// What the row can do and what the column is for.
+void frmJobs::showLotPlace() {
+    setLotToolbar();
+    if (ui.jgJobLots->Col() > 0)
+        setStatusText(ui.jgJobLots->columnTag(ui.jgJobLots->Col()));
+}
+
+void frmJobs::jgJobLots_GotFocus() {
+    if (isJobNumberEmpty()) {
+        SetFocus(ui.MskField[0]);
+        return;
+    }
+    setLotToolbar();
+    showToolTip(ui.jgJobLots);
+}
+
+void frmJobs::jgJobLots_RowColChange() {
+    if (m_grids->isHeld())
+        return;
+    // The buttons go by the row as the tasks' load leaves it: a new lot has its key then.
+    const auto goOn = qScopeGuard([this] { showLotPlace(); });
+    try {
+        m_grids->cmbType_Click();
+    } catch (const RunTimeError&) {
+        return; // passed over: the employees on offer stay those of before
+    }
+}
+
+/// No plan is offered for a lot that can't be written.
+void frmJobs::jgJobLots_ButtonClick(int column) {
+    if (column == LotColumn::PlanName && ui.jgJobLots->UpdateOrTell())
+        AddLotTasks();
+}
+
+void frmJobs::jgTasks_GotFocus() {
+    if (isJobNumberEmpty() || m_grids->currentLotKey() == 0) {
+        SetFocus(ui.jgJobLots);
+        return;
+    }
+    m_grids->catchUp();
+    EnableToolbar(*this, taskButtons, ToolbarMask);
+    showToolTip(ui.jgTasks);
+}
+
+void frmJobs::jgTasks_RowColChange() {
+    if (m_grids->isHeld())
+        return;
+    m_grids->catchUp();
+    if (ui.jgTasks->Col() > 0)
+        setStatusText(ui.jgTasks->columnTag(ui.jgTasks->Col()));
+}
+
+void frmJobs::jgTasks_ButtonClick(int column) {
+    if (column == LotTaskColumn::AddOnButton && !ui.jgJobLots->value(LotColumn::JobLotKey).isEmpty() &&
+        ui.jgTasks->UpdateOrTell())
+        pickTasks();
+}
+
 bool frmJobs::isJobNumberEmpty() const {
-    return m_fields[0]->text().isEmpty();
+    return ui.MskField[0]->text().isEmpty();
 }
 
 } // namespace tarnwell

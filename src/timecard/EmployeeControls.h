@@ -1,7 +1,7 @@
 #pragma once
 
 #include "timecard/EmployeeRecord.h"
-#include "timecard/NamedControl.h"
+#include "controls/NamedControl.h"
 
 #include <QSize>
 

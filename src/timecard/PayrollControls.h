@@ -1,6 +1,6 @@
 #pragma once
 
-#include "timecard/NamedControl.h"
+#include "controls/NamedControl.h"
 
 #include <QSize>
 

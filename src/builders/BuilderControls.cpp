@@ -1,4 +1,5 @@
-#include "builders/frmBuilder.h"
+#include "builders/BuilderControls.h"
+
 #include "controls/Combo.h"
 #include "controls/FormLayout.h"
 #include "controls/Label.h"
@@ -11,19 +12,16 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-// The screen as it is seen: texts, columns, places and the order of Tab.
+#include <algorithm>
 
 namespace tarnwell {
 
 namespace {
 
-constexpr QSize designSize(1180, 640);
 constexpr int shortFieldWidth = 110;
 constexpr int frameTitleTop = 1, frameTitleGap = 3; // Above a frame's title, and between it and the edge.
 constexpr int recordShare = 3, jobShare = 2;        // Of the upper half's width.
 constexpr int planShare = 2, taskShare = 3;         // Of the lower half's.
-
-constexpr auto taskToolTip = "Enter new tasks, Press Add to include tasks";
 
 std::vector<GridColumn> planColumns() {
     return {{.key = "ContractorPlanKey", .caption = "ContractorPlanKey", .visible = false},
@@ -57,68 +55,103 @@ std::vector<GridColumn> taskColumns() {
 
 } // namespace
 
-void frmBuilder::makeControls() {
-    setDesignSize(designSize);
-    for (std::size_t i = 0; i < m_fields.size(); ++i)
-        m_fields.at(i) = new MaskedBox(builderFields.at(i).length, canvas());
-    lstJobs = new ListBox(ListBox::Pitch::Fixed, canvas());
+void BuilderControls::make(QWidget& form) {
+    for (std::size_t i = 0; i < MskField.size(); ++i)
+        MskField.at(i) = new MaskedBox(builderFields.at(i).length, &form);
+    lstJobs = new ListBox(ListBox::Pitch::Fixed, &form);
     lstJobs->setSelectionMode(QAbstractItemView::MultiSelection);
-    cmdSelectAll = new QPushButton("Un/Select All", canvas());
-    jgPlans = editableGrid(canvas(), planColumns());
-    cmbType = new Combo(canvas());
+    cmdSelectAll = new QPushButton("Un/Select All", &form);
+    jgPlans = editableGrid(&form, planColumns());
+    cmbType = new Combo(&form);
     cmbType->setAlwaysChosen();
-    jgTasks = editableGrid(canvas(), taskColumns());
-    nameControls();
+    jgTasks = editableGrid(&form, taskColumns());
+}
 
-    auto* form = filling<QVBoxLayout>(canvas(), formColumnGap);
+std::vector<NamedControl> BuilderControls::named() const {
+    std::vector<NamedControl> names;
+    for (std::size_t i = 0; i < MskField.size(); ++i)
+        names.push_back({MskField.at(i), QStringLiteral("MskField(%1)").arg(i), builderFields.at(i).toolTip});
+    names.insert(names.end(), {{lstJobs, "lstJobs"},
+                               {cmdSelectAll, "cmdSelectAll"},
+                               {jgPlans, "jgPlans"},
+                               {cmbType, "cmbType", "Select Category to display tasks"},
+                               {jgTasks, "jgTasks", "Enter new tasks, Press Add to include tasks"}});
+    return names;
+}
+
+BuilderTexts BuilderControls::texts() const {
+    BuilderTexts texts;
+    std::transform(MskField.begin(), MskField.end(), texts.begin(),
+                   [](const MaskedBox* field) { return field->text(); });
+    return texts;
+}
+
+void BuilderControls::show(const BuilderTexts& texts) const {
+    for (std::size_t i = 0; i < MskField.size(); ++i)
+        MskField.at(i)->setText(texts.at(i));
+}
+
+std::vector<qint64> BuilderControls::selectedJobs() const {
+    std::vector<qint64> jobs;
+    for (int i = 0; i < lstJobs->ListCount(); ++i)
+        if (lstJobs->item(i)->isSelected())
+            jobs.push_back(lstJobs->ItemData(i));
+    return jobs;
+}
+
+void BuilderControls::selectAllJobs(bool select) const {
+    const QAbstractItemModel& lines = *lstJobs->model();
+    if (lstJobs->ListCount() > 1)
+        lstJobs->selectionModel()->select({lines.index(1, 0), lines.index(lstJobs->ListCount() - 1, 0)},
+                                          select ? QItemSelectionModel::Select
+                                                 : QItemSelectionModel::Deselect);
+}
+
+/// Tab visits the record, then a plan and what is in it, then the jobs that it reaches.
+void BuilderControls::build(QWidget& form) {
+    make(form);
+    jgTasks->setAccessibleName("Task Grid");
+    auto* column = filling<QVBoxLayout>(&form, formColumnGap);
     auto* upper = new QHBoxLayout;
     upper->setSpacing(formColumnGap);
-    upper->addWidget(recordFrame(), recordShare);
+    upper->addWidget(recordFrame(form), recordShare);
     upper->addLayout(jobColumn(), jobShare);
-    form->addLayout(upper);
-    form->addLayout(planHalf(), 1);
-    orderTabs();
+    column->addLayout(upper);
+    column->addLayout(planHalf(), 1);
+    std::vector<QWidget*> order(MskField.begin(), MskField.end());
+    order.insert(order.end(), {jgPlans, cmbType, jgTasks, lstJobs, cmdSelectAll});
+    tabThrough(order);
 }
 
-void frmBuilder::nameControls() {
-    for (std::size_t i = 0; i < m_fields.size(); ++i)
-        nameControl(m_fields.at(i), QStringLiteral("MskField(%1)").arg(i), builderFields.at(i).toolTip);
-    nameControl(lstJobs, "lstJobs");
-    nameControl(cmdSelectAll, "cmdSelectAll");
-    nameControl(jgPlans, "jgPlans");
-    nameControl(cmbType, "cmbType", "Select Category to display tasks");
-    nameControl(jgTasks, "jgTasks", taskToolTip);
-    jgTasks->setAccessibleName("Task Grid");
-}
-
-/// Its mnemonic leads to the name. Made on the canvas, where the fields keep their place in the order of Tab.
-QWidget* frmBuilder::recordFrame() {
+/// Its mnemonic leads to the name. The fields' parent is the form, where they keep their place in the order
+/// of Tab.
+QWidget* BuilderControls::recordFrame(QWidget& form) const {
     constexpr std::size_t state = 4, zip = 5;
-    auto* frame = new QGroupBox("&Builder", canvas());
+    auto* frame = new QGroupBox("&Builder", &form);
     frame->setObjectName("fraInformation");
     auto* grid = spaced<QGridLayout>(frame);
     int row = 0;
-    for (std::size_t i = 0; i < m_fields.size(); ++i) {
+    for (std::size_t i = 0; i < MskField.size(); ++i) {
         auto* caption =
-            label(builderFields.at(i).label, QStringLiteral("lblField(%1)").arg(i + 1), m_fields.at(i));
+            label(builderFields.at(i).label, QStringLiteral("lblField(%1)").arg(i + 1), MskField.at(i));
         if (i == zip) { // beside the state
             grid->addWidget(caption, row - 1, 3);
-            grid->addWidget(m_fields.at(i), row - 1, 4);
+            grid->addWidget(MskField.at(i), row - 1, 4);
             continue;
         }
         grid->addWidget(caption, row, 0);
-        grid->addWidget(m_fields.at(i), row++, 1, 1, i == state ? 1 : 4);
+        grid->addWidget(MskField.at(i), row++, 1, 1, i == state ? 1 : 4);
     }
     for (const std::size_t small : {state, zip})
-        m_fields.at(small)->setFixedWidth(scaledToText(shortFieldWidth, *m_fields.at(small)));
+        MskField.at(small)->setFixedWidth(scaledToText(shortFieldWidth, *MskField.at(small)));
     grid->setColumnStretch(2, 1);
     grid->setRowStretch(row, 1);
     return frame;
 }
 
-/// As high as the record beside it, so that the plans get the room; its title and edges are level with the
+/// As high as the record beside it, so that the plans get the space; its title and edges are level with the
 /// record's.
-QLayout* frmBuilder::jobColumn() {
+QLayout* BuilderControls::jobColumn() const {
     lstJobs->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
     auto* jobs = new QVBoxLayout;
     jobs->setSpacing(0);
@@ -131,7 +164,7 @@ QLayout* frmBuilder::jobColumn() {
     return jobs;
 }
 
-QLayout* frmBuilder::planHalf() {
+QLayout* BuilderControls::planHalf() const {
     auto* half = new QGridLayout;
     half->setHorizontalSpacing(formColumnGap);
     half->setVerticalSpacing(formSpacing);
@@ -143,13 +176,6 @@ QLayout* frmBuilder::planHalf() {
     half->setColumnStretch(1, taskShare);
     half->setRowStretch(1, 1);
     return half;
-}
-
-/// The record, then a plan and what is in it, then the jobs that it reaches.
-void frmBuilder::orderTabs() {
-    std::vector<QWidget*> order(m_fields.begin(), m_fields.end());
-    order.insert(order.end(), {jgPlans, cmbType, jgTasks, lstJobs, cmdSelectAll});
-    tabThrough(order);
 }
 
 } // namespace tarnwell

@@ -1,3 +1,5 @@
+#include "jobs/JobControls.h"
+
 #include "controls/Combo.h"
 #include "controls/DateBox.h"
 #include "controls/FormLayout.h"
@@ -5,29 +7,21 @@
 #include "controls/MaskedBox.h"
 #include "controls/grid/Grid.h"
 #include "jobs/LotTasks.h"
-#include "jobs/frmJobs.h"
 
 #include <QGroupBox>
 #include <QLabel>
 #include <QVBoxLayout>
 
-// The screen as it is seen: texts, columns, places and the order of Tab.
-
 namespace tarnwell {
 
 namespace {
 
-constexpr QSize designSize(1180, 640);
-constexpr std::array fieldLengths{30, 30, 0}; // The builder is only shown, whole.
-constexpr int numberShare = 2, nameShare = 3; // Of the job's place in the frame.
-constexpr int jobShare = 5, foremanShare = 3; // Of the frame's width.
-constexpr int categoryRest = 3;               // What the category leaves of its line.
-constexpr int lotShare = 2, taskShare = 3;    // Of the grids' height.
-
-constexpr int treeColumn = 8, parentColumn = 5, childColumn = 6;
-
-constexpr auto lotToolTip = "Select the lot/block to modify or enter new lot/block";
-constexpr auto taskToolTip = "Enter new tasks, Press Task to include tasks";
+constexpr int jobNumber = 0, jobName = 1, builder = 2; // Of the fields.
+constexpr std::array fieldLengths{30, 30, 0};          // The builder is only shown, whole.
+constexpr int numberShare = 2, nameShare = 3;          // Of the job's place in the frame.
+constexpr int jobShare = 5, foremanShare = 3;          // Of the frame's width.
+constexpr int categoryRest = 3;                        // What the category leaves of its line.
+constexpr int lotShare = 2, taskShare = 3;             // Of the grids' height.
 
 std::vector<GridColumn> lotColumns() {
     return {{.key = "JobLotKey", .caption = "JobKey", .visible = false},
@@ -124,7 +118,7 @@ std::vector<GridColumn> taskColumns() {
 }
 
 TreeLevel levelOfTask(const CellReader& cell) {
-    switch (taskRole(cell(parentColumn), cell(childColumn))) {
+    switch (taskRole(cell(LotTaskColumn::ParentKey), cell(LotTaskColumn::Child))) {
     case TaskRole::Parent:
         return TreeLevel::Parent;
     case TaskRole::Option:
@@ -134,63 +128,91 @@ TreeLevel levelOfTask(const CellReader& cell) {
     }
 }
 
+/// The builder is only shown, and as readable as the rest.
+void showOnly(MaskedBox& field) {
+    QPalette shown = field.palette();
+    shown.setBrush(QPalette::Disabled, QPalette::Text, shown.brush(QPalette::Active, QPalette::Text));
+    field.setPalette(shown);
+    field.setEnabled(false);
+}
+
 } // namespace
 
-void frmJobs::makeControls() {
-    setDesignSize(designSize);
-    for (std::size_t i = 0; i < m_fields.size(); ++i)
-        m_fields.at(i) = new MaskedBox(fieldLengths.at(i), canvas());
-    cmbForeman = new Combo(canvas());
-    rebCompletedDate = new DateBox(DateBox::Arrows::Beside, canvas());
-    jgJobLots = editableGrid(canvas(), lotColumns());
-    cmbType = new Combo(canvas());
+void JobControls::make(QWidget& form) {
+    for (std::size_t i = 0; i < MskField.size(); ++i)
+        MskField.at(i) = new MaskedBox(fieldLengths.at(i), &form);
+    cmbForeman = new Combo(&form);
+    rebCompletedDate = new DateBox(DateBox::Arrows::Beside, &form);
+    jgJobLots = editableGrid(&form, lotColumns());
+    cmbType = new Combo(&form);
     cmbType->setAlwaysChosen();
-    jgTasks = editableGrid(canvas(), taskColumns());
-    jgTasks->setTree(treeColumn, levelOfTask);
-    nameControls();
+    jgTasks = editableGrid(&form, taskColumns());
+    jgTasks->setTree(LotTaskColumn::Name, levelOfTask);
+    showOnly(*MskField[builder]);
+}
 
+std::vector<NamedControl> JobControls::named() const {
+    return {{MskField[jobNumber], "MskField(0)", "Press Add or Find to get job"},
+            {MskField[jobName], "MskField(1)", "Press Add or Find to get job number"},
+            {MskField[builder], "MskField(2)"},
+            {cmbForeman, "cmbForeman", "Enter Job Foreman!"},
+            {rebCompletedDate, "rebCompletedDate", "Enter completed date of job"},
+            {cmbType, "cmbType", "Select Category to Display Tasks"},
+            {jgJobLots, "jgJobLots", "Select the lot/block to modify or enter new lot/block"},
+            {jgTasks, "jgTasks", "Enter new tasks, Press Task to include tasks"}};
+}
+
+JobRecord JobControls::record() const {
+    return {.jobNumber = MskField[jobNumber]->text(),
+            .name = MskField[jobName]->text(),
+            .foreman = cmbForeman->Text(),
+            .completedDate = rebCompletedDate->value()};
+}
+
+void JobControls::show(const ShownJob& job) const {
+    MskField[jobNumber]->setText(job.record.jobNumber);
+    MskField[jobName]->setText(job.record.name);
+    MskField[builder]->setText(job.builderName);
+    cmbForeman->setText(job.record.foreman);
+    rebCompletedDate->setValue(job.record.completedDate);
+}
+
+void JobControls::clear() const {
+    for (MaskedBox* field : MskField)
+        field->clear();
+    cmbForeman->setText({});
+    rebCompletedDate->setText({});
+}
+
+void JobControls::build(QWidget& form) {
+    make(form);
+    MskField[jobName]->setAccessibleName("Job Name");
+    jgTasks->setAccessibleName("Tasks");
     auto* category = labelled("&Category:", "lblField(5)", cmbType);
     category->addStretch(categoryRest);
-    auto* form = filling<QVBoxLayout>(canvas());
-    form->addWidget(jobFrame());
-    form->addWidget(label("Lots:", "lblField(4)", jgJobLots));
-    form->addWidget(jgJobLots, lotShare);
-    form->addLayout(category);
-    form->addWidget(jgTasks, taskShare);
-    orderTabs();
+    auto* column = filling<QVBoxLayout>(&form);
+    column->addWidget(jobFrame(form));
+    column->addWidget(label("Lots:", "lblField(4)", jgJobLots));
+    column->addWidget(jgJobLots, lotShare);
+    column->addLayout(category);
+    column->addWidget(jgTasks, taskShare);
+    tabThrough(
+        {MskField[jobNumber], MskField[jobName], cmbForeman, rebCompletedDate, jgJobLots, cmbType, jgTasks});
 }
 
-void frmJobs::nameControls() {
-    nameControl(m_fields[0], "MskField(0)", "Press Add or Find to get job");
-    nameControl(m_fields[1], "MskField(1)", "Press Add or Find to get job number");
-    nameControl(m_fields[2], "MskField(2)");
-    m_fields[1]->setAccessibleName("Job Name");
-    nameControl(cmbForeman, "cmbForeman", "Enter Job Foreman!");
-    nameControl(rebCompletedDate, "rebCompletedDate", "Enter completed date of job");
-    nameControl(cmbType, "cmbType", "Select Category to Display Tasks");
-    nameControl(jgJobLots, "jgJobLots", lotToolTip);
-    nameControl(jgTasks, "jgTasks", taskToolTip);
-    jgTasks->setAccessibleName("Tasks");
-    // The builder is only shown, and as readable as the rest.
-    QPalette shown = m_fields[2]->palette();
-    shown.setBrush(QPalette::Disabled, QPalette::Text, shown.brush(QPalette::Active, QPalette::Text));
-    m_fields[2]->setPalette(shown);
-    m_fields[2]->setEnabled(false);
-}
-
-/// Its mnemonic leads to the job number. Made on the canvas, where the fields keep their place in the order
-/// of Tab.
-QWidget* frmJobs::jobFrame() {
-    auto* frame = new QGroupBox("&Job Entry", canvas());
+/// Its mnemonic leads to the job number. The fields' parent is the form, where they keep their place in the
+/// order of Tab.
+QWidget* JobControls::jobFrame(QWidget& form) const {
+    auto* frame = new QGroupBox("&Job Entry", &form);
     frame->setObjectName("fraInformation");
     auto* job = spaced<QHBoxLayout>();
-    job->addWidget(m_fields[0], numberShare);
-    job->addWidget(m_fields[1], nameShare);
+    job->addWidget(MskField[jobNumber], numberShare);
+    job->addWidget(MskField[jobName], nameShare);
     auto* grid = spaced<QGridLayout>(frame);
-    grid->addWidget(label("Job:", "lblField(0)", m_fields[0]), 0, 0);
+    grid->addWidget(label("Job:", "lblField(0)", MskField[jobNumber]), 0, 0);
     grid->addLayout(job, 0, 1);
-    grid->addWidget(label("Builder:", "lblField(1)", m_fields[2]), 1, 0);
-    grid->addWidget(m_fields[2], 1, 1);
+    grid->addWidget(label("Builder:", "lblField(1)", MskField[builder]), 1, 0);
+    grid->addWidget(MskField[builder], 1, 1);
     grid->setColumnMinimumWidth(2, formColumnGap);
     grid->addWidget(label("Foreman:", "lblField(2)", cmbForeman), 0, 3);
     grid->addWidget(cmbForeman, 0, 4);
@@ -199,11 +221,6 @@ QWidget* frmJobs::jobFrame() {
     grid->setColumnStretch(1, jobShare);
     grid->setColumnStretch(4, foremanShare);
     return frame;
-}
-
-/// The job, its lots, a lot's tasks.
-void frmJobs::orderTabs() {
-    tabThrough({m_fields[0], m_fields[1], cmbForeman, rebCompletedDate, jgJobLots, cmbType, jgTasks});
 }
 
 } // namespace tarnwell

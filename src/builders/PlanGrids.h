@@ -57,8 +57,8 @@ private:
     Grid& jgPlans;
     Grid& jgTasks;
     Combo& cmbType;
-    std::unique_ptr<Recordset> rsPlans;
-    std::unique_ptr<Recordset> rsPlanTasks;
+    std::shared_ptr<Recordset> rsPlans;
+    std::shared_ptr<Recordset> rsPlanTasks;
     qint64 m_builderOfPlans = 0;
     DetailRows m_tasks;
 };

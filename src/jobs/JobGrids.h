@@ -66,8 +66,8 @@ private:
     Grid& jgJobLots;
     Grid& jgTasks;
     Combo& cmbType;
-    std::unique_ptr<Recordset> rsJobLots;
-    std::unique_ptr<Recordset> rsJobLotTasks;
+    std::shared_ptr<Recordset> rsJobLots;
+    std::shared_ptr<Recordset> rsJobLotTasks;
     qint64 m_jobOfLots = 0;
     DetailRows m_tasks;
     std::optional<quint32> m_employeesAsOf; ///< Version of the data that the employees on offer come from.

@@ -3,6 +3,8 @@
 #include "data/recordset/Recordset.h"
 #include "reports/drawing/LotBudgetReport.h"
 #include "reports/drawing/PaidoutReport.h"
+#include "reports/drawing/Report.h"
+#include "reports/drawing/ReportRun.h"
 #include "reports/pages/PageStore.h"
 #include "runtime/DataEnvironment.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "timecard/EmployeeRecord.h"
 #include "controls/NamedControl.h"
+#include "timecard/EmployeeRecord.h"
 
 #include <QSize>
 

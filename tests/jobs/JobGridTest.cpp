@@ -9,7 +9,7 @@ namespace {
 
 constexpr int nameColumn = 8, priceColumn = 9, startColumn = 13, stopColumn = 14, employeeColumn = 15;
 
-struct JobGrids : JobScreen {
+struct JobGridTest : JobScreen {
     qint64 worker =
         data.db.add("Employee", {{"LastName", "Archer"}, {"FirstName", "Ann"}, {"Inactive", false}});
     qint64 walls_ = data.addTask("Walls", data.lot);
@@ -28,7 +28,7 @@ struct JobGrids : JobScreen {
 
 } // namespace
 
-TEST_F(JobGrids, ATypedLotIsStoredWhenItsColumnChanges) {
+TEST_F(JobGridTest, ATypedLotIsStoredWhenItsColumnChanges) {
     openJob();
     clickCell("jgJobLots", 3, 3);
     driver->type("C");
@@ -51,7 +51,7 @@ TEST_F(JobGrids, ATypedLotIsStoredWhenItsColumnChanges) {
     driver.reset();
 }
 
-TEST_F(JobGrids, ATypedLotIsStoredHoweverItIsLeft) {
+TEST_F(JobGridTest, ATypedLotIsStoredHoweverItIsLeft) {
     const std::pair<const char*, std::function<void()>> ways[] = {
         {"by an arrow key", [this] { driver->press(Qt::Key_Up); }},
         {"by Tab", [this] { driver->press(Qt::Key_Tab); }},
@@ -71,7 +71,7 @@ TEST_F(JobGrids, ATypedLotIsStoredHoweverItIsLeft) {
     }
 }
 
-TEST_F(JobGrids, AnEditedLotThatSomebodyElseDeletedLeavesWithItsTasks) {
+TEST_F(JobGridTest, AnEditedLotThatSomebodyElseDeletedLeavesWithItsTasks) {
     openJob();
     data.db.secondSeat()->Execute("DELETE FROM JobLot WHERE LotBlock='A'");
     lots().setCol(5);
@@ -86,7 +86,7 @@ TEST_F(JobGrids, AnEditedLotThatSomebodyElseDeletedLeavesWithItsTasks) {
     EXPECT_EQ(tasks().RowCount(), 0);
 }
 
-TEST_F(JobGrids, TheTasksFollowTheLotAndATaskNeedsAStoredOne) {
+TEST_F(JobGridTest, TheTasksFollowTheLotAndATaskNeedsAStoredOne) {
     openJob();
     EXPECT_EQ(tasks().RowCount(), 1);
     clickCell("jgJobLots", 2, 3);
@@ -103,7 +103,7 @@ TEST_F(JobGrids, TheTasksFollowTheLotAndATaskNeedsAStoredOne) {
     EXPECT_EQ(driver->focusedName(), "cmbType");
 }
 
-TEST_F(JobGrids, WithoutALotTheFocusGoesToTheLots) {
+TEST_F(JobGridTest, WithoutALotTheFocusGoesToTheLots) {
     data.db.run("DELETE FROM JobLot");
     openJob();
     for (const char* control : {"cmbType", "jgTasks"}) {
@@ -112,7 +112,7 @@ TEST_F(JobGrids, WithoutALotTheFocusGoesToTheLots) {
     }
 }
 
-TEST_F(JobGrids, ATypedTaskBelongsToItsLotAndCategoryHoweverItIsLeft) {
+TEST_F(JobGridTest, ATypedTaskBelongsToItsLotAndCategoryHoweverItIsLeft) {
     const std::pair<const char*, std::function<void()>> ways[] = {
         {"by an arrow key", [this] { driver->press(Qt::Key_Up); }},
         {"by another lot", [this] { clickCell("jgJobLots", 2, 3); }},
@@ -145,7 +145,7 @@ TEST_F(JobGrids, ATypedTaskBelongsToItsLotAndCategoryHoweverItIsLeft) {
     }
 }
 
-TEST_F(JobGrids, EscapeGivesATypedRowUp) {
+TEST_F(JobGridTest, EscapeGivesATypedRowUp) {
     openJob();
     for (const char* grid : {"jgJobLots", "jgTasks"}) {
         driver->focus(grid);
@@ -157,7 +157,7 @@ TEST_F(JobGrids, EscapeGivesATypedRowUp) {
     EXPECT_EQ(data.count("JobLot") + data.count("JobLotTask"), 3);
 }
 
-TEST_F(JobGrids, EnterWalksThroughATaskAndHintsAtEachColumn) {
+TEST_F(JobGridTest, EnterWalksThroughATaskAndHintsAtEachColumn) {
     openJob();
     clickCell("jgTasks", 1, nameColumn);
     const char* const hints[] = {"Enter the task name",
@@ -175,7 +175,7 @@ TEST_F(JobGrids, EnterWalksThroughATaskAndHintsAtEachColumn) {
     }
 }
 
-TEST_F(JobGrids, ATaskIsScheduledByTypingAndAWrongDateIsKeptToBeCorrected) {
+TEST_F(JobGridTest, ATaskIsScheduledByTypingAndAWrongDateIsKeptToBeCorrected) {
     openJob();
     clickCell("jgTasks", 1, startColumn);
     driver->type("13/45/26");
@@ -198,7 +198,7 @@ TEST_F(JobGrids, ATaskIsScheduledByTypingAndAWrongDateIsKeptToBeCorrected) {
               1);
 }
 
-TEST_F(JobGrids, TheEmployeesAreReadAtEachLoadAndAnInactiveOneKeepsTheTask) {
+TEST_F(JobGridTest, TheEmployeesAreReadAtEachLoadAndAnInactiveOneKeepsTheTask) {
     data.db.run("UPDATE JobLotTask SET EmployeeKey=" + QString::number(worker));
     data.db.add("Employee", {{"LastName", "Nofirst"}, {"Inactive", false}});
     openJob();
@@ -218,7 +218,7 @@ TEST_F(JobGrids, TheEmployeesAreReadAtEachLoadAndAnInactiveOneKeepsTheTask) {
     EXPECT_EQ(count("MasterPrice=11 AND EmployeeKey=" + QString::number(worker)), 1);
 }
 
-TEST_F(JobGrids, ADeletedTaskLeavesATreeThatHolds) {
+TEST_F(JobGridTest, ADeletedTaskLeavesATreeThatHolds) {
     const qint64 bay = data.addOption("Walls Bay", walls_);
     openJob();
     clickCell("jgTasks", 2, nameColumn);
@@ -233,7 +233,7 @@ TEST_F(JobGrids, ADeletedTaskLeavesATreeThatHolds) {
     EXPECT_EQ(tasks().value("ParentKey"), Value(0));
 }
 
-TEST_F(JobGrids, RowsThatSomebodyElseDeletedLeaveAfterAMessage) {
+TEST_F(JobGridTest, RowsThatSomebodyElseDeletedLeaveAfterAMessage) {
     openJob();
     driver->focus("jgTasks");
     const auto other = data.db.secondSeat();
@@ -249,7 +249,7 @@ TEST_F(JobGrids, RowsThatSomebodyElseDeletedLeaveAfterAMessage) {
     EXPECT_EQ(lots().value("LotBlock"), Value("B"));
 }
 
-TEST_F(JobGrids, ATaskThatSomebodyElseChangedIsNotOverwritten) {
+TEST_F(JobGridTest, ATaskThatSomebodyElseChangedIsNotOverwritten) {
     typeOverAnotherPrice();
     driver->press(Qt::Key_Down);
     EXPECT_TRUE(tasks().isPending()) << "what was typed is still there";
@@ -261,7 +261,7 @@ TEST_F(JobGrids, ATaskThatSomebodyElseChangedIsNotOverwritten) {
     EXPECT_EQ(cell(tasks(), 1, priceColumn), "77.00");
 }
 
-TEST_F(JobGrids, ARefusedTaskKeepsItsLotAndIsWrittenThereOnceItCanBe) {
+TEST_F(JobGridTest, ARefusedTaskKeepsItsLotAndIsWrittenThereOnceItCanBe) {
     typeOverAnotherPrice();
     clickCell("jgJobLots", 2, 3);
     EXPECT_EQ(cell(tasks(), 1, priceColumn), "11.00") << "the other lot's tasks wait for the row";
@@ -270,7 +270,7 @@ TEST_F(JobGrids, ARefusedTaskKeepsItsLotAndIsWrittenThereOnceItCanBe) {
     EXPECT_EQ(tasks().RowCount(), 0) << "the tasks of the lot that is current";
 }
 
-TEST_F(JobGrids, APriceThatIsNoNumberIsRefusedOnceEachTimeAndTheChoiceWaitsForIt) {
+TEST_F(JobGridTest, APriceThatIsNoNumberIsRefusedOnceEachTimeAndTheChoiceWaitsForIt) {
     openJob();
     clickCell("jgTasks", 1, priceColumn);
     driver->type("12x");
@@ -292,7 +292,7 @@ TEST_F(JobGrids, APriceThatIsNoNumberIsRefusedOnceEachTimeAndTheChoiceWaitsForIt
     EXPECT_EQ(tasks().RowCount(), 0);
 }
 
-TEST_F(JobGrids, ADeletedLotLeavesNoPendingTask) {
+TEST_F(JobGridTest, ADeletedLotLeavesNoPendingTask) {
     openJob();
     driver->focus("jgTasks");
     driver->press(Qt::Key_Insert);
@@ -305,7 +305,7 @@ TEST_F(JobGrids, ADeletedLotLeavesNoPendingTask) {
     EXPECT_EQ(data.count("JobLotTask"), 0);
 }
 
-TEST_F(JobGrids, AnEmptiedCategoryStaysInForceForTheNextLot) {
+TEST_F(JobGridTest, AnEmptiedCategoryStaysInForceForTheNextLot) {
     openJob();
     data.addTask("Beams", lotB);
     driver->focus("cmbType");
@@ -316,7 +316,7 @@ TEST_F(JobGrids, AnEmptiedCategoryStaysInForceForTheNextLot) {
     EXPECT_EQ(cell(tasks(), 1, nameColumn), "Beams");
 }
 
-TEST_F(JobGrids, ADeletedJobLeavesNoPendingRow) {
+TEST_F(JobGridTest, ADeletedJobLeavesNoPendingRow) {
     openJob();
     clickCell("jgJobLots", 1, 5);
     driver->type("5 Elm Street");

@@ -1,9 +1,9 @@
 #include "controls/DayArrows.h"
 
+#include "look/SharedPaletteStyle.h"
 #include "look/Theme.h"
 
 #include <QContextMenuEvent>
-#include <QProxyStyle>
 #include <QStyleOptionFocusRect>
 #include <QStylePainter>
 #include <QWheelEvent>
@@ -18,14 +18,14 @@ constexpr int rest = 1;
 constexpr int leastWidth = 18;
 
 /// Gives the bar's height to the two arrows, whatever it is, and none to a slider.
-class ArrowsOnly : public QProxyStyle {
+class ArrowsOnly : public SharedPaletteStyle {
 public:
-    using QProxyStyle::QProxyStyle;
+    using SharedPaletteStyle::SharedPaletteStyle;
 
     [[nodiscard]] QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option,
                                        SubControl part, const QWidget* widget) const override {
         if (control != CC_ScrollBar)
-            return QProxyStyle::subControlRect(control, option, part, widget);
+            return SharedPaletteStyle::subControlRect(control, option, part, widget);
         const QRect whole = option->rect;
         const int upper = whole.height() / 2;
         switch (part) {

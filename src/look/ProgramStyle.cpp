@@ -1,13 +1,10 @@
 #include "look/ProgramStyle.h"
 
-#include "look/SharedPalettes.h"
 #include "look/Theme.h"
 
 #include <QAbstractItemView>
 #include <QPainter>
 #include <QStyleOption>
-
-#include <utility>
 
 namespace tarnwell {
 
@@ -49,47 +46,13 @@ void frameFocus(QPainter& painter, const QStyleOption& option) {
     painter.restore();
 }
 
-/// Gives an option the shared palette of its colours while it is drawn.
-class WithSharedPalette {
-public:
-    // The toolkit hands its options over as constants, and makes each as a variable for one drawing.
-    explicit WithSharedPalette(const QStyleOption* option)
-        : m_option(const_cast<QStyleOption*>(option)) { // NOLINT(cppcoreguidelines-pro-type-const-cast)
-        if (m_option != nullptr)
-            m_own = std::exchange(m_option->palette, sharedPalette(m_option->palette));
-    }
-    ~WithSharedPalette() {
-        if (m_option != nullptr)
-            m_option->palette = m_own;
-    }
-    WithSharedPalette(const WithSharedPalette&) = delete;
-    WithSharedPalette& operator=(const WithSharedPalette&) = delete;
-
-private:
-    QStyleOption* m_option;
-    QPalette m_own;
-};
-
 } // namespace
 
 ProgramStyle::ProgramStyle() : m_isPlain(baseStyle()->name() == QStringLiteral("fusion")) {}
 
-void ProgramStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
-                                      QPainter* painter, const QWidget* widget) const {
-    const WithSharedPalette palette(option);
-    QProxyStyle::drawComplexControl(control, option, painter, widget);
-}
-
-void ProgramStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
-                               const QWidget* widget) const {
-    const WithSharedPalette palette(option);
-    QProxyStyle::drawControl(element, option, painter, widget);
-}
-
 void ProgramStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                                  const QWidget* widget) const {
-    const WithSharedPalette palette(option);
-    QProxyStyle::drawPrimitive(element, option, painter, widget);
+    SharedPaletteStyle::drawPrimitive(element, option, painter, widget);
     const bool isRound = element == PE_IndicatorRadioButton;
     if (m_isPlain && (isRound || element == PE_IndicatorCheckBox) &&
         isDark(option->palette.color(QPalette::Window)))
@@ -99,14 +62,15 @@ void ProgramStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* o
 }
 
 int ProgramStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
-    const int own = QProxyStyle::pixelMetric(metric, option, widget);
+    const int own = SharedPaletteStyle::pixelMetric(metric, option, widget);
     return m_isPlain && metric == PM_HeaderMargin ? own + headerRoom : own;
 }
 
 QSize ProgramStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
                                      const QWidget* widget) const {
     const bool isButton = m_isPlain && type == CT_PushButton;
-    return QProxyStyle::sizeFromContents(type, option, isButton ? contents + buttonRoom : contents, widget);
+    return SharedPaletteStyle::sizeFromContents(type, option, isButton ? contents + buttonRoom : contents,
+                                                widget);
 }
 
 } // namespace tarnwell

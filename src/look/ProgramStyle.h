@@ -1,23 +1,18 @@
 #pragma once
 
-#include <QProxyStyle>
+#include "look/SharedPaletteStyle.h"
 
 namespace tarnwell {
 
 /// The desktop's own style. Where that is the toolkit's plain style, it adds outlines of boxes that can be
 /// seen on a dark window too, space around the captions of buttons and columns, and a frame around an empty
-/// list that has the focus. On any style, what it keeps of its drawings is found again by later widgets of
-/// the same colours.
-class ProgramStyle : public QProxyStyle {
+/// list that has the focus.
+class ProgramStyle : public SharedPaletteStyle {
     Q_OBJECT
 
 public:
     ProgramStyle();
 
-    void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
-                            const QWidget* widget) const override;
-    void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
-                     const QWidget* widget) const override;
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget) const override;
     [[nodiscard]] int pixelMetric(PixelMetric metric, const QStyleOption* option,

@@ -2,7 +2,6 @@
 
 #include "data/DiskPath.h"
 #include "data/RunTimeError.h"
-#include "reports/pages/ReportFile.h"
 #include "reports/pages/TextSearch.h"
 
 #include <cstdio>
@@ -40,7 +39,10 @@ private:
 
 } // namespace
 
-PageStore::PageStore(const QString& path) : m_path(pathOnDisk(path)), m_handle(openReportFile(m_path)) {}
+PageStore::PageStore(const QString& path) : m_path(pathOnDisk(path)), m_file(openReportFile(m_path)) {}
+
+PageStore::PageStore(const QString& path, data::Journal journal)
+    : m_path(pathOnDisk(path)), m_file(openReportFile(m_path, journal)) {}
 
 PageStore::~PageStore() {
     try {
@@ -53,13 +55,12 @@ PageStore::~PageStore() {
 qint64 PageStore::newReport() {
     try {
         clearRun();
-        m_handle.run("INSERT INTO Report DEFAULT VALUES");
+        m_file.pages.run("INSERT INTO Report DEFAULT VALUES");
     } catch (const RunTimeError& error) {
-        if (tellsOfDamage(error))
-            throw UnusableReportFile(m_path);
+        raiseForDamage(error, m_path);
         throw;
     }
-    m_run = sqlite3_last_insert_rowid(m_handle.get());
+    m_run = sqlite3_last_insert_rowid(m_file.pages.get());
     m_drawn.emplace();
     return m_run;
 }
@@ -83,9 +84,9 @@ bool PageStore::finish(qint64 reportKey, const FollowPages& follow) {
 }
 
 bool PageStore::moveIn(const FollowPages& follow) {
-    const LargeWrite write(m_handle);
+    const LargeWrite write(m_file.pages);
     SqliteStatement add =
-        m_handle.prepare("INSERT INTO Page (ReportKey, Page, Part, Items) VALUES (?, ?, ?, ?)");
+        m_file.pages.prepare("INSERT INTO Page (ReportKey, Page, Part, Items) VALUES (?, ?, ?, ?)");
     const bool isWhole = m_drawn->handOut([&](const PageSpool::Part& part) {
         add.bind(1, m_run);
         add.bind(2, part.page);
@@ -100,7 +101,7 @@ bool PageStore::moveIn(const FollowPages& follow) {
 }
 
 qint64 PageStore::pageCount(qint64 reportKey) const {
-    SqliteStatement statement = m_handle.prepare("SELECT MAX(Page) FROM Page WHERE ReportKey=?");
+    SqliteStatement statement = m_file.pages.prepare("SELECT MAX(Page) FROM Page WHERE ReportKey=?");
     statement.bind(1, reportKey);
     return statement.step() ? statement.integerAt(0) : 0;
 }
@@ -108,7 +109,7 @@ qint64 PageStore::pageCount(qint64 reportKey) const {
 PageItems PageStore::page(qint64 reportKey, qint64 number) const {
     PageItems page;
     SqliteStatement parts =
-        m_handle.prepare("SELECT Items FROM Page WHERE ReportKey=? AND Page=? ORDER BY Part");
+        m_file.pages.prepare("SELECT Items FROM Page WHERE ReportKey=? AND Page=? ORDER BY Part");
     parts.bind(1, reportKey);
     parts.bind(2, number);
     while (parts.step())
@@ -137,17 +138,17 @@ void PageStore::clearRun() {
     m_drawn.reset();
     m_items.clear();
     {
-        const LargeWrite write(m_handle);
+        const LargeWrite write(m_file.pages);
         for (const char* table : {"Page", "Report"}) {
             SqliteStatement clear =
-                m_handle.prepare(QByteArray("DELETE FROM ") + table + " WHERE ReportKey=?");
+                m_file.pages.prepare(QByteArray("DELETE FROM ") + table + " WHERE ReportKey=?");
             clear.bind(1, m_run);
             clear.run();
         }
         write.commit();
     }
     // What another program still reads stays in the log and is copied by whoever clears next.
-    (void)sqlite3_wal_checkpoint_v2(m_handle.get(), nullptr, SQLITE_CHECKPOINT_PASSIVE, nullptr, nullptr);
+    (void)sqlite3_wal_checkpoint_v2(m_file.pages.get(), nullptr, SQLITE_CHECKPOINT_PASSIVE, nullptr, nullptr);
 }
 
 std::vector<std::size_t> ReportPages::findOnPage(const QString& text, qint64 page,

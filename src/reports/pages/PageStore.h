@@ -1,8 +1,8 @@
 #pragma once
 
-#include "data/sqlite/SqliteHandle.h"
 #include "reports/pages/PageItems.h"
 #include "reports/pages/PageSpool.h"
+#include "reports/pages/ReportFile.h"
 
 #include <functional>
 #include <optional>
@@ -22,6 +22,7 @@ class PageStore {
 public:
     /// Makes the file where it is missing. Raises what `openReportFile` raises.
     explicit PageStore(const QString& path);
+    PageStore(const QString& path, data::Journal journal);
     /// Clears the runs of this store.
     ~PageStore();
     PageStore(const PageStore&) = delete;
@@ -52,7 +53,7 @@ private:
     void clearRun();
 
     QString m_path;
-    data::SqliteHandle m_handle;
+    ReportFile m_file;
     qint64 m_run = 0;                 ///< Key of the last run; 0: none.
     std::optional<PageSpool> m_drawn; ///< Of the last run while it can still be drawn on.
     qint64 m_page = 0;                ///< Whose items wait in `m_items`.

@@ -1,16 +1,25 @@
 #include "reports/pages/ReportFile.h"
 
+#include "data/DiskPath.h"
+#include "data/engine/ConnectionString.h"
+#include "data/schema/Schema.h"
+#include "runtime/DatabaseSettings.h"
+#include "runtime/modGlobalVariables.h"
+
 #include <QFile>
 #include <QFileInfo>
 
+#include <filesystem>
 #include <sqlite3.h>
 
 namespace tarnwell {
 
 namespace {
 
+using data::Journal;
 using data::SqliteHandle;
 using data::SqliteStatement;
+using Access = data::SqliteHandle::Access;
 
 constexpr qint64 applicationId = 0x54775270; // "TwRp": tells the file from every other database
 constexpr int busyMilliseconds = 5000;
@@ -40,11 +49,15 @@ void createTables(const SqliteHandle& handle) {
     handle.run("PRAGMA application_id=" + QByteArray::number(applicationId));
 }
 
+void setJournal(const SqliteHandle& handle, Journal journal) {
+    handle.run(journal == Journal::WriteAhead ? "PRAGMA journal_mode=WAL" : "PRAGMA journal_mode=DELETE");
+}
+
 /// Programs that start together wait for each other here, and find the file made.
-void makeWhereMissing(const QString& path) {
+void makeWhereMissing(const QString& path, Journal journal) {
     if (QFileInfo(path).size() > 0)
         return;
-    const SqliteHandle handle(path, SqliteHandle::Access::Create);
+    const SqliteHandle handle(path, Access::Create);
     sqlite3_busy_timeout(handle.get(), creationMilliseconds);
     // A report's page fits into one of the file's; deleted ones are given back to the disk.
     handle.run("PRAGMA page_size=16384");
@@ -53,17 +66,47 @@ void makeWhereMissing(const QString& path) {
     if (answerOf(handle, "SELECT COUNT(*) FROM sqlite_master") == 0)
         createTables(handle);
     handle.run("COMMIT");
-    handle.run("PRAGMA journal_mode=WAL");
+    setJournal(handle, journal);
 }
 
-/// Clears what ended programs left, as long as nobody else has the file open: an open one is locked against
-/// this, also while its owner does nothing.
-void clearAlone(const QString& path) {
-    const SqliteHandle handle(path, SqliteHandle::Access::ReadWrite);
+/// An empty file beside the report database, for locks alone.
+SqliteHandle usersFile(const QString& path) {
+    return {path + QStringLiteral("-users"), Access::Create};
+}
+
+/// With a write-ahead log the engine keeps an open file locked against `clearAlone`, also while its owner
+/// does nothing. Without one it does not, and a lock on the file would stop every write.
+std::optional<SqliteHandle> markInUse(const QString& path, Journal journal) {
+    if (journal == Journal::WriteAhead)
+        return std::nullopt;
+    SqliteHandle users = usersFile(path);
+    sqlite3_busy_timeout(users.get(), busyMilliseconds);
+    users.run("PRAGMA locking_mode=EXCLUSIVE"); // a reader's lock stays until the end
+    (void)answerOf(users, "SELECT COUNT(*) FROM sqlite_master");
+    return users;
+}
+
+bool isMarkedInUse(const SqliteHandle& users) {
+    try {
+        users.run("BEGIN EXCLUSIVE");
+    } catch (const RunTimeError&) {
+        if (users.foundBusy())
+            return true;
+        throw;
+    }
+    return false;
+}
+
+/// Clears what ended programs left, as long as nobody else has the file open.
+void clearAlone(const QString& path, Journal journal) {
+    const SqliteHandle handle(path, Access::ReadWrite);
+    std::optional<SqliteHandle> users; // locked until the file is cleared
+    if (journal == Journal::Rollback && isMarkedInUse(users.emplace(usersFile(path))))
+        return;
     try {
         handle.run("PRAGMA locking_mode=EXCLUSIVE");
         requireOurs(handle, path);
-        handle.run("PRAGMA journal_mode=WAL");
+        setJournal(handle, journal);
         handle.run(relaxed);
         if (answerOf(handle, "SELECT EXISTS (SELECT 1 FROM Report)") != 0) {
             handle.run("DELETE FROM Page");
@@ -76,7 +119,7 @@ void clearAlone(const QString& path) {
 }
 
 SqliteHandle openShared(const QString& path) {
-    SqliteHandle handle(path, SqliteHandle::Access::ReadWrite);
+    SqliteHandle handle(path, Access::ReadWrite);
     sqlite3_busy_timeout(handle.get(), busyMilliseconds);
     requireOurs(handle, path);
     handle.run(relaxed);
@@ -85,14 +128,34 @@ SqliteHandle openShared(const QString& path) {
     return handle;
 }
 
-/// A report database's setting may name the wages' own file by mistake.
-bool holdsWages(const QString& path) {
+bool isSameFile(const QString& first, const QString& second) {
+    std::error_code error; // a path that leads nowhere is no other's file
+    return std::filesystem::equivalent(QFileInfo(first).filesystemFilePath(),
+                                       QFileInfo(second).filesystemFilePath(), error);
+}
+
+/// Whether it is the file that is open, or that the next start opens.
+bool isDatabaseInUse(const QString& path) {
+    return isSameFile(path, pathOnDisk(connectionValue(gConnectionString, QLatin1String("Data Source")))) ||
+           isSameFile(path, pathOnDisk(readDatabaseSettings().file));
+}
+
+bool hasTableOfOurs(const QString& path) {
     try {
-        const SqliteHandle handle(path, SqliteHandle::Access::ReadOnly);
-        return answerOf(handle, "SELECT EXISTS (SELECT 1 FROM sqlite_master WHERE name='JobLotTask')") != 0;
+        const SqliteHandle handle(path, Access::ReadOnly);
+        SqliteStatement names = handle.prepare("SELECT name FROM sqlite_master");
+        while (names.step())
+            if (schema::findTable(names.textAt(0)) != nullptr)
+                return true;
     } catch (const RunTimeError&) {
         return false; // not even a database
     }
+    return false;
+}
+
+/// The setting may name the wages' own file by mistake, and that may be too damaged to be read.
+bool mayHoldWages(const QString& path) {
+    return isDatabaseInUse(path) || hasTableOfOurs(path);
 }
 
 QString freeNameBeside(const QString& path) {
@@ -118,25 +181,33 @@ void UnusableReportFile::setAside() const {
             raise(Failure::FileAccess, m_path + suffix);
 }
 
-bool tellsOfDamage(const RunTimeError& error) {
-    return error.is(Failure::DatabaseForeign);
+void raiseForDamage(const RunTimeError& error, const QString& path) {
+    if (!error.is(Failure::DatabaseForeign))
+        return;
+    if (!mayHoldWages(path))
+        throw UnusableReportFile(path);
+    raise(Failure::DatabaseForeign, path);
 }
 
-data::SqliteHandle openReportFile(const QString& path) {
+ReportFile openReportFile(const QString& path) {
+    return openReportFile(path, data::journalFor(path));
+}
+
+ReportFile openReportFile(const QString& path, Journal journal) {
     const QFileInfo file(path);
     if (!QFileInfo(file.path()).isDir())
         raise(Failure::PathNotFound, file.path());
     try {
-        makeWhereMissing(path);
-        clearAlone(path);
-        return openShared(path);
+        makeWhereMissing(path, journal);
+        clearAlone(path, journal);
+        std::optional<SqliteHandle> mark = markInUse(path, journal);
+        return {.pages = openShared(path), .mark = std::move(mark)};
     } catch (const RunTimeError& error) {
         // The engine's words say neither which file nor that a right is missing.
         const bool isReadOnly = error.is(Failure::PermissionDenied);
         if (isReadOnly || !file.isFile() || !file.isWritable() || !QFileInfo(file.path()).isWritable())
             raise(Failure::FileAccess, path);
-        if (tellsOfDamage(error) && !holdsWages(path))
-            throw UnusableReportFile(path);
+        raiseForDamage(error, path);
         throw;
     }
 }

@@ -1,9 +1,12 @@
 #pragma once
 
 #include "data/RunTimeError.h"
+#include "data/sqlite/OpenDatabase.h"
 #include "data/sqlite/SqliteHandle.h"
 
 #include <QString>
+
+#include <optional>
 
 namespace tarnwell {
 
@@ -24,13 +27,23 @@ private:
     QString m_nameAside;
 };
 
-/// Whether the engine found the file damaged or no database.
-[[nodiscard]] bool tellsOfDamage(const RunTimeError& error);
+/// Raises for an error that says the file is damaged or no database, and returns for every other one:
+/// UnusableReportFile, or DatabaseForeign for the database that the settings name and for any other file with
+/// one of its tables, which must never be set aside.
+void raiseForDamage(const RunTimeError& error, const QString& path);
+
+/// The report database as one of the programs that share it has it open.
+struct ReportFile {
+    data::SqliteHandle pages;
+    std::optional<data::SqliteHandle> mark; ///< Shows others that it is in use, where `pages` does not.
+};
 
 /// Opens the report database for one of the programs that share it; makes the file where it is missing, and
 /// clears it of what ended programs left there when nobody else has it open. Raises PathNotFound for a
 /// missing folder, FileAccess for a file or folder that can't be written, UnusableReportFile, and
-/// DatabaseForeign for a database with the wages in it, which is never set aside.
-[[nodiscard]] data::SqliteHandle openReportFile(const QString& path);
+/// DatabaseForeign for a file that may hold the wages (see `raiseForDamage`).
+/// The journal is the one that suits the drive unless it is given.
+[[nodiscard]] ReportFile openReportFile(const QString& path);
+[[nodiscard]] ReportFile openReportFile(const QString& path, data::Journal journal);
 
 } // namespace tarnwell

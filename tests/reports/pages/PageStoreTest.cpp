@@ -4,11 +4,14 @@
 #include "data/sqlite/SqliteHandle.h"
 #include "reports/pages/ReportFile.h"
 #include "reports/pages/TextSearch.h"
+#include "runtime/modGlobalVariables.h"
 #include "support/RaisedNumber.h"
+#include "support/TemporaryDatabase.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QScopedValueRollback>
 #include <QTemporaryDir>
 
 #include <array>
@@ -142,7 +145,18 @@ TEST_F(PageStoreTest, ClearsTheRunBeforeAndItsOwnAtTheEnd) {
     EXPECT_GT(open()->newReport(), lastKey) << "a key was given out twice";
 }
 
-TEST_F(PageStoreTest, ClearsWhatAKilledProgramLeft) {
+/// By drive: with a write-ahead log, and without one as on a network drive.
+class SharedPageStoreTest : public PageStoreTest, public testing::WithParamInterface<data::Journal> {
+protected:
+    [[nodiscard]] std::unique_ptr<PageStore> open() const {
+        return std::make_unique<PageStore>(path(), GetParam());
+    }
+};
+INSTANTIATE_TEST_SUITE_P(EveryJournal, SharedPageStoreTest,
+                         testing::Values(data::Journal::WriteAhead, data::Journal::Rollback));
+
+TEST_P(SharedPageStoreTest, ClearsWhatAKilledProgramLeft) {
+    (void)PageStore(path(), data::Journal::WriteAhead).newReport(); // also one from another kind of drive
     open().reset();
     {
         const data::SqliteHandle killed(path(), data::SqliteHandle::Access::ReadWrite);
@@ -153,7 +167,7 @@ TEST_F(PageStoreTest, ClearsWhatAKilledProgramLeft) {
     EXPECT_EQ(rowsOf("Page") + rowsOf("Report"), 0);
 }
 
-TEST_F(PageStoreTest, TwoSeatsLeaveEachOthersReportsAlone) {
+TEST_P(SharedPageStoreTest, WorkstationsLeaveEachOthersReportsAlone) {
     const auto first = open();
     const qint64 key = first->newReport();
     first->add(key, text(1, QStringLiteral("on the first screen")));
@@ -168,7 +182,9 @@ TEST_F(PageStoreTest, TwoSeatsLeaveEachOthersReportsAlone) {
         second->finish(drawnMeanwhile);
         EXPECT_EQ(second->pageCount(drawnMeanwhile), 1);
     }
+    ASSERT_EQ(first->page(key, 1).texts.size(), 1U);
     EXPECT_EQ(first->page(key, 1).texts.front().text, QStringLiteral("on the first screen"));
+    EXPECT_EQ(QFile::exists(path() + "-wal"), GetParam() == data::Journal::WriteAhead);
 }
 
 TEST_F(PageStoreTest, FindsTextsAsTheyAreReadOnThePage) {
@@ -259,20 +275,14 @@ TEST_F(PageStoreTest, WhatCannotBeUsedIsSetAsideWithItsLogs) {
 }
 
 TEST_F(PageStoreTest, RefusesAPlaceWhereNoReportDatabaseCanBe) {
-    const QByteArray notes(2000, 'n');
-    QFile other(m_folder.filePath(QStringLiteral("notes.txt")));
-    ASSERT_TRUE(other.open(QIODevice::WriteOnly) && other.write(notes) == notes.size());
-    other.close();
-    createDatabase(m_folder.filePath(QStringLiteral("Tarnwell.mdb")));
     ASSERT_TRUE(QDir(m_folder.path()).mkdir(QStringLiteral("folder")));
+    QFile(m_folder.filePath(QStringLiteral("notes.txt"))).open(QIODevice::WriteOnly);
     const struct {
         const char* name;
         Failure failure;
     } cases[] = {{"nowhere/Report.mdb", Failure::PathNotFound},
                  {"notes.txt/Report.mdb", Failure::PathNotFound},
-                 {"folder", Failure::FileAccess},
-                 {"notes.txt", Failure::DatabaseForeign},
-                 {"Tarnwell.mdb", Failure::DatabaseForeign}};
+                 {"folder", Failure::FileAccess}};
     for (const auto& [name, failure] : cases) {
         const QString place = m_folder.filePath(QLatin1String(name));
         const QString raised = raisedText([&] { const PageStore store(place); });
@@ -280,14 +290,43 @@ TEST_F(PageStoreTest, RefusesAPlaceWhereNoReportDatabaseCanBe) {
             << name << ": " << raised.toStdString();
         EXPECT_TRUE(raised.contains(m_folder.path())) << name << ": " << raised.toStdString();
     }
-    try {
-        const PageStore store(m_folder.filePath(QStringLiteral("Tarnwell.mdb")));
-    } catch (const UnusableReportFile&) {
-        ADD_FAILURE() << "the wages would be set aside";
-    } catch (const RunTimeError&) {
+}
+
+TEST_F(PageStoreTest, WhatMayHoldTheWagesIsNeverSetAside) {
+    const auto file = [this](const char* name) { return m_folder.filePath(QLatin1String(name)); };
+    const auto fill = [](const QString& path) {
+        QFile unreadable(path);
+        EXPECT_TRUE(unreadable.open(QIODevice::ReadWrite) && unreadable.write(QByteArray(2000, 'n')) == 2000);
+    };
+    createDatabase(file("Backup.mdb"));
+    createDatabase(file("Tarnwell.mdb"));
+    {
+        const data::SqliteHandle rest(file("Rest.mdb"), data::SqliteHandle::Access::Create);
+        rest.run("CREATE TABLE employee (Name TEXT)");
     }
-    EXPECT_TRUE(other.open(QIODevice::ReadOnly) && other.readAll() == notes);
-    EXPECT_TRUE(integrityProblems(m_folder.filePath(QStringLiteral("Tarnwell.mdb"))).isEmpty());
+    fill(file("Tarnwell.mdb"));
+    ASSERT_TRUE(QFile::link(file("Tarnwell.mdb"), file("Link.mdb")));
+    fill(file("notes.txt"));
+    const QScopedValueRollback inUse(gConnectionString, test::connectionStringFor(file("Tarnwell.mdb")));
+    const std::pair<const char*, bool> cases[] = {{"Backup.mdb", false},
+                                                  {"Rest.mdb", false},
+                                                  {"Tarnwell.mdb", false},
+                                                  {"Link.mdb", false},
+                                                  {"notes.txt", true}};
+    for (const auto& [name, mayGo] : cases) {
+        bool isSetAside = false;
+        const QString raised = raisedText([&] {
+            try {
+                const PageStore store(file(name));
+            } catch (const UnusableReportFile&) {
+                isSetAside = true;
+                throw;
+            }
+        });
+        EXPECT_EQ(raised, makeError(Failure::DatabaseForeign, file(name)).description());
+        EXPECT_EQ(isSetAside, mayGo) << name;
+    }
+    EXPECT_TRUE(integrityProblems(file("Backup.mdb")).isEmpty());
 }
 
 } // namespace

@@ -40,10 +40,11 @@ struct BuilderGrids : BuilderScreen {
     /// "Walls" costs 77 by now, and 99 is typed over what it was: what leaves the row is refused.
     void typeOverAnotherPrice() {
         openPlans();
-        data.db.secondSeat()->Execute("UPDATE ContractorPlanTask SET MasterPrice=77 WHERE Name='Walls'");
+        data.db.secondWorkstation()->Execute(
+            "UPDATE ContractorPlanTask SET MasterPrice=77 WHERE Name='Walls'");
         typePrice("99");
     }
-    void deleteElsewhere(const QString& from) { data.db.secondSeat()->Execute("DELETE FROM " + from); }
+    void deleteElsewhere(const QString& from) { data.db.secondWorkstation()->Execute("DELETE FROM " + from); }
 };
 
 struct Leaving {

@@ -181,7 +181,7 @@ TEST_F(BuilderScreen, ABuilderThatSomebodyElseDeletedLeavesTheScreenAfterOneMess
     for (const auto& leave : ways) {
         openBuilder();
         driver->focus("MskField(3)");
-        data.db.secondSeat()->Execute("DELETE FROM Contractor");
+        data.db.secondWorkstation()->Execute("DELETE FROM Contractor");
         data.db.add("Contractor", {{"Name", "Abel Homes"}});
         script.expect(Answer::Ok);
         leave();

@@ -18,7 +18,7 @@ struct JobGridTest : JobScreen {
     /// 11 over the 77 that somebody else gave the first task meanwhile; what leaves the row is refused.
     void typeOverAnotherPrice() {
         openJob();
-        data.db.secondSeat()->Execute("UPDATE JobLotTask SET MasterPrice=77");
+        data.db.secondWorkstation()->Execute("UPDATE JobLotTask SET MasterPrice=77");
         clickCell("jgTasks", 1, priceColumn);
         driver->type("11");
         script.expect(Answer::Ok);
@@ -73,7 +73,7 @@ TEST_F(JobGridTest, ATypedLotIsStoredHoweverItIsLeft) {
 
 TEST_F(JobGridTest, AnEditedLotThatSomebodyElseDeletedLeavesWithItsTasks) {
     openJob();
-    data.db.secondSeat()->Execute("DELETE FROM JobLot WHERE LotBlock='A'");
+    data.db.secondWorkstation()->Execute("DELETE FROM JobLot WHERE LotBlock='A'");
     lots().setCol(5);
     driver->focus("jgJobLots");
     driver->type("5 Elm Street");
@@ -205,7 +205,7 @@ TEST_F(JobGridTest, TheEmployeesAreReadAtEachLoadAndAnInactiveOneKeepsTheTask) {
     const auto onOffer = [this] { return tasks().columns()[employeeColumn - 1].valueList.size(); };
     EXPECT_EQ(onOffer(), 1U) << "who has no first name is left out";
     EXPECT_EQ(cell(tasks(), 1, employeeColumn), "Archer\\Ann");
-    data.db.secondSeat()->Execute("UPDATE Employee SET Inactive=-1");
+    data.db.secondWorkstation()->Execute("UPDATE Employee SET Inactive=-1");
     combo().setListIndex(1);
     EXPECT_EQ(onOffer(), 0U);
     EXPECT_EQ(cell(tasks(), 1, employeeColumn), "");
@@ -236,7 +236,7 @@ TEST_F(JobGridTest, ADeletedTaskLeavesATreeThatHolds) {
 TEST_F(JobGridTest, RowsThatSomebodyElseDeletedLeaveAfterAMessage) {
     openJob();
     driver->focus("jgTasks");
-    const auto other = data.db.secondSeat();
+    const auto other = data.db.secondWorkstation();
     other->Execute("DELETE FROM JobLotTask");
     script.expect(Answer::Yes, Answer::Ok);
     driver->clickToolbar("Del");

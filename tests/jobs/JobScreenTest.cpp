@@ -161,7 +161,7 @@ TEST_F(JobScreen, AWrongDateIsRefusedAndKeepsTheScreenOpen) {
 
 TEST_F(JobScreen, TheLastToLeaveAJobWins) {
     openJob();
-    data.db.secondSeat()->Execute("UPDATE Job SET Name='Other', Foreman='Them'");
+    data.db.secondWorkstation()->Execute("UPDATE Job SET Name='Other', Foreman='Them'");
     driver->clickToolbar("Exit");
     EXPECT_EQ(stored("Name"), "Elm");
     EXPECT_EQ(stored("Foreman"), "");
@@ -177,7 +177,7 @@ TEST_F(JobScreen, AJobThatSomebodyElseDeletedLeavesTheScreenAfterOneMessage) {
     };
     for (const auto& leave : ways) {
         openJob();
-        data.db.secondSeat()->Execute("DELETE FROM Job");
+        data.db.secondWorkstation()->Execute("DELETE FROM Job");
         data.addJob("J-1", "Another");
         script.expect(Answer::Ok);
         leave();
@@ -200,7 +200,7 @@ TEST_F(JobScreen, FindWritesTheJobFirstAndOneThatCannotBeReadIsNotKept) {
         search.click("optSearch(0)");
         search.focus("MskField(0)");
         search.type("J-2");
-        data.db.secondSeat()->Execute("DELETE FROM Job WHERE JobNumber='J-2'");
+        data.db.secondWorkstation()->Execute("DELETE FROM Job WHERE JobNumber='J-2'");
         search.press(Qt::Key_Return);
     });
     driver->clickToolbar("Find");

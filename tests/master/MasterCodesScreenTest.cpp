@@ -102,12 +102,12 @@ TEST_F(MasterCodesTest, AnEditOutlastsADelThatIsNotConfirmed) {
     EXPECT_EQ(codes().RowCount(), 1);
 }
 
-TEST_F(MasterCodesTest, ARowThatAnotherSeatDeletedKeepsItsListUntilItIsGivenUp) {
+TEST_F(MasterCodesTest, ARowThatAnotherWorkstationDeletedKeepsItsListUntilItIsGivenUp) {
     open();
     typeCategory("m");
     driver->focus("jgCodes");
     driver->type("Framing 2");
-    data.db.secondSeat()->Execute("DELETE FROM Code WHERE Description='Framing'");
+    data.db.secondWorkstation()->Execute("DELETE FROM Code WHERE Description='Framing'");
     script.expect(Answer::Ok);
     driver->click("cmbType");
     script.expect(Answer::Ok);

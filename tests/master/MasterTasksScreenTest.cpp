@@ -204,7 +204,7 @@ TEST_F(MasterTasksTest, ARowThatAnotherWorkstationDeletedKeepsItsCategory) {
     open();
     carryPrice();
     typePrice("12");
-    data.db.secondSeat()->Execute("DELETE FROM MasterTask WHERE Name='Walls'");
+    data.db.secondWorkstation()->Execute("DELETE FROM MasterTask WHERE Name='Walls'");
     script.expect(Answer::Ok);
     driver->click("cmbType");
     script.expect(Answer::Ok);

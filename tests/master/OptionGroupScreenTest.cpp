@@ -120,7 +120,7 @@ TEST_F(OptionGroupScreen, ARefusedPriceKeepsItsGroupAndTheScreen) {
     EXPECT_EQ(count("ContractorOptionGroup WHERE MasterPrice=5 AND CodeKey=" + QString::number(patio)), 1);
 }
 
-TEST_F(OptionGroupScreen, EscapeGivesAPriceUpAndSoDoesAnotherSeatsDelete) {
+TEST_F(OptionGroupScreen, EscapeGivesAPriceUpAndSoDoesAnotherWorkstationsDelete) {
     const qint64 deck = addGroup("Deck", abel);
     addTask("Rail", deck);
     addTask("Stair", deck);
@@ -132,7 +132,7 @@ TEST_F(OptionGroupScreen, EscapeGivesAPriceUpAndSoDoesAnotherSeatsDelete) {
         screen.press(Qt::Key_Down);
         EXPECT_EQ(count("ContractorOptionGroup WHERE MasterPrice=5"), 2);
         screen.type("9");
-        db.secondSeat()->Execute("DELETE FROM ContractorOptionGroup");
+        db.secondWorkstation()->Execute("DELETE FROM ContractorOptionGroup");
         script.expect(Answer::Ok);
         screen.press(Qt::Key_Up);
         EXPECT_EQ(grid.Row(), 2);

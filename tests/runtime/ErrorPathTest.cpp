@@ -16,6 +16,7 @@
 #include <QTimer>
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 #include <vector>
 
 namespace tarnwell {
@@ -202,14 +203,14 @@ TEST_F(ErrorPath, TakesTheFirstEditorOfTheMachine) {
 }
 
 TEST_F(ErrorPath, HandlesEventsUntilTheProgramEnds) {
-    bool eventHandled = false;
+    const QByteArray pipe = path("pipe").toLocal8Bit();
+    ASSERT_EQ(mkfifo(pipe.constData(), S_IRUSR | S_IWUSR), 0);
     QTimer::singleShot(0, [&] {
-        eventHandled = true;
-        QFile(path("go")).open(QIODevice::WriteOnly);
+        QFile line(path("pipe"));
+        EXPECT_TRUE(line.open(QIODevice::WriteOnly)); // once the program reads
+        line.write("go\n");
     });
-    ShellAndWait("/bin/sh",
-                 {"-c", QString("while [ ! -e '%1' ]; do :; done; : > '%2'").arg(path("go"), path("ended"))});
-    EXPECT_TRUE(eventHandled);
+    ShellAndWait("/bin/sh", {"-c", QString("read line < '%1'; : > '%2'").arg(path("pipe"), path("ended"))});
     EXPECT_TRUE(QFile::exists(path("ended")));
 }
 

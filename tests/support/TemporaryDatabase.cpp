@@ -19,11 +19,11 @@ QString TemporaryDatabase::path() const {
     return m_folder.filePath(QStringLiteral("Tarnwell.mdb"));
 }
 
-std::unique_ptr<Connection> TemporaryDatabase::secondSeat() const {
-    auto seat = std::make_unique<Connection>();
-    seat->setConnectionString(connectionStringFor(path()));
-    seat->Open();
-    return seat;
+std::unique_ptr<Connection> TemporaryDatabase::secondWorkstation() const {
+    auto workstation = std::make_unique<Connection>();
+    workstation->setConnectionString(connectionStringFor(path()));
+    workstation->Open();
+    return workstation;
 }
 
 qint64 TemporaryDatabase::add(const QString& table, const std::vector<std::pair<QString, Value>>& values) {

@@ -22,8 +22,8 @@ public:
     [[nodiscard]] Connection& connection() { return m_connection; }
     [[nodiscard]] QString path() const;
     [[nodiscard]] QString folder() const { return m_folder.path(); }
-    /// A second seat: a further connection to the same file.
-    [[nodiscard]] std::unique_ptr<Connection> secondSeat() const;
+    /// A second workstation: a further connection to the same file.
+    [[nodiscard]] std::unique_ptr<Connection> secondWorkstation() const;
 
     /// Adds a row through a recordset and returns its key (the value of the table's first column).
     qint64 add(const QString& table, const std::vector<std::pair<QString, Value>>& values);

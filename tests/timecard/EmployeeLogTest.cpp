@@ -77,7 +77,7 @@ TEST_F(EmployeeLogRows, WhatIsNoDateOrNoLongerAsShownIsNotWritten) {
     for (const char* text : {"", "02/29/23", "soon"})
         EXPECT_EQ(raisedNumber([&] { accept(shown, text, "x"); }), numberOf(Failure::WrongType)) << text;
     EXPECT_EQ(raisedNumber([&] { accept({}, "03/05/24", "x"); }), numberOf(Failure::NoCurrentRecord));
-    data.db.secondSeat()->Execute("UPDATE EmployeeLog SET Problem='theirs'");
+    data.db.secondWorkstation()->Execute("UPDATE EmployeeLog SET Problem='theirs'");
     EXPECT_EQ(raisedNumber([&] { accept(shown, "03/05/25", "ours"); }), numberOf(Failure::RowChanged));
     EXPECT_EQ(stored("Problem"), Value("theirs"));
 }

@@ -53,7 +53,7 @@ TEST_F(PaymentCorrection, APaymentOfAnInactiveEmployeeCanBeCorrected) {
 
 TEST_F(PaymentCorrection, TheSecondOfTwoWorkstationsOverwritesNothing) {
     const ShownPayment shown = read();
-    const auto other = data.db.secondSeat();
+    const auto other = data.db.secondWorkstation();
     acceptCorrection(*other, payment, readPayment(*other, payment).row,
                      {.priceText = "45", .note = "theirs", .employeeKey = data.ann});
     EXPECT_EQ(
@@ -69,7 +69,7 @@ TEST_F(PaymentCorrection, APaymentThatNoLongerExistsOrWasNeverShownIsNotWritten)
               numberOf(Failure::NoCurrentRecord));
     EXPECT_EQ(stored("Price"), Value(40.0));
     const ShownPayment shown = read();
-    data.db.secondSeat()->Execute("DELETE FROM JobTaskEmployee");
+    data.db.secondWorkstation()->Execute("DELETE FROM JobTaskEmployee");
     EXPECT_EQ(raisedNumber([&] { accept(shown, {.priceText = "60", .note = "", .employeeKey = data.bob}); }),
               numberOf(Failure::NoCurrentRecord));
     EXPECT_EQ(raisedNumber([&] { static_cast<void>(read()); }), numberOf(Failure::NoCurrentRecord));

@@ -171,7 +171,7 @@ TEST_F(TaskNotes, NothingOfThePaymentBeforeIsLeftAfterAFailure) {
     });
     EXPECT_TRUE(script.shown().back().text.startsWith("Error #  94 "));
 
-    data.db.secondSeat()->Execute("DELETE FROM JobTaskEmployee");
+    data.db.secondWorkstation()->Execute("DELETE FROM JobTaskEmployee");
     script.expect(Answer::Ok);
     open(2, [](const ScreenDriver& dialog) {
         EXPECT_EQ(text(dialog, "txtField(0)"), "");
@@ -211,7 +211,7 @@ TEST_F(TaskNotesDeathTest, AcceptStopsTheProgramRatherThanOverwrite) {
                 setMessagePresenter({}); // the message goes to standard error
                 openHistory();
                 open(0, [&](const ScreenDriver& dialog) {
-                    data.db.secondSeat()->Execute(c.theirWork);
+                    data.db.secondWorkstation()->Execute(c.theirWork);
                     dialog.find<Combo>("cmbEmployees").setText({});
                     dialog.retype("cmbEmployees", c.ourEmployee);
                     dialog.click("cmdAccept");

@@ -45,7 +45,7 @@ protected:
 
 TEST_F(BackupTest, HoldsTheLastCommittedPaymentAndNoneThatIsNotCommitted) {
     pay(40);
-    const auto other = database.secondSeat();
+    const auto other = database.secondWorkstation();
     database.connection().BeginTrans();
     pay(60);
     const ToolResult result = runToolWith({"backup", database.path(), file("saved.mdb")});

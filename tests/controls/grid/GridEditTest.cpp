@@ -63,7 +63,7 @@ TEST_F(GridEditTest, ARefusedDeleteKeepsWhatWasTypedInTheRow) {
     driver->press(Qt::Key_Down);
     EXPECT_EQ(stored("MasterPrice", keys[0]), "9");
 
-    database.secondSeat()->Execute(
+    database.secondWorkstation()->Execute(
         QStringLiteral("DELETE FROM JobLotTask WHERE JobLotTaskKey=%1").arg(keys[1]));
     driver->type("8");
     EXPECT_EQ(raisedNumber([this] { grid->Delete(); }), numberOf(Failure::RowDeleted));

@@ -279,11 +279,12 @@ TEST_F(GridTest, ARowThatTheDatabaseRefusesStaysPending) {
     EXPECT_FALSE(grid->isPending());
 }
 
-TEST_F(GridTest, AnotherSeatsChangeIsToldAndGivenWayTo) {
+TEST_F(GridTest, AnotherWorkstationsChangeIsReportedAndGivenWayTo) {
     start();
-    const auto seat = database.secondSeat();
-    seat->Execute(QStringLiteral("UPDATE JobLotTask SET MasterPrice=77 WHERE JobLotTaskKey=%1").arg(keys[0]));
-    seat->Execute(QStringLiteral("DELETE FROM JobLotTask WHERE JobLotTaskKey=%1").arg(keys[2]));
+    const auto workstation = database.secondWorkstation();
+    workstation->Execute(
+        QStringLiteral("UPDATE JobLotTask SET MasterPrice=77 WHERE JobLotTaskKey=%1").arg(keys[0]));
+    workstation->Execute(QStringLiteral("DELETE FROM JobLotTask WHERE JobLotTaskKey=%1").arg(keys[2]));
     MessageScript messages{Answer::Ok};
     driver->type("Mine");
     driver->press(Qt::Key_Down);
@@ -295,7 +296,7 @@ TEST_F(GridTest, AnotherSeatsChangeIsToldAndGivenWayTo) {
     EXPECT_EQ(shown(1, Price), "77.00");
     EXPECT_EQ(grid->RowCount(), 2);
 
-    seat->Execute(QStringLiteral("DELETE FROM JobLotTask WHERE JobLotTaskKey=%1").arg(keys[1]));
+    workstation->Execute(QStringLiteral("DELETE FROM JobLotTask WHERE JobLotTaskKey=%1").arg(keys[1]));
     grid->setRow(2);
     grid->setValue(Price, 5.0);
     EXPECT_EQ(raisedNumber([this] { grid->Update(); }), numberOf(Failure::RowDeleted));

@@ -72,7 +72,7 @@ TEST_F(DatabaseFiles, CreatingOverwritesNothing) {
 TEST_F(DatabaseFiles, BackupCopiesWhileInUse) {
     const QString copy = beside("copy.mdb");
     database.add("MasterTask", {{"Name", "kept"}});
-    const auto other = database.secondSeat();
+    const auto other = database.secondWorkstation();
     const Transaction unfinished(*other);
     (void)other->Execute("DELETE FROM MasterTask");
     backupDatabase(database.path(), copy, false);

@@ -7,9 +7,9 @@
 
 #include <QFile>
 
-#include <atomic>
 #include <csignal>
 #include <gtest/gtest.h>
+#include <latch>
 #include <sys/stat.h>
 #include <thread>
 #include <unistd.h>
@@ -110,7 +110,7 @@ TEST(Opening, ReadsAFileThatItCannotWriteOnlyWhereItSeesWhatOthersWrite) {
     for (const ::mode_t folderMode : {0755, 0777, 0555}) {
         TemporaryDatabase database;
         database.add("MasterTask", {{"Name", "Elm"}});
-        const auto writer = database.secondSeat();
+        const auto writer = database.secondWorkstation();
         database.connection().Close();
         ASSERT_EQ(::chmod(database.path().toUtf8().constData(), 0444), 0);
         ASSERT_EQ(::chmod(database.folder().toUtf8().constData(), folderMode), 0);
@@ -283,9 +283,9 @@ TEST(KilledProgramDeathTest, LeavesWhatItHadWritten) {
     EXPECT_EQ(firstValue(connection, "SELECT COUNT(*) FROM MasterTask"), Value(1));
 }
 
-TEST(TwoSeats, TheVersionOfTheDataTellsThatEitherHasWritten) {
+TEST(TwoWorkstations, TheVersionOfTheDataTellsThatEitherHasWritten) {
     TemporaryDatabase database;
-    const auto other = database.secondSeat();
+    const auto other = database.secondWorkstation();
     quint32 version = database.connection().dataVersion();
     const auto hasChanged = [&] {
         return std::exchange(version, database.connection().dataVersion()) != version;
@@ -300,7 +300,7 @@ TEST(TwoSeats, TheVersionOfTheDataTellsThatEitherHasWritten) {
     EXPECT_TRUE(hasChanged());
 }
 
-TEST(TwoSeats, TheSecondWriterGivesUpAfterItsWait) {
+TEST(TwoWorkstations, TheSecondWriterGivesUpAfterItsWait) {
     TemporaryDatabase database;
     Connection other;
     other.setConnectionString(connectionStringFor(database.path()));
@@ -313,18 +313,17 @@ TEST(TwoSeats, TheSecondWriterGivesUpAfterItsWait) {
     EXPECT_EQ(firstValue(other, "SELECT COUNT(*) FROM MasterTask"), Value(0));
 }
 
-TEST(TwoSeats, WaitForEachOther) {
+TEST(TwoWorkstations, WaitForEachOther) {
     TemporaryDatabase database;
-    const auto other = database.secondSeat();
-    std::atomic<bool> writes = false;
+    const auto other = database.secondWorkstation();
+    std::latch aboutToWrite(1);
     int number = -1;
     Transaction held(database.connection());
     std::thread waiting([&] {
-        writes = true;
+        aboutToWrite.count_down();
         number = raisedNumber([&] { (void)other->Execute("INSERT INTO MasterTask (Name) VALUES ('B')"); });
     });
-    while (!writes)
-        std::this_thread::yield();
+    aboutToWrite.wait();
     for (int i = 0; i < 2000; ++i)
         database.run("INSERT INTO MasterTask (Name) VALUES ('A')");
     held.commit();

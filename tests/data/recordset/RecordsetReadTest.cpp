@@ -130,7 +130,7 @@ TEST_F(RecordsetRead, DynamicFetchesNothingBeforeTheFirstLook) {
     open("SELECT Name FROM MasterTask ORDER BY MasterTaskKey", CursorType::Dynamic);
     Recordset fixed;
     fixed.Open("SELECT Name FROM MasterTask ORDER BY MasterTaskKey", database.connection());
-    database.secondSeat()->Execute("INSERT INTO MasterTask (Name) VALUES ('B')");
+    database.secondWorkstation()->Execute("INSERT INTO MasterTask (Name) VALUES ('B')");
     EXPECT_EQ(walked(), "AB");
     EXPECT_EQ(fixed.RecordCount(), 1);
 }
@@ -138,7 +138,7 @@ TEST_F(RecordsetRead, DynamicFetchesNothingBeforeTheFirstLook) {
 TEST_F(RecordsetRead, AWriteBehindAHalfReadRecordsetNeitherFailsNorShows) {
     addTasks({"A", "B", "C"});
     open("SELECT Name FROM MasterTask ORDER BY MasterTaskKey");
-    database.secondSeat()->Execute("UPDATE MasterTask SET Name='X'");
+    database.secondWorkstation()->Execute("UPDATE MasterTask SET Name='X'");
     database.run("DELETE FROM MasterTask WHERE MasterTaskKey=3");
     EXPECT_EQ(walked(), "ABC");
     rows.Requery();
@@ -148,7 +148,7 @@ TEST_F(RecordsetRead, AWriteBehindAHalfReadRecordsetNeitherFailsNorShows) {
 TEST_F(RecordsetRead, AHalfReadRecordsetHidesNothingFromTheNext) {
     addTasks({"A", "B"});
     open("SELECT Name FROM MasterTask ORDER BY MasterTaskKey");
-    (void)database.secondSeat()->Execute("UPDATE MasterTask SET Name='X'");
+    (void)database.secondWorkstation()->Execute("UPDATE MasterTask SET Name='X'");
     EXPECT_EQ(database.ask("SELECT Name FROM MasterTask"), Value("X"));
     EXPECT_EQ(walked(), "AB");
 }

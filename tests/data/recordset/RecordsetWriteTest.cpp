@@ -226,7 +226,7 @@ TEST_F(RecordsetWrite, RefusesWhatCannotBeWritten) {
 TEST_F(RecordsetWrite, OverwritesNowhereThatSomebodyElseChanged) {
     addTask("A", 1);
     open("SELECT Name, MasterPrice FROM MasterTask");
-    database.secondSeat()->Execute("UPDATE MasterTask SET Name='a'");
+    database.secondWorkstation()->Execute("UPDATE MasterTask SET Name='a'");
     rows.set("MasterPrice", 9);
     EXPECT_EQ(raisedNumber([&] { rows.Update(); }), changedNumber);
     EXPECT_TRUE(rows.isEditing());
@@ -252,7 +252,7 @@ TEST_F(RecordsetWrite, AChangeOfAnotherColumnIsNoConflict) {
 TEST_F(RecordsetWrite, NoticesThatTheRowIsGone) {
     addTask("A", 1);
     open("MasterTask");
-    database.secondSeat()->Execute("DELETE FROM MasterTask");
+    database.secondWorkstation()->Execute("DELETE FROM MasterTask");
     rows.set("Name", "A");
     EXPECT_EQ(raisedNumber([&] { rows.Update(); }), deletedNumber);
     EXPECT_EQ(raisedNumber([&] { rows.MoveNext(); }), deletedNumber);

@@ -19,7 +19,7 @@ struct DatabaseSettings {
 
 /// Stores the settings as they are, with no test, for the next start; nothing changes for the running
 /// program. They are stored together: when the store can't be written, it returns silently and all the old
-/// ones stay.
+/// ones stay. Where the stored settings were damaged or removed meanwhile, the folders in use are stored too.
 void saveDatabaseSettings(const DatabaseSettings& settings);
 
 } // namespace tarnwell

@@ -123,6 +123,21 @@ TEST_F(SettingsFile, WhatIsNoSettingsIsKeptAsideAndNotReplacedSilently) {
     }
 }
 
+TEST_F(SettingsFile, WhatWasLostWhileTheProgramRunsIsSavedWithItsFolders) {
+    ReadSettings("/opt/Tarnwell");
+    for (const bool isRemoved : {false, true}) {
+        put("garbage");
+        if (isRemoved)
+            QFile::remove(path());
+        saveDatabaseSettings({.file = "/wages/Tarnwell.mdb", .reportFile = "/wages/Report.mdb"});
+        ReadSettings("/elsewhere");
+        EXPECT_TRUE(gConnectionString.contains("/wages/Tarnwell.mdb"));
+        EXPECT_EQ(QStringList({gImportPath, gLogPath, gLayoutPath, gDataPath}),
+                  QStringList({"/opt/Tarnwell/import/", "/opt/Tarnwell/logs/", "/opt/Tarnwell/layouts/",
+                               "/opt/Tarnwell/data/"}));
+    }
+}
+
 TEST_F(SettingsFile, APipeOrDeviceInItsPlaceIsKeptAsideUnread) {
     put({});
     for (const bool isPipe : {true, false}) {

@@ -1,5 +1,6 @@
 #include "frame/main/frmSwitchboard.h"
 
+#include "data/engine/ConnectionString.h"
 #include "frame/help/HelpKey.h"
 #include "frame/help/HelpWindow.h"
 #include "frame/main/ErrorLogMenu.h"
@@ -11,7 +12,6 @@
 #include "runtime/StartUp.h"
 #include "runtime/modErrorRoutines.h"
 #include "runtime/modGlobalVariables.h"
-#include "runtime/modRegistry.h"
 
 #include <QBoxLayout>
 #include <QCoreApplication>
@@ -90,6 +90,12 @@ const std::map<QString, void (*)()>& ownActions() {
         {QStringLiteral("mnuContents"), sendHelpKey},
     };
     return actions;
+}
+
+/// The settings may name another one by now, for the next start.
+QString databaseInUse() {
+    const bool isFile = connectionValue(gConnectionString, QLatin1String("Provider")) == fileProvider;
+    return connectionValue(gConnectionString, QLatin1String(isFile ? "Data Source" : "Initial Catalog"));
 }
 
 bool isAvailable(const QString& key) {
@@ -216,8 +222,7 @@ void frmSwitchboard::openDatabase() {
         ErrorHandler(error, {});
         endProgram();
     }
-    m_database->setText(
-        ReadRegistryValue(RegistryRoot::LocalMachine, gRegistryKey, QStringLiteral("DataSource")).toText());
+    m_database->setText(databaseInUse());
 }
 
 void frmSwitchboard::Form_Unload() {

@@ -106,6 +106,7 @@ TEST_F(SwitchboardTest, OpensTheDatabaseAtItsFirstActivationAndNotBefore) {
     window.Load();
     EXPECT_EQ(gConnectionString, "Provider=Microsoft.Jet.OLEDB.4.0;Data Source=" + database.path());
     EXPECT_EQ(shownDatabase(window), "");
+    setting("DataSource", "/for/the/next/start.mdb");
     start();
     EXPECT_EQ(shownDatabase(window), database.path());
 }

@@ -79,6 +79,20 @@ void requireSound(const QString& path) {
         raise(Failure::DatabaseForeign, QStringLiteral("%1 (%2)").arg(path, problems.front()));
 }
 
+/// A copy as of one moment, whatever others write meanwhile. The engine's own words for a damaged source say
+/// neither which file nor where.
+void copyInto(const QString& target, const SqliteHandle& handle, const QString& source) {
+    SqliteStatement copy = handle.prepare("VACUUM INTO ?1");
+    copy.bind(1, target);
+    try {
+        copy.run();
+    } catch (const RunTimeError&) {
+        if (handle.foundDamage())
+            requireSound(source);
+        throw;
+    }
+}
+
 } // namespace
 
 void createDatabase(const QString& path) {
@@ -100,10 +114,7 @@ void backupDatabase(const QString& source, const QString& target, bool overwrite
         raise(Failure::FileAccess, to);
     const SqliteHandle handle = data::openOurDatabase(from, usualBusyTimeout);
     data::FileReplacement file(to);
-    // A copy as of one moment, whatever others write meanwhile.
-    SqliteStatement copy = handle.prepare("VACUUM INTO ?1");
-    copy.bind(1, file.temporaryPath());
-    copy.run();
+    copyInto(file.temporaryPath(), handle, from);
     requireSound(file.temporaryPath());
     file.moveIntoPlace(overwrite ? data::FileReplacement::Existing::Replace
                                  : data::FileReplacement::Existing::Keep);

@@ -1,11 +1,12 @@
 #include "reports/output/PageOutput.h"
 
-#include "data/RunTimeError.h"
 #include "reports/output/PdfFile.h"
 #include "reports/output/PrintJob.h"
 #include "reports/output/PrintSystem.h"
 #include "reports/pages/PagePainter.h"
+#include "runtime/DiskFile.h"
 
+#include <QDir>
 #include <QPageRanges>
 #include <QPainter>
 #include <QPdfWriter>
@@ -13,6 +14,7 @@
 #include <QTemporaryDir>
 
 #include <algorithm>
+#include <cerrno>
 #include <vector>
 
 namespace tarnwell {
@@ -98,9 +100,10 @@ bool writePdf(const ReportPages& report, const std::vector<qint64>& pages, const
 
 bool printOnQueue(const ReportPages& report, const std::vector<qint64>& sheets, const QPrinter& printer,
                   const QString& title, const FollowPages& follow) {
+    errno = 0;
     const QTemporaryDir spool;
     if (!spool.isValid())
-        raise(Failure::FileAccess, spool.errorString());
+        throw fileError(QDir::tempPath(), errno);
     const QString pdf = spool.filePath(QStringLiteral("report.pdf"));
     if (!writePdf(report, sheets, pdf, title, printer.pageLayout(), follow))
         return false;

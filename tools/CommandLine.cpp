@@ -63,8 +63,8 @@ Notice wrong(const QString& what) {
 }
 
 /// What of the options and file names does not fit the command; empty when all does.
-QString misuse(const CommandTerms& terms, const QCommandLineParser& parser, const Options& options,
-               int files) {
+QString faultOf(const CommandTerms& terms, const QCommandLineParser& parser, const Options& options,
+                int files) {
     const QString name = QString::fromLatin1(terms.name);
     if (files != terms.fileCount)
         return QStringLiteral("%1 needs %2").arg(name, QLatin1String(terms.files));
@@ -99,7 +99,7 @@ std::variant<Request, Notice> parseArguments(const QStringList& arguments) {
         commands, [&](const CommandTerms& candidate) { return name == QLatin1String(candidate.name); });
     if (terms == commands.end())
         return wrong(QStringLiteral("unknown command '%1'").arg(name));
-    if (const QString fault = misuse(*terms, parser, options, static_cast<int>(words.size()));
+    if (const QString fault = faultOf(*terms, parser, options, static_cast<int>(words.size()));
         !fault.isEmpty())
         return wrong(fault);
     if (!sample::findScale(parser.value(options.scale)))

@@ -3,7 +3,7 @@
 BUILD_PACKAGES="g++ cmake ninja-build mold qt6-base-dev qt6-svg-dev libsqlite3-dev"
 RUN_PACKAGES="libqt6svg6 qt6-qpa-plugins fonts-liberation"
 TEST_PACKAGES="clang-format git libgtest-dev libbenchmark-dev poppler-utils"
-FULL_TEST_PACKAGES="clang-tidy"
+FULL_TEST_PACKAGES="clang-tidy-22"
 
 say() { printf '== %s\n' "$*"; }
 
@@ -26,10 +26,15 @@ install_missing() {
     as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends $missing
 }
 
+# configure PRESET
+configure() {
+    [ -e "build/$1/build.ninja" ] || cmake --preset "$1"
+}
+
 # build PRESET TARGET...
 build() {
     preset=$1
     shift
-    [ -e "build/$preset/build.ninja" ] || cmake --preset "$preset"
+    configure "$preset"
     cmake --build --preset "$preset" --target "$@"
 }

@@ -8,10 +8,10 @@ namespace tarnwell {
 
 namespace {
 
-constexpr int lineLength = 25, numberPosition = 1, namePosition = 11, nameLength = 20;
+constexpr int jobLineLength = 25, numberPosition = 1, namePosition = 11, nameLength = 20;
 
 QString jobLine(const QString& number, const Value& name) {
-    QString line(lineLength, u' ');
+    QString line(jobLineLength, u' ');
     overlay(line, numberPosition, number);
     if (!name.isNull())
         overlay(line, namePosition, u'|' + FieldText(name, nameLength));

@@ -16,7 +16,6 @@ namespace tarnwell {
 namespace {
 
 constexpr int longestDateText = 30;
-constexpr int upper = 0, rest = 1;
 constexpr int firstYear = 1, lastYear = 9999; // What a date column takes.
 
 } // namespace
@@ -41,10 +40,10 @@ DateBox::DateBox(Arrows arrows, QWidget* parent) : QWidget(parent), m_edit(new Q
     bar->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
     row->addWidget(bar);
     connect(bar, &DayArrows::valueChanged, this, guarded([this, bar](int value) {
-                if (value == rest)
+                if (value == DayArrows::Rest)
                     return;
-                turn(value == upper ? 1 : -1);
-                bar->setValue(rest);
+                turn(value == DayArrows::Upper ? 1 : -1);
+                bar->setValue(DayArrows::Rest);
             }));
 }
 

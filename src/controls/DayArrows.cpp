@@ -14,7 +14,6 @@ namespace tarnwell {
 
 namespace {
 
-constexpr int rest = 1;
 constexpr int leastWidth = 18;
 
 /// Gives the bar's height to the two arrows, whatever it is, and none to a slider.
@@ -46,9 +45,9 @@ DayArrows::DayArrows(QWidget* parent) : QScrollBar(Qt::Vertical, parent) {
     auto* style = new ArrowsOnly(QStringLiteral("fusion"));
     style->setParent(this);
     setStyle(style);
-    setRange(0, 2);
+    setRange(Upper, Lower);
     setPageStep(1);
-    setValue(rest);
+    setValue(Rest);
     setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }

@@ -4,12 +4,14 @@
 
 namespace tarnwell {
 
-/// A vertical scroll bar that is nothing but its two arrows. It rests at 1; the upper arrow gives 0, the
-/// lower one 2, and whoever listens to `valueChanged` sets it back to 1.
+/// A vertical scroll bar that is nothing but its two arrows. It stands at `Rest`; an arrow gives `Upper`
+/// or `Lower`, and whoever listens to `valueChanged` sets it back to `Rest`.
 class DayArrows : public QScrollBar {
     Q_OBJECT
 
 public:
+    static constexpr int Upper = 0, Rest = 1, Lower = 2;
+
     explicit DayArrows(QWidget* parent = nullptr);
 
     /// As high as a line of text; any other height is halved between the arrows.

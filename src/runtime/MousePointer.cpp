@@ -8,14 +8,14 @@ namespace {
 
 int running = 0;
 
-std::function<void(bool)>& presenter() {
+std::function<void(bool)>& shownPointer() {
     static std::function<void(bool)> installed;
     return installed;
 }
 
 void show(bool hourGlass) {
-    if (presenter())
-        presenter()(hourGlass);
+    if (shownPointer())
+        shownPointer()(hourGlass);
 }
 
 } // namespace
@@ -31,7 +31,7 @@ HourGlass::~HourGlass() {
 }
 
 void setMousePointerPresenter(std::function<void(bool)> installed) {
-    presenter() = std::move(installed);
+    shownPointer() = std::move(installed);
 }
 
 } // namespace tarnwell

@@ -12,7 +12,7 @@ namespace {
 constexpr int lineLength = 50, problemColumn = 10;
 constexpr auto dateFormat = "mm/dd/yy";
 
-QString statementFor(qint64 logKey) {
+QString logStatement(qint64 logKey) {
     return "SELECT * FROM EmployeeLog WHERE LogKey=" + QString::number(logKey);
 }
 
@@ -52,7 +52,7 @@ void readEmployeeLog(Connection& connection, qint64 employeeKey, LogLineText lin
 
 ShownLogRow readLogRow(Connection& connection, qint64 logKey) {
     Recordset log;
-    log.Open(statementFor(logKey), connection);
+    log.Open(logStatement(logKey), connection);
     const Value occured = log["Occured"];
     return {.row = RowSnapshot(log),
             .occured = occured,
@@ -63,7 +63,7 @@ ShownLogRow readLogRow(Connection& connection, qint64 logKey) {
 void acceptLogRow(Connection& connection, qint64 logKey, const ShownLogRow& shown, const QString& dateText,
                   const QString& problem) {
     Recordset log;
-    log.Open(statementFor(logKey), connection, CursorType::Static, LockType::Optimistic);
+    log.Open(logStatement(logKey), connection, CursorType::Static, LockType::Optimistic);
     shown.row.requireUnchanged(log);
     const bool staysNull = shown.occured.isNull() && dateText.isEmpty();
     log.set("Occured", staysNull ? Value::null() : Value(dateText));

@@ -15,7 +15,7 @@ constexpr std::array<const char*, EmployeeField::Count> fieldColumns{
     "SSN",  "LastName", "FirstName", "Address1",  "Address2",
     "City", "State",    "Zipcode",   "Telephone", "Dependants"};
 
-QString statementFor(qint64 employeeKey) {
+QString employeeStatement(qint64 employeeKey) {
     return "SELECT * FROM Employee WHERE EmployeeKey=" + QString::number(employeeKey);
 }
 
@@ -48,7 +48,7 @@ qint64 addEmployee(Connection& connection) {
 
 EmployeeRecord readEmployee(Connection& connection, qint64 employeeKey) {
     Recordset employee;
-    employee.Open(statementFor(employeeKey), connection);
+    employee.Open(employeeStatement(employeeKey), connection);
     EmployeeRecord record{.inactive = employee["Inactive"].toLong() * -1 == 1,
                           .type = FieldText(employee["Type"]),
                           .foreman = FieldText(employee["Foreman"]),
@@ -65,7 +65,7 @@ EmployeeRecord readEmployee(Connection& connection, qint64 employeeKey) {
 
 void saveEmployee(Connection& connection, qint64 employeeKey, const EmployeeRecord& record) {
     Recordset employee;
-    employee.Open(statementFor(employeeKey), connection, CursorType::Static, LockType::Optimistic);
+    employee.Open(employeeStatement(employeeKey), connection, CursorType::Static, LockType::Optimistic);
     employee.set("Inactive", (record.inactive ? 1 : 0) * -1);
     employee.set("Type", record.type);
     employee.set("Foreman", record.foreman);

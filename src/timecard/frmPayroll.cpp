@@ -242,15 +242,14 @@ void frmPayroll::FindJob() {
 /// Setting the bar back to its rest fires this again, to no effect. A text that is no date raises
 /// TypeMismatch.
 void frmPayroll::vscrCompleted_Change() {
-    constexpr int upper = 0, rest = 1, lower = 2;
     const int value = ui.vscrCompleted->value();
-    if (value == rest)
+    if (value == DayArrows::Rest)
         return;
-    if (value == upper)
+    if (value == DayArrows::Upper)
         ui.rebCompleted->addDays(1);
-    else if (value == lower)
+    else if (value == DayArrows::Lower)
         ui.rebCompleted->addDays(-1);
-    ui.vscrCompleted->setValue(rest);
+    ui.vscrCompleted->setValue(DayArrows::Rest);
 }
 
 void frmPayroll::lstTaskHistory_DblClick() {

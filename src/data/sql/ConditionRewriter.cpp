@@ -6,11 +6,6 @@ namespace tarnwell::data {
 
 namespace {
 
-constexpr QLatin1String Open("(");
-constexpr QLatin1String Close(")");
-constexpr QLatin1String Equals("=");
-constexpr QLatin1String Differs("<>");
-
 /// A parenthesis starts a condition where one is expected; that of a call does not.
 bool startsCondition(const SqlTokens& tokens, int before) {
     const Token& token = tokens.at(before);
@@ -23,7 +18,7 @@ bool startsCondition(const SqlTokens& tokens, int before) {
     case Keyword::Having:
         return true;
     default:
-        return token.is(Open) && (before == 0 || startsCondition(tokens, before - 1));
+        return token.is(mark::Open) && (before == 0 || startsCondition(tokens, before - 1));
     }
 }
 
@@ -43,7 +38,7 @@ bool endsCondition(const Token& token) {
     case Keyword::Union:
         return true;
     default:
-        return token.kind == TokenKind::End || token.is(Close);
+        return token.kind == TokenKind::End || token.is(mark::Close);
     }
 }
 
@@ -68,10 +63,10 @@ std::optional<Flag> flagAt(const SqlTokens& tokens, int at) {
 void rewriteIsNull(SqlTokens& tokens, int at) {
     const int close = tokens.at(at + 1).partner;
     const Token& comparison = tokens.at(close + 1);
-    if (comparison.is(Equals) || comparison.is(Differs)) {
+    if (comparison.is(mark::Equals) || comparison.is(mark::Differs)) {
         const std::optional<Flag> flag = flagAt(tokens, close + 2);
         if (flag && endsCondition(tokens.at(close + 2 + flag->length))) {
-            const bool wanted = flag->yes == comparison.is(Equals);
+            const bool wanted = flag->yes == comparison.is(mark::Equals);
             for (int i = close + 1; i < close + 2 + flag->length; ++i)
                 tokens[i].drop();
             tokens[at].instead = "(";
@@ -105,7 +100,7 @@ void rewriteKeyList(SqlTokens& tokens, int open) {
     if ((close - first + 1) % (term + 1) != 0 || close - first <= term || !tokens.at(first).isName())
         return;
     for (int at = first; at < close; at += term + 1)
-        if (!sameColumn(tokens, first, at, nameLength) || !tokens.at(at + nameLength).is(Equals) ||
+        if (!sameColumn(tokens, first, at, nameLength) || !tokens.at(at + nameLength).is(mark::Equals) ||
             !isKey(tokens.at(at + nameLength + 1)) ||
             (at + term < close && !tokens.at(at + term).is(Keyword::Or)))
             return;
@@ -122,7 +117,7 @@ void rewriteKeyList(SqlTokens& tokens, int open) {
 
 void rewriteConditions(SqlTokens& tokens) {
     for (int i = 0; i < tokens.size(); ++i) {
-        if (tokens.at(i).is(Keyword::IsNull) && tokens.at(i + 1).is(Open))
+        if (tokens.at(i).is(Keyword::IsNull) && tokens.at(i + 1).is(mark::Open))
             rewriteIsNull(tokens, i);
         if (tokens.at(i).is(Keyword::True) && tokens.at(i).instead == nullptr)
             tokens[i].instead = "-1";
@@ -133,7 +128,7 @@ void rewriteConditions(SqlTokens& tokens) {
 
 void rewriteKeyLists(SqlTokens& tokens) {
     for (int i = 0; i < tokens.size(); ++i)
-        if (tokens.at(i).is(Open))
+        if (tokens.at(i).is(mark::Open))
             rewriteKeyList(tokens, i);
 }
 

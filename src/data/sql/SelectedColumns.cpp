@@ -6,12 +6,6 @@ namespace tarnwell::data {
 
 namespace {
 
-constexpr QLatin1String Comma(",");
-constexpr QLatin1String Star("*");
-constexpr QLatin1String Point(".");
-constexpr QLatin1String Open("(");
-constexpr QLatin1String Close(")");
-
 /// Tokens from `begin` to `end`, both included.
 struct Range {
     int begin;
@@ -42,13 +36,13 @@ void forEachElement(const SqlTokens& tokens, Visitor visit) {
     int begin = tokens.at(1).is(Keyword::Distinct) ? 2 : 1;
     for (int i = begin;; ++i) {
         const Token& token = tokens.at(i);
-        if (token.is(Open)) {
+        if (token.is(mark::Open)) {
             i = token.partner;
-        } else if (token.is(Comma) || endsList(token)) {
+        } else if (token.is(mark::Comma) || endsList(token)) {
             if (i > begin)
                 visit(Range{begin, i - 1});
             begin = i + 1;
-            if (!token.is(Comma))
+            if (!token.is(mark::Comma))
                 return;
         }
     }
@@ -56,8 +50,8 @@ void forEachElement(const SqlTokens& tokens, Visitor visit) {
 
 /// "*" or "Job.*".
 bool isStar(const SqlTokens& tokens, Range element) {
-    return tokens.at(element.end).is(Star) &&
-           (element.size() == 1 || (element.size() == 3 && tokens.at(element.end - 1).is(Point)));
+    return tokens.at(element.end).is(mark::Star) &&
+           (element.size() == 1 || (element.size() == 3 && tokens.at(element.end - 1).is(mark::Point)));
 }
 
 /// Takes an alias off the end of the element and returns it.
@@ -65,7 +59,7 @@ QString takeAlias(const SqlTokens& tokens, Range& element) {
     const Token& last = tokens.at(element.end);
     const Token& before = tokens.at(element.end - 1);
     const bool named = before.is(Keyword::As) && last.kind != TokenKind::Symbol;
-    const bool follows = last.isName() && (before.isName() || before.is(Close) || before.literal > 0 ||
+    const bool follows = last.isName() && (before.isName() || before.is(mark::Close) || before.literal > 0 ||
                                            before.kind == TokenKind::Number || before.is(Keyword::True) ||
                                            before.is(Keyword::False));
     if (element.size() < 2 || (!named && !follows))
@@ -75,7 +69,7 @@ QString takeAlias(const SqlTokens& tokens, Range& element) {
 }
 
 Range withoutParentheses(const SqlTokens& tokens, Range element) {
-    while (tokens.at(element.begin).is(Open) && tokens.at(element.begin).partner == element.end)
+    while (tokens.at(element.begin).is(mark::Open) && tokens.at(element.begin).partner == element.end)
         element = {element.begin + 1, element.end - 1};
     return element;
 }

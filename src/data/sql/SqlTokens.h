@@ -83,6 +83,19 @@ struct Token {
     void drop() { instead = ""; }
 };
 
+/// Symbols that have a meaning, as a token's text.
+namespace mark {
+inline constexpr QLatin1String Open("(");
+inline constexpr QLatin1String Close(")");
+inline constexpr QLatin1String Comma(",");
+inline constexpr QLatin1String Point(".");
+inline constexpr QLatin1String Star("*");
+inline constexpr QLatin1String Plus("+");
+inline constexpr QLatin1String Ampersand("&");
+inline constexpr QLatin1String Equals("=");
+inline constexpr QLatin1String Differs("<>");
+} // namespace mark
+
 /// The tokens of a shape; the shape's text must outlive them. Outside of the range stand tokens of kind End.
 class SqlTokens {
 public:

@@ -4,12 +4,6 @@ namespace tarnwell::data {
 
 namespace {
 
-constexpr QLatin1String Plus("+");
-constexpr QLatin1String Ampersand("&");
-constexpr QLatin1String Point(".");
-constexpr QLatin1String Open("(");
-constexpr QLatin1String Close(")");
-
 bool isFunctionName(const Token& token) {
     return token.kind == TokenKind::Word &&
            (token.isName() || token.is(Keyword::Min) || token.is(Keyword::Max) || token.is(Keyword::Count) ||
@@ -18,7 +12,7 @@ bool isFunctionName(const Token& token) {
 
 /// Whether an operand can end with this token.
 bool endsOperand(const Token& token) {
-    return token.isName() || token.literal > 0 || token.kind == TokenKind::Number || token.is(Close) ||
+    return token.isName() || token.literal > 0 || token.kind == TokenKind::Number || token.is(mark::Close) ||
            token.is(Keyword::True) || token.is(Keyword::False);
 }
 
@@ -29,7 +23,7 @@ public:
 
     void rewritePlus() {
         for (int i = 1; i < m_tokens.size(); ++i) {
-            if (!m_tokens.at(i).is(Plus) || !endsOperand(m_tokens.at(i - 1)))
+            if (!m_tokens.at(i).is(mark::Plus) || !endsOperand(m_tokens.at(i - 1)))
                 continue;
             const int begin = operandBegin(i - 1);
             if (isText(begin, i - 1) || m_tokens.at(begin - 1).joinsText || isText(i + 1, operandEnd(i + 1)))
@@ -40,15 +34,15 @@ public:
     /// "&" binds weaker than "+": an operand of it is a whole chain of sums.
     void rewriteAmpersand() {
         for (int i = 1; i + 1 < m_tokens.size(); ++i) {
-            if (!m_tokens.at(i).is(Ampersand) || !endsOperand(m_tokens.at(i - 1)))
+            if (!m_tokens.at(i).is(mark::Ampersand) || !endsOperand(m_tokens.at(i - 1)))
                 continue;
             int begin = operandBegin(i - 1);
-            while (m_tokens.at(begin - 1).is(Plus) && begin > 1)
+            while (m_tokens.at(begin - 1).is(mark::Plus) && begin > 1)
                 begin = operandBegin(begin - 2);
             int end = operandEnd(i + 1);
-            while (m_tokens.at(end + 1).is(Plus) && end + 2 < m_tokens.size())
+            while (m_tokens.at(end + 1).is(mark::Plus) && end + 2 < m_tokens.size())
                 end = operandEnd(end + 2);
-            if (!m_tokens.at(begin - 1).is(Ampersand)) // Else it was the right operand of the one before.
+            if (!m_tokens.at(begin - 1).is(mark::Ampersand)) // Else it was the right operand of the one before.
                 emptyForNull(begin, i - 1);
             emptyForNull(i + 1, end);
             join(i);
@@ -57,23 +51,23 @@ public:
 
 private:
     [[nodiscard]] int operandEnd(int begin) const {
-        if (m_tokens.at(begin).is(Open))
+        if (m_tokens.at(begin).is(mark::Open))
             return m_tokens.at(begin).partner;
         int end = begin;
-        while (m_tokens.at(end + 1).is(Point) && m_tokens.at(end + 2).isName())
+        while (m_tokens.at(end + 1).is(mark::Point) && m_tokens.at(end + 2).isName())
             end += 2;
-        if (isFunctionName(m_tokens.at(end)) && m_tokens.at(end + 1).is(Open))
+        if (isFunctionName(m_tokens.at(end)) && m_tokens.at(end + 1).is(mark::Open))
             end = m_tokens.at(end + 1).partner;
         return end;
     }
 
     [[nodiscard]] int operandBegin(int end) const {
-        if (m_tokens.at(end).is(Close)) {
+        if (m_tokens.at(end).is(mark::Close)) {
             const int open = m_tokens.at(end).partner;
             return isFunctionName(m_tokens.at(open - 1)) ? open - 1 : open;
         }
         int begin = end;
-        while (m_tokens.at(begin - 1).is(Point) && begin > 1)
+        while (m_tokens.at(begin - 1).is(mark::Point) && begin > 1)
             begin -= 2;
         return begin;
     }
@@ -83,9 +77,9 @@ private:
         const Token& first = m_tokens.at(begin);
         if (first.kind == TokenKind::TextMark)
             return true;
-        if (first.is(Open))
+        if (first.is(mark::Open))
             return holdsText(begin, end);
-        if (m_tokens.at(end).is(Close))
+        if (m_tokens.at(end).is(mark::Close))
             return (first.isName() || first.is(Keyword::Min) || first.is(Keyword::Max)) &&
                    holdsText(begin + 1, end);
         return m_tables.columnType(m_tokens, begin, end) == schema::ColumnType::Text;

@@ -10,7 +10,7 @@ namespace tarnwell {
 namespace {
 
 constexpr int iconExtent = 32;
-constexpr int margin = 10;
+constexpr int innerMargin = 10;
 constexpr int gap = 12;
 constexpr double cornerRadius = 6;
 constexpr double hoverOpacity = 0.18;
@@ -39,7 +39,7 @@ IconBarButton::IconBarButton(const IconBarItem& item, QWidget* parent)
 
 QSize IconBarButton::sizeHint() const {
     const int textWidth = fontMetrics().horizontalAdvance(text());
-    return {4 * margin + iconExtent + gap + textWidth, iconExtent + margin};
+    return {4 * innerMargin + iconExtent + gap + textWidth, iconExtent + innerMargin};
 }
 
 void IconBarButton::paintBackground(QPainter& painter) const {
@@ -59,7 +59,7 @@ void IconBarButton::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     paintBackground(painter);
     const bool mirrored = layoutDirection() == Qt::RightToLeft;
-    const QRect inner = rect().adjusted(margin, 0, -margin, 0);
+    const QRect inner = rect().adjusted(innerMargin, 0, -innerMargin, 0);
     const QRect iconRect =
         QStyle::alignedRect(layoutDirection(), Qt::AlignLeft | Qt::AlignVCenter, iconSize(), inner);
     icon().paint(&painter, iconRect, Qt::AlignCenter, isEnabled() ? QIcon::Normal : QIcon::Disabled);

@@ -5,6 +5,9 @@
 
 namespace tarnwell {
 
+inline constexpr double twipsPerInch = 1440;
+inline constexpr int twipsPerPoint = 20;
+
 /// How a report's pages lie on the paper; each report uses one for all of its pages.
 enum class Orientation : int { Portrait = 1, Landscape = 2 };
 

@@ -1,5 +1,6 @@
 #include "reports/output/PageOutput.h"
 
+#include "reports/drawing/PageSurface.h"
 #include "reports/output/PdfFile.h"
 #include "reports/output/PrintJob.h"
 #include "reports/output/PrintSystem.h"
@@ -21,7 +22,6 @@ namespace tarnwell {
 
 namespace {
 
-constexpr int twipsPerInch = 1440;
 /// Reports keep at least this clear at every edge of the page, in twips.
 constexpr double clearEdge = 300;
 
@@ -86,7 +86,7 @@ bool writePdf(const ReportPages& report, const std::vector<qint64>& pages, const
         QPdfWriter writer(&file);
         writer.setTitle(title);
         writer.setCreator(QStringLiteral("Tarnwell"));
-        writer.setResolution(twipsPerInch);
+        writer.setResolution(static_cast<int>(twipsPerInch));
         writer.setPageLayout({layout.pageSize(), paperOrientation(orientation), QMarginsF()});
         QPainter painter(&writer);
         const CheckDevice check = [&](bool isGoing) { file.check(isGoing); };
@@ -119,7 +119,6 @@ QPageLayout wholePaper(const QPageSize& paper) {
 } // namespace
 
 QTransform pageOntoPaper(Orientation orientation, QPageLayout layout) {
-    constexpr double twipsPerPoint = 20;
     constexpr double rounding = twipsPerPoint; // papers are measured in whole points
     layout.setUnits(QPageLayout::Point);
     const QSizeF page = pageSizeTwips(orientation);

@@ -1,5 +1,7 @@
 #include "reports/pages/PageFonts.h"
 
+#include "reports/drawing/PageSurface.h"
+
 #include <QFontDatabase>
 #include <QGlyphRun>
 #include <QPainter>
@@ -11,7 +13,6 @@ namespace tarnwell {
 
 namespace {
 
-constexpr int twipsPerPoint = 20;
 constexpr auto ownFamily = "Arial";
 
 struct Relatives {

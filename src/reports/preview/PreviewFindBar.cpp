@@ -18,7 +18,7 @@ namespace {
 
 constexpr int textWidth = 260;
 constexpr int gap = 6;
-constexpr QColor failure(208, 48, 48);
+constexpr QColor failureColor(208, 48, 48);
 constexpr double failureShare = 0.75; ///< In the colour of text, so that it can be read on any background.
 
 } // namespace
@@ -84,7 +84,7 @@ void PreviewFindBar::setResult(const QString& text, bool missing) {
     QPalette colors = palette();
     if (missing)
         colors.setColor(QPalette::WindowText,
-                        mixed(palette().color(QPalette::WindowText), failure, failureShare));
+                        mixed(palette().color(QPalette::WindowText), failureColor, failureShare));
     m_result->setPalette(colors);
     m_previous->setEnabled(!text.isEmpty() && !missing);
     m_next->setEnabled(!text.isEmpty() && !missing);

@@ -1,5 +1,6 @@
 #include "reports/preview/PreviewView.h"
 
+#include "reports/drawing/PageSurface.h"
 #include "runtime/EventGuard.h"
 
 #include <QEvent>
@@ -17,7 +18,6 @@ namespace tarnwell {
 
 namespace {
 
-constexpr double twipsPerInch = 1440;
 constexpr double overviewStep = 1.25;
 constexpr int lineStep = 48; ///< Pixels of a scrolled line.
 constexpr int captionGap = 6;

@@ -2,6 +2,7 @@
 
 #include "controls/Label.h"
 #include "look/WindowOwner.h"
+#include "reports/drawing/PageSurface.h"
 #include "reports/preview/PreviewFindBar.h"
 #include "reports/preview/PreviewToolBar.h"
 #include "reports/preview/PreviewTools.h"
@@ -32,7 +33,6 @@ constexpr int statusMilliseconds = 15000;
 /// What the preview takes of the screen at first, besides the width that the pages want.
 constexpr double shareOfHeight = 0.92;
 constexpr int leastOpeningWidth = 1120;
-constexpr double twipsPerInch = 1440;
 constexpr std::array zoomsOffered = {25, 50, 75, 100, 125, 150, 200, 400};
 const QString fitWidthText = QStringLiteral("Fit width");
 const QString fitPageText = QStringLiteral("Fit page");

@@ -1,6 +1,7 @@
 #include "reports/preview/ReportDocument.h"
 
 #include "data/RunTimeError.h"
+#include "reports/drawing/PageSurface.h"
 #include "reports/output/PageOutput.h"
 #include "reports/pages/TextSearch.h"
 
@@ -12,7 +13,6 @@ namespace tarnwell {
 
 namespace {
 
-constexpr double twipsPerPoint = 20;
 constexpr int messageMargin = 1440;
 constexpr int messageHeight = 240; ///< Twips of its letters.
 

@@ -9,7 +9,7 @@ using namespace tarnwell::test;
 namespace {
 
 const Report gantt{"frmRptGantt", "Gantt Chart", ganttQuery, drawGantt};
-const ReportParameters allTasks{.incomplete = false, .allJobsMarked = true};
+const ReportParameters everyTask{.incomplete = false, .allJobsMarked = true};
 
 class GanttReport : public ReportTest {
 protected:
@@ -51,7 +51,7 @@ TEST_F(GanttReport, DrawsJobsLotsTasksAndBarsOnDayPages) {
     data.add(TaskRow{.lot = elmB, .category = roofing, .start = on("03/25/24"), .stop = on("03/25/24")});
     data.add(TaskRow{
         .lot = oakA, .category = roofing, .name = "Tiles", .start = on("03/05/24"), .stop = on("03/29/24")});
-    draw(gantt, allTasks);
+    draw(gantt, everyTask);
     expectApproved(pages, "gantt");
     EXPECT_EQ(watcher.units, 1);
     EXPECT_EQ(watcher.steps, 1);
@@ -61,7 +61,7 @@ TEST_F(GanttReport, DrawsJobsLotsTasksAndBarsOnDayPages) {
 TEST_F(GanttReport, ThirtyFiveRecordsFillAPageAndHeadingsStartAgain) {
     for (int i = 0; i < 36; ++i)
         addTask("Walls", on("03/05/24"), on(i == 35 ? "03/22/24" : "03/06/24"));
-    draw(gantt, allTasks);
+    draw(gantt, everyTask);
     EXPECT_EQ(pages.pageCount(), 4) << "two pages of tasks, each on two pages of days";
     EXPECT_EQ(watcher.units, 2);
     EXPECT_EQ(watcher.steps, 2);
@@ -91,7 +91,7 @@ TEST_F(GanttReport, TheDaysCoverTheRangeUpToItsLastDay) {
         data.database().run(QStringLiteral("UPDATE JobLotTask SET StopDate=#%1# WHERE JobLotTaskKey=%2")
                                 .arg(QLatin1String(range.stop))
                                 .arg(task));
-        draw(gantt, allTasks);
+        draw(gantt, everyTask);
         EXPECT_EQ(pages.pageCount(), range.dayPages) << range.why;
         EXPECT_EQ(days(range.dayPages).last(), range.lastDay) << range.why;
     }
@@ -100,7 +100,7 @@ TEST_F(GanttReport, TheDaysCoverTheRangeUpToItsLastDay) {
 TEST_F(GanttReport, ATaskOnTheLostLastDayHasNoBar) {
     addTask("Walls", on("03/01/24"), on("03/01/24"));
     addTask("Paint", on("04/04/24"), on("04/04/24"));
-    draw(gantt, allTasks);
+    draw(gantt, everyTask);
     EXPECT_EQ(bars(1), QStringList{"3700-4350"});
     EXPECT_EQ(bars(2), QStringList());
     EXPECT_TRUE(pages.texts(2).contains("Framing an: Paint"));
@@ -108,34 +108,34 @@ TEST_F(GanttReport, ATaskOnTheLostLastDayHasNoBar) {
 
 TEST_F(GanttReport, ASingleDayHasNoPageToPutItsDateOn) {
     addTask("Walls", on("03/05/24 07:30"), on("03/05/24 15:00"));
-    EXPECT_EQ(raisedNumber([&] { draw(gantt, allTasks); }), numberOf(Failure::SubscriptOutOfRange));
+    EXPECT_EQ(raisedNumber([&] { draw(gantt, everyTask); }), numberOf(Failure::SubscriptOutOfRange));
     EXPECT_EQ(pages.lines(), QStringList());
 }
 
 TEST_F(GanttReport, MoreDayPagesThanAnIntegerCountsAreNone) {
     addTask("Walls", DateTime{QDate(1000, 1, 1)}, DateTime{QDate(2600, 1, 1)});
-    EXPECT_EQ(raisedNumber([&] { draw(gantt, allTasks); }), numberOf(Failure::SubscriptOutOfRange));
+    EXPECT_EQ(raisedNumber([&] { draw(gantt, everyTask); }), numberOf(Failure::SubscriptOutOfRange));
 }
 
 TEST_F(GanttReport, AMissingDateEndsTheDrawingWhereItIsMet) {
     addTask("Walls", on("03/05/24"), on("03/08/24"));
     addTask("Beams", on("03/06/24"), Value::null());
     addTask("Tiles", on("03/07/24"), on("03/07/24"));
-    EXPECT_EQ(raisedNumber([&] { draw(gantt, allTasks); }), numberOf(Failure::TypeMismatch));
+    EXPECT_EQ(raisedNumber([&] { draw(gantt, everyTask); }), numberOf(Failure::TypeMismatch));
     EXPECT_TRUE(pages.texts().contains("Framing an: Beams")) << "what was drawn by then stays";
     EXPECT_FALSE(pages.texts().contains("Framing an: Tiles"));
 }
 
 TEST_F(GanttReport, WithoutAnyDateThereIsNoRange) {
     addTask("Walls", Value::null(), Value::null());
-    EXPECT_EQ(raisedNumber([&] { draw(gantt, allTasks); }), numberOf(Failure::InvalidUseOfNull));
+    EXPECT_EQ(raisedNumber([&] { draw(gantt, everyTask); }), numberOf(Failure::InvalidUseOfNull));
 }
 
 // Two digits of the year stand for 1930 to 2029.
 TEST_F(GanttReport, DatesFrom2030OnComeBackACenturyEarlier) {
     addTask("Walls", on("12/30/2029"), on("01/02/2030"));
     addTask("Beams", on("12/31/2029"), on("12/31/2029"));
-    draw(gantt, allTasks);
+    draw(gantt, everyTask);
     EXPECT_EQ(days(1).size(), 17) << "1930 is no day of the range, so the days run on";
     EXPECT_EQ(bars(1), QStringList{"4350-5000"}) << "the task that stops in 1930 has no bar";
 }
@@ -144,7 +144,7 @@ TEST_F(GanttReport, AnEmptyJobNumberHasNoHeadingOfItsOwn) {
     const qint64 bare = data.add(JobRow{.number = ""});
     const qint64 lot = data.add(LotRow{.job = bare, .lotBlock = "C"});
     data.add(TaskRow{.lot = lot, .category = roofing, .start = on("03/05/24"), .stop = on("03/06/24")});
-    draw(gantt, allTasks);
+    draw(gantt, everyTask);
     EXPECT_TRUE(pages.texts().contains("Lot/Block: C"));
     EXPECT_FALSE(pages.texts().contains("Job:   Lot/Block: C"));
 }
@@ -158,7 +158,7 @@ TEST_F(GanttReport, AMissingLotBlockDiffersFromNoOther) {
                          .start = on("03/01/24"),
                          .stop = on("03/18/24")});
     data.database().run("UPDATE JobLot SET LotBlock=Null WHERE LotBlock='gone'");
-    draw(gantt, allTasks);
+    draw(gantt, everyTask);
     EXPECT_EQ(pages.texts(1).filter("Lot/Block"), QStringList{"Lot/Block: C"});
     EXPECT_EQ(pages.texts(2).filter("Lot/Block"), QStringList());
 }
@@ -170,9 +170,9 @@ TEST_F(GanttReport, TheFilterHoldsForTheRowsAndForTheirDays) {
     data.add(TaskRow{
         .lot = oakA, .category = roofing, .name = "Tiles", .start = on("01/01/24"), .stop = on("12/31/24")});
     ReportParameters dates{.startDate = "02/01/24", .stopDate = "03/31/24", .allJobsMarked = true};
-    ReportParameters foreman = allTasks;
+    ReportParameters foreman = everyTask;
     foreman.foreman = "stone/sid";
-    ReportParameters category = allTasks;
+    ReportParameters category = everyTask;
     category.category = "Framing and beams";
     for (const ReportParameters& parameters :
          {dates, ReportParameters{.incomplete = false, .markedJobs = {elm}}, foreman, category}) {
@@ -184,7 +184,7 @@ TEST_F(GanttReport, TheFilterHoldsForTheRowsAndForTheirDays) {
 
 TEST_F(GanttReport, AnEmployeeIsNoPartOfTheStatement) {
     addTask("Walls", on("03/05/24"), on("03/06/24"));
-    ReportParameters ofEmployee = allTasks;
+    ReportParameters ofEmployee = everyTask;
     ofEmployee.employeeKey = 1;
     EXPECT_EQ(raisedNumber([&] { draw(gantt, ofEmployee); }), numberOf(Failure::NoSuchColumn));
 }
@@ -193,7 +193,7 @@ TEST_F(GanttReport, CancelEndsAllItsLoops) {
     for (int i = 0; i < 36; ++i)
         addTask("Walls", on("03/05/24"), on("04/30/24"));
     watcher.cancelAfter = 2;
-    draw(gantt, allTasks);
+    draw(gantt, everyTask);
     EXPECT_EQ(watcher.records, 2);
     EXPECT_EQ(pages.pageCount(), 1);
 }

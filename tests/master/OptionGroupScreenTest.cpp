@@ -142,6 +142,25 @@ TEST_F(OptionGroupScreen, EscapeGivesAPriceUpAndSoDoesAnotherWorkstationsDelete)
     });
 }
 
+TEST_F(OptionGroupScreen, EnterLeadsDownThePricesAndTicksNothing) {
+    const qint64 deck = addGroup("Deck", abel);
+    addTask("Rail", deck);
+    addTask("Stair", deck);
+    open(abel, [&](const ScreenDriver& screen) {
+        auto& grid = screen.find<Grid>("jgGroupOptions");
+        screen.click("jgGroupOptions", {grid.columnViewportPosition(5) + 20, 10});
+        for (const char* price : {"7", "8"}) {
+            screen.type(price);
+            screen.press(Qt::Key_Return);
+        }
+        EXPECT_EQ(grid.Row(), 2);
+        screen.clickToolbar("Exit");
+    });
+    EXPECT_EQ(count("ContractorOptionGroup WHERE MasterPrice=7"), 1);
+    EXPECT_EQ(count("ContractorOptionGroup WHERE MasterPrice=8"), 1);
+    EXPECT_EQ(count("ContractorOptionGroup WHERE ExcludeDependency<>0"), 0);
+}
+
 TEST_F(OptionGroupScreen, RenamingByEnterSelectsTheFirstGroup) {
     addGroup("Deck", abel);
     addGroup("Patio", abel);

@@ -21,7 +21,7 @@ bool Grid::Parts::beginEdit() {
 bool Grid::Parts::beginTyping() {
     if (row < 0 || !model->hasColumn(column) || takesText(model->column(column)))
         return beginEdit();
-    const int text = textColumn();
+    const int text = textColumn(endColumn(-1));
     return text != 0 && model->isEditable(row, text) && goTo(row, text, Asked::ByUser) && beginEdit();
 }
 

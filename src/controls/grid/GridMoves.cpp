@@ -36,8 +36,10 @@ bool Grid::Parts::stepColumn(int direction) {
     return true;
 }
 
+/// Behind a typed text comes the next text: who types a list by Enter must not meet a tick, which the next
+/// Enter would turn.
 void Grid::Parts::moveOn() {
-    if (const int next = nextColumn(column, 1); next != 0) {
+    if (const int next = textColumn(nextColumn(column, 1)); next != 0) {
         goTo(row, next, Asked::ByUser);
     } else if (row != model->newRowLine()) {
         const int toRow = std::min(row + 1, model->rowCount() - 1);
@@ -80,12 +82,12 @@ int Grid::Parts::startColumn(int toRow) const {
     if (toRow != model->newRowLine())
         return start;
     // A new row begins by typing.
-    const int text = textColumn();
+    const int text = textColumn(start);
     return text != 0 ? text : start;
 }
 
-int Grid::Parts::textColumn() const {
-    int each = endColumn(-1);
+int Grid::Parts::textColumn(int from) const {
+    int each = from;
     while (each != 0 && !takesText(model->column(each)))
         each = nextColumn(each, 1);
     return each;
@@ -120,7 +122,7 @@ void Grid::Parts::showRows(std::shared_ptr<Recordset> rows, int number, const QS
     const int toRow = wanted >= 0 ? wanted : model->rowCount() - 1;
     // In another list what is typed next is most likely a name: it must not meet a tick or a price.
     const bool keeps = isSameList && model->hasColumn(column) && isStop(model->column(column));
-    const int text = textColumn();
+    const int text = textColumn(endColumn(-1));
     const int toColumn = keeps ? column : text != 0 ? text : startColumn(toRow);
     stand(toRow, toRow >= 0 ? toColumn : 0);
     if (model->recordset() != nullptr)

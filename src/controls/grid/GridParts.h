@@ -30,14 +30,14 @@ struct Grid::Parts {
     bool step(int rows);
     /// Keeps the row.
     bool stepColumn(int direction);
-    /// To the next cell, and from the last one to the next row.
+    /// To the row's next text, and from the last one to the next row.
     void moveOn();
     void goToNewRow();
     /// The next column that can be current, to the right or left; 0 when there is none.
     [[nodiscard]] int nextColumn(int from, int direction) const;
     [[nodiscard]] int endColumn(int direction) const;
-    /// The first column that takes text; 0 when there is none.
-    [[nodiscard]] int textColumn() const;
+    /// `from`, or the first column behind it, that takes text; 0 when there is none.
+    [[nodiscard]] int textColumn(int from) const;
     /// Where work on a row begins.
     [[nodiscard]] int startColumn(int toRow) const;
     /// After columns, layout or the new-row line changed.

@@ -104,6 +104,23 @@ INSTANTIATE_TEST_SUITE_P(
         Leaving{"Close", [](BuilderGrids& on) { on.closeScreen(); }}),
     [](const auto& way) { return way.param.name; });
 
+TEST_F(BuilderGrids, InAnotherPlanOrCategoryATypedTaskBeginsWithItsName) {
+    const std::function<void()> ways[] = {[this] { driver->choose("cmbType", "Drywall"); },
+                                          [this] { clickCell("jgPlans", 2, PlanName); }};
+    for (const auto& leave : ways) {
+        openPlans();
+        driver->focus("jgTasks");
+        tasks().setCol(Exclude);
+        leave();
+        driver->focus("jgTasks");
+        driver->type("75");
+        closeScreen();
+        EXPECT_EQ(data.count("ContractorPlanTask WHERE Name='75' AND ExcludeDependency=0"), 1);
+        data.db.run("DELETE FROM ContractorPlanTask");
+        data.db.run("DELETE FROM ContractorPlan WHERE PlanName='Birch'");
+    }
+}
+
 TEST_F(BuilderGrids, EscapeGivesUpAPendingPlanAndLeavesTheOthers) {
     openPlans();
     typeNewPlan("Ced");

@@ -7,7 +7,8 @@ using namespace tarnwell::test;
 
 namespace {
 
-constexpr int nameColumn = 8, priceColumn = 9, startColumn = 13, stopColumn = 14, employeeColumn = 15;
+constexpr int nameColumn = 8, priceColumn = 9, excludeColumn = 12, startColumn = 13, stopColumn = 14,
+              employeeColumn = 15;
 
 struct JobGridTest : JobScreen {
     qint64 worker =
@@ -69,6 +70,18 @@ TEST_F(JobGridTest, ATypedLotIsStoredHoweverItIsLeft) {
         driver.reset();
         data.db.run("DELETE FROM JobLot WHERE LotBlock='C'");
     }
+}
+
+TEST_F(JobGridTest, BehindAnotherCategoryATypedTaskBeginsWithItsName) {
+    openJob();
+    driver->focus("jgTasks");
+    tasks().setCol(excludeColumn);
+    driver->choose("cmbType", "Drywall");
+    driver->focus("jgTasks");
+    driver->type("Tape 75");
+    driver->clickToolbar("Exit");
+    EXPECT_EQ(count("Name='Tape 75' AND ExcludeDependency=0" + lotIs(data.lot)), 1);
+    driver.reset();
 }
 
 TEST_F(JobGridTest, AnEditedLotThatSomebodyElseDeletedLeavesWithItsTasks) {

@@ -191,6 +191,29 @@ TEST_F(JobScreen, AJobThatSomebodyElseDeletedLeavesTheScreenAfterOneMessage) {
     }
 }
 
+TEST_F(JobScreen, TwoJobsOfOneNumberAreToldApart) {
+    const qint64 twin = data.addJob("J-1", "Twin");
+    open();
+    for (const qint64 key : {twin, data.job, twin}) {
+        whenShown([&](const ScreenDriver& search) {
+            search.click("optSearch(0)");
+            search.focus("MskField(0)");
+            search.type("J-1");
+            search.clickLine("lstItems", key == twin ? 1 : 0);
+            search.press(Qt::Key_Return);
+        });
+        driver->clickToolbar("Find");
+        EXPECT_EQ(form().JobKey, key);
+        EXPECT_EQ(field(1).text(), key == twin ? "Twin" : "Elm");
+        EXPECT_EQ(lots().RowCount(), key == twin ? 0 : 2);
+    }
+    clickCell("jgJobLots", 1, 3);
+    driver->type("T-1");
+    driver->clickToolbar("Exit");
+    EXPECT_EQ(data.count("JobLot WHERE LotBlock='T-1' AND JobKey=" + QString::number(twin)), 1);
+    driver.reset();
+}
+
 TEST_F(JobScreen, FindWritesTheJobFirstAndOneThatCannotBeReadIsNotKept) {
     data.addJob("J-2", "Oak");
     openJob();

@@ -138,6 +138,22 @@ TEST_F(MasterTasksTest, ANewRowOnTheFirstLineJoinsItsCategoryAndCarriesNothing) 
     EXPECT_EQ(tasks().RowCount(), 1);
 }
 
+TEST_F(MasterTasksTest, BehindAnotherCategoryATypedTaskBeginsWithItsName) {
+    const qint64 roofing = data.addCategory("Roofing");
+    open();
+    driver->focus("jgMasterTasks");
+    tasks().setCol(Exclude);
+    driver->choose("cmbType", "Roofing");
+    driver->focus("jgMasterTasks");
+    driver->type("Ridge 75");
+    driver->press(Qt::Key_Return);
+    driver->type("75");
+    driver->clickToolbar("Exit");
+    EXPECT_EQ(master("CodeKey", "Ridge 75"), Value(roofing));
+    EXPECT_EQ(master("MasterPrice", "Ridge 75"), Value(75.0));
+    EXPECT_EQ(master("ExcludeDependency", "Ridge 75"), Value(false));
+}
+
 TEST_F(MasterTasksTest, WhatIsDiscardedOrRefusedIsNeitherStoredNorCarried) {
     open();
     carryPrice();

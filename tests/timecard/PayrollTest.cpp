@@ -1,6 +1,7 @@
 #include "controls/DateBox.h"
 #include "controls/ListBox.h"
 #include "controls/NoteBox.h"
+#include "data/sqlite/SqliteHandle.h"
 #include "runtime/RunTime.h"
 #include "support/DrivenScreen.h"
 #include "timecard/TimeCardData.h"
@@ -11,6 +12,7 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTest>
+#include <QTimer>
 
 using namespace tarnwell;
 using namespace tarnwell::test;
@@ -335,6 +337,20 @@ TEST_F(Payroll, APressWhileAPaymentIsUnderWayDoesNothing) {
     setMessagePresenter(before);
     EXPECT_EQ(asked, 1);
     EXPECT_EQ(data.count("JobTaskEmployee"), 2);
+}
+
+TEST_F(Payroll, APressWhileItWaitsForADeletedRowPaysOnce) {
+    const data::SqliteHandle other(data.db.path(), data::SqliteHandle::Access::ReadWrite);
+    other.run(
+        "CREATE TRIGGER Deleted AFTER INSERT ON JobTaskEmployee BEGIN DELETE FROM JobTaskEmployee; END");
+    openJob();
+    choose("2");
+    QTimer::singleShot(0, &form(), [this] { driver->find<QPushButton>("cmdApplyTask").click(); });
+    QTimer::singleShot(0, &form(), [&other] { other.run("DROP TRIGGER Deleted"); });
+    apply();
+    EXPECT_TRUE(script.shown().empty());
+    EXPECT_EQ(lines("lstTaskHistory"), (QStringList{"12/31/24 | 222-22-2222 | 40.00", "Baker,Bob"}));
+    EXPECT_EQ(data.count("JobTaskEmployee"), 1);
 }
 
 TEST_F(Payroll, TheEmployeesLogIsReplacedAndReadWhole) {

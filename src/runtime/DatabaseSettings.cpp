@@ -8,8 +8,41 @@
 
 namespace tarnwell {
 
+namespace {
+
+/// Every start leaves a provider there: without one the settings were damaged or removed since.
+bool isLost(const RegistryKey& stored) {
+    return stored.value(QStringLiteral("Provider")).isEmpty();
+}
+
+/// Settings that were lost while the program runs take no folder with them.
+std::vector<RegistryValue> lostFolders() {
+    if (!isLost(RegistryKey(RegistryRoot::LocalMachine, gRegistryKey)))
+        return {};
+    return {{.name = QStringLiteral("ImportPath"), .data = gImportPath},
+            {.name = QStringLiteral("LogPath"), .data = gLogPath},
+            {.name = QStringLiteral("LayoutPath"), .data = gLayoutPath},
+            {.name = QStringLiteral("DataPath"), .data = gDataPath}};
+}
+
+} // namespace
+
+DatabaseSettings databaseInUse() {
+    const auto valueOf = [](const char* key) {
+        return connectionValue(gConnectionString, QLatin1String(key));
+    };
+    DatabaseSettings settings;
+    settings.isFile = valueOf("Provider") == fileProvider;
+    (settings.isFile ? settings.file : settings.server) = valueOf("Data Source");
+    settings.catalog = valueOf("Initial Catalog");
+    settings.reportFile = gReportDataPath;
+    return settings;
+}
+
 DatabaseSettings readDatabaseSettings() {
     const RegistryKey stored(RegistryRoot::LocalMachine, gRegistryKey);
+    if (isLost(stored))
+        return databaseInUse();
     DatabaseSettings settings;
     settings.isFile = stored.text(QStringLiteral("Provider")) == fileProvider;
     if (settings.isFile) {
@@ -21,21 +54,6 @@ DatabaseSettings readDatabaseSettings() {
     settings.reportFile = gReportDataPath;
     return settings;
 }
-
-namespace {
-
-/// Settings that were damaged or removed while the program runs take nothing else with them.
-std::vector<RegistryValue> lostFolders() {
-    const RegistryKey stored(RegistryRoot::LocalMachine, gRegistryKey);
-    if (!stored.value(QStringLiteral("Provider")).isEmpty())
-        return {};
-    return {{.name = QStringLiteral("ImportPath"), .data = gImportPath},
-            {.name = QStringLiteral("LogPath"), .data = gLogPath},
-            {.name = QStringLiteral("LayoutPath"), .data = gLayoutPath},
-            {.name = QStringLiteral("DataPath"), .data = gDataPath}};
-}
-
-} // namespace
 
 void saveDatabaseSettings(const DatabaseSettings& settings) {
     const QString provider = settings.isFile ? fileProvider.toString() : QStringLiteral("SQLOLEDB.1");

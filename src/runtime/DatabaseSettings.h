@@ -13,8 +13,11 @@ struct DatabaseSettings {
     QString reportFile = {};
 };
 
+/// What the program was started with, and works on.
+[[nodiscard]] DatabaseSettings databaseInUse();
+
 /// What the settings hold now, the last change included; the report file is the one in use. What belongs to
-/// the engine that is not chosen is empty.
+/// the engine that is not chosen is empty. Settings that were lost since the start: what is in use.
 [[nodiscard]] DatabaseSettings readDatabaseSettings();
 
 /// Stores the settings as they are, with no test, for the next start; nothing changes for the running

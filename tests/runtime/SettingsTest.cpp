@@ -129,6 +129,9 @@ TEST_F(SettingsFile, WhatWasLostWhileTheProgramRunsIsSavedWithItsFolders) {
         put("garbage");
         if (isRemoved)
             QFile::remove(path());
+        EXPECT_EQ(readDatabaseSettings().file,
+                  isRemoved ? "/wages/Tarnwell.mdb" : "/opt/Tarnwell/data/Tarnwell.mdb")
+            << "Options shows what is in use, not a server without a name";
         saveDatabaseSettings({.file = "/wages/Tarnwell.mdb", .reportFile = "/wages/Report.mdb"});
         ReadSettings("/elsewhere");
         EXPECT_TRUE(gConnectionString.contains("/wages/Tarnwell.mdb"));

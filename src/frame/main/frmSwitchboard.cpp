@@ -1,12 +1,12 @@
 #include "frame/main/frmSwitchboard.h"
 
-#include "data/engine/ConnectionString.h"
 #include "frame/help/HelpKey.h"
 #include "frame/help/HelpWindow.h"
 #include "frame/main/ErrorLogMenu.h"
 #include "frame/main/IconBar.h"
 #include "look/Icons.h"
 #include "runtime/DataEnvironment.h"
+#include "runtime/DatabaseSettings.h"
 #include "runtime/EventGuard.h"
 #include "runtime/RunTime.h"
 #include "runtime/StartUp.h"
@@ -90,12 +90,6 @@ const std::map<QString, void (*)()>& ownActions() {
         {QStringLiteral("mnuContents"), sendHelpKey},
     };
     return actions;
-}
-
-/// The settings may name another one by now, for the next start.
-QString databaseInUse() {
-    const bool isFile = connectionValue(gConnectionString, QLatin1String("Provider")) == fileProvider;
-    return connectionValue(gConnectionString, QLatin1String(isFile ? "Data Source" : "Initial Catalog"));
 }
 
 bool isAvailable(const QString& key) {
@@ -222,7 +216,9 @@ void frmSwitchboard::openDatabase() {
         ErrorHandler(error, {});
         endProgram();
     }
-    m_database->setText(databaseInUse());
+    // The settings may name another one by now, for the next start.
+    const DatabaseSettings opened = databaseInUse();
+    m_database->setText(opened.isFile ? opened.file : opened.catalog);
 }
 
 void frmSwitchboard::Form_Unload() {

@@ -1,10 +1,8 @@
 #include "reports/pages/ReportFile.h"
 
 #include "data/DiskPath.h"
-#include "data/engine/ConnectionString.h"
 #include "data/schema/Schema.h"
 #include "runtime/DatabaseSettings.h"
-#include "runtime/modGlobalVariables.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -63,10 +61,15 @@ void makeWhereMissing(const QString& path, Journal journal) {
     handle.run("PRAGMA page_size=16384");
     handle.run("PRAGMA auto_vacuum=FULL");
     handle.run("BEGIN EXCLUSIVE");
-    if (answerOf(handle, "SELECT COUNT(*) FROM sqlite_master") == 0)
+    const bool isEmpty = answerOf(handle, "SELECT COUNT(*) FROM sqlite_master") == 0;
+    if (isEmpty) {
         createTables(handle);
+        // Behind the commit too: the change of the journal fails at once while somebody else reads.
+        handle.run("PRAGMA locking_mode=EXCLUSIVE");
+    }
     handle.run("COMMIT");
-    setJournal(handle, journal);
+    if (isEmpty)
+        setJournal(handle, journal);
 }
 
 /// An empty file beside the report database, for locks alone.
@@ -136,7 +139,7 @@ bool isSameFile(const QString& first, const QString& second) {
 
 /// Whether it is the file that is open, or that the next start opens.
 bool isDatabaseInUse(const QString& path) {
-    return isSameFile(path, pathOnDisk(connectionValue(gConnectionString, QLatin1String("Data Source")))) ||
+    return isSameFile(path, pathOnDisk(databaseInUse().file)) ||
            isSameFile(path, pathOnDisk(readDatabaseSettings().file));
 }
 

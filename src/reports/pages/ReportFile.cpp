@@ -51,9 +51,21 @@ void setJournal(const SqliteHandle& handle, Journal journal) {
     handle.run(journal == Journal::WriteAhead ? "PRAGMA journal_mode=WAL" : "PRAGMA journal_mode=DELETE");
 }
 
+/// Also a file without a table: a program may be about to make them, or the disk was full.
+bool isToBeMade(const QString& path) {
+    if (QFileInfo(path).size() == 0)
+        return true;
+    try {
+        const SqliteHandle handle(path, Access::ReadOnly);
+        return answerOf(handle, "SELECT COUNT(*) FROM sqlite_master") == 0;
+    } catch (const RunTimeError&) {
+        return false; // what is wrong with it shows when it is opened
+    }
+}
+
 /// Programs that start together wait for each other here, and find the file made.
 void makeWhereMissing(const QString& path, Journal journal) {
-    if (QFileInfo(path).size() > 0)
+    if (!isToBeMade(path))
         return;
     const SqliteHandle handle(path, Access::Create);
     sqlite3_busy_timeout(handle.get(), creationMilliseconds);

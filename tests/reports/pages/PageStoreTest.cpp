@@ -228,6 +228,12 @@ TEST(TextSearchTest, AccentsMatterOnlyWithCase) {
     }
 }
 
+TEST_F(PageStoreTest, AFileThatAFullDiskLeftWithoutTablesIsMadeWhole) {
+    data::SqliteHandle(path(), data::SqliteHandle::Access::Create).run("PRAGMA auto_vacuum=FULL");
+    ASSERT_GT(QFileInfo(path()).size(), 0);
+    EXPECT_GT(open()->newReport(), 0);
+}
+
 TEST_F(PageStoreTest, ProgramsThatMakeItTogetherAllGetIt) {
     constexpr int programs = 4;
     for (int round = 0; round < 5; ++round) {

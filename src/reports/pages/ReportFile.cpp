@@ -76,7 +76,7 @@ void makeWhereMissing(const QString& path, Journal journal) {
     const bool isEmpty = answerOf(handle, "SELECT COUNT(*) FROM sqlite_master") == 0;
     if (isEmpty) {
         createTables(handle);
-        // Behind the commit too: the change of the journal fails at once while somebody else reads.
+        // Keeps the lock beyond the commit: changing the journal fails at once while somebody else reads.
         handle.run("PRAGMA locking_mode=EXCLUSIVE");
     }
     handle.run("COMMIT");

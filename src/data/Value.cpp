@@ -39,7 +39,7 @@ DateTime momentOf(double serial) {
 }
 
 /// The whole text as a number: blanks around it, a currency sign and thousands separators are passed over.
-/// Nothing when it is no number.
+/// Nothing when it is not a number.
 std::optional<double> wholeNumber(const QString& text) {
     std::string digits;
     for (const QChar character : text.trimmed()) {

@@ -26,7 +26,7 @@ struct DateTime {
 /// One value of a row, a grid cell or a field. Empty (nothing there), Null (the database's Null), empty text
 /// and 0 are four different values. Yes/no reads as -1 (true) and 0 when taken as a number.
 ///
-/// Conversions follow the run time: Null raises 94, text that is no number or date raises 13, a number
+/// Conversions follow the run time: Null raises 94, text that is not a number or date raises 13, a number
 /// outside the target raises 6. Empty converts to 0, false and "".
 class Value {
 public:
@@ -41,6 +41,7 @@ public:
     Value(const DateTime& moment) : m_data(moment) {}
     Value(QString text) : m_data(std::move(text)) {}
     Value(const char* text) : m_data(QString::fromUtf8(text)) {}
+    /// The database's Null.
     [[nodiscard]] static Value null();
 
     [[nodiscard]] Kind kind() const { return static_cast<Kind>(m_data.index()); }
@@ -77,7 +78,7 @@ private:
 [[nodiscard]] QString numberText(double number);
 
 /// A date as text: "01/15/02", "1/15/2002", "01/15/02 14:30", "2002-01-15 14:30:00". Two-digit years
-/// 00 to 29 are 2000 to 2029, 30 to 99 are 1930 to 1999. Invalid result when the text is no date.
+/// 00 to 29 are 2000 to 2029, 30 to 99 are 1930 to 1999. Invalid result when the text is not a date.
 [[nodiscard]] DateTime dateFromText(const QString& text);
 
 /// A date as a date column stores it: "YYYY-MM-DD HH:MM:SS", so that the texts sort as the dates do.

@@ -9,7 +9,7 @@
 namespace tarnwell::data {
 
 /// The rows of one statement, in one pass; the statement begins with the first `next`. Belongs to its caller
-/// and must not outlive its engine. After a failure it is of no more use.
+/// and must not outlive its engine. After a failure it can't be used.
 class Cursor {
 public:
     Cursor() = default;

@@ -33,6 +33,7 @@ struct CheckResult {
     std::vector<FindingGroup> groups;
 
     [[nodiscard]] bool isClean() const { return engineProblems.isEmpty() && groups.empty(); }
+    /// All that was found: the engine's problems, and every finding, listed or not.
     [[nodiscard]] qint64 count() const;
 };
 

@@ -129,7 +129,7 @@ QStringList integrityProblems(const QString& path) {
     try {
         const data::EngineReport report = data::askEngine(handle, shownProblems);
         const QStringList problems = report.damage + report.constraints;
-        // A damaged file has no rows on whose keys one could rely.
+        // In a damaged file no row's key can be relied on.
         return problems.isEmpty() ? relationProblems(handle) : problems;
     } catch (const RunTimeError& error) {
         if (!handle.foundDamage())

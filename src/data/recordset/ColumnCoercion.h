@@ -6,7 +6,7 @@
 namespace tarnwell::data {
 
 /// A value in the type of the column it is set to. Null stays Null. Raises WrongType for what the type
-/// refuses (text that is no number or no date, also the empty text), DataOverflow for a number outside it.
+/// refuses (text that is not a number or date, also the empty text), DataOverflow for a number outside it.
 [[nodiscard]] Value coerced(const Value& value, const schema::Column& column);
 
 } // namespace tarnwell::data

@@ -44,10 +44,11 @@ public:
     /// Closes, even with recordsets open on it; those then raise ObjectClosed. An open transaction is rolled
     /// back. Nothing when it is closed already.
     void Close();
+    /// Open from a successful `Open` to `Close`.
     [[nodiscard]] ObjectState State() const;
 
     /// Runs a statement that returns no rows. Returns the number of rows touched. Waits for another user's
-    /// write up to the busy timeout, then raises DatabaseLocked.
+    /// write up to the busy timeout, then raises DatabaseLocked. Raises ObjectClosed while closed.
     int Execute(const QString& sql);
 
     /// Another number once anybody has written to the database, this connection included: what was read
@@ -62,6 +63,7 @@ public:
 
     /// The engine below; only `data/` uses it. Raises ObjectClosed while closed.
     [[nodiscard]] data::Engine& engine() const;
+    /// The same, for recordsets, which keep it alive after a close.
     [[nodiscard]] const std::shared_ptr<data::Engine>& sharedEngine() const;
 
 private:
@@ -73,6 +75,7 @@ private:
 /// Begins a transaction; rolls it back unless `commit` was called.
 class Transaction {
 public:
+    /// The connection must outlive it. Raises what `BeginTrans` raises.
     explicit Transaction(Connection& connection);
     ~Transaction();
     Transaction(const Transaction&) = delete;

@@ -8,8 +8,8 @@
 
 namespace tarnwell::data {
 
-/// Reads the criteria of a filter. Raises WrongArguments where the text is none, ItemNotFound for an unknown
-/// column.
+/// Reads the criteria of a filter. Raises WrongArguments for a text that is not criteria, ItemNotFound for an
+/// unknown column.
 [[nodiscard]] std::vector<RecordFilter::Step> readCriteria(const QString& criteria,
                                                            const ResultColumns& columns);
 

@@ -101,12 +101,12 @@ public:
     /// Begins a new row with nothing set; it is current until `Update` or `CancelUpdate`.
     void AddNew();
     /// Sets a column of the current row, in memory. Raises WrongType for a value that the column's type
-    /// refuses (text that is no number, no date), NotUpdatable on a read-only recordset or computed column.
+    /// refuses (text that is not a number or date), NotUpdatable on a read-only recordset or computed column.
     void set(const QString& name, const Value& value);
     void set(int index, const Value& value);
     /// Writes what was set. After an AddNew the new row is current and holds its generated key and defaults.
-    /// Raises RowChanged or RowDeleted, writing nothing, when somebody else was faster; Constraint.
-    /// After a failure what was set is still pending: mend it and call again, or `CancelUpdate`.
+    /// Raises RowChanged or RowDeleted, writing nothing, when another user wrote first; Constraint.
+    /// After a failure what was set is still pending: correct it and call again, or `CancelUpdate`.
     void Update();
     /// Forgets what was set, and a row begun by `AddNew`; nothing when nothing is pending.
     void CancelUpdate();

@@ -58,7 +58,7 @@ public:
         for (int i = 0; i < m_added.size(); ++i)
             visit(firstAddedRow + i);
     }
-    /// Its cells stay readable, for whoever names the row.
+    /// Its cells stay readable to those who know the row.
     void markDeleted(RowId row) { m_deleted.insert(row); }
     /// Where the texts of new cells go.
     [[nodiscard]] TextArena& texts() { return m_texts; }

@@ -60,7 +60,7 @@ enum class Keyword {
 struct Token {
     TokenKind kind = TokenKind::End;
     QStringView text;                ///< As it stands in the shape.
-    Keyword keyword = Keyword::None; ///< None for names, and for all that is no word.
+    Keyword keyword = Keyword::None; ///< None for names, and for whatever is not a word.
     int literal = 0;                 ///< Of a mark: which literal it stands for, counted from 1.
     int partner = -1;                ///< Of a parenthesis: where the other one stands.
 

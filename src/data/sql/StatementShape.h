@@ -22,8 +22,8 @@ enum class Numbers { TakenOut, Inline };
 /// Copies a statement into `shape` with its literals taken out, in one pass, and returns them in order:
 /// texts, dates, whole and decimal numbers. 0 and 1 stay in the shape, being flags more often
 /// than keys, and so does a number behind ORDER BY or GROUP BY, where it counts columns. Raises SyntaxError
-/// for an open quote, bracket or date, for a date that is none, for comments, and for characters that have no
-/// meaning in the dialect.
+/// for an open quote, bracket or date, for text between #...# that is not a date, for comments, and for
+/// characters that have no meaning in the dialect.
 [[nodiscard]] std::vector<Value> takeOutLiterals(QStringView sql, Numbers numbers, std::u16string& shape);
 
 } // namespace tarnwell::data

@@ -6,7 +6,7 @@ namespace tarnwell::data {
 
 namespace {
 
-/// The engine's own tables and functions are no tables of ours.
+/// The engine's own tables and functions are not among ours.
 void refuseEngineTables(const SqlTokens& tokens) {
     for (int i = 0; i < tokens.size(); ++i) {
         if (!tokens.at(i).isName())

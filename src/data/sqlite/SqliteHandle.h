@@ -26,7 +26,7 @@ public:
     void bind(int parameter, const Value& value);
     /// Binds the first parameters, in order.
     void bindAll(std::span<const Value> values);
-    /// Bytes that are no text. They are not copied: they must stay until the statement was run.
+    /// Bytes rather than text. They are not copied: they must stay until the statement was run.
     void bindBytes(int parameter, QByteArrayView bytes);
     /// True when it stands on a row, false at its end; there it has let go of its locks.
     bool step();
@@ -64,7 +64,7 @@ public:
     [[nodiscard]] sqlite3* get() const { return m_handle.get(); }
     [[nodiscard]] SqliteStatement prepare(const QByteArray& sql) const { return {m_handle.get(), sql}; }
     void run(const QByteArray& sql) const { prepare(sql).run(); }
-    /// Statements that are still about keep the file open until they go.
+    /// Statements that still exist keep the file open until they are destroyed.
     void close() noexcept { m_handle.reset(); }
 
     /// What the last failed statement found: a file that is damaged or no database at all, or one in use.

@@ -24,7 +24,7 @@ public:
 
     /// An idle statement of that text, else a new one. It belongs to the caller alone until given back.
     [[nodiscard]] std::unique_ptr<PreparedStatement> take(const QByteArray& sql);
-    /// Resets it. The statement least lately used goes when there are too many.
+    /// Resets it. When there are too many, the one that was used longest ago is finalized.
     void giveBack(std::unique_ptr<PreparedStatement> prepared);
     /// Finalizes all that is idle; what comes back later is finalized as well.
     void close();

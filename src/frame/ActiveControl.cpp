@@ -12,7 +12,7 @@ namespace tarnwell {
 
 namespace {
 
-/// Two controls that send the focus to each other stop here; no screen has a longer way.
+/// Stops two controls that send the focus to each other; no screen passes it on this often.
 constexpr int mostHops = 16;
 
 /// Counts the routines that run inside each other.
@@ -57,7 +57,7 @@ void ActiveControl::setFocus(QWidget* control) {
     m_lastReason = Qt::OtherFocusReason;
     fireEvent([&] {
         control->setFocus(Qt::OtherFocusReason);
-        // A window that is not active, or not yet again behind a message box, gets no word from the toolkit.
+        // A window that is not active, or not yet again behind a message box, gets no focus event.
         runEvent([&] {
             if (again)
                 enter(control);
@@ -72,7 +72,7 @@ void ActiveControl::forget() {
     m_entered = false;
 }
 
-/// The toolkit's word may be stale, when another listener moved the focus on: where it is now counts.
+/// The event may be out of date when another listener has moved the focus on: where it is now counts.
 void ActiveControl::followFocus() {
     if (QWidget* control = controlOf(QApplication::focusWidget()))
         moveTo(control);
@@ -140,7 +140,7 @@ bool ActiveControl::isRefused(QWidget* pressed) const {
     return false;
 }
 
-/// By the time that a press comes by here, the toolkit has moved the focus for it and all routines have run.
+/// By the time that a press arrives here, the toolkit has moved the focus for it and all routines have run.
 bool ActiveControl::swallowsMouse(QWidget* widget, QEvent* event) {
     if (widget->window() != &m_window)
         return false;

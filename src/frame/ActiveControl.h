@@ -59,7 +59,7 @@ private:
     std::function<void(QWidget&)> m_defaultGot;
     std::map<const QWidget*, Routines> m_controls;
     QPointer<QWidget> m_active;
-    bool m_entered = false;     ///< The active control's got routine had its turn.
+    bool m_entered = false;     ///< The active control's got routine has run.
     int m_moves = 0;            ///< Counts moves, so that a routine's own move is noticed behind it.
     int m_depth = 0;            ///< Routines that are running inside each other.
     bool m_mouseMove = false;   ///< The outermost move began with a mouse press.

@@ -18,7 +18,7 @@ CapsLock::CapsLock(QObject* application) : QObject(application) {
 }
 
 bool CapsLock::eventFilter(QObject* watched, QEvent* event) {
-    // A key comes by once at its window, and then once for each widget that passes it on.
+    // A key arrives here once for its window, and then once for each widget that passes it on.
     if (event->type() != QEvent::KeyPress || !watched->isWindowType())
         return false;
     const auto* key = static_cast<QKeyEvent*>(event);

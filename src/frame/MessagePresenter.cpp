@@ -50,7 +50,7 @@ QMessageBox::Icon toolkitIcon(MessageIcon icon) {
 
 /// A short text must not cut a longer title. The box fixes its size by its layout, which has to ask for the
 /// width; desktops write titles bold, between an icon and up to three buttons.
-void makeRoomForTitle(QMessageBox& box) {
+void widenForTitle(QMessageBox& box) {
     constexpr int decorations = 110;
     auto* grid = qobject_cast<QGridLayout*>(box.layout());
     if (grid == nullptr)
@@ -76,7 +76,7 @@ void fill(QMessageBox& box, const MessageRequest& request) {
     }
     box.setDefaultButton(buttonOf(defaultAnswer(request)).button);
     box.setEscapeButton(buttonOf(answers.back()).button);
-    makeRoomForTitle(box);
+    widenForTitle(box);
 }
 
 void showMousePointer(bool hourGlass) {

@@ -48,9 +48,9 @@ void layOut(QWidget& container) {
         layOut(*frame);
 }
 
-/// Texts and ticks take of the space around them what keeps them whole in a window smaller than the design.
-/// At the design size they look as they did.
-void giveRoom(QWidget& container) {
+/// Lets texts and check boxes reach into the space around them, so that they are not cut off in a window
+/// smaller than the design. At the design size nothing changes.
+void widenIntoMargins(QWidget& container) {
     constexpr int beside = formSpacing - 2, aboveAndBelow = 3;
     for (auto* control : container.findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
         const auto* text = qobject_cast<QLabel*>(control);
@@ -62,7 +62,7 @@ void giveRoom(QWidget& container) {
                                                           endsRight ? 0 : beside, aboveAndBelow));
     }
     for (auto* frame : container.findChildren<QGroupBox*>(Qt::FindDirectChildrenOnly))
-        giveRoom(*frame);
+        widenIntoMargins(*frame);
 }
 
 void dropLayouts(QWidget& container) {
@@ -204,7 +204,7 @@ void Screen::takeDesign() {
     m_designSize = (m_designSize.isValid() ? sizeForText(m_designSize) : natural).expandedTo(least);
     m_canvas->resize(m_designSize);
     layOut(*m_canvas);
-    giveRoom(*m_canvas);
+    widenIntoMargins(*m_canvas);
     StoreFormPositions(m_positions, *m_canvas);
     dropLayouts(*m_canvas);
     for (const ControlPosition& position : m_positions) {

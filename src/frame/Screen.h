@@ -54,7 +54,7 @@ public:
     /// `Form_Unload` comes back here and leaves the form loaded.
     void Unload();
     [[nodiscard]] bool isLoaded() const { return m_life == Life::Loaded || m_life == Life::Unloading; }
-    /// The form had its life; only its fields can still be read.
+    /// The form was unloaded; only its fields can still be read.
     [[nodiscard]] bool isUnloaded() const { return m_life == Life::Unloaded; }
 
     /// The control that has the focus, an open editor counting as its grid; kept while another window or a

@@ -100,7 +100,7 @@ void storeChildren(ControlPositions& positions, const QWidget& container, QSizeF
     }
 }
 
-/// The least number of pixels that are whole dots of the display; 1 where a few are not.
+/// The least number of pixels that is a whole number of the display's dots; 1 when not even 4 are.
 int pixelsOfWholeDots(double dotsEach) {
     for (const int pixels : {1, 2, 4})
         if (std::abs(pixels * dotsEach - std::round(pixels * dotsEach)) < 0.01)

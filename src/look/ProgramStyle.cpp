@@ -11,8 +11,8 @@ namespace tarnwell {
 namespace {
 
 /// Added to the style's own.
-constexpr QSize buttonRoom(10, 2);
-constexpr int headerRoom = 3;
+constexpr QSize buttonSpace(10, 2);
+constexpr int headerSpace = 3;
 constexpr double enabledLine = 0.5, disabledLine = 0.2;
 
 /// The style draws these in a darker shade of the window, which a dark window swallows.
@@ -63,13 +63,13 @@ void ProgramStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* o
 
 int ProgramStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
     const int own = SharedPaletteStyle::pixelMetric(metric, option, widget);
-    return m_isPlain && metric == PM_HeaderMargin ? own + headerRoom : own;
+    return m_isPlain && metric == PM_HeaderMargin ? own + headerSpace : own;
 }
 
 QSize ProgramStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
                                      const QWidget* widget) const {
     const bool isButton = m_isPlain && type == CT_PushButton;
-    return SharedPaletteStyle::sizeFromContents(type, option, isButton ? contents + buttonRoom : contents,
+    return SharedPaletteStyle::sizeFromContents(type, option, isButton ? contents + buttonSpace : contents,
                                                 widget);
 }
 

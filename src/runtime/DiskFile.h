@@ -10,7 +10,7 @@
 namespace tarnwell {
 
 /// All bytes of a plain file. Nothing for a missing or unreadable file, for one longer than `longest` bytes,
-/// and for what is no plain file: a pipe would be waited for and a device read without end.
+/// and for anything but a plain file: reading a pipe would wait, and a device may have no end.
 [[nodiscard]] std::optional<QByteArray> readPlainFile(const QString& path, qint64 longest);
 
 /// Appends the bytes in one write, so that those of two programs never mix; makes the file if there is none.

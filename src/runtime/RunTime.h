@@ -31,7 +31,7 @@ namespace tarnwell {
 
 /// True for a date value and for text that `dateFromText` takes.
 [[nodiscard]] bool IsDate(const Value& value);
-/// Raises TypeMismatch (13) when the value is no date, InvalidUseOfNull (94) for Null.
+/// Raises TypeMismatch (13) when the value is not a date, InvalidUseOfNull (94) for Null.
 [[nodiscard]] DateTime CDate(const Value& value);
 
 // The clock, behind a seam that tests replace.

@@ -135,7 +135,7 @@ bool isDateFormat(QStringView format) {
 
 // ---- values
 
-/// Nothing for text that is no number.
+/// Nothing for text that is not a number.
 std::optional<double> numberOf(const Value& value) {
     try {
         return value.toDouble();
@@ -144,7 +144,7 @@ std::optional<double> numberOf(const Value& value) {
     }
 }
 
-/// Nothing for text that is no date.
+/// Nothing for text that is not a date.
 std::optional<DateTime> momentOf(const Value& value) {
     if (value.kind() != Value::Kind::Text)
         return value.toDate();

@@ -58,7 +58,7 @@ void StartSysInfo() {
     try {
         started = startTool();
     } catch (const RunTimeError&) {
-        started = false; // The tool that the settings name is not there.
+        started = false; // The tool that the settings name does not exist.
     }
     if (!started)
         MsgBox({.text = QStringLiteral("System Information Is Unavailable At This Time"),

@@ -78,7 +78,7 @@ void WriteRegistryValue(RegistryRoot root, const QString& keyPath, const QString
     try {
         writeRegistryValues(root, keyPath, {{.name = valueName, .data = data, .type = type}});
     } catch (const RunTimeError&) {
-        // As with the registry, who can't write keeps the old value, and the next read shows it.
+        // As with the registry, a write that fails leaves the old value, and the next read shows it.
         return;
     }
 }

@@ -24,7 +24,7 @@ struct HelpPage {
 [[nodiscard]] QString helpPageFile(const QString& folder, const QString& name);
 
 /// The bytes of a page or picture. Nothing for a path that leads out of `folder`, also by a link of the disk,
-/// and for what is no plain file of a sensible size.
+/// and for anything but a plain file of a sensible size.
 [[nodiscard]] std::optional<QByteArray> readHelpFile(const QString& folder, const QString& path);
 
 /// The words to look for: in any order, without regard to case.

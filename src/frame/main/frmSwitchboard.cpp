@@ -32,7 +32,7 @@ namespace {
 constexpr QSize designSize(840, 460);
 constexpr int welcomeMargin = 40;
 constexpr int programIconExtent = 64;
-constexpr int pathLines = 3; ///< A long path of the database takes so many.
+constexpr int pathLines = 3; ///< What a long path of the database takes.
 const QString exitKey = QStringLiteral("mnuExit");
 
 /// `label` is the caption with its underlined letter; the letters of the menus are taken.

@@ -87,7 +87,7 @@ void DateBox::addDays(int days) {
         setValue(moment);
 }
 
-/// The box's own keys and arrows leave a text that is no date alone.
+/// The box's own keys and arrows ignore a text that is not a date.
 void DateBox::turn(int days) {
     if (value().kind() == Value::Kind::Date)
         addDays(days);

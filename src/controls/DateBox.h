@@ -27,7 +27,7 @@ public:
     /// What stands in the box, as typed.
     [[nodiscard]] QString text() const;
     void setText(const QString& text);
-    /// On or back; raises TypeMismatch (13) when the text is no date. Does nothing when it is empty, nor
+    /// On or back; raises TypeMismatch (13) when the text is not a date. Does nothing when it is empty, nor
     /// beyond the years 1 to 9999.
     void addDays(int days);
     /// The box's own; for its name and its limits.

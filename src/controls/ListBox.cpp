@@ -77,8 +77,8 @@ QItemSelectionModel::SelectionFlags ListBox::selectionCommand(const QModelIndex&
                : QListWidget::selectionCommand(index, event);
 }
 
-/// The toolkit marks a line when it gives the list the focus, and lets the arrows leave it before it was
-/// chosen.
+/// A list that gets the focus has its first line marked by the toolkit but not chosen. The next arrow key
+/// would then go past that line.
 bool ListBox::chooseFirst(int key) {
     const bool moves = key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_Home;
     if (!moves || selectionMode() != SingleSelection || currentRow() != 0 || ListIndex() >= 0)

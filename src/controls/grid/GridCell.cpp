@@ -27,7 +27,7 @@ std::optional<double> numberFromText(const QString& text) {
     try {
         return Value(text).toDouble();
     } catch (const RunTimeError&) {
-        return std::nullopt; // no number, or none that fits: the caller tells the user
+        return std::nullopt; // not a number, or too large: the caller reports it
     }
 }
 

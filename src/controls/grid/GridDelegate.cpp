@@ -20,7 +20,7 @@ namespace {
 
 constexpr int textMargin = 5;
 constexpr int buttonWidth = 20;
-constexpr int branchWidth = 18; ///< By this much a child goes in.
+constexpr int branchWidth = 18; ///< Pixels by which a child's text is indented.
 constexpr double activeShade = 0.30, quietShade = 0.14, quietShadeOnDark = 0.22, quietFrame = 0.55,
                  gridLine = 0.15, boxLine = 0.45, branchLine = 0.5;
 

@@ -21,7 +21,7 @@ std::optional<LayoutColumn> parseLine(const QString& line) {
     const QRegularExpressionMatch match = form.match(line);
     if (!match.hasMatch())
         return std::nullopt;
-    const int width = match.captured(2).toInt(); // "rest" is no number: 0
+    const int width = match.captured(2).toInt(); // "rest" is not a number: 0
     if (width > widest)
         return std::nullopt;
     return LayoutColumn{match.captured(1), width};

@@ -19,7 +19,7 @@ struct LayoutColumn {
 /// counts.
 [[nodiscard]] std::vector<LayoutColumn> parseLayout(const QByteArray& text);
 
-/// The layout in a file; nothing when there is no plain file of a layout's size that can be read.
+/// The layout in a file; nothing unless it is a plain file that can be read and is no larger than a layout.
 [[nodiscard]] std::optional<std::vector<LayoutColumn>> readLayout(const QString& path);
 
 } // namespace tarnwell

@@ -18,7 +18,7 @@ namespace tarnwell {
 /// model row and `column` the current column from 1; the view's current index follows them, so that a row
 /// that is left stays the current one until it is written.
 struct Grid::Parts {
-    /// Who started a move or a write: the user is shown what is refused, code is raised to.
+    /// Who started a move or a write: a refusal is shown to the user, or raised to the code.
     enum class Asked { ByUser, ByProgram };
     enum class Then { Stay, Leave };
 

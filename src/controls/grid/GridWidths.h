@@ -11,7 +11,7 @@ class QTableView;
 
 namespace tarnwell {
 
-/// Order and widths of a grid's columns: fixed ones keep their width (the larger, the larger the font), the
+/// Order and widths of a grid's columns: fixed ones keep their width (which grows with the font), the
 /// others share what is left of the view; when none shares, the last one takes it. A column that the user
 /// resizes is fixed from then on.
 class GridWidths : public QObject {

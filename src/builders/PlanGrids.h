@@ -41,7 +41,7 @@ public:
     /// The same for the current task.
     void DeletePlanTask();
 
-    /// Drops what is pending: it belongs to nobody any more.
+    /// Drops what is pending, since its owner no longer exists.
     void dropPending();
     /// Writes what is pending and lets the rows go. Raises what is refused.
     void close();

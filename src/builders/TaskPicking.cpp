@@ -87,7 +87,7 @@ Value textOf(const Value& value) {
     return value.isNull() ? Value("") : value;
 }
 
-/// False when the catalogue has the task no more.
+/// False when the catalogue no longer has the task.
 bool addTask(Connection& connection, int mode, const PickingTarget& target, qint64 key, Recordset& rows) {
     Recordset master;
     master.Open("SELECT * FROM MasterTask WHERE Deleted=0 AND MasterTaskKey=" + QString::number(key),

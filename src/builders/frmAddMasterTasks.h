@@ -10,7 +10,7 @@ namespace tarnwell {
 class ListBox;
 
 /// The one dialog that puts tasks of the catalogue into plans, lots, option groups and options. Set `Mode`,
-/// call `pickFor`. It is unloaded behind its showing; `Cancelled` can still be read then.
+/// call `pickFor`. It unloads after it was shown; `Cancelled` can still be read then.
 class frmAddMasterTasks : public Screen {
     Q_OBJECT
 

@@ -62,7 +62,7 @@ GridColumn dateColumn(const char* key, const char* caption, const char* tag, con
             .headerToolTip = toolTip};
 }
 
-/// The columns that are filled in for a task that stands.
+/// The columns that are filled in for a stored task.
 std::vector<GridColumn> scheduleColumns() {
     return {{.key = "ExcludeDependency",
              .caption = "Exclude",

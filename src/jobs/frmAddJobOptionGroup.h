@@ -13,7 +13,7 @@ namespace tarnwell {
 class ListBox;
 class Recordset;
 
-/// Puts one of the builder's option groups on the current lot of a screen. It is unloaded behind its showing;
+/// Puts one of the builder's option groups on the current lot of a screen. It unloads after it was shown;
 /// `Cancelled` can still be read then.
 class frmAddJobOptionGroup : public Screen {
     Q_OBJECT

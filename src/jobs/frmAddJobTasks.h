@@ -9,7 +9,7 @@ namespace tarnwell {
 
 class ListBox;
 
-/// Fills a lot with tasks of the plans of the job's builder. It is unloaded behind its showing; `Cancelled`
+/// Fills a lot with tasks of the plans of the job's builder. It unloads after it was shown; `Cancelled`
 /// can still be read then.
 class frmAddJobTasks : public Screen {
     Q_OBJECT

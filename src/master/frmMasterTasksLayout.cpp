@@ -66,7 +66,7 @@ void frmMasterTasks::makeControls() {
     jgMasterTasks->setColumns(taskColumns());
     jgMasterTasks->setAllowAdd(true, NewRowPosition::First);
     jgMasterTasks->setAllowEdit(true);
-    // A row goes by the toolbar alone, which asks and only marks it.
+    // Rows are deleted by the toolbar alone, which asks first and only marks them.
     jgMasterTasks->setAllowDelete(false);
     jgDependency = new Grid(canvas());
     jgDependency->setColumns(dependencyColumns());

@@ -65,7 +65,7 @@ void EmployeeControls::make(QWidget& form) {
         field = new MaskedBox(0, &form);
     MskField[EmployeeField::Ssn]->setPlaceholderText("000-00-0000");
     MskField[EmployeeField::Telephone]->setPlaceholderText("(000) 000-0000");
-    // A text that is no number could not be stored.
+    // A text that is not a number could not be stored.
     MaskedBox* dependants = MskField[EmployeeField::Dependants];
     dependants->setValidator(new QRegularExpressionValidator(QRegularExpression("[0-9]{0,4}"), dependants));
     cmbType = new Combo(&form);

@@ -34,7 +34,7 @@ void readEmployeeLog(Connection& connection, qint64 employeeKey, LogLineText lin
 [[nodiscard]] ShownLogRow readLogRow(Connection& connection, qint64 logKey);
 
 /// Writes date and problem; employee and task stay. The date is that of the text, without a time of day; only
-/// a date of Null whose text is still empty stays as it is. Raises WrongType for a text that is no date,
+/// a date of Null whose text is still empty stays as it is. Raises WrongType for a text that is not a date,
 /// RowChanged when the row is no longer what was shown, NoCurrentRecord when none was; nothing is written
 /// then.
 void acceptLogRow(Connection& connection, qint64 logKey, const ShownLogRow& shown, const QString& dateText,

@@ -20,8 +20,8 @@ bool isTrue(const Value& flag) {
     return !flag.isNull() && flag.toBool();
 }
 
-/// The screen's date as a row takes it. An empty box is no date: stored as Null it would be lost to every
-/// list.
+/// The screen's date as a row takes it. An empty box is not a date: a payment stored without one would be
+/// missing from every list.
 Value dateToStore(const Value& completed) {
     if (completed.isEmpty() || completed.isNull())
         raise(Failure::WrongType);

@@ -108,7 +108,7 @@ void frmEmployee::AddRecord() {
     SaveRecord();
     EmployeeKey = addEmployee(connection());
     LoadRecord();
-    SetFocus(ui.MskField[EmployeeField::Ssn]); // Whatever field of the one before it stood in.
+    SetFocus(ui.MskField[EmployeeField::Ssn]); // Whichever field had the focus.
 }
 
 void frmEmployee::FindRecord() {

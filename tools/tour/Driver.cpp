@@ -117,7 +117,7 @@ int columnOf(const Grid& grid, const QString& key) {
     return static_cast<int>(found - grid.columns().begin());
 }
 
-/// What can't be looked at is not there yet.
+/// What can't be looked at does not exist yet.
 bool isThere(const std::function<bool()>& condition) {
     try {
         return condition();

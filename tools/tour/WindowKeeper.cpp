@@ -8,7 +8,8 @@ namespace tarnwell::tour {
 
 WindowKeeper::WindowKeeper(bool isDesktop, QObject* parent) : QObject(parent), m_isDesktop(isDesktop) {
     connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, &WindowKeeper::follow);
-    qGuiApp->installEventFilter(this); // A window that is destroyed loses the focus without a word.
+    qGuiApp->installEventFilter(
+        this); // A window that is destroyed loses the focus without an event of its own.
 }
 
 bool WindowKeeper::eventFilter(QObject* watched, QEvent* event) {

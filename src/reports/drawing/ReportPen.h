@@ -10,8 +10,10 @@ namespace tarnwell {
 /// nothing here raises Overflow.
 class ReportPen {
 public:
+    /// `surface` must outlive the pen. It stands on no page (0) before the first `newPage`.
     ReportPen(PageSurface& surface, qint64 reportKey, Orientation orientation);
 
+    /// Twips from the top of the page.
     [[nodiscard]] qint16 y() const { return m_y; }
     [[nodiscard]] qint64 page() const { return m_page; }
     void moveTo(qint16 y) { m_y = y; }

@@ -125,7 +125,7 @@ void frmReport::closeRequested() {
 }
 
 /// While pages are stored others wait for the report database, and while a statement works the connection is
-/// not to be used: each is let go of before the question.
+/// not to be used: each is released before the question.
 void frmReport::cmdCancel_Click() {
     if (m_statementWorks || ctlAHPrintPreview1->isStoring())
         m_cancelClicked = true;

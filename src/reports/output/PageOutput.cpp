@@ -25,7 +25,7 @@ namespace {
 /// Reports keep at least this clear at every edge of the page, in twips.
 constexpr double clearEdge = 300;
 
-/// Raises when something is wrong with the device, or when it went no further.
+/// Raises when the device has failed or could not go on.
 using CheckDevice = std::function<void(bool isGoing)>;
 
 /// Draws the pages of the list, one sheet each; false when it was cancelled.

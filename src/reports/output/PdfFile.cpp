@@ -57,7 +57,7 @@ qint64 PdfFile::writeData(const char* data, qint64 size) {
 void PdfFile::keepFailure() {
     if (m_failure != NoError)
         return;
-    // A write that came half through has no reason of the system's yet; that of the rest has.
+    // The system gives no reason for a partial write, only for the attempt to write the rest.
     flush();
     m_failure = error() == NoError ? WriteError : error();
     m_reason = errorString();

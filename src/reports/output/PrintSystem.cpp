@@ -45,8 +45,8 @@ std::optional<Ended> run(const QString& command, const QStringList& arguments) {
                  QString::fromUtf8(process.readAllStandardError())};
 }
 
-/// What the toolkit's dialog has for the queue alone (pages on a sheet, banners): names and values by turns.
-/// The toolkit has no public name for this property.
+/// What the toolkit's dialog has for the queue alone (pages on a sheet, banners): names and values
+/// alternating. The toolkit has no public name for this property.
 QStringList dialogOptions(const QPrinter& printer) {
     constexpr auto queueOptions = QPrintEngine::PrintEnginePropertyKey(0xfe00);
     const QStringList pairs = printer.printEngine()->property(queueOptions).toStringList();

@@ -8,7 +8,7 @@
 namespace tarnwell {
 
 /// Whether the printer is a queue of Unix' printing system, which takes PDFs. The toolkit's own way there
-/// says nothing of a job that was refused, and sends what was printed when a print is given up.
+/// says nothing of a job that was refused, and sends what was printed when a print is cancelled.
 [[nodiscard]] bool isQueue(const QPrinter& printer);
 
 /// Hands a PDF to the printer's queue with its copies, paper, sides and whatever else its dialog asked for.

@@ -14,7 +14,7 @@ namespace {
 constexpr QSizeF letterTwips(12240, 15840);
 /// A line's width counts in dots of a screen of 96 to the inch.
 constexpr double twipsPerWidth = 15;
-/// Letters of less than half their width can't be read any more.
+/// Letters of less than half their width are illegible.
 constexpr double narrowest = 0.5;
 
 /// Colours have blue in front and red last; those of the system, which the desktop's scheme would change, are

@@ -12,10 +12,10 @@ namespace tarnwell {
 
 namespace {
 
-/// Below a picture of the screen, so that scrolling stays even.
+/// Less than the time between two frames of the screen, so that scrolling stays even.
 constexpr int momentMilliseconds = 12;
 /// A moment's pages are bounded both ways: a slow machine shows the hits of a short report at once as well,
-/// and a fast one goes no longer without looking at the keys.
+/// and a fast one looks at the keys often enough.
 constexpr int fewestPages = 40;
 constexpr int mostPages = 1000;
 

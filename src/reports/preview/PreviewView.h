@@ -10,7 +10,7 @@
 
 namespace tarnwell {
 
-/// The pages of a report on the preview's desktop: scrolled, zoomed, turned over by mouse and keys. A page is
+/// The pages of a report on the preview's desktop: scrolled, zoomed, turned by mouse and keys. A page is
 /// painted when it is seen for the first time.
 class PreviewView : public QAbstractScrollArea {
     Q_OBJECT

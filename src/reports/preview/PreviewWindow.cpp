@@ -75,7 +75,7 @@ PreviewWindow::PreviewWindow(const PreviewDocument& pages, const QString& title,
     m_view->setFocus();
 }
 
-/// A box that loses the focus while the window is taken apart has nothing to show any more.
+/// A box may lose the focus while the window is destroyed: there is nothing left to show then.
 PreviewWindow::~PreviewWindow() {
     m_page->disconnect(this);
     m_zoom->lineEdit()->disconnect(this);
@@ -236,7 +236,7 @@ void PreviewWindow::goToTypedPage() {
     showPage();
 }
 
-/// A text that is no zoom leaves all as it is.
+/// A text that is not a zoom changes nothing.
 void PreviewWindow::takeTypedZoom() {
     const QString text = m_zoom->currentText().trimmed();
     bool number = false;

@@ -30,7 +30,7 @@ public:
     [[nodiscard]] const QString& connectionString() const { return m_connectionString; }
 
     /// Follows the pages on their way into the report database. Once it says false, nobody else waits for
-    /// that file any more, and `goesOn` decides whether they are stored all the same.
+    /// that file, and `goesOn` decides whether they are stored all the same.
     void setFollowStoring(FollowPages follow, std::function<bool()> goesOn) {
         m_followStoring = std::move(follow);
         m_goesOn = std::move(goesOn);

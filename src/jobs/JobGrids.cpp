@@ -5,9 +5,9 @@
 #include "controls/grid/GridRows.h"
 #include "data/recordset/Recordset.h"
 #include "jobs/JobControls.h"
-#include "jobs/JobRecord.h"
 #include "jobs/LotTasks.h"
 #include "jobs/TaskTree.h"
+#include "master/JobLots.h"
 #include "runtime/DataEnvironment.h"
 #include "runtime/EventGuard.h"
 #include "runtime/modErrorRoutines.h"
@@ -74,7 +74,7 @@ void JobGrids::LoadJobLots(qint64 jobKey, const Value& standOn) {
     {
         // The tasks are read once, after the binding.
         const auto held = m_tasks.hold();
-        showRows(connection(), jgJobLots, rsJobLots, lotRowsOfJob(jobKey), "JobLot.lyt");
+        showRows(connection(), jgJobLots, rsJobLots, lotsOfJob(jobKey), "JobLot.lyt");
         m_jobOfLots = jobKey;
         for (int row = 1; row <= jgJobLots.RowCount(); ++row)
             if (jgJobLots.valueAt(row, LotColumn::JobLotKey) == standOn) {

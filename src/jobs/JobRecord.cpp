@@ -51,10 +51,6 @@ void deleteJob(Connection& connection, qint64 jobKey) {
     connection.Execute("DELETE FROM Job WHERE JobKey=" + QString::number(jobKey));
 }
 
-QString lotRowsOfJob(qint64 jobKey) {
-    return "SELECT * FROM JobLot WHERE JobKey=" + QString::number(jobKey) + " ORDER BY LotBlock";
-}
-
 QString completionHint(bool completed) {
     return completed ? "Completed: price changes no longer reach the job; Time Card Entry and the search for "
                        "open jobs leave it out"

@@ -39,9 +39,6 @@ void saveJob(Connection& connection, qint64 jobKey, const JobRecord& record);
 /// a task was paid; nothing is deleted then.
 void deleteJob(Connection& connection, qint64 jobKey);
 
-/// The rows of a job's lots by lot/block; none for 0.
-[[nodiscard]] QString lotRowsOfJob(qint64 jobKey);
-
 /// What the other screens make of a job with, or without, a completed date.
 [[nodiscard]] QString completionHint(bool completed);
 

@@ -34,10 +34,6 @@ std::optional<JobHeader> readJobHeader(Connection& connection, qint64 jobKey) {
                      .builder = FieldText(job["Contractor.Name"])};
 }
 
-QString lotsOfJob(qint64 jobKey) {
-    return "SELECT * FROM JobLot WHERE JobKey=" + QString::number(jobKey) + " ORDER BY LotBlock";
-}
-
 QString tasksOfLot(const Value& jobLotKey, qint64 codeKey) {
     return "SELECT *  FROM JobLotTask WHERE jobLotKey = " + FieldText(jobLotKey) +
            " AND CodeKey=" + QString::number(codeKey) + " ORDER BY Name, ParentKey, Child";

@@ -25,8 +25,6 @@ inline constexpr auto typedJobLookup =
 /// Nothing if the job no longer exists.
 [[nodiscard]] std::optional<JobHeader> readJobHeader(Connection& connection, qint64 jobKey);
 
-/// The statement for the lots of a job; no rows for 0.
-[[nodiscard]] QString lotsOfJob(qint64 jobKey);
 /// The statement for the tasks of a lot in a category, families together.
 [[nodiscard]] QString tasksOfLot(const Value& jobLotKey, qint64 codeKey);
 inline constexpr auto tasksOfNoLot =

@@ -11,6 +11,7 @@
 #include "data/recordset/Recordset.h"
 #include "frame/ToolbarButtons.h"
 #include "master/FastSearch.h"
+#include "master/JobLots.h"
 #include "master/frmFastSearch.h"
 #include "runtime/DataEnvironment.h"
 #include "runtime/EventGuard.h"

@@ -2,6 +2,7 @@
 
 #include "jobs/LotData.h"
 #include "jobs/LotTasks.h"
+#include "master/JobLots.h"
 #include "support/RaisedNumber.h"
 
 #include <gtest/gtest.h>
@@ -54,7 +55,7 @@ TEST(LotTasks, LotsStandByLotBlockAndTasksByNameParentAndChild) {
         return result;
     };
     const qint64 lotC = data.addLot("C"), lotB = data.addLot("B");
-    EXPECT_EQ(keys(lotRowsOfJob(data.job)), (std::vector<qint64>{data.lot, lotB, lotC}));
+    EXPECT_EQ(keys(lotsOfJob(data.job)), (std::vector<qint64>{data.lot, lotB, lotC}));
 
     const qint64 last = data.addTask("Walls", data.lot), child = data.addTask("Same", data.lot),
                  parent = data.addTask("Same", data.lot), plain = data.addTask("Same", data.lot),

@@ -1,7 +1,7 @@
 #include "builders/frmBuilder.h"
 
 #include "builders/GroupPicking.h"
-#include "builders/JobList.h"
+#include "builders/OpenJobs.h"
 #include "builders/PlanGrids.h"
 #include "builders/PricePropagation.h"
 #include "builders/frmAddMasterTasks.h"
@@ -136,11 +136,7 @@ void frmBuilder::Toolbar1_ButtonClick(const QString& caption) {
          }},
         {"Find", [this] { FindRecord(); }},
         {"Group", [this] { ShowGroups(); }},
-        {"Task",
-         [this] {
-             AddPlanTasks();
-             SetTaskToolbar();
-         }},
+        {"Task", [this] { AddTask(); }},
     };
     try {
         for (const auto& button : buttons)
@@ -206,7 +202,7 @@ void frmBuilder::SaveRecord() {
     }
 }
 
-/// No builder is on the screen from here on. What was pending in the grids has no owner any more.
+/// No builder is on the screen from here on. What was pending in the grids no longer has an owner.
 void frmBuilder::letBuilderGo() {
     m_grids->dropPending();
     ToolbarMask = 0;
@@ -223,10 +219,9 @@ void frmBuilder::DisplayRecord() {
 }
 
 void frmBuilder::LoadJobList() {
-    ui.lstJobs->setItems(readJobList(connection(), ContractorKey));
-    if (ContractorKey == 0)
-        return;
-    selectAllJobs(true);
+    ui.lstJobs->setItems(readOpenJobs(connection(), ContractorKey));
+    if (ContractorKey != 0)
+        selectAllJobs(true);
 }
 
 void frmBuilder::selectAllJobs(bool select) {

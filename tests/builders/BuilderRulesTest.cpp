@@ -1,7 +1,7 @@
 #include "builders/BuilderData.h"
 #include "builders/BuilderRecord.h"
 #include "builders/CommitWritten.h"
-#include "builders/JobList.h"
+#include "builders/OpenJobs.h"
 #include "builders/PlanCopy.h"
 #include "builders/PricePropagation.h"
 #include "support/RaisedNumber.h"
@@ -66,8 +66,8 @@ TEST(JobListRules, LinesAreCutAndOnlyOpenJobsStand) {
         {"1234567890|Oak5          ", covered},
         {"1001      |A name of thir", first},
     };
-    EXPECT_EQ(readJobList(data.db.connection(), data.builder), expected);
-    EXPECT_EQ(readJobList(data.db.connection(), 0).size(), 1U);
+    EXPECT_EQ(readOpenJobs(data.db.connection(), data.builder), expected);
+    EXPECT_EQ(readOpenJobs(data.db.connection(), 0).size(), 1U);
 }
 
 TEST(PlanCopyRules, TheCopySharesNoRowWithItsSource) {

@@ -1,4 +1,4 @@
-#include "builders/JobList.h"
+#include "builders/OpenJobs.h"
 
 #include "data/recordset/Recordset.h"
 #include "runtime/modFormatFunctions.h"
@@ -20,7 +20,7 @@ QString jobLine(const QString& number, const Value& name) {
 
 } // namespace
 
-std::vector<ListItem> readJobList(Connection& connection, qint64 builderKey) {
+std::vector<ListItem> readOpenJobs(Connection& connection, qint64 builderKey) {
     std::vector<ListItem> lines{{jobLine("JOB #", "NAME"), 0}};
     if (builderKey == 0)
         return lines;

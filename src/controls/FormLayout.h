@@ -31,7 +31,7 @@ template <class Layout>
     return made;
 }
 
-/// A control behind its `label`, as wide as there is room.
+/// A control behind its `label`, as wide as the space allows.
 [[nodiscard]] QHBoxLayout* labelled(const QString& text, const QString& name, QWidget* control);
 
 /// The buttons below a dialog, at its right edge.

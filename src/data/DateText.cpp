@@ -100,9 +100,9 @@ QTime scanTime(Scanner& scanner) {
     return {hour.value % 12 + (morning ? 0 : 12), minute.value, second.value};
 }
 
-/// Writes the lowest digits of a number, as many as there is room for.
-void writeDigits(std::span<char> room, int number) {
-    for (auto digit = room.rbegin(); digit != room.rend(); ++digit, number /= 10)
+/// Writes the lowest digits of a number, as many as the span holds.
+void writeDigits(std::span<char> digits, int number) {
+    for (auto digit = digits.rbegin(); digit != digits.rend(); ++digit, number /= 10)
         *digit = static_cast<char>('0' + number % 10);
 }
 
@@ -120,13 +120,13 @@ DateTime dateFromText(const QString& text) {
 std::array<char, 19> storedDate(const DateTime& moment) {
     std::array<char, 19> text{};
     std::ranges::copy(std::string_view("0000-00-00 00:00:00"), text.begin());
-    const std::span<char> room(text);
-    writeDigits(room.subspan(0, 4), moment.date.year());
-    writeDigits(room.subspan(5, 2), moment.date.month());
-    writeDigits(room.subspan(8, 2), moment.date.day());
-    writeDigits(room.subspan(11, 2), moment.time.hour());
-    writeDigits(room.subspan(14, 2), moment.time.minute());
-    writeDigits(room.subspan(17, 2), moment.time.second());
+    const std::span<char> digits(text);
+    writeDigits(digits.subspan(0, 4), moment.date.year());
+    writeDigits(digits.subspan(5, 2), moment.date.month());
+    writeDigits(digits.subspan(8, 2), moment.date.day());
+    writeDigits(digits.subspan(11, 2), moment.time.hour());
+    writeDigits(digits.subspan(14, 2), moment.time.minute());
+    writeDigits(digits.subspan(17, 2), moment.time.second());
     return text;
 }
 

@@ -32,7 +32,7 @@ public:
         m_currentRow = modelRow;
         m_currentColumn = modelColumn;
     }
-    /// The column that invites to type on the new-row line, -1 for none.
+    /// The column of the new-row line that shows where to type, -1 for none.
     void setHintColumn(int modelColumn) { m_hintColumn = modelColumn; }
     /// The button drawn as held down.
     void setPressed(const QModelIndex& index) { m_pressed = index; }
@@ -47,7 +47,7 @@ public:
     [[nodiscard]] static QRect buttonRect(const GridColumn& column, const QRect& cell);
     /// Where a check box takes a click.
     [[nodiscard]] static QRect checkBoxRect(const QRect& cell);
-    /// Room for one line of text.
+    /// Space for one line of text.
     [[nodiscard]] static int rowHeight(const QWidget& view);
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,

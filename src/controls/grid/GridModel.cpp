@@ -71,10 +71,10 @@ bool GridModel::isEditable(int modelRow, int column) const {
     if (!hasColumn(column) || modelRow < 0 || recordset() == nullptr ||
         m_fields[static_cast<std::size_t>(column - 1)] < 0)
         return false;
-    const GridColumn& told = this->column(column);
-    if (told.edit == ColumnEdit::None || !(modelRow == newRowLine() ? m_allowAdd : m_allowEdit))
+    const GridColumn& described = this->column(column);
+    if (described.edit == ColumnEdit::None || !(modelRow == newRowLine() ? m_allowAdd : m_allowEdit))
         return false;
-    return takesText(told) || showsCheckBox(told);
+    return takesText(described) || showsCheckBox(described);
 }
 
 void GridModel::bind(std::shared_ptr<Recordset> recordset) {
@@ -240,16 +240,16 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
     if (!index.isValid())
         return {};
     const int number = index.column() + 1;
-    const GridColumn& told = column(number);
+    const GridColumn& described = column(number);
     switch (role) {
     case Qt::DisplayRole:
     case Qt::EditRole:
-        return cellText(told, valueList(number), cellValue(index.row(), number));
+        return cellText(described, valueList(number), cellValue(index.row(), number));
     case Qt::TextAlignmentRole:
-        return QVariant::fromValue(Qt::AlignVCenter |
-                                   (told.format == ColumnFormat::Fixed ? Qt::AlignRight : Qt::AlignLeft));
+        return QVariant::fromValue(
+            Qt::AlignVCenter | (described.format == ColumnFormat::Fixed ? Qt::AlignRight : Qt::AlignLeft));
     case Qt::CheckStateRole:
-        if (!showsCheckBox(told))
+        if (!showsCheckBox(described))
             return {};
         return isYes(cellValue(index.row(), number)) ? Qt::Checked : Qt::Unchecked;
     case Qt::AccessibleDescriptionRole:
@@ -262,7 +262,7 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
             return {};
         }
     case Qt::AccessibleTextRole:
-        if (!showsCheckBox(told))
+        if (!showsCheckBox(described))
             return {};
         return isYes(cellValue(index.row(), number)) ? tr("Yes") : tr("No");
     default:
@@ -273,17 +273,17 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
 QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {
     if (orientation == Qt::Vertical || !hasColumn(section + 1))
         return {};
-    const GridColumn& told = column(section + 1);
+    const GridColumn& described = column(section + 1);
     switch (role) {
     case Qt::DisplayRole:
-        return told.caption;
+        return described.caption;
     case Qt::ToolTipRole:
-        return told.headerToolTip.isEmpty() ? QVariant() : told.headerToolTip;
+        return described.headerToolTip.isEmpty() ? QVariant() : described.headerToolTip;
     case Qt::TextAlignmentRole:
-        if (showsCheckBox(told))
+        if (showsCheckBox(described))
             return QVariant::fromValue(Qt::Alignment(Qt::AlignCenter));
-        return QVariant::fromValue(Qt::AlignVCenter |
-                                   (told.format == ColumnFormat::Fixed ? Qt::AlignRight : Qt::AlignLeft));
+        return QVariant::fromValue(
+            Qt::AlignVCenter | (described.format == ColumnFormat::Fixed ? Qt::AlignRight : Qt::AlignLeft));
     default:
         return {};
     }
@@ -293,9 +293,9 @@ Qt::ItemFlags GridModel::flags(const QModelIndex& index) const {
     if (!index.isValid())
         return Qt::NoItemFlags;
     Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren;
-    const GridColumn& told = column(index.column() + 1);
+    const GridColumn& described = column(index.column() + 1);
     if (isEditable(index.row(), index.column() + 1))
-        flags |= showsCheckBox(told) ? Qt::ItemIsUserCheckable : Qt::ItemIsEditable;
+        flags |= showsCheckBox(described) ? Qt::ItemIsUserCheckable : Qt::ItemIsEditable;
     return flags;
 }
 

@@ -36,14 +36,14 @@ void GridWidths::reset(const std::vector<GridColumn>& columns) {
 void GridWidths::apply(const std::vector<LayoutColumn>& layout, const std::vector<GridColumn>& columns) {
     QHeaderView& header = *m_view.horizontalHeader();
     int place = 0;
-    for (const LayoutColumn& told : layout) {
+    for (const LayoutColumn& stored : layout) {
         const auto found = std::find_if(columns.begin(), columns.end(), [&](const GridColumn& each) {
-            return each.key.compare(told.key, Qt::CaseInsensitive) == 0;
+            return each.key.compare(stored.key, Qt::CaseInsensitive) == 0;
         });
         if (found == columns.end())
             continue;
         const auto section = static_cast<int>(found - columns.begin());
-        m_widths[static_cast<std::size_t>(section)] = scaledToText(told.width, m_view);
+        m_widths[static_cast<std::size_t>(section)] = scaledToText(stored.width, m_view);
         header.moveSection(header.visualIndex(section), place++);
     }
     share();

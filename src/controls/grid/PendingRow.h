@@ -14,7 +14,7 @@ public:
     [[nodiscard]] bool isNew() const { return m_number == newRow; }
     /// The row's number in the recordset; of no use for a new row.
     [[nodiscard]] int number() const { return m_number; }
-    /// The last write failed because another seat changed or deleted the row.
+    /// The last write failed because another user changed or deleted the row.
     [[nodiscard]] bool isStale() const { return m_stale; }
 
     /// A row of the recordset, which must still hold the same values when it is written: rows may have been

@@ -44,7 +44,7 @@ public:
     explicit CellRows(int width);
 
     [[nodiscard]] int size() const { return m_size; }
-    /// Room for one more row; its cells are not set.
+    /// Appends a row; its cells are not set.
     [[nodiscard]] std::span<Cell> append();
     /// Stays valid while rows are appended.
     [[nodiscard]] std::span<Cell> row(int index);

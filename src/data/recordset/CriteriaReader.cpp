@@ -24,8 +24,7 @@ constexpr std::array<std::pair<const char*, Operator>, 7> operators{{
     {"LIKE", Operator::Like},
 }};
 
-/// Each level keeps up to two operands waiting, one for OR and one for AND; 64 have room while criteria are
-/// worked out.
+/// Each level keeps up to two operands waiting, one for OR and one for AND; evaluation has places for 64.
 constexpr int deepestNesting = 30;
 
 /// Reads from the left, one routine for each level: OR joins what AND joins what compares.

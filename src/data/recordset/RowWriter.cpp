@@ -27,7 +27,7 @@ bool sameCell(const Cell& a, const Cell& b) {
     }
 }
 
-/// The stored columns that the changes go to, and their values, with room for a key behind them.
+/// The stored columns that the changes go to, and their values, with space for a key behind them.
 struct Assignments {
     std::vector<int> columns;
     std::vector<Value> values;

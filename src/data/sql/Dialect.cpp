@@ -195,7 +195,7 @@ struct Dialect::Cache {
         }
     };
     std::unordered_map<std::u16string, std::shared_ptr<const TranslatedShape>, Hash, std::equal_to<>> shapes;
-    std::u16string text; ///< Of the statement at hand; kept for its room.
+    std::u16string text; ///< Of the statement at hand; kept for its capacity.
 };
 
 Dialect::Dialect() : m_cache(std::make_unique<Cache>()) {}

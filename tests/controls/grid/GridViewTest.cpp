@@ -128,11 +128,11 @@ TEST_F(GridTest, ATreeSetsItsRowsOffAndKeepsTheirOrderAndTexts) {
         EXPECT_EQ(isSetOff(row, Name), row < 4) << row;
         EXPECT_FALSE(isSetOff(row, Price)) << row;
     }
-    const auto told = [this](int row) {
+    const auto described = [this](int row) {
         return grid->model()->index(row - 1, Name - 1).data(Qt::AccessibleDescriptionRole).toString();
     };
-    EXPECT_EQ(told(1), "Has rows below it");
-    EXPECT_EQ(told(2), "Belongs to a row above");
+    EXPECT_EQ(described(1), "Has rows below it");
+    EXPECT_EQ(described(2), "Belongs to a row above");
     EXPECT_EQ(shown(2, Name), "Frame");
     clickCell(2, Name);
     driver->press(Qt::Key_F2);

@@ -57,7 +57,7 @@ TEST_F(SchemaTest, AnUnpaidJobTakesLotsAndTasksAlongAndLeavesTheLog) {
     EXPECT_EQ(count("EmployeeLog"), "1");
 }
 
-TEST_F(SchemaTest, NewRowsStartWithTheToldDefaults) {
+TEST_F(SchemaTest, NewRowsStartWithTheirDefaults) {
     EXPECT_EQ(m_database.rows(
                   "SELECT ParentKey, Child, ExcludeDependency, ContractorPlanTaskKey, MasterPrice, StartDate "
                   "FROM JobLotTask WHERE JobLotTaskKey=2"),

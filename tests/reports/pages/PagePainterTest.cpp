@@ -66,7 +66,7 @@ TEST_F(PagePainterTest, ATextStandsWhereItWasPut) {
     }
 }
 
-TEST_F(PagePainterTest, FontsHaveTheWidthsOfTheToldOnesWhateverIsInstalled) {
+TEST_F(PagePainterTest, FontsHaveTheWidthsOfTheNamedOnesWhateverIsInstalled) {
     const struct {
         const char* family;
         int points;
@@ -124,7 +124,7 @@ TEST_F(PagePainterTest, ThePageIsBlackOnWhiteUnderADarkDesktop) {
     EXPECT_LT(black, 20000);
 }
 
-TEST_F(PagePainterTest, LinesAreAsWideAsToldAndNeverVanish) {
+TEST_F(PagePainterTest, LinesAreAsWideAsAskedAndNeverVanish) {
     const QRectF thin = inkTwips(paint(pageOf(rule(1))));
     EXPECT_NEAR(thin.left(), 500, dot);
     EXPECT_NEAR(thin.right(), 11100, dot);

@@ -140,7 +140,7 @@ TEST_F(PrintPreviewTest, ADamagedReportDatabaseIsMadeAnewAfterAMessage) {
     EXPECT_EQ(m_pages, 2);
 }
 
-TEST_F(PrintPreviewTest, AReportDatabaseThatCannotBeIsToldAtTheFirstReport) {
+TEST_F(PrintPreviewTest, AReportDatabaseThatCannotBeIsReportedAtTheFirstReport) {
     m_surface.setConnectionString(test::connectionStringFor(m_folder.filePath("no/R.mdb")));
     EXPECT_EQ(raisedNumber([&] { (void)m_surface.NewReport(); }), numberOf(Failure::PathNotFound));
 }

@@ -147,7 +147,7 @@ TEST_F(ReportPreviewTest, WithoutAPrinterTheMessageSaysSoAndThePreviewStays) {
     }
 }
 
-TEST_F(ReportPreviewTest, APrinterThatFailsOnTheWayIsTold) {
+TEST_F(ReportPreviewTest, APrinterThatFailsOnTheWayIsReported) {
     RecordingPrinter& printed = RecordingPrinter::makeCurrent();
     printed.failAt(2);
     MessageScript messages{Answer::Ok};
@@ -235,7 +235,7 @@ TEST_F(ReportPreviewTest, APdfIsNamedByReportAndDayAndTheNextGoesBesideIt) {
     EXPECT_EQ(data.files(), QStringList("June.pdf"));
 }
 
-TEST_F(ReportPreviewTest, AFileThatCantBeWrittenIsToldAndAGivenUpNameIsNothing) {
+TEST_F(ReportPreviewTest, AFileThatCantBeWrittenIsReportedAndACancelledNameIsNothing) {
     const NumberedReport data(2);
     MessageScript messages{Answer::Ok};
     use(data, [&](const ScreenDriver& driver) {

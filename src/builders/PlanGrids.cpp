@@ -16,21 +16,11 @@
 
 namespace tarnwell {
 
-namespace {
-
-/// 0 when nothing is chosen.
-qint64 chosenIn(Combo& combo) {
-    const int index = combo.ListIndex();
-    return index < 0 ? 0 : combo.ItemData(index);
-}
-
-} // namespace
-
 PlanGrids::PlanGrids(Grid& plans, Grid& tasks, Combo& category)
     : jgPlans(plans), jgTasks(tasks), cmbType(category),
       m_tasks(tasks, {.chosen =
                           [this] {
-                              return DetailKeys{currentPlan(), chosenIn(cmbType)};
+                              return DetailKeys{currentPlan(), chosenKey(cmbType)};
                           },
                       .show =
                           [this](const DetailKeys& keys) {

@@ -25,19 +25,13 @@ qint64 numberIn(const Grid& grid, int column) {
     return value.isNoKey() ? 0 : value.toLong();
 }
 
-/// 0 when nothing is chosen.
-qint64 chosenIn(Combo& combo) {
-    const int index = combo.ListIndex();
-    return index < 0 ? 0 : combo.ItemData(index);
-}
-
 } // namespace
 
 JobGrids::JobGrids(Grid& lots, Grid& tasks, Combo& category)
     : jgJobLots(lots), jgTasks(tasks), cmbType(category),
       m_tasks(tasks, {.chosen =
                           [this] {
-                              return DetailKeys{currentLotKey(), chosenIn(cmbType)};
+                              return DetailKeys{currentLotKey(), chosenKey(cmbType)};
                           },
                       .show = [this](const DetailKeys& keys) { showTasks(keys); },
                       .write = [this] { return write(); },

@@ -64,13 +64,16 @@ void frmAddOptionGroup::openFor(OptionGroupBuilder builder, PickTasks pickTasks,
 }
 
 qint64 frmAddOptionGroup::selectedGroup() const {
-    const int line = lstGroups->ListIndex();
-    return line < 0 ? 0 : lstGroups->ItemData(line);
+    return chosenKey(*lstGroups);
 }
 
 void frmAddOptionGroup::Form_Load() {
     makeControls();
     layOut();
+    m_tasks.emplace(*jgGroupOptions,
+                    DetailRows::Source{.chosen = [this] { return DetailKeys{.category = selectedGroup()}; },
+                                       .show = [this](const DetailKeys& keys) { showGroup(keys.category); },
+                                       .reload = [this] { FilterGroup(); }});
     connectControls();
     m_builderName->setText(m_builder.name);
     GroupRecordset = std::make_unique<Recordset>();
@@ -160,29 +163,25 @@ void frmAddOptionGroup::LoadGroups() {
         lstGroups->setListIndex(0);
 }
 
+/// A row that can't be written stays on screen, and with it the group that it belongs to.
 void frmAddOptionGroup::FilterGroup() {
-    if (!jgGroupOptions->UpdateOrTell()) {
-        keepGroup();
-        return;
-    }
-    if (selectedGroup() == 0)
-        return;
     try {
-        GroupRecordset->setFilter("CodeKey=" + QString::number(selectedGroup()));
+        if (m_tasks->follow())
+            return;
     } catch (const RunTimeError&) {
         return; // passed over: the rows stay as they are
     }
-    m_groupOfTasks = selectedGroup();
-    jgGroupOptions->Rebind();
-}
-
-/// A row that can't be written stays on screen, and with it the group that it belongs to.
-void frmAddOptionGroup::keepGroup() {
-    for (int i = 0; i < lstGroups->ListCount(); ++i)
-        if (lstGroups->ItemData(i) == m_groupOfTasks)
-            lstGroups->setCurrentRow(i);
+    restoreChoice(*lstGroups, m_tasks->keys().category);
     if (ActiveControl() != jgGroupOptions) // An open editor has the focus already.
         SetFocus(jgGroupOptions);
+}
+
+/// Without a group the rows stay.
+void frmAddOptionGroup::showGroup(qint64 group) {
+    if (group == 0)
+        return;
+    GroupRecordset->setFilter("CodeKey=" + QString::number(group));
+    jgGroupOptions->Rebind();
 }
 
 void frmAddOptionGroup::readGroupTasks() {

@@ -1,9 +1,11 @@
 #pragma once
 
+#include "controls/grid/DetailRows.h"
 #include "frame/Screen.h"
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 namespace tarnwell {
 
@@ -49,7 +51,7 @@ private:
 
     void LoadGroups();
     void FilterGroup();
-    void keepGroup();
+    void showGroup(qint64 group);
     void AddGroup();
     void AddGroupTask();
     void RenameGroup();
@@ -68,7 +70,7 @@ private:
     std::unique_ptr<Recordset> GroupRecordset; ///< All builders' rows; a filter shows one group's.
     int FocusArea = 0;                         ///< What Del deletes: 0 the group, 1 the task.
     ButtonMask ToolbarMask = 0;
-    qint64 m_groupOfTasks = 0; ///< Whose rows the grid shows.
+    std::optional<DetailRows> m_tasks; ///< From `Form_Load` on; the category is the group.
     OptionGroupBuilder m_builder;
     PickTasks m_pickTasks;
 };

@@ -13,7 +13,6 @@
 #include "runtime/modGlobalVariables.h"
 
 #include <QLineEdit>
-#include <QSignalBlocker>
 #include <QVBoxLayout>
 
 namespace tarnwell {
@@ -41,6 +40,10 @@ frmMasterCodes::~frmMasterCodes() = default;
 
 void frmMasterCodes::Form_Load() {
     makeControls();
+    m_codes.emplace(
+        *jgCodes, DetailRows::Source{.chosen = [this] { return DetailKeys{.category = chosenKey(*cmbType)}; },
+                                     .show = [this](const DetailKeys& keys) { showList(keys.category); },
+                                     .reload = [this] { cmbType_Click(); }});
     connectControls();
     CodeRecordset.Open(allCodes, DataEnvironment::cnnConnection(), CursorType::Static, LockType::Optimistic);
     jgCodes->bind(&CodeRecordset);
@@ -64,7 +67,7 @@ void frmMasterCodes::makeControls() {
     jgCodes->setColumns(codeColumns());
     jgCodes->setAllowAdd(true, NewRowPosition::First);
     jgCodes->setAllowEdit(true);
-    // A row goes by the toolbar alone, which asks and only marks it.
+    // Rows are deleted by the toolbar alone, which asks first and only marks them.
     jgCodes->setAllowDelete(false);
 
     auto* form = filling<QVBoxLayout>(canvas());
@@ -78,7 +81,6 @@ void frmMasterCodes::connectControls() {
     connect(cmbType, &Combo::keyUp, this, guarded([this](int keyCode, int shift) {
                 ComboIncrementalSearch(*cmbType, keyCode, shift, false);
             }));
-    connect(jgCodes, &Grid::rowBegun, this, guarded([this] { m_rowList = m_list; }));
     connect(jgCodes, &Grid::beforeUpdate, this, guarded([this] { jgCodes_BeforeUpdate(); }));
     onLostFocus(jgCodes, [this] { jgCodes->UpdateOrTell(); });
     // Neither control has a hint of its own: the opening one stays.
@@ -86,40 +88,28 @@ void frmMasterCodes::connectControls() {
     onGotFocus(jgCodes, [] {});
 }
 
+/// A row that can't be written stays on screen, and with it the list that it belongs to.
 void frmMasterCodes::cmbType_Click() {
-    const int chosen = cmbType->ListIndex();
-    if (chosen < 0)
+    if (cmbType->ListIndex() < 0)
         return;
     try {
-        if (jgCodes->UpdateOrTell())
-            showList(chosen);
-        else
-            keepList();
+        if (m_codes->follow())
+            return;
+        restoreChoice(*cmbType, m_codes->keys().category);
+        SetFocus(jgCodes);
     } catch (const RunTimeError& error) {
         ErrorHandler(error, "frmMasterCodes.cmbType_Click");
     }
 }
 
-void frmMasterCodes::showList(int index) {
-    const qint64 list = cmbType->ItemData(index);
+void frmMasterCodes::showList(qint64 list) {
     CodeRecordset.setFilter(rowsOfList(list));
     jgCodes->Rebind();
-    m_list = list;
-}
-
-/// A row that can't be written stays on screen, and with it the list that it belongs to.
-void frmMasterCodes::keepList() {
-    const QSignalBlocker quiet(cmbType);
-    int index = 0;
-    while (cmbType->ItemData(index) != m_list)
-        ++index;
-    cmbType->setListIndex(index);
-    SetFocus(jgCodes);
 }
 
 void frmMasterCodes::jgCodes_BeforeUpdate() {
     try {
-        jgCodes->setValue(Code1, m_rowList);
+        jgCodes->setValue(Code1, m_codes->keys().category);
     } catch (const RunTimeError& error) {
         // The text of the other routine: the two are one line in the log.
         ErrorHandler(error, "frmMasterCodes.cmbType_Click");
@@ -138,7 +128,7 @@ void frmMasterCodes::DeleteCode() {
     if (ActiveControl() != jgCodes || jgCodes->value(Code1).isNoKey())
         return;
     // A pending edit waits for the answer: after No it can be continued or discarded.
-    if (!confirmCodeDeletion(MsgBox, jgCodes->value(Code1), jgCodes->value(Name), m_list) ||
+    if (!confirmCodeDeletion(MsgBox, jgCodes->value(Code1), jgCodes->value(Name), m_codes->keys().category) ||
         !jgCodes->UpdateOrTell())
         return;
     jgCodes->setValue(Deleted, true);

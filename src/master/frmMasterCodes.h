@@ -1,7 +1,10 @@
 #pragma once
 
+#include "controls/grid/DetailRows.h"
 #include "data/recordset/Recordset.h"
 #include "frame/Screen.h"
+
+#include <optional>
 
 namespace tarnwell {
 
@@ -26,8 +29,7 @@ private:
     void makeControls();
     void connectControls();
     void cmbType_Click();
-    void showList(int index);
-    void keepList();
+    void showList(qint64 list);
     void jgCodes_BeforeUpdate();
     void DeleteCode();
 
@@ -35,8 +37,7 @@ private:
     Grid* jgCodes = nullptr;
 
     Recordset CodeRecordset;
-    qint64 m_list = 0;    ///< `Code1` of the list on screen.
-    qint64 m_rowList = 0; ///< The list under which the pending row was begun.
+    std::optional<DetailRows> m_codes; ///< From `Form_Load` on; the category is the list's `Code1`.
 };
 
 } // namespace tarnwell

@@ -15,7 +15,6 @@
 
 #include <QCheckBox>
 #include <QLineEdit>
-#include <QSignalBlocker>
 
 namespace tarnwell {
 
@@ -53,6 +52,11 @@ frmMasterTasks::~frmMasterTasks() = default;
 
 void frmMasterTasks::Form_Load() {
     makeControls();
+    m_tasks.emplace(
+        *jgMasterTasks,
+        DetailRows::Source{.chosen = [this] { return DetailKeys{.category = chosenKey(*cmbType)}; },
+                           .show = [this](const DetailKeys& keys) { showCategory(keys.category); },
+                           .reload = [this] { cmbType_Click(); }});
     connectControls();
     connectGrid();
     TaskRecordset.Open(allMasterTasks, connection(), CursorType::Static, LockType::Optimistic);
@@ -99,9 +103,8 @@ void frmMasterTasks::connectControls() {
 }
 
 void frmMasterTasks::connectGrid() {
-    connect(jgMasterTasks, &Grid::rowBegun, this, guarded([this] { m_rowCategory = m_category; }));
     connect(jgMasterTasks, &Grid::beforeUpdate, this,
-            guarded([this] { jgMasterTasks->setValue(CodeKey, m_rowCategory); }));
+            guarded([this] { jgMasterTasks->setValue(CodeKey, categoryKey()); }));
     connect(jgMasterTasks, &Grid::afterUpdate, this, guarded([this] { jgMasterTasks_AfterUpdate(); }));
     connect(jgMasterTasks, &Grid::rowColChange, this, guarded([this] { jgMasterTasks_RowColChange(); }));
     connect(jgMasterTasks, &Grid::keyDown, this,
@@ -115,34 +118,22 @@ void frmMasterTasks::SetToolbarForControl() {
             EnableToolbar(*this, each.mask, m_toolbarMask);
 }
 
-void frmMasterTasks::cmbType_Click() {
-    if (cmbType->ListIndex() < 0)
-        return;
-    if (jgMasterTasks->UpdateOrTell())
-        showCategory();
-    else
-        keepCategory();
-}
-
-void frmMasterTasks::showCategory() {
-    m_category = cmbType->ItemData(cmbType->ListIndex());
-    TaskRecordset.setFilter(tasksOfCategory(m_category));
-    jgMasterTasks->Rebind();
-    LoadDependencies();
-}
-
 /// A row that can't be written stays on screen, and with it the category that it belongs to.
-void frmMasterTasks::keepCategory() {
-    const QSignalBlocker quiet(cmbType);
-    int index = 0;
-    while (cmbType->ItemData(index) != m_category)
-        ++index;
-    cmbType->setListIndex(index);
+void frmMasterTasks::cmbType_Click() {
+    if (cmbType->ListIndex() < 0 || m_tasks->follow())
+        return;
+    restoreChoice(*cmbType, categoryKey());
     SetFocus(jgMasterTasks);
 }
 
-void frmMasterTasks::LoadDependencies() {
-    showRows(connection(), *jgDependency, DependencyRecordset, dependenciesOf(m_category),
+void frmMasterTasks::showCategory(qint64 category) {
+    TaskRecordset.setFilter(tasksOfCategory(category));
+    jgMasterTasks->Rebind();
+    LoadDependencies(category);
+}
+
+void frmMasterTasks::LoadDependencies(qint64 category) {
+    showRows(connection(), *jgDependency, DependencyRecordset, dependenciesOf(category),
              "CategoryDependency.lyt");
 }
 
@@ -183,7 +174,7 @@ void frmMasterTasks::Toolbar1_ButtonClick(const QString& caption) {
 
 void frmMasterTasks::AddDependency() {
     theForm<frmAddDependency>().Show(Modality::Modal, this);
-    LoadDependencies();
+    LoadDependencies(categoryKey());
 }
 
 void frmMasterTasks::RemoveDependency() {
@@ -191,7 +182,7 @@ void frmMasterTasks::RemoveDependency() {
     if (ActiveControl() != jgDependency || key.isEmpty() || !confirmDependencyRemoval(MsgBox))
         return;
     removeDependency(connection(), key);
-    LoadDependencies();
+    LoadDependencies(categoryKey());
 }
 
 void frmMasterTasks::DeleteTask() {

@@ -1,10 +1,12 @@
 #pragma once
 
+#include "controls/grid/DetailRows.h"
 #include "data/recordset/Recordset.h"
 #include "frame/Screen.h"
 #include "master/PriceCascade.h"
 
 #include <memory>
+#include <optional>
 
 class QCheckBox;
 class QLayout;
@@ -24,7 +26,7 @@ public:
     ~frmMasterTasks() override;
 
     /// The category on screen, also while another text is typed over it; 0 when there is none.
-    [[nodiscard]] qint64 categoryKey() const { return m_category; }
+    [[nodiscard]] qint64 categoryKey() const { return m_tasks ? m_tasks->keys().category : 0; }
 
 protected:
     void Form_Load() override;
@@ -48,9 +50,8 @@ private:
     void SetToolbarForControl();
 
     void cmbType_Click();
-    void showCategory();
-    void keepCategory();
-    void LoadDependencies();
+    void showCategory(qint64 category);
+    void LoadDependencies(qint64 category);
     void jgMasterTasks_AfterUpdate();
     void jgMasterTasks_RowColChange();
     [[nodiscard]] CascadeChoice cascadeChoice() const;
@@ -68,8 +69,7 @@ private:
 
     Recordset TaskRecordset;
     std::shared_ptr<Recordset> DependencyRecordset; ///< None until a category is shown.
-    qint64 m_category = 0;
-    qint64 m_rowCategory = 0; ///< The one under which the pending row was begun.
+    std::optional<DetailRows> m_tasks; ///< From `Form_Load` on: the tasks of the category on screen.
     ButtonMask m_toolbarMask = 0;
 };
 

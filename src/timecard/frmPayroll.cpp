@@ -26,7 +26,6 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QScopeGuard>
-#include <QScopedValueRollback>
 #include <QTimer>
 
 #include <algorithm>
@@ -67,6 +66,15 @@ void frmPayroll::Form_Load() {
     ui.build(*canvas());
     for (const auto& [control, name, toolTip] : ui.named())
         nameControl(control, name, toolTip);
+    m_tasks.emplace(*ui.jgTasks,
+                    DetailRows::Source{.chosen =
+                                           [this] {
+                                               const Value lot = ui.jgJobLots->value("JobLotKey");
+                                               return DetailKeys{.owner = lot.isNoKey() ? 0 : lot.toLong(),
+                                                                 .category = chosenKey(*ui.cmbType)};
+                                           },
+                                       .show = [this](const DetailKeys& keys) { showTasks(keys); },
+                                       .reload = [this] { cmbType_Click(); }});
     connectControls();
     JobKey = 0;
     ui.cmbType->setItems(readCategories(connection()));
@@ -117,7 +125,7 @@ void frmPayroll::applyFocusRule(const PayrollFocusRule& rule) {
 }
 
 void frmPayroll::Form_Unload() {
-    m_binding = true;
+    const auto held = m_tasks->hold();
     ui.jgTasks->bind(nullptr);
     ui.jgJobLots->bind(nullptr);
     TaskRecordset.reset();
@@ -156,14 +164,14 @@ void frmPayroll::LoadJob() {
     ui.builder->setSelStart(0);
     {
         // The tasks are read once, behind the binding, and typing a job must not take Find away.
-        const QScopedValueRollback binding(m_binding, true);
+        const auto held = m_tasks->hold();
         showRows(connection(), *ui.jgJobLots, LotRecordset, lotsOfJob(JobKey), "PayrollLot.lyt");
     }
     cmbType_Click();
 }
 
 void frmPayroll::jgJobLots_RowColChange() {
-    if (m_binding)
+    if (m_tasks->isHeld())
         return;
     cmbType_Click();
     EnableToolbar(*this, lotButtons, ToolbarMask);
@@ -175,19 +183,21 @@ void frmPayroll::cmbType_Click() {
         return;
     // Whatever fails from here on, the price of the task before must not be paid for another.
     ui.price->clear();
-    const Value lotKey = ui.jgJobLots->value("JobLotKey");
-    const QString sql = lotKey.isNoKey() ? QString(tasksOfNoLot)
-                                         : tasksOfLot(lotKey, ui.cmbType->ItemData(ui.cmbType->ListIndex()));
-    {
-        const QScopedValueRollback binding(m_binding, true);
-        showRows(connection(), *ui.jgTasks, TaskRecordset, sql, "PayrollTasks.lyt");
-    }
+    m_tasks->follow();
     LoadTaskHistory();
+}
+
+/// A lot without a category raises InvalidPropertyIndex.
+void frmPayroll::showTasks(const DetailKeys& keys) {
+    const QString sql = keys.owner == 0
+                            ? QString(tasksOfNoLot)
+                            : tasksOfLot(keys.owner, ui.cmbType->ItemData(ui.cmbType->ListIndex()));
+    showRows(connection(), *ui.jgTasks, TaskRecordset, sql, "PayrollTasks.lyt");
 }
 
 /// The note stays, for the next payment of whichever task.
 void frmPayroll::jgTasks_RowColChange() {
-    if (m_binding)
+    if (m_tasks->isHeld())
         return;
     ui.price->clear();
     LoadTaskHistory();
@@ -240,7 +250,7 @@ void frmPayroll::FindJob() {
     LoadJob();
 }
 
-/// Setting the bar back to its rest fires this again, to no effect. A text that is no date raises
+/// Setting the bar back to its rest fires this again, to no effect. A text that is not a date raises
 /// TypeMismatch.
 void frmPayroll::vscrCompleted_Change() {
     const int value = ui.vscrCompleted->value();
@@ -326,7 +336,7 @@ void frmPayroll::txtField_DblClick() {
 }
 
 /// Runs a routine that has a handler. While a statement of it waits for a deleted row, events are handled:
-/// the routine is not entered a second time, and the screen may be closed, which ends it without a word.
+/// the routine is not entered a second time, and the screen may be closed, which ends the routine silently.
 void frmPayroll::trapped(const std::function<void()>& routine) {
     if (m_trapped)
         return;

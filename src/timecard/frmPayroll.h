@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controls/grid/DetailRows.h"
 #include "frame/Screen.h"
 #include "timecard/PaymentRules.h"
 #include "timecard/PayrollControls.h"
@@ -8,6 +9,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 namespace tarnwell {
 
@@ -38,6 +40,7 @@ private:
     void FindEmployee();
     void FindJob();
     void cmbType_Click();
+    void showTasks(const DetailKeys& keys);
     void jgJobLots_RowColChange();
     void jgTasks_RowColChange();
     void lstTaskHistory_DblClick();
@@ -61,9 +64,9 @@ private:
     qint64 JobKey = 0;
     std::shared_ptr<Recordset> LotRecordset;  ///< None until the first job.
     std::shared_ptr<Recordset> TaskRecordset; ///< Likewise.
+    std::optional<DetailRows> m_tasks;        ///< From `Form_Load` on: by lot and category.
     ButtonMask ToolbarMask = 0;
     PaymentFigures m_figures;
-    bool m_binding = false; ///< A grid's rows are being replaced: its row change is not the user's.
     bool m_trapped = false; ///< A payment is under way; a second press waits for nothing.
 };
 

@@ -24,7 +24,7 @@ struct DetailKeys {
 class DetailRows {
 public:
     struct Source {
-        std::function<DetailKeys()> chosen; ///< What is chosen now. Must not raise.
+        std::function<DetailKeys()> chosen; ///< What is chosen now. What it raises comes back to the caller.
         /// Puts the rows of these keys into the grid. What it raises must leave the rows as they were, or
         /// none.
         std::function<void(const DetailKeys&)> show;
@@ -39,7 +39,7 @@ public:
 
     /// Writes what is pending, then shows the rows of what is chosen, also when they are on show already, and
     /// stands on row `standOn` or the last; 0 leaves the place to `show`. False when a row was refused: it
-    /// stays, and so do `keys`. Raises what `write` and `show` raise.
+    /// stays, and so do `keys`. Raises what `write`, `chosen` and `show` raise.
     bool follow(int standOn = 0);
     /// Reloads when something else was chosen while a row was refused, and nothing is pending any more. Runs
     /// by itself when a row is given up; call it where the user comes back to the grid or moves in it.
@@ -63,6 +63,13 @@ private:
     bool m_held = false;
     QObject m_context; ///< Ends the connection to the grid with this object.
 };
+
+/// The key of the entry that is chosen in a list or combo; 0 when none is.
+template <class List>
+[[nodiscard]] qint64 chosenKey(List& list) {
+    const int index = list.ListIndex();
+    return index < 0 ? 0 : list.ItemData(index);
+}
 
 /// Chooses the entry of `key` again in a list or combo, without its event; nothing when there is none. For
 /// screens that keep the choice with the row that was refused.

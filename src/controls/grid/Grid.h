@@ -14,14 +14,14 @@ namespace tarnwell {
 class Recordset;
 class GridModel;
 
-/// A table bound to a recordset: rows are read from it when they are shown, never copied. Columns are told by
-/// their number from 1, also hidden ones; the model's column n-1 is column n. One row at a time may be
+/// A table bound to a recordset: rows are read from it when they are shown, never copied. Columns are known
+/// by their number from 1, also hidden ones; the model's column n-1 is column n. One row at a time may be
 /// pending (edited and not yet written); leaving the row, `Update` and `bind` write it, Escape gives it up.
 /// Write it before the recordset is filtered, requeried or closed: row numbers mean other rows afterwards.
 ///
 /// A write that a user's move started and that the database refuses is shown through `ErrorHandler`; the row
 /// stays pending and current. The same write started by code (`Update`, `setRow`, `bind`) raises to the
-/// caller. When the refusal came from another seat's change, Escape and `CancelUpdate` read the rows anew.
+/// caller. When the refusal came from another user's change, Escape and `CancelUpdate` read the rows anew.
 ///
 /// The recordset stands on the grid's row, except on the new-row line, where it stays as it was.
 class Grid : public QTableView {
@@ -85,7 +85,7 @@ public:
     void Delete();
 
     void setValueList(int column, std::vector<ListEntry> entries);
-    /// Draws the rows' tree in a column: a parent's text is bold, a child's goes in behind a branch. The
+    /// Draws the rows' tree in a column: a parent's text is bold, a child's is indented behind a branch. The
     /// order of the rows stays as it is.
     void setTree(int column, TreeRule rule);
     /// The column's status bar text; empty for none.
@@ -94,8 +94,6 @@ public:
 Q_SIGNALS:
     /// The current cell changed, or the rows were bound anew. -1 and 0 for none before.
     void rowColChange(int lastRow, int lastCol);
-    /// A row became pending: it belongs to what its owner and category are now.
-    void rowBegun();
     /// Escape gave up what was typed: a cell's text, or all of the pending row.
     void givenUp();
     /// Before the pending row is written: hidden columns may be set here; setting `cancel` keeps it pending.

@@ -17,7 +17,7 @@ bool Grid::Parts::beginEdit() {
     return delegate->editor() != nullptr;
 }
 
-/// On a tick or a button what is typed begins the row's first text instead of going astray.
+/// What is typed on a tick or a button goes to the row's first text column instead of being lost.
 bool Grid::Parts::beginTyping() {
     if (row < 0 || !model->hasColumn(column) || takesText(model->column(column)))
         return beginEdit();
@@ -91,7 +91,6 @@ void Grid::Parts::beginRow() {
     if (model->pending().isActive())
         return;
     model->beginPending(row);
-    Q_EMIT grid.rowBegun();
 }
 
 void Grid::Parts::store(int toColumn, const Value& value) {

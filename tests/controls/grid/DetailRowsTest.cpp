@@ -66,10 +66,12 @@ TEST_F(DetailRowsTest, ARefusedRowStaysWithItsKeysUntilItIsGivenUp) {
     EXPECT_EQ(grid->RowCount(), 0);
 }
 
-TEST(RestoredChoice, FiresNoEvent) {
+TEST(Choice, RestoredByItsKeyFiresNoEvent) {
     Combo combo;
     combo.setItems({{"Framing", 3}, {"Drywall", 4}});
+    EXPECT_EQ(chosenKey(combo), 0);
     combo.setListIndex(1);
+    EXPECT_EQ(chosenKey(combo), 4);
     int clicks = 0;
     QObject::connect(&combo, &Combo::clicked, &combo, [&clicks] { ++clicks; });
     restoreChoice(combo, 3);

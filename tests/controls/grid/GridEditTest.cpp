@@ -115,7 +115,7 @@ TEST_F(GridEditTest, AValueListStoresTheEntryThatWasChosenAmongEqualTexts) {
     EXPECT_EQ(walkDown(1), "5");
     log.clear();
     EXPECT_EQ(walkDown(0), "5");
-    EXPECT_TRUE(log.filter("begun").isEmpty()) << "only opened";
+    EXPECT_TRUE(log.filter("before").isEmpty()) << "only opened";
     EXPECT_EQ(walkDown(1), "6");
 }
 

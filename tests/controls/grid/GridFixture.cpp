@@ -57,7 +57,6 @@ GridTest::GridTest() : before(new QLineEdit), grid(new Grid), after(new QLineEdi
     grid->setValueList(Employee, {{.value = 4, .text = "Smith\\Ann"}, {.value = 5, .text = "Stone\\Bo"}});
 
     const auto note = [this](const QString& event) { log << event; };
-    QObject::connect(grid, &Grid::rowBegun, grid, [note] { note("begun"); });
     QObject::connect(grid, &Grid::beforeUpdate, grid, [this, note](bool&) {
         note(QStringLiteral("before %1").arg(grid->value(Name).toText()));
         if (grid->value(Lot).isNoKey()) {

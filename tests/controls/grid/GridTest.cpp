@@ -14,8 +14,8 @@ TEST_F(GridTest, ANewRowIsWrittenWhenItIsLeftAndTellsItsEventsInOrder) {
     driver->press(Qt::Key_Tab);
     driver->type("12.5");
     driver->press(Qt::Key_Up);
-    EXPECT_EQ(takeLog(), QStringList({"1,5 to 4,5", "begun", "column 5", "4,5 to 4,6", "column 6",
-                                      "before Roof", "after Roof new", "4,6 to 3,6"}));
+    EXPECT_EQ(takeLog(), QStringList({"1,5 to 4,5", "column 5", "4,5 to 4,6", "column 6", "before Roof",
+                                      "after Roof new", "4,6 to 3,6"}));
     EXPECT_EQ(grid->RowCount(), 4);
     EXPECT_EQ(grid->model()->rowCount(), 5);
     const qint64 key = grid->valueAt(4, Key).toLong();
@@ -134,7 +134,7 @@ TEST_F(GridTest, AnEditorThatWasOnlyOpenedChangesNothing) {
     driver->press(Qt::Key_F2);
     driver->press(Qt::Key_Enter);
     EXPECT_FALSE(grid->isPending());
-    EXPECT_TRUE(log.filter("begun").isEmpty());
+    EXPECT_TRUE(log.filter("before").isEmpty());
 }
 
 struct Refused {
@@ -354,7 +354,7 @@ TEST_F(GridTest, DeletingARowStandsOnTheNext) {
     log.clear();
     grid->setValue(Name, "never written");
     grid->Delete();
-    EXPECT_EQ(takeLog(), QStringList({"begun", "2,5 to 2,5"}));
+    EXPECT_EQ(takeLog(), QStringList({"2,5 to 2,5"}));
     EXPECT_EQ(grid->value(Name), Value("Paint"));
     EXPECT_EQ(rows.AbsolutePosition(), 2);
     grid->Delete();

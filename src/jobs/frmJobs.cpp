@@ -1,6 +1,5 @@
 #include "jobs/frmJobs.h"
 
-#include "builders/frmAddMasterTasks.h"
 #include "controls/Combo.h"
 #include "controls/DateBox.h"
 #include "controls/KeyCodes.h"
@@ -10,8 +9,7 @@
 #include "frame/ToolbarButtons.h"
 #include "jobs/JobGrids.h"
 #include "jobs/JobRecord.h"
-#include "jobs/frmAddJobOptionGroup.h"
-#include "jobs/frmAddJobTasks.h"
+#include "jobs/LotDialogs.h"
 #include "jobs/frmJobAdd.h"
 #include "master/Categories.h"
 #include "master/FastSearch.h"
@@ -66,6 +64,9 @@ void frmJobs::Form_Load() {
     for (const auto& [control, name, toolTip] : ui.named())
         nameControl(control, name, toolTip);
     m_grids = std::make_unique<JobGrids>(*ui.jgJobLots, *ui.jgTasks, *ui.cmbType);
+    m_dialogs = std::make_unique<LotDialogs>(*this, *ui.jgJobLots, *ui.jgTasks, *m_grids, [this] {
+        return LoadedJob{.jobKey = JobKey, .contractorKey = ContractorKey};
+    });
     connectFields();
     connectGrids();
     ui.cmbForeman->setTexts(readForemen(connection()));
@@ -145,12 +146,8 @@ void frmJobs::pressButton(const QString& caption) {
              SuppressVerify = true;
              FindRecord();
          }},
-        {"Group", [this] { ShowGroups(); }},
-        {"Task",
-         [this] {
-             if (ui.jgTasks->UpdateOrTell())
-                 pickTasks();
-         }},
+        {"Group", [this] { m_dialogs->ShowGroups(); }},
+        {"Task", [this] { m_dialogs->pickTasks(); }},
     };
     for (const auto& button : buttons)
         if (caption == QLatin1String(button.caption))
@@ -264,44 +261,6 @@ void frmJobs::CopyLot() {
     showLotPlace();
 }
 
-/// Fills the current lot, or a new one, and comes back to the lot that it started from.
-void frmJobs::AddLotTasks() {
-    const Value lot = ui.jgJobLots->value(LotColumn::JobLotKey);
-    auto& dialog = theForm<frmAddJobTasks>();
-    dialog.fillFor(*this, this);
-    if (!dialog.Cancelled)
-        m_grids->LoadJobLots(JobKey, lot);
-    showLotPlace();
-}
-
-void frmJobs::ShowGroups() {
-    if (!ui.jgTasks->UpdateOrTell())
-        return;
-    auto& dialog = theForm<frmAddJobOptionGroup>();
-    dialog.applyTo(*this, this);
-    if (!dialog.Cancelled)
-        m_grids->RefreshTasks();
-}
-
-void frmJobs::pickTasks() {
-    auto& dialog = theForm<frmAddMasterTasks>();
-    dialog.Mode = PickingMode::Lot;
-    dialog.pickFor(*this, this);
-    if (!dialog.Cancelled)
-        m_grids->RefreshTasks();
-}
-
-CurrentLot frmJobs::currentLot() const {
-    return {.jobKey = JobKey,
-            .contractorKey = ContractorKey,
-            .jobLotKey = ui.jgJobLots->value(LotColumn::JobLotKey),
-            .contractorPlanKey = ui.jgJobLots->value(LotColumn::ContractorPlanKey)};
-}
-
-PickingTarget frmJobs::pickingTarget() const {
-    return {.ownerKey = ui.jgJobLots->value(LotColumn::JobLotKey)};
-}
-
 void frmJobs::MskField_GotFocus(int index) {
     const ButtonMask buttons = index == nameField ? nameButtons : JobKey == 0 ? noJobButtons : jobButtons;
     EnableToolbar(*this, buttons, ToolbarMask);
@@ -399,8 +358,10 @@ void frmJobs::jgJobLots_RowColChange() {
 
 /// No plan is offered for a lot that can't be written.
 void frmJobs::jgJobLots_ButtonClick(int column) {
-    if (column == LotColumn::PlanName && ui.jgJobLots->UpdateOrTell())
-        AddLotTasks();
+    if (column != LotColumn::PlanName || !ui.jgJobLots->UpdateOrTell())
+        return;
+    m_dialogs->AddLotTasks();
+    showLotPlace();
 }
 
 void frmJobs::jgTasks_GotFocus() {
@@ -422,9 +383,8 @@ void frmJobs::jgTasks_RowColChange() {
 }
 
 void frmJobs::jgTasks_ButtonClick(int column) {
-    if (column == LotTaskColumn::AddOnButton && !ui.jgJobLots->value(LotColumn::JobLotKey).isEmpty() &&
-        ui.jgTasks->UpdateOrTell())
-        pickTasks();
+    if (column == LotTaskColumn::AddOnButton && !ui.jgJobLots->value(LotColumn::JobLotKey).isEmpty())
+        m_dialogs->pickTasks();
 }
 
 bool frmJobs::isJobNumberEmpty() const {

@@ -1,8 +1,6 @@
 #pragma once
 
-#include "builders/TaskPicking.h"
 #include "frame/Screen.h"
-#include "jobs/CurrentLot.h"
 #include "jobs/JobControls.h"
 
 #include <memory>
@@ -10,10 +8,11 @@
 namespace tarnwell {
 
 class JobGrids;
+class LotDialogs;
 
 /// A builder's job with its lots, and a lot's tasks by category. The job's fields are written at fixed
 /// moments, changed or not; the grids write through their recordsets, row by row.
-class frmJobs : public Screen, private CurrentLotCaller, private PickingCaller {
+class frmJobs : public Screen {
     Q_OBJECT
 
 public:
@@ -47,11 +46,6 @@ private:
     void deleteActive();
     void DeleteLot();
     void CopyLot();
-    void AddLotTasks();
-    void ShowGroups();
-    void pickTasks();
-    [[nodiscard]] CurrentLot currentLot() const override;
-    [[nodiscard]] PickingTarget pickingTarget() const override;
 
     void MskField_GotFocus(int index);
     void MskField_LostFocus(int index);
@@ -71,6 +65,7 @@ private:
 
     JobControls ui;
     std::unique_ptr<JobGrids> m_grids;
+    std::unique_ptr<LotDialogs> m_dialogs;
     QString LoadedJobNumber; ///< As it was when the job was loaded; a retyped one is asked about.
     ButtonMask ToolbarMask = 0;
     bool SuppressVerify = false; ///< Add, Find or Exit runs: leaving a field asks nothing.

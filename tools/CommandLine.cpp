@@ -107,7 +107,7 @@ std::variant<Request, Notice> parseArguments(const QStringList& arguments) {
     bool isNumber = false;
     const quint64 seed = parser.value(options.seed).toULongLong(&isNumber);
     if (!isNumber)
-        return wrong(QStringLiteral("the seed '%1' is no number").arg(parser.value(options.seed)));
+        return wrong(QStringLiteral("the seed '%1' is not a number").arg(parser.value(options.seed)));
     return Request{terms->command, words, parser.isSet(options.overwrite), parser.value(options.scale), seed};
 }
 

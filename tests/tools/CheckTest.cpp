@@ -43,8 +43,8 @@ struct Fault {
 
 // One task or payment stands for all: the last of its kind.
 constexpr Fault faults[] = {
-    {"UPDATE Job SET CompletedDate='2026-13-45 00:00:00' WHERE JobKey=1", "Job.CompletedDate is no date"},
-    {"UPDATE Job SET CompletedDate='2026-02-30 00:00:00' WHERE JobKey=1", "Job.CompletedDate is no date"},
+    {"UPDATE Job SET CompletedDate='2026-13-45 00:00:00' WHERE JobKey=1", "Job.CompletedDate is not a date"},
+    {"UPDATE Job SET CompletedDate='2026-02-30 00:00:00' WHERE JobKey=1", "Job.CompletedDate is not a date"},
     {"UPDATE Job SET CompletedDate='0026-02-03 00:00:00' WHERE JobKey=1",
      "Job.CompletedDate lies outside 1900 to 2099"},
     {"UPDATE JobLotTask SET StopDate='2100-01-01 00:00:00' WHERE JobLotTaskKey=1",
@@ -53,9 +53,9 @@ constexpr Fault faults[] = {
     {"UPDATE MasterTask SET CustomTask='X' WHERE MasterTaskKey=1",
      "MasterTask.CustomTask is neither Y nor N"},
     {"UPDATE JobTaskEmployee SET Price=9e999 WHERE JobTaskEmployee=1",
-     "JobTaskEmployee.Price is no finite number"},
+     "JobTaskEmployee.Price is not a finite number"},
     {"UPDATE JobLotTask SET MasterPrice='dear' WHERE JobLotTaskKey=1",
-     "JobLotTask.MasterPrice is no finite number"},
+     "JobLotTask.MasterPrice is not a finite number"},
     {"UPDATE JobTaskEmployee SET EmployeeKey=99999 WHERE JobTaskEmployee=1",
      "JobTaskEmployee.EmployeeKey leads to no row of Employee"},
     {"DELETE FROM JobLotTask WHERE JobLotTaskKey=(SELECT JobLotTaskKey FROM JobTaskEmployee WHERE "
@@ -118,7 +118,7 @@ TEST_F(CheckTest, ListsTheFirstFiftyAndCountsTheRest) {
     breakDatabase(path(), QStringLiteral("UPDATE JobLotTask SET StartDate='soon' WHERE JobLotTaskKey<=60"));
     EXPECT_EQ(checkDatabase(path(), 0).count(), 60);
     const ToolResult result = runToolWith({"check", path()});
-    EXPECT_TRUE(result.out.contains(QLatin1String("JobLotTask.StartDate is no date: 60\n")));
+    EXPECT_TRUE(result.out.contains(QLatin1String("JobLotTask.StartDate is not a date: 60\n")));
     EXPECT_EQ(result.out.count(QLatin1String("StartDate is soon")), 50);
     EXPECT_TRUE(result.out.contains(QLatin1String("  and 10 more\n")));
 }

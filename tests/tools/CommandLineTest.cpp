@@ -20,7 +20,7 @@ TEST(CommandLine, WrongArgumentsAreReportedOnOneLineWithExitCodeTwo) {
         {"check a --overwrite", "check takes no --overwrite"},
         {"create a --seed 3", "create takes no --scale and no --seed"},
         {"sample a --scale huge", "unknown scale 'huge'"},
-        {"sample a --seed x", "the seed 'x' is no number"},
+        {"sample a --seed x", "the seed 'x' is not a number"},
         {"create a --quick", "Unknown option 'quick'."}};
     for (const auto& [arguments, says] : cases) {
         const ToolResult result = runToolWith(arguments.split(' ', Qt::SkipEmptyParts));

@@ -18,16 +18,16 @@ struct TypeRule {
 
 // Adding no days makes the engine compute the date: merely read, February 30 would pass.
 constexpr auto typeRules = std::to_array<TypeRule>({
-    {ColumnType::Date, "is no date",
+    {ColumnType::Date, "is not a date",
      "t.%1 IS NOT NULL AND (typeof(t.%1)<>'text' OR datetime(t.%1,'+0 days') IS NOT t.%1)"},
     {ColumnType::Date, "lies outside 1900 to 2099",
      "datetime(t.%1,'+0 days') IS t.%1 AND (t.%1<'1900-01-01' OR t.%1>='2100-01-01')"},
     {ColumnType::YesNo, "is neither 0 nor -1", "typeof(t.%1)<>'integer' OR t.%1 NOT IN (0,-1)"},
-    {ColumnType::Money, "is no finite number",
+    {ColumnType::Money, "is not a finite number",
      "t.%1 IS NOT NULL AND (typeof(t.%1) NOT IN ('integer','real') OR abs(t.%1)>1.7976931348623157e308)"},
-    {ColumnType::Long, "is no whole number", "typeof(t.%1) NOT IN ('integer','null')"},
-    {ColumnType::Small, "is no whole number", "typeof(t.%1) NOT IN ('integer','null')"},
-    {ColumnType::Text, "is no text", "typeof(t.%1) NOT IN ('text','null')"},
+    {ColumnType::Long, "is not a whole number", "typeof(t.%1) NOT IN ('integer','null')"},
+    {ColumnType::Small, "is not a whole number", "typeof(t.%1) NOT IN ('integer','null')"},
+    {ColumnType::Text, "is not text", "typeof(t.%1) NOT IN ('text','null')"},
 });
 
 /// A column that leads to a row of another table, whether or not the catalogue has a relation for it.

@@ -21,7 +21,7 @@ struct Finding {
 /// The rows that break one rule.
 struct FindingGroup {
     QString table;
-    QString rule; ///< What is wrong, in words: "JobLotTask.StartDate is no date".
+    QString rule; ///< What is wrong, in words: "JobLotTask.StartDate is not a date".
     qint64 count = 0;
     std::vector<Finding> first; ///< The first few, in the order of their keys.
 };

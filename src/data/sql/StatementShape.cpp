@@ -180,7 +180,7 @@ private:
         const QStringView text = m_sql.sliced(m_at + 1, end - m_at - 1);
         const DateTime moment = dateFromText(text.toString());
         if (!moment.isValid())
-            refuse(QStringLiteral("#%1# is no date"), text);
+            refuse(QStringLiteral("#%1# is not a date"), text);
         takeOut(m_at, end + 1, mark::Date, moment);
     }
 

@@ -60,8 +60,7 @@ bool Grid::Parts::pressKey(const QKeyEvent& event, bool inEditor) {
 
 bool Grid::Parts::runKey(int code, int shift, bool inEditor) {
     struct Action {
-        int code;
-        int shift;
+        int code, shift;
         bool (*run)(Parts&);
     };
     static constexpr auto toEnd = [](Parts& p, int direction) {
@@ -104,9 +103,8 @@ bool Grid::Parts::runKey(int code, int shift, bool inEditor) {
     if (code == space && (shift == none || shift == shiftHeld))
         return toggle() || (model->hasColumn(column) &&
                             model->column(column).edit == ColumnEdit::ButtonOnly && pressButton());
-    const auto* const action = std::find_if(actions.begin(), actions.end(), [&](const Action& each) {
-        return each.code == code && each.shift == shift;
-    });
+    const auto* const action = std::ranges::find_if(
+        actions, [&](const Action& each) { return each.code == code && each.shift == shift; });
     return action != actions.end() && action->run(*this);
 }
 

@@ -5,7 +5,7 @@
 #include "builders/PlanCopy.h"
 #include "controls/Combo.h"
 #include "controls/grid/Grid.h"
-#include "controls/grid/GridRows.h"
+#include "controls/grid/GridBinding.h"
 #include "data/recordset/Recordset.h"
 #include "runtime/DataEnvironment.h"
 #include "runtime/EventGuard.h"

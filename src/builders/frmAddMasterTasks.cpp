@@ -19,13 +19,6 @@ constexpr ButtonMask builtButtons = Button::Exit | Button::Add | Button::Help;
 constexpr QSize designSize(460, 520);
 constexpr auto hint = "Select Master Tasks to Add";
 
-/// What the next press of Select All turns round. It outlives the dialog, so that the first press in the
-/// next one goes on from here.
-bool& SelectAllFlag() {
-    static bool flag = false;
-    return flag;
-}
-
 } // namespace
 
 frmAddMasterTasks::frmAddMasterTasks()
@@ -84,8 +77,8 @@ void frmAddMasterTasks::closeRequested() {
 }
 
 void frmAddMasterTasks::cmdSelectAll_Click() {
-    SelectAllFlag() = !SelectAllFlag();
-    selectAllLines(*lstTasks, SelectAllFlag());
+    SelectAllFlag = !SelectAllFlag;
+    selectAllLines(*lstTasks, SelectAllFlag);
 }
 
 void frmAddMasterTasks::AddSelected() {

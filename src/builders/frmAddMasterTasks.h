@@ -29,6 +29,10 @@ protected:
     void closeRequested() override;
 
 private:
+    /// What the next press of Select All does. It outlives the dialog, so that the first press in the next
+    /// one goes on from here.
+    static inline bool SelectAllFlag = false;
+
     void layOut();
     void showList();
     void AddSelected();

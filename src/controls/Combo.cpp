@@ -1,8 +1,8 @@
 #include "controls/Combo.h"
 
 #include "controls/KeyCodes.h"
-#include "controls/OneLine.h"
-#include "controls/ShownStart.h"
+#include "controls/SingleLine.h"
+#include "controls/TextStart.h"
 #include "data/RunTimeError.h"
 #include "runtime/EventGuard.h"
 

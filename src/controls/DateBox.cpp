@@ -1,7 +1,7 @@
 #include "controls/DateBox.h"
 
 #include "controls/DayArrows.h"
-#include "controls/OneLine.h"
+#include "controls/SingleLine.h"
 #include "data/RunTimeError.h"
 #include "runtime/EventGuard.h"
 #include "runtime/RunTime.h"

@@ -1,7 +1,7 @@
 #include "controls/MaskedBox.h"
 
-#include "controls/OneLine.h"
-#include "controls/ShownStart.h"
+#include "controls/SingleLine.h"
+#include "controls/TextStart.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>

@@ -2,7 +2,7 @@
 
 #include "controls/Combo.h"
 #include "controls/grid/Grid.h"
-#include "controls/grid/GridRows.h"
+#include "controls/grid/GridBinding.h"
 #include "data/recordset/Recordset.h"
 #include "jobs/JobControls.h"
 #include "jobs/LotTasks.h"

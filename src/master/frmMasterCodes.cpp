@@ -3,7 +3,7 @@
 #include "controls/Combo.h"
 #include "controls/FormLayout.h"
 #include "controls/grid/Grid.h"
-#include "controls/grid/GridRows.h"
+#include "controls/grid/GridBinding.h"
 #include "frame/ToolbarButtons.h"
 #include "master/MasterCodes.h"
 #include "runtime/DataEnvironment.h"

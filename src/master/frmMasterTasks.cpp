@@ -2,7 +2,7 @@
 
 #include "controls/Combo.h"
 #include "controls/grid/Grid.h"
-#include "controls/grid/GridRows.h"
+#include "controls/grid/GridBinding.h"
 #include "frame/ToolbarButtons.h"
 #include "master/Categories.h"
 #include "master/CategoryDependencies.h"

@@ -7,7 +7,7 @@
 #include "controls/MaskedBox.h"
 #include "controls/NoteBox.h"
 #include "controls/grid/Grid.h"
-#include "controls/grid/GridRows.h"
+#include "controls/grid/GridBinding.h"
 #include "data/recordset/Recordset.h"
 #include "frame/ToolbarButtons.h"
 #include "master/FastSearch.h"

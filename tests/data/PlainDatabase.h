@@ -1,7 +1,7 @@
 #pragma once
 
 #include "data/schema/Schema.h"
-#include "data/sqlite/SqliteHandle.h"
+#include "data/sqlite/SqliteDatabase.h"
 #include "support/RaisedNumber.h"
 
 #include <QStringList>
@@ -42,7 +42,7 @@ public:
     }
 
 private:
-    data::SqliteHandle m_handle{":memory:", data::SqliteHandle::Access::Create};
+    data::SqliteDatabase m_handle{":memory:", data::SqliteDatabase::Access::Create};
 };
 
 } // namespace tarnwell::test

@@ -1,7 +1,7 @@
 #include "controls/DateBox.h"
 #include "controls/ListBox.h"
 #include "controls/NoteBox.h"
-#include "data/sqlite/SqliteHandle.h"
+#include "data/sqlite/SqliteDatabase.h"
 #include "runtime/RunTime.h"
 #include "support/DrivenScreen.h"
 #include "timecard/PayrollScreen.h"
@@ -130,7 +130,7 @@ TEST_F(Payroll, APressWhileAPaymentIsUnderWayDoesNothing) {
 }
 
 TEST_F(Payroll, APressWhileItWaitsForADeletedRowPaysOnce) {
-    const data::SqliteHandle other(data.db.path(), data::SqliteHandle::Access::ReadWrite);
+    const data::SqliteDatabase other(data.db.path(), data::SqliteDatabase::Access::ReadWrite);
     other.run(
         "CREATE TRIGGER Deleted AFTER INSERT ON JobTaskEmployee BEGIN DELETE FROM JobTaskEmployee; END");
     openJob();

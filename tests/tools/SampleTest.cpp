@@ -1,7 +1,7 @@
 #include "SampleDatabase.h"
 #include "SampleRandom.h"
 #include "ToolRun.h"
-#include "data/sqlite/SqliteHandle.h"
+#include "data/sqlite/SqliteDatabase.h"
 #include "support/TemporaryDatabase.h"
 
 #include <gtest/gtest.h>
@@ -26,7 +26,8 @@ TEST(Sample, TheSameSeedGivesTheSameRowsAndAnotherSeedGivesOthers) {
 
 TEST(Sample, CarriesTheCountsByWhichTheEnginePlansItsJoins) {
     const QTemporaryDir folder;
-    const data::SqliteHandle handle(makeSample(folder, "a.mdb", {}), data::SqliteHandle::Access::ReadOnly);
+    const data::SqliteDatabase handle(makeSample(folder, "a.mdb", {}),
+                                      data::SqliteDatabase::Access::ReadOnly);
     auto counted = handle.prepare("SELECT COUNT(DISTINCT tbl) FROM sqlite_stat1 WHERE tbl IN "
                                   "('Job','JobLot','JobLotTask','JobTaskEmployee')");
     ASSERT_TRUE(counted.step());

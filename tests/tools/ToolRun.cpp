@@ -2,7 +2,7 @@
 
 #include "DatabaseTool.h"
 #include "data/schema/Schema.h"
-#include "data/sqlite/SqliteHandle.h"
+#include "data/sqlite/SqliteDatabase.h"
 
 namespace tarnwell::test {
 
@@ -17,7 +17,7 @@ ToolResult runToolWith(const QStringList& arguments) {
 }
 
 void breakDatabase(const QString& path, const QString& sql) {
-    const data::SqliteHandle handle(path, data::SqliteHandle::Access::ReadWrite);
+    const data::SqliteDatabase handle(path, data::SqliteDatabase::Access::ReadWrite);
     handle.run("PRAGMA foreign_keys=0");
     handle.run("PRAGMA ignore_check_constraints=1");
     for (const QString& statement : sql.split(';'))
@@ -25,7 +25,7 @@ void breakDatabase(const QString& path, const QString& sql) {
 }
 
 QString dump(const QString& path) {
-    const data::SqliteHandle handle(path, data::SqliteHandle::Access::ReadOnly);
+    const data::SqliteDatabase handle(path, data::SqliteDatabase::Access::ReadOnly);
     QString text;
     for (const schema::Table& table : schema::tables()) {
         text += table.name + '\n';

@@ -173,7 +173,7 @@ QImage desktopImage(const QList<QWindow*>& fromTheBack) {
 
 Driver::Driver(const WindowKeeper& windows, QString folder, const QString& database)
     : m_windows(windows), m_folder(std::move(folder)),
-      m_database(database, data::SqliteHandle::Access::ReadOnly) {}
+      m_database(database, data::SqliteDatabase::Access::ReadOnly) {}
 
 void Driver::look(const std::function<void()>& action) {
     runInProgram(action);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/sqlite/SqliteHandle.h"
+#include "data/sqlite/SqliteDatabase.h"
 
 #include <QKeySequence>
 #include <QString>
@@ -89,7 +89,7 @@ private:
 
     const WindowKeeper& m_windows;
     QString m_folder;
-    data::SqliteHandle m_database;
+    data::SqliteDatabase m_database;
 };
 
 } // namespace tarnwell::tour

@@ -1,6 +1,6 @@
 #include "controls/grid/GridEditor.h"
 
-#include "controls/OneLine.h"
+#include "controls/SingleLine.h"
 
 #include <QComboBox>
 #include <QCompleter>

@@ -6,7 +6,7 @@
 #include "data/recordset/Connection.h"
 #include "data/schema/Schema.h"
 #include "data/sqlite/OpenDatabase.h"
-#include "data/sqlite/SqliteHandle.h"
+#include "data/sqlite/SqliteDatabase.h"
 
 #include <algorithm>
 
@@ -15,11 +15,11 @@ namespace tarnwell {
 namespace {
 
 using data::CheckRule;
-using data::SqliteHandle;
+using data::SqliteDatabase;
 
 constexpr int longestShownValue = 60;
 
-QStringList missingParts(const SqliteHandle& handle) {
+QStringList missingParts(const SqliteDatabase& handle) {
     QStringList missing;
     for (const schema::Table& table : schema::tables()) {
         QStringList columns;
@@ -47,7 +47,7 @@ QStringList unexplained(const QStringList& constraints, const std::vector<Findin
     return rest;
 }
 
-FindingGroup examine(const SqliteHandle& handle, const CheckRule& rule, int shown) {
+FindingGroup examine(const SqliteDatabase& handle, const CheckRule& rule, int shown) {
     FindingGroup group{.table = rule.table,
                        .rule = QStringLiteral("%1.%2 %3").arg(rule.table, rule.column, rule.fault),
                        .first = {}};
@@ -62,7 +62,7 @@ FindingGroup examine(const SqliteHandle& handle, const CheckRule& rule, int show
     return group;
 }
 
-CheckResult checkRows(const SqliteHandle& handle, int shownPerRule) {
+CheckResult checkRows(const SqliteDatabase& handle, int shownPerRule) {
     handle.run("PRAGMA query_only=1");
     handle.run("BEGIN");
     const data::EngineReport report = data::askEngine(handle, shownPerRule);
@@ -92,7 +92,7 @@ qint64 CheckResult::count() const {
 }
 
 CheckResult checkDatabase(const QString& path, int shownPerRule) {
-    const SqliteHandle handle = data::openDatabaseFile(path, usualBusyTimeout);
+    const SqliteDatabase handle = data::openDatabaseFile(path, usualBusyTimeout);
     try {
         return checkRows(handle, shownPerRule);
     } catch (const RunTimeError&) {

@@ -16,12 +16,12 @@ namespace tarnwell {
 namespace {
 
 using data::quoted;
-using data::SqliteHandle;
+using data::SqliteDatabase;
 using data::SqliteStatement;
 
 constexpr int shownProblems = 100; ///< For each table: more add nothing.
 
-void insertInitialRow(const SqliteHandle& handle, const schema::InitialRow& row) {
+void insertInitialRow(const SqliteDatabase& handle, const schema::InitialRow& row) {
     QByteArrayList names;
     QByteArrayList values;
     for (const auto& [column, value] : row.values) {
@@ -37,7 +37,7 @@ void insertInitialRow(const SqliteHandle& handle, const schema::InitialRow& row)
 }
 
 void fillNewDatabase(const QString& path) {
-    const SqliteHandle handle(path, SqliteHandle::Access::Create);
+    const SqliteDatabase handle(path, SqliteDatabase::Access::Create);
     handle.run("BEGIN");
     for (const QString& sql : schema::createStatements())
         handle.run(sql.toUtf8());
@@ -50,8 +50,8 @@ void fillNewDatabase(const QString& path) {
 }
 
 /// "JobLot 5: there is no Job 77 for JobKey".
-QString danglingText(const SqliteHandle& handle, const schema::Table& table, const schema::Relation& relation,
-                     qint64 key) {
+QString danglingText(const SqliteDatabase& handle, const schema::Table& table,
+                     const schema::Relation& relation, qint64 key) {
     SqliteStatement value = handle.prepare("SELECT " + quoted(relation.column) + " FROM " +
                                            quoted(table.name) + " WHERE " + quoted(table.keyColumn) + "=?");
     value.bind(1, key);
@@ -60,7 +60,7 @@ QString danglingText(const SqliteHandle& handle, const schema::Table& table, con
         .arg(table.name, QString::number(key), relation.parentTable, missing, relation.column);
 }
 
-QStringList relationProblems(const SqliteHandle& handle) {
+QStringList relationProblems(const SqliteDatabase& handle) {
     QStringList lines;
     SqliteStatement check = handle.prepare("PRAGMA foreign_key_check");
     // One row of the answer for each broken relation of a row: table, row, parent, number of the relation.
@@ -81,7 +81,7 @@ void requireSound(const QString& path) {
 
 /// A copy as of one moment, whatever others write meanwhile. The engine's own words for a damaged source say
 /// neither which file nor where.
-void copyInto(const QString& target, const SqliteHandle& handle, const QString& source) {
+void copyInto(const QString& target, const SqliteDatabase& handle, const QString& source) {
     SqliteStatement copy = handle.prepare("VACUUM INTO ?1");
     copy.bind(1, target);
     try {
@@ -112,7 +112,7 @@ void backupDatabase(const QString& source, const QString& target, bool overwrite
     const bool same = exists && QFileInfo(from).canonicalFilePath() == QFileInfo(to).canonicalFilePath();
     if (same || (exists && !overwrite))
         raise(Failure::FileAccess, to);
-    const SqliteHandle handle = data::openOurDatabase(from, usualBusyTimeout);
+    const SqliteDatabase handle = data::openOurDatabase(from, usualBusyTimeout);
     data::FileReplacement file(to);
     copyInto(file.temporaryPath(), handle, from);
     requireSound(file.temporaryPath());
@@ -125,7 +125,7 @@ void updateStatistics(const QString& path) {
 }
 
 QStringList integrityProblems(const QString& path) {
-    const SqliteHandle handle = data::openOurDatabase(path, usualBusyTimeout);
+    const SqliteDatabase handle = data::openOurDatabase(path, usualBusyTimeout);
     try {
         const data::EngineReport report = data::askEngine(handle, shownProblems);
         const QStringList problems = report.damage + report.constraints;

@@ -14,7 +14,7 @@ struct CheckLines {
     QString ending; ///< The error that ended the check early; what it found before counts all the same.
 };
 
-CheckLines linesOf(const SqliteHandle& handle, const QByteArray& check) {
+CheckLines linesOf(const SqliteDatabase& handle, const QByteArray& check) {
     CheckLines result;
     try {
         SqliteStatement statement = handle.prepare(check);
@@ -36,7 +36,7 @@ bool isConstraint(const QString& line) {
 }
 
 /// "JobLotTask: Page 102: ..." for each line about that table.
-QStringList damageOf(const SqliteHandle& handle, const QString& table, int shown) {
+QStringList damageOf(const SqliteDatabase& handle, const QString& table, int shown) {
     CheckLines found = linesOf(handle, "PRAGMA integrity_check(" + quoted(table) + ')');
     found.lines.removeIf(isConstraint);
     if (found.lines.isEmpty() && !found.ending.isEmpty())
@@ -48,7 +48,7 @@ QStringList damageOf(const SqliteHandle& handle, const QString& table, int shown
 }
 
 /// The check of the whole file names pages, not tables, and ends at the first row that it can't read.
-QStringList damageByTable(const SqliteHandle& handle, const CheckLines& whole, int shown) {
+QStringList damageByTable(const SqliteDatabase& handle, const CheckLines& whole, int shown) {
     QStringList damage;
     for (const schema::Table& table : schema::tables())
         damage << damageOf(handle, table.name, shown);
@@ -63,7 +63,7 @@ QStringList damageByTable(const SqliteHandle& handle, const CheckLines& whole, i
 
 } // namespace
 
-EngineReport askEngine(const SqliteHandle& handle, int shown) {
+EngineReport askEngine(const SqliteDatabase& handle, int shown) {
     const CheckLines whole = linesOf(handle, "PRAGMA integrity_check(" + QByteArray::number(shown) + ')');
     EngineReport report;
     std::ranges::copy_if(whole.lines, std::back_inserter(report.constraints), isConstraint);

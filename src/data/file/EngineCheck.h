@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/sqlite/SqliteHandle.h"
+#include "data/sqlite/SqliteDatabase.h"
 
 #include <QStringList>
 
@@ -14,6 +14,6 @@ struct EngineReport {
 
 /// Examines an open file to its end, also past places that can't be read. At most about `shown` lines a
 /// table. Raises what is not damage, such as DatabaseLocked.
-[[nodiscard]] EngineReport askEngine(const SqliteHandle& handle, int shown);
+[[nodiscard]] EngineReport askEngine(const SqliteDatabase& handle, int shown);
 
 } // namespace tarnwell::data

@@ -1,7 +1,7 @@
 #include "data/file/FileReplacement.h"
 
 #include "data/RunTimeError.h"
-#include "data/sqlite/SqliteHandle.h"
+#include "data/sqlite/SqliteDatabase.h"
 
 #include <QDir>
 #include <QFile>
@@ -59,8 +59,8 @@ std::filesystem::path nativePath(const QString& path) {
 
 /// Folds the log into the database and keeps everybody out of it while the result lives. What cannot be read
 /// as a database is replaced all the same.
-SqliteHandle lockAgainstUse(const QString& path) {
-    SqliteHandle handle(path, SqliteHandle::Access::ReadWrite);
+SqliteDatabase lockAgainstUse(const QString& path) {
+    SqliteDatabase handle(path, SqliteDatabase::Access::ReadWrite);
     try {
         handle.run("PRAGMA locking_mode=EXCLUSIVE");
         handle.run("PRAGMA journal_mode=DELETE");
@@ -157,7 +157,7 @@ void FileReplacement::moveIntoPlace(Existing existing) {
     const QFileInfo old(m_target);
     if ((old.exists() && existing == Existing::Keep) || !isSynchronized(m_temporaryPath))
         raise(Failure::FileAccess, m_target);
-    std::optional<SqliteHandle> lock;
+    std::optional<SqliteDatabase> lock;
     if (old.exists()) {
         lock = lockAgainstUse(m_target);
         QFile::setPermissions(m_temporaryPath, old.permissions());

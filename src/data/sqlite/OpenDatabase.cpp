@@ -16,7 +16,7 @@ namespace tarnwell::data {
 
 namespace {
 
-using Access = SqliteHandle::Access;
+using Access = SqliteDatabase::Access;
 
 /// Their names begin so: "nfs4", "smb3", "fuse.sshfs". Folders that a virtual machine shares count: the
 /// computer that offers them is another one.
@@ -43,12 +43,12 @@ bool isInWriteAheadMode(const QString& path) {
     return file.open(QIODevice::ReadOnly) && file.seek(readVersionAt) && file.read(1) == "\x02";
 }
 
-void readCatalogue(const SqliteHandle& handle) {
+void readCatalogue(const SqliteDatabase& handle) {
     (void)handle.prepare("SELECT 1 FROM sqlite_schema").step();
 }
 
 /// The engine's words say neither which file nor what to do. Returns where they are enough.
-void explainFailure(const SqliteHandle& handle, const QFileInfo& file, const QString& path) {
+void explainFailure(const SqliteDatabase& handle, const QFileInfo& file, const QString& path) {
     if (handle.foundDamage())
         raise(Failure::DatabaseForeign, path);
     const int code = sqlite3_errcode(handle.get()) & 0xFF;
@@ -60,11 +60,11 @@ void explainFailure(const SqliteHandle& handle, const QFileInfo& file, const QSt
                   .arg(path));
 }
 
-SqliteHandle openFile(const QString& path, std::chrono::milliseconds busyTimeout, bool alone) {
+SqliteDatabase openFile(const QString& path, std::chrono::milliseconds busyTimeout, bool alone) {
     const QFileInfo file(pathOnDisk(path));
     if (!file.isFile())
         raise(Failure::DatabaseNotFound, path);
-    SqliteHandle handle(file.filePath(), accessFor(file));
+    SqliteDatabase handle(file.filePath(), accessFor(file));
     sqlite3_busy_timeout(handle.get(), static_cast<int>(busyTimeout.count()));
     try {
         if (alone)
@@ -77,7 +77,7 @@ SqliteHandle openFile(const QString& path, std::chrono::milliseconds busyTimeout
     return handle;
 }
 
-void requireOurs(const SqliteHandle& handle, const QString& path) {
+void requireOurs(const SqliteDatabase& handle, const QString& path) {
     for (const schema::Table& table : schema::tables())
         for (const schema::Column& column : table.columns)
             if (!hasColumn(handle, table, column))
@@ -94,7 +94,7 @@ void protect(sqlite3* handle) {
 }
 
 /// Folds the log into the file. The handle has the file to itself, and shares it again afterwards.
-void leaveWriteAheadMode(const SqliteHandle& handle) {
+void leaveWriteAheadMode(const SqliteDatabase& handle) {
     handle.run("PRAGMA journal_mode=DELETE");
     handle.run("PRAGMA locking_mode=NORMAL");
     readCatalogue(handle); // The lock is let go only now.
@@ -111,25 +111,25 @@ Journal journalFor(const QString& path) {
     return isNetworkFileSystem(drive.fileSystemType()) ? Journal::Rollback : Journal::WriteAhead;
 }
 
-bool hasColumn(const SqliteHandle& handle, const schema::Table& table, const schema::Column& column) {
+bool hasColumn(const SqliteDatabase& handle, const schema::Table& table, const schema::Column& column) {
     return sqlite3_table_column_metadata(handle.get(), "main", table.name.toUtf8().constData(),
                                          column.name.toUtf8().constData(), nullptr, nullptr, nullptr, nullptr,
                                          nullptr) == SQLITE_OK;
 }
 
-SqliteHandle openDatabaseFile(const QString& path, std::chrono::milliseconds busyTimeout) {
+SqliteDatabase openDatabaseFile(const QString& path, std::chrono::milliseconds busyTimeout) {
     return openFile(path, busyTimeout, false);
 }
 
-SqliteHandle openOurDatabase(const QString& path, std::chrono::milliseconds busyTimeout) {
+SqliteDatabase openOurDatabase(const QString& path, std::chrono::milliseconds busyTimeout) {
     return openOurDatabase(path, busyTimeout, journalFor(pathOnDisk(path)));
 }
 
-SqliteHandle openOurDatabase(const QString& path, std::chrono::milliseconds busyTimeout, Journal journal) {
+SqliteDatabase openOurDatabase(const QString& path, std::chrono::milliseconds busyTimeout, Journal journal) {
     const QString onDisk = pathOnDisk(path);
     const bool canWrite = QFileInfo(onDisk).isWritable();
     const bool leaves = journal == Journal::Rollback && canWrite && isInWriteAheadMode(onDisk);
-    SqliteHandle handle = openFile(path, busyTimeout, leaves);
+    SqliteDatabase handle = openFile(path, busyTimeout, leaves);
     requireOurs(handle, path);
     if (leaves)
         leaveWriteAheadMode(handle);

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "data/schema/Schema.h"
-#include "data/sqlite/SqliteHandle.h"
+#include "data/sqlite/SqliteDatabase.h"
 
 #include <QByteArray>
 #include <QString>
@@ -23,20 +23,20 @@ enum class Journal {
 [[nodiscard]] bool isNetworkFileSystem(const QByteArray& type);
 
 /// Whether the database has the column, whatever its type there.
-[[nodiscard]] bool hasColumn(const SqliteHandle& handle, const schema::Table& table,
+[[nodiscard]] bool hasColumn(const SqliteDatabase& handle, const schema::Table& table,
                              const schema::Column& column);
 
 /// Opens any database file for reading, and for writing where that is allowed, and reads its catalogue.
 /// Raises DatabaseNotFound; DatabaseForeign, with the path, when it is damaged or not a database;
 /// PermissionDenied when it can't be read safely without write permission; DatabaseLocked.
-[[nodiscard]] SqliteHandle openDatabaseFile(const QString& path, std::chrono::milliseconds busyTimeout);
+[[nodiscard]] SqliteDatabase openDatabaseFile(const QString& path, std::chrono::milliseconds busyTimeout);
 
 /// Opens a database of ours and never makes one: for writing, or for reading where the file cannot be
 /// written. Raises what `openDatabaseFile` raises, and DatabaseForeign when one of our columns is missing.
 /// The file is looked at before anything is written to it. Its journal is changed where it does not suit the
 /// drive; that raises DatabaseLocked while somebody else has the file open.
-[[nodiscard]] SqliteHandle openOurDatabase(const QString& path, std::chrono::milliseconds busyTimeout);
-[[nodiscard]] SqliteHandle openOurDatabase(const QString& path, std::chrono::milliseconds busyTimeout,
-                                           Journal journal);
+[[nodiscard]] SqliteDatabase openOurDatabase(const QString& path, std::chrono::milliseconds busyTimeout);
+[[nodiscard]] SqliteDatabase openOurDatabase(const QString& path, std::chrono::milliseconds busyTimeout,
+                                             Journal journal);
 
 } // namespace tarnwell::data

@@ -109,7 +109,7 @@ private:
     void shutDown();
     void setCache(int kilobytes) noexcept;
 
-    SqliteHandle m_handle;
+    SqliteDatabase m_handle;
     StatementCache m_cache;
     Dialect m_dialect;
     std::function<bool()> m_watch;

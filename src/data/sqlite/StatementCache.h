@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/sqlite/SqliteHandle.h"
+#include "data/sqlite/SqliteDatabase.h"
 
 #include <QByteArray>
 

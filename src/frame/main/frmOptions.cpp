@@ -2,7 +2,7 @@
 
 #include "controls/FormLayout.h"
 #include "controls/Label.h"
-#include "controls/OneLine.h"
+#include "controls/SingleLine.h"
 #include "frame/FileDialog.h"
 #include "runtime/DatabaseSettings.h"
 #include "runtime/EventGuard.h"

@@ -4,14 +4,14 @@ namespace tarnwell {
 
 namespace {
 
-using data::SqliteHandle;
+using data::SqliteDatabase;
 using data::SqliteStatement;
 
 /// A commit writes the last part's place again, a failure takes what was not committed.
 constexpr qint64 partsBetweenCommits = 64;
 
-SqliteHandle openOwnFile() {
-    SqliteHandle handle({}, SqliteHandle::Access::Create);
+SqliteDatabase openOwnFile() {
+    SqliteDatabase handle({}, SqliteDatabase::Access::Create);
     // It ends with the program, so there is nothing to come back to.
     for (const char* setting : {"page_size=16384", "cache_size=-8000", "journal_mode=MEMORY",
                                 "synchronous=OFF", "locking_mode=EXCLUSIVE"})

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/sqlite/SqliteHandle.h"
+#include "data/sqlite/SqliteDatabase.h"
 
 #include <functional>
 
@@ -26,7 +26,7 @@ public:
     [[nodiscard]] bool handOut(const std::function<bool(const Part& part)>& take) const;
 
 private:
-    data::SqliteHandle m_handle;
+    data::SqliteDatabase m_handle;
     data::SqliteStatement m_add;
     qint64 m_count = 0;
 };

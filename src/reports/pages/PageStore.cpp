@@ -11,7 +11,7 @@ namespace tarnwell {
 
 namespace {
 
-using data::SqliteHandle;
+using data::SqliteDatabase;
 using data::SqliteStatement;
 
 constexpr qsizetype partSize = 0x40000; ///< Bytes of a page that are kept in memory while it is drawn.
@@ -20,7 +20,7 @@ constexpr qsizetype partSize = 0x40000; ///< Bytes of a page that are kept in me
 /// meanwhile: were it written out and changed again, the commit would have to read the whole log.
 class LargeWrite {
 public:
-    explicit LargeWrite(const SqliteHandle& handle) : m_handle(handle) {
+    explicit LargeWrite(const SqliteDatabase& handle) : m_handle(handle) {
         handle.run("PRAGMA cache_size=-32000");
         handle.run("BEGIN IMMEDIATE");
     }
@@ -34,7 +34,7 @@ public:
     void commit() const { m_handle.run("COMMIT"); }
 
 private:
-    const SqliteHandle& m_handle;
+    const SqliteDatabase& m_handle;
 };
 
 } // namespace

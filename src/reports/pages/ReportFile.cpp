@@ -15,9 +15,9 @@ namespace tarnwell {
 namespace {
 
 using data::Journal;
-using data::SqliteHandle;
+using data::SqliteDatabase;
 using data::SqliteStatement;
-using Access = data::SqliteHandle::Access;
+using Access = data::SqliteDatabase::Access;
 
 constexpr qint64 applicationId = 0x54775270; // "TwRp": tells the file from every other database
 constexpr int busyMilliseconds = 5000;
@@ -26,28 +26,28 @@ constexpr int creationMilliseconds = 30'000;
 /// A power cut may take the last runs and leaves the file whole; waiting for the disk would cost more.
 constexpr auto relaxed = "PRAGMA synchronous=NORMAL";
 
-qint64 answerOf(const SqliteHandle& handle, const QByteArray& sql) {
+qint64 answerOf(const SqliteDatabase& handle, const QByteArray& sql) {
     SqliteStatement statement = handle.prepare(sql);
     return statement.step() ? statement.integerAt(0) : 0;
 }
 
-bool isOurs(const SqliteHandle& handle) {
+bool isOurs(const SqliteDatabase& handle) {
     return answerOf(handle, "PRAGMA application_id") == applicationId;
 }
 
-void requireOurs(const SqliteHandle& handle, const QString& path) {
+void requireOurs(const SqliteDatabase& handle, const QString& path) {
     if (!isOurs(handle))
         raise(Failure::DatabaseForeign, path);
 }
 
-void createTables(const SqliteHandle& handle) {
+void createTables(const SqliteDatabase& handle) {
     handle.run("CREATE TABLE Report (ReportKey INTEGER PRIMARY KEY AUTOINCREMENT)");
     handle.run("CREATE TABLE Page (ReportKey INTEGER NOT NULL, Page INTEGER NOT NULL, Part INTEGER NOT NULL, "
                "Items BLOB NOT NULL, PRIMARY KEY (ReportKey, Page, Part))");
     handle.run("PRAGMA application_id=" + QByteArray::number(applicationId));
 }
 
-void setJournal(const SqliteHandle& handle, Journal journal) {
+void setJournal(const SqliteDatabase& handle, Journal journal) {
     handle.run(journal == Journal::WriteAhead ? "PRAGMA journal_mode=WAL" : "PRAGMA journal_mode=DELETE");
 }
 
@@ -56,7 +56,7 @@ bool isToBeMade(const QString& path) {
     if (QFileInfo(path).size() == 0)
         return true;
     try {
-        const SqliteHandle handle(path, Access::ReadOnly);
+        const SqliteDatabase handle(path, Access::ReadOnly);
         return answerOf(handle, "SELECT COUNT(*) FROM sqlite_master") == 0;
     } catch (const RunTimeError&) {
         return false; // what is wrong with it shows when it is opened
@@ -67,7 +67,7 @@ bool isToBeMade(const QString& path) {
 void makeWhereMissing(const QString& path, Journal journal) {
     if (!isToBeMade(path))
         return;
-    const SqliteHandle handle(path, Access::Create);
+    const SqliteDatabase handle(path, Access::Create);
     sqlite3_busy_timeout(handle.get(), creationMilliseconds);
     // A report's page fits into one of the file's; deleted ones are given back to the disk.
     handle.run("PRAGMA page_size=16384");
@@ -85,23 +85,23 @@ void makeWhereMissing(const QString& path, Journal journal) {
 }
 
 /// An empty file beside the report database, for locks alone.
-SqliteHandle usersFile(const QString& path) {
+SqliteDatabase usersFile(const QString& path) {
     return {path + QStringLiteral("-users"), Access::Create};
 }
 
 /// With a write-ahead log the engine keeps an open file locked against `clearAlone`, also while its owner
 /// does nothing. Without one it does not, and a lock on the file would stop every write.
-std::optional<SqliteHandle> markInUse(const QString& path, Journal journal) {
+std::optional<SqliteDatabase> markInUse(const QString& path, Journal journal) {
     if (journal == Journal::WriteAhead)
         return std::nullopt;
-    SqliteHandle users = usersFile(path);
+    SqliteDatabase users = usersFile(path);
     sqlite3_busy_timeout(users.get(), busyMilliseconds);
     users.run("PRAGMA locking_mode=EXCLUSIVE"); // a reader's lock stays until the end
     (void)answerOf(users, "SELECT COUNT(*) FROM sqlite_master");
     return users;
 }
 
-bool isMarkedInUse(const SqliteHandle& users) {
+bool isMarkedInUse(const SqliteDatabase& users) {
     try {
         users.run("BEGIN EXCLUSIVE");
     } catch (const RunTimeError&) {
@@ -114,8 +114,8 @@ bool isMarkedInUse(const SqliteHandle& users) {
 
 /// Clears what ended programs left, as long as nobody else has the file open.
 void clearAlone(const QString& path, Journal journal) {
-    const SqliteHandle handle(path, Access::ReadWrite);
-    std::optional<SqliteHandle> users; // locked until the file is cleared
+    const SqliteDatabase handle(path, Access::ReadWrite);
+    std::optional<SqliteDatabase> users; // locked until the file is cleared
     if (journal == Journal::Rollback && isMarkedInUse(users.emplace(usersFile(path))))
         return;
     try {
@@ -133,8 +133,8 @@ void clearAlone(const QString& path, Journal journal) {
     }
 }
 
-SqliteHandle openShared(const QString& path) {
-    SqliteHandle handle(path, Access::ReadWrite);
+SqliteDatabase openShared(const QString& path) {
+    SqliteDatabase handle(path, Access::ReadWrite);
     sqlite3_busy_timeout(handle.get(), busyMilliseconds);
     requireOurs(handle, path);
     handle.run(relaxed);
@@ -157,7 +157,7 @@ bool isDatabaseInUse(const QString& path) {
 
 bool hasTableOfOurs(const QString& path) {
     try {
-        const SqliteHandle handle(path, Access::ReadOnly);
+        const SqliteDatabase handle(path, Access::ReadOnly);
         SqliteStatement names = handle.prepare("SELECT name FROM sqlite_master");
         while (names.step())
             if (schema::findTable(names.textAt(0)) != nullptr)
@@ -215,7 +215,7 @@ ReportFile openReportFile(const QString& path, Journal journal) {
     try {
         makeWhereMissing(path, journal);
         clearAlone(path, journal);
-        std::optional<SqliteHandle> mark = markInUse(path, journal);
+        std::optional<SqliteDatabase> mark = markInUse(path, journal);
         return {.pages = openShared(path), .mark = std::move(mark)};
     } catch (const RunTimeError& error) {
         // The engine's words say neither which file nor that a right is missing.

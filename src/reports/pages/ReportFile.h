@@ -2,7 +2,7 @@
 
 #include "data/RunTimeError.h"
 #include "data/sqlite/OpenDatabase.h"
-#include "data/sqlite/SqliteHandle.h"
+#include "data/sqlite/SqliteDatabase.h"
 
 #include <QString>
 
@@ -34,8 +34,8 @@ void raiseForDamage(const RunTimeError& error, const QString& path);
 
 /// The report database as one of the programs that share it has it open.
 struct ReportFile {
-    data::SqliteHandle pages;
-    std::optional<data::SqliteHandle> mark; ///< Shows others that it is in use, where `pages` does not.
+    data::SqliteDatabase pages;
+    std::optional<data::SqliteDatabase> mark; ///< Shows others that it is in use, where `pages` does not.
 };
 
 /// Opens the report database for one of the programs that share it; makes the file where it is missing, and

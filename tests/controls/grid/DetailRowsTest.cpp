@@ -2,7 +2,7 @@
 
 #include "GridFixture.h"
 #include "controls/Combo.h"
-#include "controls/grid/GridRows.h"
+#include "controls/grid/GridBinding.h"
 
 namespace tarnwell::test {
 

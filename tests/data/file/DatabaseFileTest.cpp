@@ -160,7 +160,7 @@ TEST_F(DatabaseFiles, OnANetworkDriveTheJournalIsRolledBack) {
     const auto open = [&](data::Journal journal) {
         return data::openOurDatabase(database.path(), std::chrono::milliseconds(0), journal);
     };
-    const auto mode = [](const data::SqliteHandle& handle) {
+    const auto mode = [](const data::SqliteDatabase& handle) {
         auto answer = handle.prepare("PRAGMA journal_mode");
         return answer.step() ? answer.textAt(0) : QString();
     };
@@ -193,7 +193,7 @@ TEST_F(DatabaseFiles, NamesABrokenRelation) {
     const qint64 job = database.add("Job", {{"ContractorKey", builder}});
     const qint64 lot = database.add("JobLot", {{"JobKey", job}});
     database.connection().Close();
-    data::SqliteHandle(database.path(), data::SqliteHandle::Access::ReadWrite).run("DELETE FROM Job");
+    data::SqliteDatabase(database.path(), data::SqliteDatabase::Access::ReadWrite).run("DELETE FROM Job");
     const QStringList problems = integrityProblems(database.path());
     ASSERT_EQ(problems.size(), 1);
     EXPECT_EQ(problems.front(), QString("JobLot %1: there is no Job %2 for JobKey").arg(lot).arg(job));

@@ -1,6 +1,6 @@
 #include "data/engine/Engine.h"
 #include "data/file/DatabaseFile.h"
-#include "data/sqlite/SqliteHandle.h"
+#include "data/sqlite/SqliteDatabase.h"
 #include "support/DeathFolder.h"
 #include "support/RaisedNumber.h"
 #include "support/TemporaryDatabase.h"
@@ -81,7 +81,7 @@ TEST(Opening, NamesADamagedCatalogue) {
 TEST(Opening, SaysThatSomebodyHoldsTheFileForItself) {
     TemporaryDatabase database;
     database.connection().Close();
-    const data::SqliteHandle holder(database.path(), data::SqliteHandle::Access::ReadWrite);
+    const data::SqliteDatabase holder(database.path(), data::SqliteDatabase::Access::ReadWrite);
     holder.run("PRAGMA locking_mode=EXCLUSIVE");
     holder.run("BEGIN EXCLUSIVE");
     database.connection().setBusyTimeout(std::chrono::milliseconds(1));
@@ -230,7 +230,7 @@ TEST(Transactions, KeepAllOrNothing) {
 // beginning.
 TEST(Transactions, OneThatTheEngineRolledBackTakesNoMore) {
     TemporaryDatabase database;
-    data::SqliteHandle(database.path(), data::SqliteHandle::Access::ReadWrite)
+    data::SqliteDatabase(database.path(), data::SqliteDatabase::Access::ReadWrite)
         .run("CREATE TRIGGER Full BEFORE INSERT ON Code WHEN NEW.Description='full' "
              "BEGIN SELECT RAISE(ROLLBACK, 'full'); END");
     Transaction transaction(database.connection());
@@ -259,7 +259,7 @@ TEST(Closing, CountsTheRowsThatJoinsWerePlannedWithout) {
     (void)database.ask("SELECT JobNumber FROM Job, Contractor WHERE "
                        "Job.ContractorKey=Contractor.ContractorKey AND Job.Foreman='A'");
     database.connection().Close();
-    const data::SqliteHandle handle(database.path(), data::SqliteHandle::Access::ReadOnly);
+    const data::SqliteDatabase handle(database.path(), data::SqliteDatabase::Access::ReadOnly);
     EXPECT_TRUE(handle.prepare("SELECT 1 FROM sqlite_stat1 WHERE tbl='Job'").step());
 }
 

@@ -1,4 +1,4 @@
-#include "data/sqlite/SqliteHandle.h"
+#include "data/sqlite/SqliteDatabase.h"
 #include "support/RaisedNumber.h"
 #include "support/TemporaryDatabase.h"
 
@@ -139,7 +139,7 @@ TEST_F(RecordsetWrite, RequeryDropsWhatIsPending) {
 
 // The row is stored, but cannot be read back: neither the table nor the recordset may keep it.
 TEST_F(RecordsetWrite, AFailedInsertTakesItsRowBack) {
-    data::SqliteHandle(database.path(), data::SqliteHandle::Access::ReadWrite)
+    data::SqliteDatabase(database.path(), data::SqliteDatabase::Access::ReadWrite)
         .run("CREATE TRIGGER Eats AFTER INSERT ON MasterTask WHEN NEW.Name='eaten' "
              "BEGIN DELETE FROM MasterTask WHERE MasterTaskKey=NEW.MasterTaskKey; "
              "INSERT INTO MasterTask (Name) VALUES ('left'); END");

@@ -1,6 +1,6 @@
 #include "reports/drawing/LotBudgetReport.h"
 
-#include "data/sqlite/SqliteHandle.h"
+#include "data/sqlite/SqliteDatabase.h"
 #include "reports/drawing/LotBudgetTasks.h"
 #include "reports/drawing/LotReportTest.h"
 #include "support/RaisedNumber.h"
@@ -208,8 +208,8 @@ TEST_F(LotBudgetReport, APaymentOfAVanishedEmployeeCountsWithoutARow) {
     const qint64 task = addTask(addLot("1/A"), "Frame", 100);
     pay(task, 10);
     data.add(PaymentRow{task, data.add(EmployeeRow{.SSN = "2"}), 20, on("01/06/24")});
-    tarnwell::data::SqliteHandle elsewhere(data.database().path(),
-                                           tarnwell::data::SqliteHandle::Access::ReadWrite);
+    tarnwell::data::SqliteDatabase elsewhere(data.database().path(),
+                                             tarnwell::data::SqliteDatabase::Access::ReadWrite);
     elsewhere.run("DELETE FROM Employee WHERE SSN='2'");
     EXPECT_EQ(drawn("01/06/24"), QStringList());
     EXPECT_EQ(pages.texts().filter("Paid: "), QStringList{"Paid: 30.00"});

@@ -1,7 +1,7 @@
 #include "reports/pages/PageStore.h"
 
 #include "data/file/DatabaseFile.h"
-#include "data/sqlite/SqliteHandle.h"
+#include "data/sqlite/SqliteDatabase.h"
 #include "reports/pages/ReportFile.h"
 #include "reports/pages/TextSearch.h"
 #include "runtime/modGlobalVariables.h"
@@ -37,7 +37,7 @@ protected:
     [[nodiscard]] QString path() const { return m_folder.filePath(QStringLiteral("Report.mdb")); }
     [[nodiscard]] std::unique_ptr<PageStore> open() const { return std::make_unique<PageStore>(path()); }
     [[nodiscard]] qint64 rowsOf(const QByteArray& table) const {
-        const data::SqliteHandle handle(path(), data::SqliteHandle::Access::ReadOnly);
+        const data::SqliteDatabase handle(path(), data::SqliteDatabase::Access::ReadOnly);
         data::SqliteStatement count = handle.prepare("SELECT COUNT(*) FROM " + table);
         return count.step() ? count.integerAt(0) : -1;
     }
@@ -159,7 +159,7 @@ TEST_P(SharedPageStoreTest, ClearsWhatAKilledProgramLeft) {
     (void)PageStore(path(), data::Journal::WriteAhead).newReport(); // also one from another kind of drive
     open().reset();
     {
-        const data::SqliteHandle killed(path(), data::SqliteHandle::Access::ReadWrite);
+        const data::SqliteDatabase killed(path(), data::SqliteDatabase::Access::ReadWrite);
         killed.run("INSERT INTO Page VALUES (1, 1, 1, x'00')");
         killed.run("INSERT INTO Report VALUES (1)");
     }
@@ -229,7 +229,7 @@ TEST(TextSearchTest, AccentsMatterOnlyWithCase) {
 }
 
 TEST_F(PageStoreTest, AFileThatAFullDiskLeftWithoutTablesIsMadeWhole) {
-    data::SqliteHandle(path(), data::SqliteHandle::Access::Create).run("PRAGMA auto_vacuum=FULL");
+    data::SqliteDatabase(path(), data::SqliteDatabase::Access::Create).run("PRAGMA auto_vacuum=FULL");
     ASSERT_GT(QFileInfo(path()).size(), 0);
     EXPECT_GT(open()->newReport(), 0);
 }
@@ -307,7 +307,7 @@ TEST_F(PageStoreTest, WhatMayHoldTheWagesIsNeverSetAside) {
     createDatabase(file("Backup.mdb"));
     createDatabase(file("Tarnwell.mdb"));
     {
-        const data::SqliteHandle rest(file("Rest.mdb"), data::SqliteHandle::Access::Create);
+        const data::SqliteDatabase rest(file("Rest.mdb"), data::SqliteDatabase::Access::Create);
         rest.run("CREATE TABLE employee (Name TEXT)");
     }
     fill(file("Tarnwell.mdb"));

@@ -1,4 +1,4 @@
-#include "data/sqlite/SqliteHandle.h"
+#include "data/sqlite/SqliteDatabase.h"
 
 #include "data/sqlite/SqliteError.h"
 
@@ -40,24 +40,24 @@ int bindValue(sqlite3_stmt* statement, int parameter, const Value& value) {
     return SQLITE_MISUSE;
 }
 
-int openFlags(SqliteHandle::Access access) {
+int openFlags(SqliteDatabase::Access access) {
     // One thread uses a connection, so the engine's own locks are only a cost.
     constexpr int always = SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE;
     switch (access) {
-    case SqliteHandle::Access::ReadWrite:
+    case SqliteDatabase::Access::ReadWrite:
         return always | SQLITE_OPEN_READWRITE;
-    case SqliteHandle::Access::ReadOnly:
+    case SqliteDatabase::Access::ReadOnly:
         return always | SQLITE_OPEN_READONLY;
-    case SqliteHandle::Access::Immutable:
+    case SqliteDatabase::Access::Immutable:
         return always | SQLITE_OPEN_READONLY | SQLITE_OPEN_URI;
-    case SqliteHandle::Access::Create:
+    case SqliteDatabase::Access::Create:
         return always | SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
     }
     return always;
 }
 
-QByteArray openName(const QString& path, SqliteHandle::Access access) {
-    if (access != SqliteHandle::Access::Immutable)
+QByteArray openName(const QString& path, SqliteDatabase::Access access) {
+    if (access != SqliteDatabase::Access::Immutable)
         return path.toUtf8();
     return QUrl::fromLocalFile(path).toEncoded() + "?immutable=1";
 }
@@ -137,11 +137,11 @@ QByteArrayView SqliteStatement::bytesAt(int column) const {
     return {static_cast<const char*>(bytes), sqlite3_column_bytes(get(), column)};
 }
 
-void SqliteHandle::Closer::operator()(sqlite3* handle) const noexcept {
+void SqliteDatabase::Closer::operator()(sqlite3* handle) const noexcept {
     sqlite3_close_v2(handle);
 }
 
-SqliteHandle::SqliteHandle(const QString& path, Access access) {
+SqliteDatabase::SqliteDatabase(const QString& path, Access access) {
     sqlite3* handle = nullptr;
     const int code = sqlite3_open_v2(openName(path, access).constData(), &handle, openFlags(access), nullptr);
     m_handle.reset(handle);
@@ -149,12 +149,12 @@ SqliteHandle::SqliteHandle(const QString& path, Access access) {
         raiseSqliteError(handle);
 }
 
-bool SqliteHandle::foundDamage() const {
+bool SqliteDatabase::foundDamage() const {
     return failureOf(sqlite3_extended_errcode(get()), QString::fromUtf8(sqlite3_errmsg(get()))) ==
            Failure::DatabaseForeign;
 }
 
-bool SqliteHandle::foundBusy() const {
+bool SqliteDatabase::foundBusy() const {
     return (sqlite3_errcode(get()) & 0xFF) == SQLITE_BUSY;
 }
 

@@ -49,7 +49,7 @@ private:
 };
 
 /// An open database file.
-class SqliteHandle {
+class SqliteDatabase {
 public:
     enum class Access {
         ReadWrite,
@@ -59,7 +59,7 @@ public:
     };
 
     /// Does not look into the file yet: what is wrong with it shows at the first statement.
-    SqliteHandle(const QString& path, Access access);
+    SqliteDatabase(const QString& path, Access access);
 
     [[nodiscard]] sqlite3* get() const { return m_handle.get(); }
     [[nodiscard]] SqliteStatement prepare(const QByteArray& sql) const { return {m_handle.get(), sql}; }

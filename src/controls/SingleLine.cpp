@@ -1,4 +1,4 @@
-#include "controls/OneLine.h"
+#include "controls/SingleLine.h"
 
 #include <QLineEdit>
 #include <QValidator>
@@ -27,9 +27,9 @@ QString joined(const QString& text) {
 }
 
 /// Refuses nothing; the one place that every way into a field comes by, and that may change what came.
-class OneLine : public QValidator {
+class SingleLineValidator : public QValidator {
 public:
-    explicit OneLine(QLineEdit& line) : QValidator(&line), m_known(line.text()) {}
+    explicit SingleLineValidator(QLineEdit& line) : QValidator(&line), m_known(line.text()) {}
 
     State validate(QString& text, int& caret) const override {
         const auto [known, front] =
@@ -58,7 +58,7 @@ private:
 } // namespace
 
 void keepOnOneLine(QLineEdit& line) {
-    line.setValidator(new OneLine(line));
+    line.setValidator(new SingleLineValidator(line));
 }
 
 } // namespace tarnwell

@@ -1,4 +1,4 @@
-#include "controls/grid/GridRows.h"
+#include "controls/grid/GridBinding.h"
 
 #include "controls/grid/Grid.h"
 #include "data/recordset/Recordset.h"

@@ -1,4 +1,4 @@
-#include "controls/ShownStart.h"
+#include "controls/TextStart.h"
 
 #include "runtime/EventGuard.h"
 

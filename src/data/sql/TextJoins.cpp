@@ -42,7 +42,8 @@ public:
             int end = operandEnd(i + 1);
             while (m_tokens.at(end + 1).is(mark::Plus) && end + 2 < m_tokens.size())
                 end = operandEnd(end + 2);
-            if (!m_tokens.at(begin - 1).is(mark::Ampersand)) // Else it was the right operand of the one before.
+            if (!m_tokens.at(begin - 1).is(
+                    mark::Ampersand)) // Else it was the right operand of the one before.
                 emptyForNull(begin, i - 1);
             emptyForNull(i + 1, end);
             join(i);

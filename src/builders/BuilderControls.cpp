@@ -69,6 +69,7 @@ void BuilderControls::make(QWidget& form) {
 
 std::vector<NamedControl> BuilderControls::named() const {
     std::vector<NamedControl> names;
+    names.reserve(MskField.size());
     for (std::size_t i = 0; i < MskField.size(); ++i)
         names.push_back({MskField.at(i), QStringLiteral("MskField(%1)").arg(i), builderFields.at(i).toolTip});
     names.insert(names.end(), {{lstJobs, "lstJobs"},

@@ -13,9 +13,10 @@ namespace {
 QString withoutMnemonic(const QString& text) {
     QString plain;
     for (qsizetype at = 0; at < text.size(); ++at) {
-        if (text[at] == u'&' && ++at == text.size())
-            break;
-        plain += text[at];
+        if (text[at] == u'&')
+            ++at;
+        if (at < text.size())
+            plain += text[at];
     }
     return plain;
 }

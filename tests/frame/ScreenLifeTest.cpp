@@ -27,9 +27,9 @@ class frmLife : public Screen {
 public:
     frmLife() : Screen(QStringLiteral("frmLife%1").arg(Number), "Life", {Part::StatusBar}) {}
 
-    QLineEdit* field = new QLineEdit;
-    QPushButton* accept = new QPushButton("&Accept");
-    QPushButton* cancel = new QPushButton("&Cancel");
+    QLineEdit* field = new QLineEdit(this);
+    QPushButton* accept = new QPushButton("&Accept", this);
+    QPushButton* cancel = new QPushButton("&Cancel", this);
     bool failsToLoad = false;
     bool failsToUnload = false;
     bool hidesOnClose = false;

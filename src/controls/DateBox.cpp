@@ -2,7 +2,6 @@
 
 #include "controls/DayArrows.h"
 #include "controls/SingleLine.h"
-#include "data/RunTimeError.h"
 #include "runtime/EventGuard.h"
 #include "runtime/RunTime.h"
 

@@ -3,6 +3,8 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <algorithm>
+#include <array>
 #include <cerrno>
 #include <system_error>
 
@@ -10,12 +12,14 @@ namespace tarnwell {
 
 namespace {
 
-bool isDiskFull(int systemError) {
+constexpr std::array fullDisk{
 #ifdef EDQUOT
-    if (systemError == EDQUOT)
-        return true;
+    EDQUOT,
 #endif
-    return systemError == ENOSPC;
+    ENOSPC};
+
+QString systemWords(int systemError) {
+    return QString::fromLocal8Bit(std::generic_category().message(systemError).c_str());
 }
 
 } // namespace
@@ -52,11 +56,16 @@ void appendToFile(const QString& path, const QByteArray& bytes) {
 
 RunTimeError fileError(const QString& path, int systemError) {
     const QString reason =
-        systemError == 0
-            ? path
-            : QStringLiteral("%1: %2").arg(
-                  path, QString::fromLocal8Bit(std::generic_category().message(systemError).c_str()));
-    return makeError(isDiskFull(systemError) ? Failure::DiskFull : Failure::FileAccess, reason);
+        systemError == 0 ? path : QStringLiteral("%1: %2").arg(path, systemWords(systemError));
+    return makeError(std::ranges::find(fullDisk, systemError) != fullDisk.end() ? Failure::DiskFull
+                                                                                : Failure::FileAccess,
+                     reason);
+}
+
+Failure fileFailure(const QString& reason) {
+    return std::ranges::any_of(fullDisk, [&](int code) { return reason == systemWords(code); })
+               ? Failure::DiskFull
+               : Failure::FileAccess;
 }
 
 } // namespace tarnwell

@@ -21,4 +21,7 @@ void appendToFile(const QString& path, const QByteArray& bytes);
 /// (61) for a full disk or quota, else FileAccess (75). Its text names the file and the reason.
 [[nodiscard]] RunTimeError fileError(const QString& path, int systemError);
 
+/// The same for a reason that is known in the system's words alone, as the toolkit keeps it.
+[[nodiscard]] Failure fileFailure(const QString& reason);
+
 } // namespace tarnwell

@@ -39,10 +39,6 @@ QString tasksOfLot(const Value& jobLotKey, qint64 codeKey) {
            " AND CodeKey=" + QString::number(codeKey) + " ORDER BY Name, ParentKey, Child";
 }
 
-std::vector<ListItem> readCategories(Connection& connection) {
-    return readTaskCategories(connection);
-}
-
 std::vector<ListItem> readActiveEmployees(Connection& connection) {
     std::vector<ListItem> items{{}};
     appendEmployees(items, connection, "WHERE Inactive=0 ");

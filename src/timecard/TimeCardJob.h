@@ -30,8 +30,6 @@ inline constexpr auto typedJobLookup =
 inline constexpr auto tasksOfNoLot =
     "SELECT *  FROM JobLotTask WHERE JobLotKey = 0 ORDER BY Name, ParentKey, Child";
 
-/// The master task categories by name.
-[[nodiscard]] std::vector<ListItem> readCategories(Connection& connection);
 /// The active employees by social security number, behind a blank first item of key 0.
 [[nodiscard]] std::vector<ListItem> readActiveEmployees(Connection& connection);
 /// Every employee, also the inactive, by social security number; no blank item.

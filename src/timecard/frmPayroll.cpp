@@ -10,6 +10,7 @@
 #include "controls/grid/GridBinding.h"
 #include "data/recordset/Recordset.h"
 #include "frame/ToolbarButtons.h"
+#include "master/Categories.h"
 #include "master/FastSearch.h"
 #include "master/JobLots.h"
 #include "master/frmFastSearch.h"
@@ -77,7 +78,7 @@ void frmPayroll::Form_Load() {
                                        .reload = [this] { cmbType_Click(); }});
     connectControls();
     JobKey = 0;
-    ui.cmbType->setItems(readCategories(connection()));
+    ui.cmbType->setItems(readTaskCategories(connection()));
     if (ui.cmbType->ListCount() > 0)
         ui.cmbType->setListIndex(0);
     ui.cmbEmployees->setItems(readActiveEmployees(connection()));

@@ -54,7 +54,7 @@ TEST(BuilderRecordRules, PlansAndTheirTasksStandByName) {
     EXPECT_EQ(names(tasksOfPlan(data.plan, data.framing), "Name"), "Beams Walls");
 }
 
-TEST(JobListRules, LinesAreCutAndOnlyOpenJobsStand) {
+TEST(OpenJobsRules, LinesAreCutAndOnlyOpenJobsStand) {
     BuilderData data;
     const qint64 first = data.addJob("1001", "A name of thirty characters xx");
     const qint64 longNumber = data.addJob("30-character-number-xxxxxxxxxx", Value::null());

@@ -191,7 +191,7 @@ TEST_F(JobScreen, AJobThatSomebodyElseDeletedLeavesTheScreenAfterOneMessage) {
     }
 }
 
-TEST_F(JobScreen, TwoJobsOfOneNumberAreToldApart) {
+TEST_F(JobScreen, TwoJobsOfOneNumberAreDistinguished) {
     const qint64 twin = data.addJob("J-1", "Twin");
     open();
     for (const qint64 key : {twin, data.job, twin}) {

@@ -1,4 +1,5 @@
 #include "data/RunTimeError.h"
+#include "runtime/DiskFile.h"
 #include "runtime/modFormatFunctions.h"
 #include "runtime/modGeneral.h"
 #include "runtime/modGlobalVariables.h"
@@ -7,6 +8,8 @@
 
 #include <QStringList>
 
+#include <cerrno>
+#include <cstring>
 #include <gtest/gtest.h>
 
 namespace tarnwell {
@@ -173,6 +176,17 @@ TEST(Text, IsPaddedAndLaidOver) {
     EXPECT_EQ(line, "abc...xy");
     EXPECT_EQ(NullToZero(Value::null()), Value(0));
     EXPECT_EQ(NullToZero(Value("")), Value(""));
+}
+
+TEST(DiskFiles, AFullDiskIsRecognisedByItsNumberAndByItsWords) {
+    const std::pair<int, Failure> cases[] = {{ENOSPC, Failure::DiskFull},
+                                             {EDQUOT, Failure::DiskFull},
+                                             {EFBIG, Failure::FileAccess},
+                                             {EACCES, Failure::FileAccess}};
+    for (const auto& [systemError, failure] : cases) {
+        EXPECT_TRUE(fileError("out.pdf", systemError).is(failure)) << systemError;
+        EXPECT_EQ(fileFailure(QString::fromLocal8Bit(std::strerror(systemError))), failure) << systemError;
+    }
 }
 
 } // namespace

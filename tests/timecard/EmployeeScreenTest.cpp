@@ -177,7 +177,7 @@ TEST_F(EmployeeScreen, AddFindAndExitDoNotCheck) {
     EXPECT_TRUE(script.shown().empty());
 }
 
-TEST_F(EmployeeScreen, ADateThatIsNoneKeepsTheRecordOnTheScreen) {
+TEST_F(EmployeeScreen, ATextThatIsNoDateKeepsTheRecordOnTheScreen) {
     find("a");
     driver->retype("rebHired", "13/45/02");
     for (const char* button : {"Add", "Exit"}) {

@@ -6,7 +6,6 @@
 #include "support/DrivenScreen.h"
 #include "timecard/PayrollScreen.h"
 #include "timecard/TimeCardData.h"
-#include "timecard/frmPayroll.h"
 
 #include <QLabel>
 #include <QLineEdit>

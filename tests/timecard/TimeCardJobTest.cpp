@@ -1,5 +1,6 @@
 #include "timecard/TimeCardJob.h"
 
+#include "master/Categories.h"
 #include "timecard/TimeCardData.h"
 
 #include <gtest/gtest.h>
@@ -20,7 +21,7 @@ TEST(TimeCardJob, TheHeaderNamesJobAndBuilder) {
 TEST(TimeCardJob, DeletedCategoriesAreNotListed) {
     TimeCardData data;
     data.db.run("UPDATE Code SET Deleted=-1 WHERE CodeKey=" + QString::number(data.framing));
-    EXPECT_EQ(readCategories(data.db.connection()), (std::vector<ListItem>{{"Footings", data.footings}}));
+    EXPECT_EQ(readTaskCategories(data.db.connection()), (std::vector<ListItem>{{"Footings", data.footings}}));
 }
 
 TEST(TimeCardJob, TasksComeByFamilyForOneLotAndCategory) {

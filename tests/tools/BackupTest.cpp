@@ -1,5 +1,4 @@
 #include "ToolRun.h"
-#include "data/RunTimeError.h"
 #include "support/TemporaryDatabase.h"
 
 #include <QDir>

@@ -8,7 +8,8 @@ struct sqlite3;
 
 namespace tarnwell::data {
 
-/// The failure behind an extended result code of SQLite. Its plain "error" code is told apart by its words.
+/// The failure behind an extended result code of SQLite. Its plain "error" code is distinguished by its
+/// words.
 [[nodiscard]] Failure failureOf(int extendedCode, const QString& words);
 
 /// Raises what the handle reported last. `sql` is the statement that failed, or null: a refused relation is

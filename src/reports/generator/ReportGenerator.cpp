@@ -3,7 +3,6 @@
 #include "data/engine/ConnectionString.h"
 #include "data/recordset/Recordset.h"
 #include "reports/drawing/ReportText.h"
-#include "runtime/RunTime.h"
 #include "runtime/modFormatFunctions.h"
 #include "runtime/modGeneral.h"
 #include "runtime/modGlobalVariables.h"

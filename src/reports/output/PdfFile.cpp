@@ -2,27 +2,11 @@
 
 #include "data/DiskPath.h"
 #include "data/RunTimeError.h"
+#include "runtime/DiskFile.h"
 
 #include <QFileInfo>
 
-#include <algorithm>
-#include <array>
-#include <cerrno>
-#include <system_error>
-
 namespace tarnwell {
-
-namespace {
-
-/// A failed flush keeps the system's words only.
-bool meansFullDisk(const QString& reason) {
-    constexpr std::array full{ENOSPC, EDQUOT};
-    return std::ranges::any_of(full, [&](int code) {
-        return reason == QString::fromStdString(std::generic_category().message(code));
-    });
-}
-
-} // namespace
 
 PdfFile::PdfFile(const QString& path) : QSaveFile(pathOnDisk(path)), m_path(path) {
     const QString folder = QFileInfo(fileName()).absolutePath();
@@ -36,8 +20,8 @@ void PdfFile::check(bool isGoing) const {
     if (isGoing && failure == NoError)
         return;
     const QString reason = m_reason.isEmpty() ? errorString() : m_reason;
-    const bool isFull = failure == ResourceError || meansFullDisk(reason);
-    raise(isFull ? Failure::DiskFull : Failure::FileAccess, QStringLiteral("%1: %2").arg(m_path, reason));
+    raise(failure == ResourceError ? Failure::DiskFull : fileFailure(reason),
+          QStringLiteral("%1: %2").arg(m_path, reason));
 }
 
 void PdfFile::finish() {

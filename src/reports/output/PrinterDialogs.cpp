@@ -2,10 +2,8 @@
 
 #include "data/RunTimeError.h"
 
-#include <QCoreApplication>
 #include <QDialogButtonBox>
 #include <QFileDialog>
-#include <QPageRanges>
 #include <QPageSetupDialog>
 #include <QPrinter>
 #include <QPrinterInfo>

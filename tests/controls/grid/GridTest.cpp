@@ -145,7 +145,7 @@ struct Refused {
 
 class GridRefusalTest : public GridTest, public ::testing::WithParamInterface<Refused> {};
 
-TEST_P(GridRefusalTest, KeepsTheTypedTextForMending) {
+TEST_P(GridRefusalTest, KeepsTheTypedTextToBeCorrected) {
     start();
     MessageScript messages{Answer::Ok, Answer::Ok};
     grid->setCol(GetParam().column);
@@ -185,7 +185,7 @@ TEST_F(GridTest, ARefusalAtALostFocusBringsTheFocusBack) {
     EXPECT_EQ(editor()->text(), "x");
 }
 
-TEST_F(GridTest, TextIsTypedOverOrMendedUpToTheColumnsLength) {
+TEST_F(GridTest, TextIsTypedOverOrEditedUpToTheColumnsLength) {
     start();
     driver->type("-.%#'");
     driver->press(Qt::Key_Enter);

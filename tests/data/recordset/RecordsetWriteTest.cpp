@@ -308,7 +308,7 @@ TEST_F(RecordsetWrite, KeepsARowThatARelationProtects) {
     EXPECT_EQ(ask("SELECT COUNT(*) FROM Contractor"), Value(1));
 }
 
-TEST_F(RecordsetWrite, ARefusedNewRowCanBeMended) {
+TEST_F(RecordsetWrite, ARefusedNewRowCanBeCorrected) {
     const qint64 job = addJob();
     open("JobLot", CursorType::Dynamic);
     rows.AddNew();

@@ -7,7 +7,8 @@
 
 namespace tarnwell {
 
-/// What the type-ahead routines need of a combo box: a list, a text and a caret.
+/// What the type-ahead routines need of a combo box: a list, a text and a caret. Entries and carets count
+/// from 0.
 class SearchableList {
 public:
     virtual ~SearchableList() = default;

@@ -75,7 +75,9 @@ private:
     return {
         {.text = texts.keep(text.data(), text.size())}, static_cast<quint32>(text.size()), Value::Kind::Text};
 }
+/// Empty becomes Null; a text is kept in `texts`, which must outlive the cell.
 [[nodiscard]] Cell cellFromValue(const Value& value, TextArena& texts);
+/// A copy; never Empty.
 [[nodiscard]] Value valueOf(const Cell& cell);
 
 } // namespace tarnwell::data

@@ -23,6 +23,7 @@ public:
     Engine(const Engine&) = delete;
     Engine& operator=(const Engine&) = delete;
 
+    /// False after `close`, also before a statement at work has returned.
     [[nodiscard]] virtual bool isOpen() const = 0;
     /// Readers lose their rows; an open transaction is rolled back. A second close does nothing. From within
     /// a watch's question it ends the statement at work, and the database is let go of once that statement
@@ -47,10 +48,11 @@ public:
     /// DatabaseFailure where the open transaction is lost.
     int execute(const Translation& translation);
 
-    /// As the connection's.
+    /// Another number once anybody has written to the database, this connection included.
     [[nodiscard]] virtual quint32 dataVersion() = 0;
 
-    /// As the connection's transactions. A begin waits for another user's write, up to the busy timeout.
+    /// Transactions do not nest: a second begin, and an end without one, raise NotAllowed. A begin waits for
+    /// another user's write, up to the busy timeout, and then raises DatabaseLocked.
     virtual void begin() = 0;
     virtual void commit() = 0;
     virtual void rollback() = 0;
@@ -77,6 +79,7 @@ public:
 protected:
     /// Raises NotAllowed from within a watch's question.
     virtual void requireOutsideWatch() const = 0;
+    /// Has every reader give up the rows that it has not fetched, and forgets all readers.
     void abandonReaders();
 
 private:

@@ -23,6 +23,7 @@ public:
     [[nodiscard]] bool isEmpty() const { return m_steps.empty(); }
     /// One comparison, without AND or OR.
     [[nodiscard]] bool isSingle() const { return m_steps.size() == 1; }
+    /// Requires an existing row. Texts compare without regard to case.
     [[nodiscard]] bool passes(RowStore& store, RowId row) const;
 
     enum class Operator { Equal, NotEqual, Less, Greater, LessOrEqual, GreaterOrEqual, Like };

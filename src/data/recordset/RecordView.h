@@ -23,13 +23,14 @@ public:
     void setFilter(RecordFilter filter);
     [[nodiscard]] const RecordFilter& filter() const { return m_filter; }
 
-    /// Visible rows count from 0.
+    /// Visible rows count from 0. Each of these fetches as far as it must, and raises what fetching raises.
     [[nodiscard]] bool hasVisible(int index);
     [[nodiscard]] int visibleCount();
     /// noRow beyond the last.
     [[nodiscard]] RowId visibleAt(int index);
 
-    /// The current row, deleted or not; noRow at either end.
+    /// The current row, deleted or not; noRow at either end. Raises what fetching raises, like the three
+    /// below.
     [[nodiscard]] RowId current();
     /// Its place among the visible rows; that of the row behind it when it is not visible. -1 at the
     /// beginning, the number of rows at the end.

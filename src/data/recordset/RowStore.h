@@ -34,7 +34,7 @@ public:
         return row < m_fetched.size() ||
                (row < firstAddedRow ? fetchTo(row) : row < firstAddedRow + addedCount());
     }
-    /// Fetches all; the number of fetched rows, deleted ones included.
+    /// Fetches all; the number of fetched rows, deleted ones included. Raises what the statement raises.
     [[nodiscard]] int fetchedCount();
     [[nodiscard]] int addedCount() const { return m_added.size(); }
     [[nodiscard]] int deletedCount() const { return static_cast<int>(m_deleted.size()); }
@@ -45,6 +45,7 @@ public:
     [[nodiscard]] Value value(RowId row, int cell) {
         return valueOf(cells(row)[static_cast<std::size_t>(cell)]);
     }
+    /// Of the row as it is here; nothing is written to the database. Requires an existing row.
     void setValue(RowId row, int cell, const Value& value);
     /// A new row of Nulls behind all others; `keyCell` is to hold the key by which a later fetch knows it.
     [[nodiscard]] RowId addRow(int keyCell);

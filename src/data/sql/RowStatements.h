@@ -15,7 +15,9 @@ namespace tarnwell::data {
 [[nodiscard]] QByteArray readRowStatement(const schema::Table& table, std::span<const int> columns);
 /// A new row; without columns one of nothing but defaults.
 [[nodiscard]] QByteArray insertStatement(const schema::Table& table, std::span<const int> columns);
+/// Sets the columns of one row. Requires at least one column.
 [[nodiscard]] QByteArray updateStatement(const schema::Table& table, std::span<const int> columns);
+/// Parameter: the key.
 [[nodiscard]] QByteArray deleteStatement(const schema::Table& table);
 /// A select narrowed to the rows whose cell `keyCell`, of `width`, has one value. Parameters: those of the
 /// select, `parameterCount` of them, then that value.

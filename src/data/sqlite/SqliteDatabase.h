@@ -15,7 +15,7 @@ struct sqlite3_stmt;
 
 namespace tarnwell::data {
 
-/// One prepared statement of the engine's own language. Must not outlive its handle.
+/// One prepared statement of the engine's own language. Must not outlive its database.
 class SqliteStatement {
 public:
     /// Raises SyntaxError, NoSuchTable, NoSuchColumn, and PermissionDenied for what the connection refuses;
@@ -28,9 +28,10 @@ public:
     void bindAll(std::span<const Value> values);
     /// Bytes rather than text. They are not copied: they must stay until the statement was run.
     void bindBytes(int parameter, QByteArrayView bytes);
-    /// True when it stands on a row, false at its end; there it has let go of its locks.
+    /// True when it stands on a row, false at its end; there it has let go of its locks. Raises what the
+    /// library reports, by `SqliteError.h`.
     bool step();
-    /// Runs to its end, whatever it returns.
+    /// Runs to its end, whatever it returns. Raises as `step`.
     void run();
     /// Lets go of locks and makes it ready to run again; what was bound stays.
     void reset() noexcept;

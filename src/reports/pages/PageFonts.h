@@ -25,7 +25,9 @@ public:
 
     /// Draws the text with the top of its line at the place, in the painter's colour.
     void draw(QPainter& painter, const QPointF& topLeft, const QString& text) const;
+    /// Twips.
     [[nodiscard]] double width(const QString& text) const;
+    /// Twips from the top of a line to its bottom.
     [[nodiscard]] double height() const { return m_raw.ascent() + m_raw.descent(); }
 
 private:

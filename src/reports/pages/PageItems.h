@@ -27,6 +27,7 @@ class ItemBytes {
 public:
     void add(const PageText& text);
     void add(const PageLine& line);
+    /// For the next page; `bytes` is empty then.
     void clear();
     [[nodiscard]] const QByteArray& bytes() const { return m_bytes; }
 

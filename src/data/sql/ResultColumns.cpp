@@ -52,6 +52,7 @@ void ResultColumns::addKeyTables(const std::vector<QString>& names) {
 
 std::vector<int> ResultColumns::storedPlaces(const KeyTable& entry) const {
     std::vector<int> places;
+    places.reserve(entry.columns.size());
     for (const int column : entry.columns)
         places.push_back(at(column).tableColumn);
     return places;

@@ -66,7 +66,7 @@ private:
     StatementLease m_statement;
 };
 
-class SqliteEngine : public Engine {
+class SqliteEngine final : public Engine {
 public:
     SqliteEngine(const QString& path, std::chrono::milliseconds busyTimeout)
         : m_handle(openOurDatabase(path, busyTimeout)), m_cache(m_handle.get()) {

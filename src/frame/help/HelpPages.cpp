@@ -14,7 +14,7 @@ namespace {
 
 const QString contentsPage = QStringLiteral("contents");
 
-constexpr qint64 longestFile = 16 * 1024 * 1024;
+constexpr qint64 longestFile = qint64{16} * 1024 * 1024;
 
 QString pageText(const QString& folder, const QString& name) {
     return QString::fromUtf8(readHelpFile(folder, helpPageFile(folder, name)).value_or(QByteArray()));

@@ -33,9 +33,8 @@ function(tarnwell_warnings target)
   target_compile_definitions(${target} PRIVATE QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS QT_NO_FOREACH)
 endfunction()
 
-# tarnwell_test(<name> LIBS <libraries>... SOURCES <files>...)
-# One test program; each of its GoogleTest cases becomes a CTest test. Screens are drawn off screen.
-function(tarnwell_test name)
+# tarnwell_test_program(<name> LIBS <libraries>... SOURCES <files>...)
+function(tarnwell_test_program name)
   cmake_parse_arguments(ARG "" "" "LIBS;SOURCES" ${ARGN})
   add_executable(${name} ${ARG_SOURCES})
   target_link_libraries(${name} PRIVATE ${ARG_LIBS} GTest::gtest)
@@ -48,8 +47,32 @@ function(tarnwell_test name)
   tarnwell_warnings(${name})
   # A fixture in the unnamed namespace of a unit that is compiled with others is no mistake.
   target_compile_options(${name} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
+endfunction()
+
+# tarnwell_test(<name> LIBS <libraries>... SOURCES <files>...)
+# One test program; each of its GoogleTest cases becomes a CTest test. Screens are drawn off screen.
+function(tarnwell_test name)
+  tarnwell_test_program(${name} ${ARGN})
   include(GoogleTest)
   # A table's rows are named by number: their printed bytes hold addresses, other ones in every run.
   gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60 NO_PRETTY_VALUES
                        PROPERTIES TIMEOUT 120 ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8")
+endfunction()
+
+# The folder of the PostgreSQL server that the tests start: its socket's path must be short.
+string(MD5 TARNWELL_TEST_SERVER ${CMAKE_BINARY_DIR})
+string(SUBSTRING ${TARNWELL_TEST_SERVER} 0 8 TARNWELL_TEST_SERVER)
+set(TARNWELL_TEST_SERVER /tmp/tarnwell-postgres-${TARNWELL_TEST_SERVER})
+
+# tarnwell_also_on_postgres(<program>): its tests run a second time, on that server, as one CTest test.
+function(tarnwell_also_on_postgres name)
+  add_test(NAME postgres/${name} COMMAND ${name})
+  set_tests_properties(postgres/${name} PROPERTIES TIMEOUT 600 FIXTURES_REQUIRED postgres ENVIRONMENT
+    "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;TARNWELL_TEST_SERVER=${TARNWELL_TEST_SERVER}")
+endfunction()
+
+# tarnwell_postgres_test(<name> LIBS <libraries>... SOURCES <files>...): a program about that server alone.
+function(tarnwell_postgres_test name)
+  tarnwell_test_program(${name} ${ARGN})
+  tarnwell_also_on_postgres(${name})
 endfunction()

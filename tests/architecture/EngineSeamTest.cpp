@@ -18,7 +18,7 @@ constexpr std::string_view factory = "data/recordset/EngineFactory.cpp";
 
 } // namespace
 
-// A second engine can only stand beside the first where nobody above the seam knows the first one.
+// An engine can only stand beside another one where nobody above the seam knows either.
 TEST(EngineSeam, OnlyTheEngineKnowsItsClientLibrary) {
     int seen = 0;
     for (const Include& include : includes()) {
@@ -30,6 +30,20 @@ TEST(EngineSeam, OnlyTheEngineKnowsItsClientLibrary) {
         const bool maySee = std::ranges::any_of(
             maySeeTheLibrary, [&](std::string_view folder) { return file.starts_with(folder); });
         EXPECT_TRUE(maySee || (file == factory && !isLibrary)) << file << " includes " << include.target;
+    }
+    EXPECT_GT(seen, 10) << "the include lines were not found";
+}
+
+TEST(EngineSeam, OnlyTheServersEngineKnowsTheDriverManager) {
+    int seen = 0;
+    for (const Include& include : includes()) {
+        const bool isLibrary = include.target == "sql.h" || include.target == "sqlext.h";
+        if (!isLibrary && !include.target.starts_with("data/odbc/"))
+            continue;
+        ++seen;
+        const std::string file = include.file.generic_string();
+        EXPECT_TRUE(file.starts_with("data/odbc/") || (file == factory && !isLibrary))
+            << file << " includes " << include.target;
     }
     EXPECT_GT(seen, 10) << "the include lines were not found";
 }

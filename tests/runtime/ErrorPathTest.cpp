@@ -173,7 +173,7 @@ TEST_F(ErrorPath, AFailedConnectionIsTriedAgainAtTheNextReference) {
     gConnectionString = test::connectionStringFor(path("missing.mdb"));
     EXPECT_THROW(static_cast<void>(DataEnvironment::cnnConnection()), RunTimeError);
     const test::TemporaryDatabase database;
-    gConnectionString = test::connectionStringFor(database.path());
+    gConnectionString = database.connectionString();
     EXPECT_EQ(DataEnvironment::cnnConnection().State(), ObjectState::Open);
     EXPECT_EQ(&DataEnvironment::cnnConnection(), &DataEnvironment::cnnConnection());
     DataEnvironment::close();

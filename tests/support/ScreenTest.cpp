@@ -9,7 +9,7 @@ namespace tarnwell::test {
 void ScreenTest::workOn(const TemporaryDatabase& database) {
     gAppPath = database.folder();
     gProgramFolder = database.folder() + u'/';
-    gConnectionString = connectionStringFor(database.path());
+    gConnectionString = database.connectionString();
 }
 
 void ScreenTest::TearDown() {

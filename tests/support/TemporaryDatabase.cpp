@@ -2,6 +2,7 @@
 
 #include "data/file/DatabaseFile.h"
 #include "data/schema/Schema.h"
+#include "support/TestServer.h"
 
 namespace tarnwell::test {
 
@@ -10,9 +11,20 @@ QString connectionStringFor(const QString& path) {
 }
 
 TemporaryDatabase::TemporaryDatabase() {
-    createDatabase(path());
-    m_connection.setConnectionString(connectionStringFor(path()));
+    if (testServer().isEmpty()) {
+        createDatabase(path());
+        m_connectionString = connectionStringFor(path());
+    } else {
+        m_connectionString = createTestCatalog();
+    }
+    m_connection.setConnectionString(m_connectionString);
     m_connection.Open();
+}
+
+TemporaryDatabase::~TemporaryDatabase() {
+    m_connection.Close();
+    if (!testServer().isEmpty())
+        dropTestCatalog(m_connectionString);
 }
 
 QString TemporaryDatabase::path() const {
@@ -21,7 +33,7 @@ QString TemporaryDatabase::path() const {
 
 std::unique_ptr<Connection> TemporaryDatabase::secondWorkstation() const {
     auto workstation = std::make_unique<Connection>();
-    workstation->setConnectionString(connectionStringFor(path()));
+    workstation->setConnectionString(m_connectionString);
     workstation->Open();
     return workstation;
 }

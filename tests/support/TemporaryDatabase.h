@@ -14,15 +14,23 @@ namespace tarnwell::test {
 /// The connection string that opens a database file.
 [[nodiscard]] QString connectionStringFor(const QString& path);
 
-/// A new database of ours in a temporary folder, with its initial rows and one open connection.
+/// A new database of ours with its initial rows and one open connection: a file in a temporary folder, or a
+/// catalog of the PostgreSQL server that the environment variable TARNWELL_TEST_SERVER names, a copy of its
+/// catalog "tarnwell_template". Gone with this.
 class TemporaryDatabase {
 public:
     TemporaryDatabase();
+    ~TemporaryDatabase();
+    TemporaryDatabase(const TemporaryDatabase&) = delete;
+    TemporaryDatabase& operator=(const TemporaryDatabase&) = delete;
 
     [[nodiscard]] Connection& connection() { return m_connection; }
+    /// What opens it, whichever engine it is of.
+    [[nodiscard]] const QString& connectionString() const { return m_connectionString; }
+    /// Of the file; only for tests of files.
     [[nodiscard]] QString path() const;
     [[nodiscard]] QString folder() const { return m_folder.path(); }
-    /// A second workstation: a further connection to the same file.
+    /// A second workstation: a further connection to the same database.
     [[nodiscard]] std::unique_ptr<Connection> secondWorkstation() const;
 
     /// Adds a row through a recordset and returns its key (the value of the table's first column).
@@ -33,6 +41,7 @@ public:
 
 private:
     QTemporaryDir m_folder;
+    QString m_connectionString;
     Connection m_connection;
 };
 

@@ -40,10 +40,15 @@ public:
     /// Checks the statement and reads nothing yet.
     [[nodiscard]] virtual std::unique_ptr<Cursor> open(const QByteArray& sql,
                                                        std::span<const Value> parameters) = 0;
+    /// `open` for a select of stored rows that nobody else may change before the open transaction ends.
+    /// Requires an open transaction.
+    [[nodiscard]] virtual std::unique_ptr<Cursor> openLocked(const QByteArray& sql,
+                                                             std::span<const Value> parameters) = 0;
     /// Runs the statement to its end; the number of rows that it touched.
     virtual int execute(const QByteArray& sql, std::span<const Value> parameters) = 0;
-    /// Runs an INSERT of one row; the key of the new row.
-    [[nodiscard]] virtual qint64 insert(const QByteArray& sql, std::span<const Value> parameters) = 0;
+    /// Runs an INSERT of one row of the table; the key of the new row.
+    [[nodiscard]] virtual qint64 insert(const schema::Table& table, const QByteArray& sql,
+                                        std::span<const Value> parameters) = 0;
     /// Runs a translated statement behind all pending readers; the number of rows it touched. Raises
     /// DatabaseFailure where the open transaction is lost.
     int execute(const Translation& translation);

@@ -2,6 +2,8 @@
 
 #include "data/RunTimeError.h"
 #include "data/engine/ConnectionString.h"
+#include "data/odbc/OdbcEngine.h"
+#include "data/odbc/PostgresDialect.h"
 #include "data/sqlite/SqliteEngine.h"
 
 #include <algorithm>
@@ -15,6 +17,11 @@ std::shared_ptr<Engine> openFile(const QString& connectionString, std::chrono::m
     return openSqliteEngine(connectionValue(connectionString, QLatin1String("Data Source")), busyTimeout);
 }
 
+std::shared_ptr<Engine> openPostgres(const QString& connectionString, std::chrono::milliseconds busyTimeout) {
+    static const PostgresDialect dialect;
+    return openOdbcEngine(dialect, connectionString, busyTimeout);
+}
+
 struct EngineEntry {
     QStringView provider;
     std::shared_ptr<Engine> (*open)(const QString& connectionString, std::chrono::milliseconds busyTimeout);
@@ -23,6 +30,7 @@ struct EngineEntry {
 /// The one place that knows which engines there are.
 constexpr std::array engines{
     EngineEntry{fileProvider, openFile},
+    EngineEntry{postgresProvider, openPostgres},
 };
 
 } // namespace

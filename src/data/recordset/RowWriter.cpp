@@ -72,8 +72,8 @@ RowId RowWriter::insert(std::span<const ColumnChange> changes) {
     const KeyTable& table = tableForInsert(changes);
     WriteScope scope(m_store.engine());
     const Assignments assignments = assignmentsOf(m_columns, changes);
-    const qint64 key =
-        m_store.engine().insert(insertStatement(*table.table, assignments.columns), assignments.values);
+    const qint64 key = m_store.engine().insert(
+        *table.table, insertStatement(*table.table, assignments.columns), assignments.values);
     const RowId row = m_store.addRow(table.keyCell);
     try {
         readGenerated(key, row, table);
@@ -106,7 +106,7 @@ qint64 RowWriter::keyOf(RowId row, const KeyTable& table) const {
 
 bool RowWriter::readStored(qint64 key, const KeyTable& table, std::vector<Cell>& cells, TextArena& texts) {
     const Value parameter(key);
-    const std::unique_ptr<Cursor> cursor = m_store.engine().open(table.readSql, {&parameter, 1});
+    const std::unique_ptr<Cursor> cursor = m_store.engine().openLocked(table.readSql, {&parameter, 1});
     if (!cursor->next())
         return false;
     cells.resize(table.columns.size() + 1);
@@ -176,10 +176,8 @@ void RowWriter::readThroughQuery(RowId row, const KeyTable& table) {
     const Translation& translation = m_store.translation();
     std::vector<Value> parameters = translation.parameters;
     parameters.emplace_back(keyOf(row, table));
-    const std::unique_ptr<Cursor> cursor =
-        m_store.engine().open(narrowedStatement(translation.shape->sqlWithKeys, m_columns.width(),
-                                                table.keyCell, std::ssize(translation.parameters)),
-                              parameters);
+    const std::unique_ptr<Cursor> cursor = m_store.engine().open(
+        narrowedStatement(translation.shape->sqlWithKeys, m_columns.width(), table.keyCell), parameters);
     if (cursor->next())
         cursor->read(m_store.cells(row), m_columns.types(), m_store.texts());
 }

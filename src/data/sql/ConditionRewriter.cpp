@@ -76,8 +76,8 @@ void rewriteIsNull(SqlTokens& tokens, int at) {
     }
     // As a value it is a yes/no, which the engine's own truth of 1 is not.
     const bool alone = startsCondition(tokens, at - 1) && endsCondition(comparison);
-    tokens[at].instead = alone ? "(" : "(-(";
-    tokens[close].after = alone ? " IS NULL)" : " IS NULL))";
+    tokens[at].instead = alone ? "(" : "(CASE WHEN ";
+    tokens[close].after = alone ? " IS NULL)" : " IS NULL THEN -1 ELSE 0 END)";
 }
 
 bool isKey(const Token& token) {

@@ -1,11 +1,13 @@
 #include "data/sql/Dialect.h"
 
 #include "data/RunTimeError.h"
+#include "data/schema/Quoted.h"
 #include "data/sql/ConditionRewriter.h"
 #include "data/sql/JoinOrder.h"
 #include "data/sql/ResultColumns.h"
 #include "data/sql/SelectedColumns.h"
 #include "data/sql/SqlTokens.h"
+#include "data/sql/SqlWriter.h"
 #include "data/sql/StatementShape.h"
 #include "data/sql/StatementTables.h"
 #include "data/sql/TextJoins.h"
@@ -99,7 +101,7 @@ const NamedTable* namingTable(const StatementTables& tables) {
 }
 
 QByteArray keyText(const NamedTable& from) {
-    return ", [" + from.alias.toUtf8() + "].[" + from.table->keyColumn.toUtf8() + "] ";
+    return ", " + engineName(from.alias) + '.' + quoted(from.table->keyColumn) + ' ';
 }
 
 /// What stands behind an ORDER BY that ends before `end`, so that rows which it leaves equal come in the
@@ -136,14 +138,15 @@ void writeSelect(const SqlTokens& tokens, const StatementTables& tables, Transla
     shape.sqlWithKeys = keys.isEmpty() ? shape.sql : head + keys + tail;
 }
 
-std::shared_ptr<const TranslatedShape> translateShape(std::u16string text) {
+std::shared_ptr<const TranslatedShape> translateShape(std::u16string text, const SqlWriter* writer) {
     auto shape = std::make_shared<TranslatedShape>();
     shape->text = std::move(text);
     SqlTokens tokens(shape->text);
     dropSemicolon(tokens);
     if (tokens.size() == 1 && tokens.at(0).isName()) {
         // The name alone opens the table.
-        return translateShape(u"SELECT * FROM [" + tokens.at(0).name().toString().toStdU16String() + u"]");
+        return translateShape(u"SELECT * FROM [" + tokens.at(0).name().toString().toStdU16String() + u"]",
+                              writer);
     }
     shape->kind = kindOf(tokens);
     const StatementTables tables(tokens, shape->kind);
@@ -156,6 +159,8 @@ std::shared_ptr<const TranslatedShape> translateShape(std::u16string text) {
             shape->patterns.push_back(tokens.at(i).literal);
     if (shape->kind == StatementKind::Select)
         writeOutStars(tokens, tables);
+    if (writer != nullptr)
+        writer->write(tokens, tables);
     if (shape->kind == StatementKind::Select && tables.from() >= 0)
         writeSelect(tokens, tables, *shape);
     else
@@ -198,7 +203,7 @@ struct Dialect::Cache {
     std::u16string text; ///< Of the statement at hand; kept for its capacity.
 };
 
-Dialect::Dialect() : m_cache(std::make_unique<Cache>()) {}
+Dialect::Dialect(const SqlWriter* writer) : m_writer(writer), m_cache(std::make_unique<Cache>()) {}
 Dialect::~Dialect() = default;
 
 Translation Dialect::translate(QStringView sql) {
@@ -208,11 +213,11 @@ Translation Dialect::translate(QStringView sql) {
         takeOutLiterals(sql, cached ? Numbers::TakenOut : Numbers::Inline, m_cache->text);
     auto& shapes = m_cache->shapes;
     if (!cached) {
-        translation.shape = translateShape(m_cache->text);
+        translation.shape = translateShape(m_cache->text, m_writer);
     } else if (const auto found = shapes.find(std::u16string_view(m_cache->text)); found != shapes.end()) {
         translation.shape = found->second;
     } else {
-        translation.shape = translateShape(m_cache->text);
+        translation.shape = translateShape(m_cache->text, m_writer);
         if (shapes.size() >= MostShapes)
             shapes.clear();
         shapes.emplace(m_cache->text, translation.shape);

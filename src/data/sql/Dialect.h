@@ -13,6 +13,7 @@
 namespace tarnwell::data {
 
 class ResultColumns;
+class SqlWriter;
 
 /// What a statement is, as far as the connection must know.
 enum class StatementKind { Select, Insert, Update, Delete };
@@ -21,7 +22,7 @@ enum class StatementKind { Select, Insert, Update, Delete };
 /// that statements which differ by a key or a typed text share one shape.
 struct TranslatedShape {
     std::u16string text;    ///< The shape itself, with marks where the literals stood.
-    QByteArray sql;         ///< UTF-8, with ?1, ?2, ... where the literals stood.
+    QByteArray sql;         ///< UTF-8, with ?1, ?2, ... or ? where the literals stood.
     QByteArray sqlWithKeys; ///< Select only: with the key of every table added at the end of its columns.
     /// The tables whose keys `sqlWithKeys` adds, in that order. Empty when the rows stand for no stored row
     /// (DISTINCT, aggregates, GROUP BY, UNION).
@@ -43,20 +44,22 @@ struct Translation {
     std::vector<Value> parameters;
 };
 
-/// Translates the system's dialect for SQLite: #mm/dd/yy# dates, ISNULL(x) compared or alone, True and False
-/// as -1 and 0, text joined by + with Null carried through, [bracketed names], a bare table name as its
+/// Translates the system's dialect for an engine: #mm/dd/yy# dates, ISNULL(x) compared or alone, True and
+/// False as -1 and 0, text joined by + with Null carried through, [bracketed names], a bare table name as its
 /// rows. Rows that are equal by an ORDER BY come in the order of their tables' keys. Works on tokens; raises
 /// SyntaxError for what cannot be one statement (an open quote, a second statement, anything but SELECT,
 /// INSERT, UPDATE, DELETE). Shapes are cached: a text seen before costs one scan for its literals.
 class Dialect {
 public:
-    Dialect();
+    /// `writer`: of another engine than SQLite; it must outlive this.
+    explicit Dialect(const SqlWriter* writer = nullptr);
     ~Dialect();
     /// Raises DataOverflow for a number beyond a double's range.
     [[nodiscard]] Translation translate(QStringView sql);
 
 private:
     struct Cache;
+    const SqlWriter* m_writer;
     std::unique_ptr<Cache> m_cache;
 };
 

@@ -1,5 +1,7 @@
 #include "data/sql/JoinOrder.h"
 
+#include "data/sql/SqlWriter.h"
+
 namespace tarnwell::data {
 
 namespace {
@@ -44,8 +46,8 @@ void orderJoin(SqlTokens& tokens) {
             return;
     // CROSS JOIN makes the engine keep the order.
     write(tokens[from + 2], "CROSS JOIN");
-    const QByteArray first = "[" + tokens.at(from + 1).name().toUtf8() + "]";
-    write(tokens[from + 1], "[" + tokens.at(from + 3).name().toUtf8() + "]");
+    const QByteArray first = engineName(tokens.at(from + 1).name());
+    write(tokens[from + 1], engineName(tokens.at(from + 3).name()));
     write(tokens[from + 3], first);
 }
 

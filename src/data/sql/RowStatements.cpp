@@ -12,8 +12,8 @@ QByteArray columnName(const schema::Table& table, int column) {
     return quoted(table.columns[static_cast<std::size_t>(column)].name);
 }
 
-QByteArray whereKey(const schema::Table& table, std::ptrdiff_t parameter) {
-    return " WHERE " + quoted(table.keyColumn) + "=?" + QByteArray::number(qint64{parameter});
+QByteArray whereKey(const schema::Table& table) {
+    return " WHERE " + quoted(table.keyColumn) + "=?";
 }
 
 } // namespace
@@ -22,7 +22,7 @@ QByteArray readRowStatement(const schema::Table& table, std::span<const int> col
     QByteArray sql = "SELECT " + quoted(table.keyColumn);
     for (const int column : columns)
         sql += ',' + columnName(table, column);
-    return sql + " FROM " + quoted(table.name) + whereKey(table, 1);
+    return sql + " FROM " + quoted(table.name) + whereKey(table);
 }
 
 QByteArray insertStatement(const schema::Table& table, std::span<const int> columns) {
@@ -42,21 +42,19 @@ QByteArray updateStatement(const schema::Table& table, std::span<const int> colu
     QByteArrayList assignments;
     for (const int column : columns)
         assignments << columnName(table, column) + "=?";
-    return "UPDATE " + quoted(table.name) + " SET " + assignments.join(',') +
-           whereKey(table, std::ssize(columns) + 1);
+    return "UPDATE " + quoted(table.name) + " SET " + assignments.join(',') + whereKey(table);
 }
 
 QByteArray deleteStatement(const schema::Table& table) {
-    return "DELETE FROM " + quoted(table.name) + whereKey(table, 1);
+    return "DELETE FROM " + quoted(table.name) + whereKey(table);
 }
 
-QByteArray narrowedStatement(const QByteArray& select, int width, int keyCell,
-                             std::ptrdiff_t parameterCount) {
+QByteArray narrowedStatement(const QByteArray& select, int width, int keyCell) {
     QByteArrayList names;
     for (int i = 0; i < width; ++i)
         names << 'c' + QByteArray::number(i);
     return "WITH r(" + names.join(',') + ") AS (" + select + ") SELECT * FROM r WHERE c" +
-           QByteArray::number(keyCell) + "=?" + QByteArray::number(qint64{parameterCount + 1});
+           QByteArray::number(keyCell) + "=?";
 }
 
 } // namespace tarnwell::data

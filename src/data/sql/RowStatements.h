@@ -20,8 +20,7 @@ namespace tarnwell::data {
 /// Parameter: the key.
 [[nodiscard]] QByteArray deleteStatement(const schema::Table& table);
 /// A select narrowed to the rows whose cell `keyCell`, of `width`, has one value. Parameters: those of the
-/// select, `parameterCount` of them, then that value.
-[[nodiscard]] QByteArray narrowedStatement(const QByteArray& select, int width, int keyCell,
-                                           std::ptrdiff_t parameterCount);
+/// select, then that value.
+[[nodiscard]] QByteArray narrowedStatement(const QByteArray& select, int width, int keyCell);
 
 } // namespace tarnwell::data

@@ -1,6 +1,7 @@
 #include "data/sql/SelectedColumns.h"
 
 #include "data/RunTimeError.h"
+#include "data/sql/SqlWriter.h"
 
 namespace tarnwell::data {
 
@@ -113,7 +114,7 @@ void forEachStarred(const SqlTokens& tokens, const StatementTables& tables, Rang
 }
 
 void appendColumns(QByteArray& text, const NamedTable& from) {
-    const QByteArray qualifier = '[' + from.alias.toUtf8() + "].[";
+    const QByteArray qualifier = engineName(from.alias) + ".\"";
     constexpr qsizetype usualNameLength = 16;
     text.reserve(text.size() + std::ssize(from.table->columns) * (qualifier.size() + usualNameLength));
     for (const schema::Column& column : from.table->columns) {
@@ -122,7 +123,7 @@ void appendColumns(QByteArray& text, const NamedTable& from) {
         text += qualifier;
         for (const QChar letter : column.name) // names of the catalogue are plain
             text += static_cast<char>(letter.unicode());
-        text += ']';
+        text += '"';
     }
 }
 

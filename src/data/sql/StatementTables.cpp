@@ -2,18 +2,25 @@
 
 #include "data/RunTimeError.h"
 
+#include <algorithm>
+#include <array>
+
 namespace tarnwell::data {
 
 namespace {
 
-/// The engine's own tables and functions are not among ours.
+constexpr std::array enginesPrefixes{"sqlite_", "pragma_", "pg_", "information_schema"};
+
+/// An engine's own tables and functions are not among ours.
 void refuseEngineTables(const SqlTokens& tokens) {
     for (int i = 0; i < tokens.size(); ++i) {
         if (!tokens.at(i).isName())
             continue;
         const QStringView name = tokens.at(i).name();
-        if (name.startsWith(QLatin1String("sqlite_"), Qt::CaseInsensitive) ||
-            name.startsWith(QLatin1String("pragma_"), Qt::CaseInsensitive))
+        const bool isEngines = std::ranges::any_of(enginesPrefixes, [&](const char* prefix) {
+            return name.startsWith(QLatin1String(prefix), Qt::CaseInsensitive);
+        });
+        if (isEngines)
             raise(Failure::PermissionDenied, name.toString());
     }
 }

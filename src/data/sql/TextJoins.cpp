@@ -100,7 +100,7 @@ private:
     }
 
     void emptyForNull(int begin, int end) {
-        m_tokens[begin].before.prepend("ifnull(");
+        m_tokens[begin].before.prepend("coalesce(");
         m_tokens[end].after.append(",'')");
     }
 

@@ -84,9 +84,15 @@ public:
                                                std::span<const Value> parameters) override {
         return std::make_unique<SqliteCursor>(lease(sql), parameters);
     }
+    /// An immediate transaction has locked the file already.
+    [[nodiscard]] std::unique_ptr<Cursor> openLocked(const QByteArray& sql,
+                                                     std::span<const Value> parameters) override {
+        return open(sql, parameters);
+    }
     using Engine::execute;
     int execute(const QByteArray& sql, std::span<const Value> parameters) override;
-    [[nodiscard]] qint64 insert(const QByteArray& sql, std::span<const Value> parameters) override;
+    [[nodiscard]] qint64 insert(const schema::Table& table, const QByteArray& sql,
+                                std::span<const Value> parameters) override;
 
     [[nodiscard]] quint32 dataVersion() override;
 
@@ -156,7 +162,8 @@ int SqliteEngine::execute(const QByteArray& sql, std::span<const Value> paramete
         std::min<qint64>(sqlite3_changes64(m_handle.get()), std::numeric_limits<int>::max()));
 }
 
-qint64 SqliteEngine::insert(const QByteArray& sql, std::span<const Value> parameters) {
+qint64 SqliteEngine::insert(const schema::Table& /*table*/, const QByteArray& sql,
+                            std::span<const Value> parameters) {
     run(sql, parameters);
     return sqlite3_last_insert_rowid(m_handle.get());
 }

@@ -303,7 +303,7 @@ TEST(TwoWorkstations, TheVersionOfTheDataTellsThatEitherHasWritten) {
 TEST(TwoWorkstations, TheSecondWriterGivesUpAfterItsWait) {
     TemporaryDatabase database;
     Connection other;
-    other.setConnectionString(connectionStringFor(database.path()));
+    other.setConnectionString(database.connectionString());
     other.setBusyTimeout(std::chrono::milliseconds(1));
     other.Open();
     const Transaction held(database.connection());

@@ -1,4 +1,3 @@
-#include "data/sqlite/SqliteDatabase.h"
 #include "support/RaisedNumber.h"
 #include "support/TemporaryDatabase.h"
 
@@ -135,23 +134,6 @@ TEST_F(RecordsetWrite, RequeryDropsWhatIsPending) {
     rows.MoveFirst();
     EXPECT_EQ(rows.RecordCount(), 1);
     EXPECT_EQ(ask("SELECT Name FROM MasterTask"), Value("A"));
-}
-
-// The row is stored, but cannot be read back: neither the table nor the recordset may keep it.
-TEST_F(RecordsetWrite, AFailedInsertTakesItsRowBack) {
-    data::SqliteDatabase(database.path(), data::SqliteDatabase::Access::ReadWrite)
-        .run("CREATE TRIGGER Eats AFTER INSERT ON MasterTask WHEN NEW.Name='eaten' "
-             "BEGIN DELETE FROM MasterTask WHERE MasterTaskKey=NEW.MasterTaskKey; "
-             "INSERT INTO MasterTask (Name) VALUES ('left'); END");
-    addTask("A", 1);
-    open("SELECT Name FROM MasterTask ORDER BY MasterTaskKey");
-    rows.AddNew();
-    rows.set("Name", "eaten");
-    EXPECT_EQ(raisedNumber([&] { rows.Update(); }), deletedNumber);
-    rows.CancelUpdate();
-    EXPECT_EQ(rows.RecordCount(), 1);
-    EXPECT_EQ(rows["Name"], Value("A"));
-    EXPECT_EQ(ask("SELECT COUNT(*) FROM MasterTask"), Value(1));
 }
 
 TEST_F(RecordsetWrite, AMoveWritesWhatIsPending) {

@@ -1,0 +1,100 @@
+#include "data/odbc/OdbcConnection.h"
+
+#include "data/odbc/OdbcError.h"
+
+#include <sql.h>
+#include <sqlext.h>
+
+namespace tarnwell::data {
+
+namespace {
+
+/// One for the whole program: the driver manager's own tables are shared between environments.
+SQLHENV environment() {
+    static const SQLHENV handle = [] {
+        SQLHENV made = SQL_NULL_HENV;
+        SQLAllocHandle(SQL_HANDLE_ENV, SQL_NULL_HANDLE, &made);
+        SQLSetEnvAttr(made, SQL_ATTR_ODBC_VERSION,
+                      reinterpret_cast<SQLPOINTER>(SQL_OV_ODBC3), // NOLINT(performance-no-int-to-ptr)
+                      0);
+        return made;
+    }();
+    return handle;
+}
+
+SQLPOINTER asPointer(SQLULEN number) {
+    return reinterpret_cast<SQLPOINTER>(number); // NOLINT(performance-no-int-to-ptr): the library's own way
+}
+
+/// As the driver knows it; nothing is sent.
+bool isDead(SQLHDBC connection) {
+    SQLUINTEGER dead = SQL_CD_FALSE;
+    SQLGetConnectAttr(connection, SQL_ATTR_CONNECTION_DEAD, &dead, SQL_IS_UINTEGER, nullptr);
+    return dead == SQL_CD_TRUE;
+}
+
+} // namespace
+
+OdbcConnection::OdbcConnection(const QString& driverString, const QString& server) : m_server(server) {
+    constexpr SQLULEN longestWait = 10; // seconds
+    SQLAllocHandle(SQL_HANDLE_DBC, environment(), &m_handle);
+    SQLSetConnectAttr(m_handle, SQL_ATTR_LOGIN_TIMEOUT, asPointer(longestWait), SQL_IS_UINTEGER);
+    std::u16string text = driverString.toStdU16String();
+    const SQLRETURN code =
+        SQLDriverConnectW(m_handle, nullptr, reinterpret_cast<SQLWCHAR*>(text.data()),
+                          static_cast<SQLSMALLINT>(text.size()), nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT);
+    if (SQL_SUCCEEDED(code))
+        return;
+    const OdbcDiagnosis diagnosis = diagnosisOf(OdbcHandleKind::Connection, m_handle);
+    SQLFreeHandle(SQL_HANDLE_DBC, m_handle);
+    if (isConnectionLost(diagnosis.state))
+        raiseServerFailure(Failure::DatabaseFailure, server,
+                           QStringLiteral("The database server could not be reached."), diagnosis.words);
+    raiseOdbcError(diagnosis, server);
+}
+
+OdbcConnection::~OdbcConnection() {
+    (void)end(false);
+    SQLDisconnect(m_handle);
+    SQLFreeHandle(SQL_HANDLE_DBC, m_handle);
+}
+
+void OdbcConnection::raiseLast(OdbcHandle statement, const QByteArray& sql) {
+    const OdbcDiagnosis diagnosis = statement != nullptr ? diagnosisOf(OdbcHandleKind::Statement, statement)
+                                                         : diagnosisOf(OdbcHandleKind::Connection, m_handle);
+    m_lost = m_lost || isConnectionLost(diagnosis.state) || isDead(m_handle);
+    if (m_lost)
+        raiseServerFailure(Failure::DatabaseFailure, m_server,
+                           QStringLiteral("The connection to the database server was lost."),
+                           diagnosis.words);
+    raiseOdbcError(diagnosis, m_server, sql);
+}
+
+void OdbcConnection::begin() {
+    SQLSetConnectAttr(m_handle, SQL_ATTR_AUTOCOMMIT, asPointer(SQL_AUTOCOMMIT_OFF), SQL_IS_UINTEGER);
+}
+
+void OdbcConnection::commit() {
+    if (SQL_SUCCEEDED(SQLEndTran(SQL_HANDLE_DBC, m_handle, SQL_COMMIT))) {
+        (void)end(true);
+        return;
+    }
+    try {
+        raiseLast(nullptr, {});
+    } catch (const RunTimeError&) {
+        (void)rollback();
+        throw;
+    }
+}
+
+bool OdbcConnection::rollback() noexcept {
+    return end(false);
+}
+
+bool OdbcConnection::end(bool keep) noexcept {
+    const bool ended = keep || SQL_SUCCEEDED(SQLEndTran(SQL_HANDLE_DBC, m_handle, SQL_ROLLBACK));
+    SQLSetConnectAttr(m_handle, SQL_ATTR_AUTOCOMMIT, asPointer(SQL_AUTOCOMMIT_ON), SQL_IS_UINTEGER);
+    return ended;
+}
+
+} // namespace tarnwell::data

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include <memory>
+
+namespace tarnwell::data {
+
+/// A connection and a statement of the driver manager. `void*` keeps its headers out of ours.
+using OdbcHandle = void*;
+
+/// What the driver reported last on a handle.
+struct OdbcDiagnosis {
+    QString state; ///< SQLSTATE, five characters; empty when nothing is reported.
+    QString words; ///< The server's own words, without the names of driver and server in front.
+};
+
+/// A connection to a server through the driver manager; closes with its last owner. It may be used by one
+/// thread at a time, but for `OdbcStatement::cancel`.
+class OdbcConnection {
+public:
+    /// Connects by a connection string of the driver manager. Raises DatabaseFailure and, where
+    /// the driver is missing, ProviderNotFound, with the words of `server`.
+    OdbcConnection(const QString& driverString, const QString& server);
+    ~OdbcConnection();
+    OdbcConnection(const OdbcConnection&) = delete;
+    OdbcConnection& operator=(const OdbcConnection&) = delete;
+
+    [[nodiscard]] OdbcHandle get() const { return m_handle; }
+    [[nodiscard]] const QString& server() const { return m_server; }
+    /// Raises what the driver reported last on the connection or on one of its statements. `sql`: that
+    /// statement's text, or empty.
+    [[noreturn]] void raiseLast(OdbcHandle statement, const QByteArray& sql);
+    /// Whether something was raised that ends the connection: it is of no more use.
+    [[nodiscard]] bool isLost() const { return m_lost; }
+
+    /// Between `begin` and an end every statement is part of one transaction.
+    void begin();
+    /// Raises what the server says; the transaction has then ended with nothing written.
+    void commit();
+    /// False when the server could not be reached: it rolls back by itself then.
+    bool rollback() noexcept;
+
+private:
+    bool end(bool keep) noexcept;
+
+    QString m_server;
+    OdbcHandle m_handle = nullptr;
+    bool m_lost = false;
+};
+
+} // namespace tarnwell::data

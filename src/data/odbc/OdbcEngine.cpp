@@ -1,0 +1,292 @@
+#include "data/odbc/OdbcEngine.h"
+
+#include "data/RunTimeError.h"
+#include "data/odbc/OdbcError.h"
+#include "data/odbc/OdbcStatementCache.h"
+#include "data/odbc/RowBlock.h"
+
+#include <future>
+#include <utility>
+
+namespace tarnwell::data {
+
+namespace {
+
+class OdbcEngine;
+
+class OdbcCursor : public Cursor {
+public:
+    OdbcCursor(OdbcEngine& engine, OdbcLease statement)
+        : m_engine(engine), m_statement(std::move(statement)) {}
+
+    [[nodiscard]] bool next() override;
+    void read(std::span<Cell> cells, std::span<const std::optional<schema::ColumnType>> types,
+              TextArena& texts) const override {
+        RowBlock& rows = m_statement->rows();
+        for (std::size_t i = 0; i < cells.size(); ++i)
+            cells[i] = rows.cell(static_cast<int>(i), types[i], texts);
+    }
+
+private:
+    OdbcEngine& m_engine;
+    OdbcLease m_statement;
+    bool m_started = false;
+};
+
+class OdbcEngine : public Engine {
+public:
+    OdbcEngine(const ServerDialect& dialect, const QString& connectionString,
+               std::chrono::milliseconds busyTimeout)
+        : m_server(dialect), m_driverString(dialect.driverString(connectionString)),
+          m_settings(dialect.settings(busyTimeout)), m_dialect(&dialect) {
+        openConnection();
+        requireOurs();
+    }
+    ~OdbcEngine() override { shutDown(); }
+    OdbcEngine(const OdbcEngine&) = delete;
+    OdbcEngine& operator=(const OdbcEngine&) = delete;
+
+    [[nodiscard]] bool isOpen() const override { return m_open; }
+    void close() override;
+
+    [[nodiscard]] Translation translate(QStringView sql) override { return m_dialect.translate(sql); }
+    [[nodiscard]] std::unique_ptr<Cursor> open(const QByteArray& sql,
+                                               std::span<const Value> parameters) override;
+    [[nodiscard]] std::unique_ptr<Cursor> openLocked(const QByteArray& sql,
+                                                     std::span<const Value> parameters) override {
+        return open(m_server.locked(sql), parameters);
+    }
+    using Engine::execute;
+    int execute(const QByteArray& sql, std::span<const Value> parameters) override;
+    [[nodiscard]] qint64 insert(const schema::Table& table, const QByteArray& sql,
+                                std::span<const Value> parameters) override;
+
+    [[nodiscard]] quint32 dataVersion() override;
+
+    void begin() override;
+    void commit() override;
+    void rollback() override;
+    void abandonTransaction() noexcept override;
+    [[nodiscard]] bool inTransaction() const override { return m_inTransaction; }
+    void requireTransactionWhole() const override;
+
+    void setWatch(std::function<bool()> goesOn) override;
+
+    /// Runs a statement of this engine; notes when the connection is lost over it.
+    void run(OdbcStatement& statement);
+
+protected:
+    void requireOutsideWatch() const override;
+
+private:
+    void openConnection();
+    void requireOurs();
+    [[nodiscard]] OdbcLease lease(const QByteArray& sql);
+    int runWatched(const std::function<int()>& call, const std::function<void()>& cancel);
+    void noteLoss() noexcept;
+    void shutDown();
+
+    const ServerDialect& m_server;
+    QString m_driverString;
+    std::vector<QByteArray> m_settings;
+    std::shared_ptr<OdbcConnection> m_connection; ///< Null once it is lost; the next statement connects anew.
+    std::shared_ptr<OdbcStatementCache> m_cache = std::make_shared<OdbcStatementCache>();
+    Dialect m_dialect;
+    std::function<bool()> m_watch;
+    bool m_open = true;
+    bool m_askingWatch = false; ///< A statement is at work below, so nothing may be done with the connection.
+    bool m_inTransaction = false;
+};
+
+bool OdbcCursor::next() {
+    if (!m_started) {
+        m_engine.run(*m_statement);
+        m_started = true;
+    }
+    return m_statement->rows().next();
+}
+
+void OdbcEngine::openConnection() {
+    m_connection = std::make_shared<OdbcConnection>(m_driverString, m_server.name());
+    for (const QByteArray& setting : m_settings)
+        OdbcStatement(m_connection, setting).run([](const auto& call, const auto&) { return call(); });
+}
+
+void OdbcEngine::requireOurs() {
+    std::vector<std::pair<QString, QString>> present;
+    OdbcLease statement = lease(m_server.columns());
+    run(*statement);
+    RowBlock& rows = statement->rows();
+    TextArena texts;
+    while (rows.next())
+        present.emplace_back(valueOf(rows.cell(0, {}, texts)).toText(),
+                             valueOf(rows.cell(1, {}, texts)).toText());
+    for (const schema::Table& table : schema::tables())
+        for (const schema::Column& column : table.columns)
+            if (std::ranges::find(present, std::pair(table.name, column.name)) == present.end())
+                raiseServerFailure(Failure::DatabaseForeign, m_server.name(),
+                                   QStringLiteral("The catalog is not a Tarnwell database."),
+                                   QStringLiteral("%1.%2").arg(table.name, column.name));
+}
+
+void OdbcEngine::close() {
+    m_open = false;
+    if (!m_askingWatch)
+        shutDown();
+}
+
+void OdbcEngine::shutDown() {
+    m_open = false;
+    abandonReaders();
+    abandonTransaction();
+    m_cache->clear();
+    m_connection.reset();
+}
+
+OdbcLease OdbcEngine::lease(const QByteArray& sql) {
+    requireOutsideWatch();
+    requireTransactionWhole();
+    if (m_connection == nullptr)
+        openConnection();
+    try {
+        return {m_cache, m_cache->take(m_connection, sql)};
+    } catch (const RunTimeError&) {
+        noteLoss();
+        throw;
+    }
+}
+
+void OdbcEngine::run(OdbcStatement& statement) {
+    requireOutsideWatch();
+    try {
+        statement.run([this](const auto& call, const auto& cancel) {
+            return m_watch ? runWatched(call, cancel) : call();
+        });
+    } catch (const RunTimeError&) {
+        statement.reset();
+        noteLoss();
+        throw;
+    }
+}
+
+/// The statement works on a thread of its own while this one asks. The question may let events through, and
+/// with them whatever the program does on an error.
+int OdbcEngine::runWatched(const std::function<int()>& call, const std::function<void()>& cancel) {
+    constexpr std::chrono::milliseconds betweenQuestions{1};
+    std::future<int> work = std::async(std::launch::async, call);
+    bool goesOn = true;
+    while (work.wait_for(betweenQuestions) != std::future_status::ready) {
+        if (goesOn) {
+            m_askingWatch = true;
+            goesOn = m_watch() && m_open;
+            m_askingWatch = false;
+        }
+        if (!goesOn) // again and again: the first may come before the server has the statement
+            cancel();
+    }
+    return work.get();
+}
+
+/// It is reported once, by the statement that found it; the next one connects anew.
+void OdbcEngine::noteLoss() noexcept {
+    if (m_connection == nullptr || !m_connection->isLost())
+        return;
+    m_cache->clear();
+    m_connection.reset();
+}
+
+std::unique_ptr<Cursor> OdbcEngine::open(const QByteArray& sql, std::span<const Value> parameters) {
+    OdbcLease statement = lease(sql);
+    statement->bind(parameters);
+    return std::make_unique<OdbcCursor>(*this, std::move(statement));
+}
+
+int OdbcEngine::execute(const QByteArray& sql, std::span<const Value> parameters) {
+    OdbcLease statement = lease(sql);
+    statement->bind(parameters);
+    run(*statement);
+    return statement->touchedRows();
+}
+
+qint64 OdbcEngine::insert(const schema::Table& table, const QByteArray& sql,
+                          std::span<const Value> parameters) {
+    OdbcLease statement = lease(m_server.returningKey(sql, table));
+    statement->bind(parameters);
+    run(*statement);
+    TextArena texts;
+    if (!statement->rows().next())
+        raise(Failure::RowDeleted);
+    return statement->rows().cell(0, schema::ColumnType::Key, texts).number;
+}
+
+quint32 OdbcEngine::dataVersion() {
+    completeReaders();
+    OdbcLease statement = lease(m_server.dataVersion());
+    run(*statement);
+    TextArena texts;
+    if (!statement->rows().next())
+        return 0;
+    return static_cast<quint32>(qHash(valueOf(statement->rows().cell(0, {}, texts)).toText(), 0));
+}
+
+void OdbcEngine::begin() {
+    if (m_inTransaction)
+        raise(Failure::NotAllowed, QStringLiteral("A transaction is open already."));
+    completeReaders();
+    if (m_connection == nullptr)
+        openConnection();
+    m_connection->begin();
+    m_inTransaction = true;
+}
+
+void OdbcEngine::commit() {
+    if (!m_inTransaction)
+        raise(Failure::NotAllowed, QStringLiteral("No transaction is open."));
+    requireOutsideWatch();
+    try {
+        requireTransactionWhole();
+        m_inTransaction = false; // whatever comes of it, it is over
+        m_connection->commit();
+    } catch (const RunTimeError&) {
+        m_inTransaction = false;
+        noteLoss();
+        throw;
+    }
+}
+
+void OdbcEngine::rollback() {
+    if (!m_inTransaction)
+        raise(Failure::NotAllowed, QStringLiteral("No transaction is open."));
+    completeReaders();
+    abandonTransaction();
+}
+
+void OdbcEngine::abandonTransaction() noexcept {
+    if (std::exchange(m_inTransaction, false) && m_connection != nullptr)
+        (void)m_connection->rollback();
+}
+
+void OdbcEngine::requireTransactionWhole() const {
+    if (m_inTransaction && m_connection == nullptr)
+        raise(Failure::DatabaseFailure, QStringLiteral("The transaction was lost with its connection."));
+}
+
+void OdbcEngine::setWatch(std::function<bool()> goesOn) {
+    m_watch = std::move(goesOn);
+    if (!m_open) // it was closed while the watch was asked
+        shutDown();
+}
+
+void OdbcEngine::requireOutsideWatch() const {
+    if (m_askingWatch)
+        raise(Failure::NotAllowed, QStringLiteral("Another statement is at work."));
+}
+
+} // namespace
+
+std::shared_ptr<Engine> openOdbcEngine(const ServerDialect& dialect, const QString& connectionString,
+                                       std::chrono::milliseconds busyTimeout) {
+    return std::make_shared<OdbcEngine>(dialect, connectionString, busyTimeout);
+}
+
+} // namespace tarnwell::data

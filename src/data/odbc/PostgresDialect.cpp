@@ -1,0 +1,170 @@
+#include "data/odbc/PostgresDialect.h"
+
+#include "data/RunTimeError.h"
+#include "data/engine/ConnectionString.h"
+#include "data/schema/Quoted.h"
+
+#include <algorithm>
+#include <array>
+
+namespace tarnwell::data {
+
+namespace {
+
+constexpr QLatin1String Comma(",");
+constexpr QLatin1String Open("(");
+
+/// Words of SQL that are no keywords to the translation. What is not here is a name.
+constexpr std::array plainWords{"all", "asc", "between", "by",     "case", "default", "desc", "else",  "end",
+                                "in",  "is",  "null",    "exists", "then", "using",   "when", "escape"};
+/// A server has functions that read files, wait or change settings; typed text may call none of them.
+constexpr std::array functions{"abs",     "coalesce", "length", "lower",  "ltrim", "nullif",
+                               "replace", "round",    "rtrim",  "substr", "trim",  "upper"};
+
+template <std::size_t N>
+bool contains(const std::array<const char*, N>& words, QStringView word) {
+    return std::ranges::any_of(words, [&](const char* entry) {
+        return word.compare(QLatin1String(entry), Qt::CaseInsensitive) == 0;
+    });
+}
+
+void replace(Token& token, const QByteArray& text) {
+    token.drop();
+    token.before += text;
+}
+
+/// Names mind their case on the server, so each is written as the catalogue has it.
+void writeNames(SqlTokens& tokens) {
+    for (int i = 0; i < tokens.size(); ++i) {
+        const Token& token = tokens.at(i);
+        if (!token.isName() || token.instead != nullptr)
+            continue;
+        const bool plain = token.kind == TokenKind::Word && !tokens.at(i - 1).is(QLatin1String("."));
+        if (plain && contains(plainWords, token.text))
+            continue;
+        if (tokens.at(i + 1).is(Open) && !tokens.at(i - 1).is(Keyword::Into)) {
+            if (!plain || !contains(functions, token.text))
+                raise(Failure::SyntaxError, QStringLiteral("no such function: %1").arg(token.name()));
+            continue;
+        }
+        replace(tokens[i], engineName(token.name()));
+    }
+}
+
+/// The server takes a parameter for what stands beside it. Patterns know no sign that guards a wildcard.
+void writeLiterals(SqlTokens& tokens) {
+    for (int i = 0; i < tokens.size(); ++i) {
+        if (tokens.at(i).is(Keyword::Like))
+            tokens[i].instead = "ILIKE";
+        if (tokens.at(i).literal == 0)
+            continue;
+        replace(tokens[i], "?");
+        if (tokens.at(i - 1).is(Keyword::Like))
+            tokens[i].after.prepend(" ESCAPE ''");
+    }
+}
+
+bool hasOuterJoin(const SqlTokens& tokens) {
+    for (int i = 0; i < tokens.size(); ++i)
+        if (tokens.at(i).is(Keyword::Left) || tokens.at(i).is(Keyword::Right) ||
+            tokens.at(i).is(Keyword::Full))
+            return true;
+    return false;
+}
+
+bool isNeverNull(const SqlTokens& tokens, const StatementTables& tables, int begin, int end) {
+    const auto origin = tables.originOf(tokens, begin, end);
+    if (!origin || hasOuterJoin(tokens))
+        return false;
+    return origin->from->table->columns[static_cast<std::size_t>(origin->column)].notNull;
+}
+
+/// Nulls come first, and last in a falling order, as on the embedded engine; indexes are made for it.
+void writeNullOrder(SqlTokens& tokens, const StatementTables& tables) {
+    const int order = tokens.find(Keyword::Order);
+    if (order < 0)
+        return;
+    const int limit = tokens.find(Keyword::Limit);
+    const int end = limit >= 0 ? limit : tokens.size();
+    int begin = order + 2;
+    for (int i = begin; i <= end; ++i) {
+        if (i < end && tokens.at(i).is(Open))
+            i = tokens.at(i).partner;
+        if (i < end && !tokens.at(i).is(Comma))
+            continue;
+        const QStringView word = tokens.at(i - 1).text;
+        const bool falls = word.compare(QLatin1String("DESC"), Qt::CaseInsensitive) == 0;
+        const bool rises = word.compare(QLatin1String("ASC"), Qt::CaseInsensitive) == 0;
+        if (i > begin && !isNeverNull(tokens, tables, begin, falls || rises ? i - 2 : i - 1))
+            tokens[i - 1].after += falls ? " NULLS LAST" : " NULLS FIRST";
+        begin = i + 1;
+    }
+}
+
+/// A host, and its port where one stands behind a colon.
+std::pair<QString, QString> hostAndPort(const QString& address) {
+    const qsizetype colon = address.lastIndexOf(QLatin1Char(':'));
+    const QString port = address.sliced(colon + 1);
+    const bool isNumber = colon >= 0 && !port.isEmpty() && std::ranges::all_of(port, [](QChar c) {
+                              return c >= QLatin1Char('0') && c <= QLatin1Char('9');
+                          });
+    return isNumber ? std::pair(address.first(colon), port) : std::pair(address, QString());
+}
+
+/// Values hold no semicolon: ours are divided by it as well. The driver takes brackets for a password only.
+QString entry(const char* key, const QString& value) {
+    return value.isEmpty() ? QString() : QStringLiteral("%1=%2;").arg(QLatin1String(key), value);
+}
+
+} // namespace
+
+void PostgresDialect::write(SqlTokens& tokens, const StatementTables& tables) const {
+    writeNullOrder(tokens, tables);
+    writeNames(tokens);
+    writeLiterals(tokens);
+}
+
+QString PostgresDialect::name() const {
+    return QStringLiteral("PostgreSQL");
+}
+
+QString PostgresDialect::driverString(const QString& connectionString) const {
+    const auto value = [&](const char* key) { return connectionValue(connectionString, QLatin1String(key)); };
+    const auto [host, port] = hostAndPort(value("Data Source"));
+    const bool isSocket = host.isEmpty() || host.startsWith(QLatin1Char('/'));
+    const QString chosen = value("SSLMode");
+    const QString sslMode = !chosen.isEmpty() ? chosen : isSocket ? QString() : QStringLiteral("require");
+    const QString secret = value("Password");
+    const QString password = secret.isEmpty() ? secret : QLatin1Char('{') + secret + QLatin1Char('}');
+    // A failed statement takes back itself alone, also within a transaction.
+    return QStringLiteral("Driver={PostgreSQL Unicode};UseServerSidePrepare=1;Protocol=7.4-2;LFConversion=0;"
+                          "UseDeclareFetch=0;BoolsAsChar=0;") +
+           entry("Servername", host) + entry("Port", port) + entry("Database", value("Initial Catalog")) +
+           entry("SSLmode", sslMode) + entry("UID", value("User ID")) + entry("PWD", password);
+}
+
+std::vector<QByteArray> PostgresDialect::settings(std::chrono::milliseconds busyTimeout) const {
+    const auto wait = std::max<qint64>(busyTimeout.count(), 1); // 0 would wait for ever
+    return {"SET lock_timeout = " + QByteArray::number(wait)};
+}
+
+QByteArray PostgresDialect::returningKey(const QByteArray& insert, const schema::Table& table) const {
+    return insert + " RETURNING " + quoted(table.keyColumn);
+}
+
+QByteArray PostgresDialect::locked(const QByteArray& select) const {
+    return select + " FOR UPDATE";
+}
+
+QByteArray PostgresDialect::dataVersion() const {
+    return "SELECT CAST(pg_current_snapshot() AS text)";
+}
+
+QByteArray PostgresDialect::columns() const {
+    return "SELECT CAST(t.relname AS text), CAST(c.attname AS text) FROM pg_catalog.pg_class t "
+           "JOIN pg_catalog.pg_attribute c ON c.attrelid = t.oid "
+           "WHERE t.relkind = 'r' AND c.attnum > 0 AND NOT c.attisdropped AND pg_table_is_visible(t.oid) AND "
+           "t.relnamespace <> CAST('pg_catalog' AS regnamespace)";
+}
+
+} // namespace tarnwell::data

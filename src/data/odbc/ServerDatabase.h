@@ -1,0 +1,13 @@
+#pragma once
+
+#include "data/odbc/ServerDialect.h"
+
+#include <QString>
+
+namespace tarnwell::data {
+
+/// Makes every table, index, relation and initial row in an empty catalog, all or nothing. Raises what a
+/// connection raises, and PermissionDenied where the user may not change the schema.
+void createServerDatabase(const ServerDialect& dialect, const QString& connectionString);
+
+} // namespace tarnwell::data

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "data/schema/Schema.h"
+#include "data/sql/SqlWriter.h"
+
+#include <QByteArray>
+#include <QString>
+
+#include <chrono>
+#include <vector>
+
+namespace tarnwell::data {
+
+/// What one server writes and does otherwise than the others; everything else of the servers' engine is the
+/// same. Without state: one object serves all connections.
+class ServerDialect : public SqlWriter {
+public:
+    /// The server as errors name it.
+    [[nodiscard]] virtual QString name() const = 0;
+    /// The connection string of the driver manager for one of ours.
+    [[nodiscard]] virtual QString driverString(const QString& connectionString) const = 0;
+    /// What each new connection runs first. `busyTimeout`: how long a statement waits for another user's
+    /// lock.
+    [[nodiscard]] virtual std::vector<QByteArray> settings(std::chrono::milliseconds busyTimeout) const = 0;
+
+    /// An INSERT of one row that gives the new key back as its only row.
+    [[nodiscard]] virtual QByteArray returningKey(const QByteArray& insert,
+                                                  const schema::Table& table) const = 0;
+    /// A select of one stored row that nobody else changes before the transaction ends.
+    [[nodiscard]] virtual QByteArray locked(const QByteArray& select) const = 0;
+    /// A select whose one text changes with each write that anybody has finished.
+    [[nodiscard]] virtual QByteArray dataVersion() const = 0;
+    /// A select of the tables and columns that there are, one row each.
+    [[nodiscard]] virtual QByteArray columns() const = 0;
+
+    /// The statements that make tables, relations, indexes and triggers in an empty catalog, in order.
+    [[nodiscard]] virtual std::vector<QByteArray> createStatements() const = 0;
+    /// A statement after which new keys of the table lie behind all that it has: rows were added with keys of
+    /// their own.
+    [[nodiscard]] virtual QByteArray passKeys(const schema::Table& table) const = 0;
+};
+
+} // namespace tarnwell::data

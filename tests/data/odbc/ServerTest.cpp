@@ -1,0 +1,172 @@
+#include "data/recordset/Connection.h"
+#include "support/RaisedNumber.h"
+#include "support/TemporaryDatabase.h"
+#include "support/TestServer.h"
+
+#include <gtest/gtest.h>
+
+namespace tarnwell::test {
+
+namespace {
+
+class Server : public ::testing::Test {
+protected:
+    std::string names(const QString& rest) {
+        Recordset rows;
+        rows.Open("SELECT Name FROM MasterTask " + rest, database.connection());
+        QStringList list;
+        for (; !rows.atEnd(); rows.MoveNext())
+            list << (rows["Name"].isNull() ? QStringLiteral("-") : rows["Name"].toText());
+        return list.join(' ').toStdString();
+    }
+    void addTasks(std::initializer_list<Value> all) {
+        for (const Value& name : all)
+            database.add("MasterTask", {{"Name", name}});
+    }
+    int numberOf(const QString& sql) {
+        return raisedNumber([&] {
+            Recordset rows;
+            rows.Open(sql, database.connection());
+        });
+    }
+
+    TemporaryDatabase database;
+};
+
+TEST(ServerOpening, SaysWhatIsWrong) {
+    for (const char* text : {"Provider=PostgreSQL;Data Source=/nowhere;Initial Catalog=x",
+                             "Provider=PostgreSQL;Data Source=127.0.0.1:1;Initial Catalog=x"}) {
+        Connection connection;
+        connection.setConnectionString(text);
+        EXPECT_TRUE(raisedText([&] { connection.Open(); }).contains("could not be reached")) << text;
+        EXPECT_EQ(connection.State(), ObjectState::Closed);
+    }
+    Connection foreign;
+    foreign.setConnectionString(serverConnectionString("postgres"));
+    EXPECT_TRUE(raisedText([&] { foreign.Open(); }).contains("not a Tarnwell database"));
+    foreign.setConnectionString(serverConnectionString("nowhere"));
+    EXPECT_TRUE(raisedText([&] { foreign.Open(); }).contains("nowhere"));
+}
+
+TEST_F(Server, ComparesAndOrdersTextsAsTheEmbeddedEngine) {
+    addTasks({"b", "A", Value::null(), "a_", "B", "Ä", "", "z*"});
+    EXPECT_EQ(names("ORDER BY Name"), "-  A a_ b B z* Ä");
+    EXPECT_EQ(names("ORDER BY Name DESC"), "Ä z* b B a_ A  -");
+    EXPECT_EQ(names("WHERE Name>='B' ORDER BY Name"), "b B z* Ä");
+    EXPECT_EQ(names("WHERE Name='a' OR Name LIKE 'A_'"), "A a_");
+    EXPECT_EQ(names("WHERE Name LIKE '*Z%'"), "z*");
+    EXPECT_EQ(names("WHERE ISNULL(Name)=-1 OR Name + 'x' = 'bx'"), "b -");
+    EXPECT_EQ(database.ask("SELECT ISNULL(Name) FROM MasterTask WHERE ISNULL(Name)"), Value(-1));
+}
+
+TEST_F(Server, KeepsEveryValueAsItIs) {
+    const QString longText = QString("Größe 'ж' \n").repeated(12'000);
+    const DateTime moments[] = {{QDate(1900, 1, 1)}, {QDate(9999, 12, 31), QTime(23, 59, 59)}};
+    for (const DateTime& moment : moments)
+        for (const double price : {0.0, 0.1, -1e308, 1e-300, 123456789.123456789})
+            for (const QString& text : {QString(), QString("x"), longText}) {
+                const qint64 job = database.add("Employee", {{"Information", text}, {"DateofHire", moment}});
+                const qint64 task =
+                    database.add("MasterTask", {{"MasterPrice", price}, {"Deleted", price > 0}});
+                Recordset rows;
+                rows.Open("SELECT * FROM Employee WHERE EmployeeKey=" + QString::number(job),
+                          database.connection());
+                EXPECT_TRUE(rows["Information"] == Value(text));
+                EXPECT_EQ(rows["DateofHire"], Value(moment));
+                rows = Recordset();
+                rows.Open("SELECT * FROM MasterTask WHERE MasterTaskKey=" + QString::number(task),
+                          database.connection());
+                EXPECT_EQ(rows["MasterPrice"], Value(price));
+                EXPECT_EQ(rows["Deleted"], Value(price > 0));
+                EXPECT_EQ(rows["CodeKey"], Value(0));
+            }
+}
+
+TEST_F(Server, RaisesTheProvidersNumbers) {
+    const std::pair<const char*, int> cases[] = {
+        {"SELECT * FRM MasterTask", -2147217900},
+        {"SELECT * FROM Jobs", -2147217865},
+        {"SELECT Nowhere FROM MasterTask", -2147217904},
+        {"UPDATE MasterTask SET Nowhere=1", -2147217904},
+        {"INSERT INTO JobLot (JobKey) VALUES (77)", -2147217873},
+        {"UPDATE Code SET Code1=99999", -2147217833},
+        {"UPDATE MasterTask SET MasterTaskKey=1", -2147217873},
+        {"SELECT * FROM pg_user", -2147217911},
+        {"SELECT pg_read_file('/etc/passwd') FROM Code", -2147217911},
+        {"SELECT lo_import('/etc/passwd') FROM Code", -2147217900},
+        {"SELECT * FROM Code; DELETE FROM Code", -2147217900},
+    };
+    addTasks({"A", "B"});
+    for (const auto& [sql, number] : cases)
+        EXPECT_EQ(numberOf(sql), number) << sql;
+    EXPECT_EQ(names("ORDER BY Name"), "A B");
+}
+
+TEST_F(Server, ANullYesNoIsNo) {
+    addTasks({"A"});
+    database.run("UPDATE MasterTask SET Deleted=NULL");
+    EXPECT_EQ(database.ask("SELECT Deleted FROM MasterTask"), Value(false));
+    EXPECT_EQ(numberOf("UPDATE MasterTask SET Deleted=1"), -2147217873);
+}
+
+TEST_F(Server, TakesThousandsOfKeys) {
+    addTasks({"A", "B", "C"});
+    QString keys = "MasterTaskKey=2";
+    for (int key = 3; key < 5000; ++key)
+        keys += " OR MasterTaskKey=" + QString::number(key);
+    EXPECT_EQ(names("WHERE (" + keys + ") ORDER BY MasterTaskKey"), "B C");
+}
+
+TEST_F(Server, ARowThatSomebodyHoldsIsLocked) {
+    addTasks({"A", "B"});
+    Connection other;
+    other.setConnectionString(database.connectionString());
+    other.setBusyTimeout(std::chrono::milliseconds(1));
+    other.Open();
+    const Transaction held(database.connection());
+    database.run("UPDATE MasterTask SET Name='held' WHERE Name='A'");
+    Recordset rows;
+    rows.Open("SELECT Name FROM MasterTask ORDER BY Name", other, CursorType::Static, LockType::Optimistic);
+    rows.set("Name", "mine");
+    EXPECT_EQ(raisedFailure([&] { rows.Update(); }), Failure::DatabaseLocked);
+    rows.CancelUpdate();
+    rows.MoveNext();
+    rows.set("Name", "free");
+    rows.Update();
+    EXPECT_EQ(rows["Name"], Value("free"));
+}
+
+TEST_F(Server, AWatchEndsAStatement) {
+    QString sql = "SELECT COUNT(*) FROM Code a, Code b, Code c, Code d, Code e, Code f, Code g, Code h";
+    int questions = 0;
+    {
+        const StatementWatch watch(database.connection(), [&] { return ++questions < 3; });
+        EXPECT_EQ(numberOf(sql), tarnwell::makeError(Failure::Cancelled).number());
+    }
+    EXPECT_EQ(questions, 3);
+    EXPECT_EQ(database.ask("SELECT COUNT(*) FROM MasterTask"), Value(0));
+}
+
+const char* const endOthers = "SELECT pg_terminate_backend(pid) FROM pg_stat_activity "
+                              "WHERE datname = current_database() AND pid <> pg_backend_pid()";
+
+TEST_F(Server, ALostConnectionIsReportedOnceAndThenMadeAnew) {
+    addTasks({"A"});
+    const QString catalog = connectionValue(database.connectionString(), QLatin1String("Initial Catalog"));
+    runOnServer(catalog, endOthers);
+    EXPECT_EQ(numberOf("SELECT Name FROM MasterTask"), -2147467259);
+    EXPECT_EQ(names(""), "A");
+    {
+        Transaction transaction(database.connection());
+        addTasks({"B"});
+        runOnServer(catalog, endOthers);
+        EXPECT_NE(raisedNumber([&] { addTasks({"C"}); }), 0);
+        EXPECT_NE(raisedNumber([&] { addTasks({"D"}); }), 0) << "without the transaction's beginning";
+        EXPECT_NE(raisedNumber([&] { transaction.commit(); }), 0);
+    }
+    EXPECT_EQ(names(""), "A");
+}
+
+} // namespace
+
+} // namespace tarnwell::test

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QString>
+
+namespace tarnwell::test {
+
+/// The server of the tests, as "DataServer" names one; empty where they run on the embedded engine.
+[[nodiscard]] QString testServer();
+/// What opens a catalog of that server.
+[[nodiscard]] QString serverConnectionString(const QString& catalog);
+
+/// Makes a copy of the catalog "tarnwell_template", which is made where it is missing; what opens the copy.
+[[nodiscard]] QString createTestCatalog();
+/// Also while somebody still has it open.
+void dropTestCatalog(const QString& connectionString);
+
+/// Runs one statement of the server's own SQL on one of its catalogs.
+void runOnServer(const QString& catalog, const QByteArray& sql);
+
+} // namespace tarnwell::test

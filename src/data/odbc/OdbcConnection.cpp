@@ -1,5 +1,6 @@
 #include "data/odbc/OdbcConnection.h"
 
+#include "data/odbc/AttributeValue.h"
 #include "data/odbc/OdbcError.h"
 
 #include <sql.h>
@@ -14,16 +15,10 @@ SQLHENV environment() {
     static const SQLHENV handle = [] {
         SQLHENV made = SQL_NULL_HENV;
         SQLAllocHandle(SQL_HANDLE_ENV, SQL_NULL_HANDLE, &made);
-        SQLSetEnvAttr(made, SQL_ATTR_ODBC_VERSION,
-                      reinterpret_cast<SQLPOINTER>(SQL_OV_ODBC3), // NOLINT(performance-no-int-to-ptr)
-                      0);
+        SQLSetEnvAttr(made, SQL_ATTR_ODBC_VERSION, asPointer(SQL_OV_ODBC3), 0);
         return made;
     }();
     return handle;
-}
-
-SQLPOINTER asPointer(SQLULEN number) {
-    return reinterpret_cast<SQLPOINTER>(number); // NOLINT(performance-no-int-to-ptr): the library's own way
 }
 
 /// As the driver knows it; nothing is sent.

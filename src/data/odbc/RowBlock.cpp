@@ -1,5 +1,6 @@
 #include "data/odbc/RowBlock.h"
 
+#include "data/odbc/AttributeValue.h"
 #include "data/odbc/OdbcStatement.h"
 
 #include <QStringView>
@@ -19,10 +20,6 @@ using schema::ColumnType;
 
 constexpr std::size_t rowsAtOnce = 64;
 constexpr std::size_t bufferedLetters = 56; ///< Names fit; longer texts are asked for one by one.
-
-SQLPOINTER asPointer(SQLULEN number) {
-    return reinterpret_cast<SQLPOINTER>(number); // NOLINT(performance-no-int-to-ptr): the library's own way
-}
 
 template <class T>
 T valueAt(const std::vector<char>& values, std::size_t row) {

@@ -10,6 +10,8 @@
 
 #include <QFileInfo>
 
+#include <optional>
+
 namespace tarnwell::tool {
 
 namespace {
@@ -82,7 +84,10 @@ void describeLandmarks(Output& output) {
 }
 
 int makeSample(const Request& request, Output& output) {
-    const sample::Scale scale = sample::findScale(request.scale).value();
+    const std::optional<sample::Scale> found = sample::findScale(request.scale);
+    if (!found)
+        return misuse;
+    const sample::Scale& scale = *found;
     NewDatabase database(request);
     Connection connection;
     connection.setConnectionString(fileConnectionString(database.path()));

@@ -70,10 +70,11 @@ qint64 frmAddOptionGroup::selectedGroup() const {
 void frmAddOptionGroup::Form_Load() {
     makeControls();
     layOut();
-    m_tasks.emplace(*jgGroupOptions,
-                    DetailRows::Source{.chosen = [this] { return DetailKeys{.category = selectedGroup()}; },
-                                       .show = [this](const DetailKeys& keys) { showGroup(keys.category); },
-                                       .reload = [this] { FilterGroup(); }});
+    m_tasks = std::make_unique<DetailRows>(
+        *jgGroupOptions,
+        DetailRows::Source{.chosen = [this] { return DetailKeys{.category = selectedGroup()}; },
+                           .show = [this](const DetailKeys& keys) { showGroup(keys.category); },
+                           .reload = [this] { FilterGroup(); }});
     connectControls();
     m_builderName->setText(m_builder.name);
     GroupRecordset = std::make_unique<Recordset>();

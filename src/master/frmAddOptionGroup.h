@@ -5,7 +5,6 @@
 
 #include <functional>
 #include <memory>
-#include <optional>
 
 namespace tarnwell {
 
@@ -70,7 +69,7 @@ private:
     std::unique_ptr<Recordset> GroupRecordset; ///< All builders' rows; a filter shows one group's.
     int FocusArea = 0;                         ///< What Del deletes: 0 the group, 1 the task.
     ButtonMask ToolbarMask = 0;
-    std::optional<DetailRows> m_tasks; ///< From `Form_Load` on; the category is the group.
+    std::unique_ptr<DetailRows> m_tasks; ///< From `Form_Load` on; the category is the group.
     OptionGroupBuilder m_builder;
     PickTasks m_pickTasks;
 };

@@ -40,7 +40,7 @@ frmMasterCodes::~frmMasterCodes() = default;
 
 void frmMasterCodes::Form_Load() {
     makeControls();
-    m_codes.emplace(
+    m_codes = std::make_unique<DetailRows>(
         *jgCodes, DetailRows::Source{.chosen = [this] { return DetailKeys{.category = chosenKey(*cmbType)}; },
                                      .show = [this](const DetailKeys& keys) { showList(keys.category); },
                                      .reload = [this] { cmbType_Click(); }});

@@ -4,7 +4,7 @@
 #include "data/recordset/Recordset.h"
 #include "frame/Screen.h"
 
-#include <optional>
+#include <memory>
 
 namespace tarnwell {
 
@@ -37,7 +37,7 @@ private:
     Grid* jgCodes = nullptr;
 
     Recordset CodeRecordset;
-    std::optional<DetailRows> m_codes; ///< From `Form_Load` on; the category is the list's `Code1`.
+    std::unique_ptr<DetailRows> m_codes; ///< From `Form_Load` on; the category is the list's `Code1`.
 };
 
 } // namespace tarnwell

@@ -52,7 +52,7 @@ frmMasterTasks::~frmMasterTasks() = default;
 
 void frmMasterTasks::Form_Load() {
     makeControls();
-    m_tasks.emplace(
+    m_tasks = std::make_unique<DetailRows>(
         *jgMasterTasks,
         DetailRows::Source{.chosen = [this] { return DetailKeys{.category = chosenKey(*cmbType)}; },
                            .show = [this](const DetailKeys& keys) { showCategory(keys.category); },

@@ -6,7 +6,6 @@
 #include "master/PriceCascade.h"
 
 #include <memory>
-#include <optional>
 
 class QCheckBox;
 class QLayout;
@@ -69,7 +68,7 @@ private:
 
     Recordset TaskRecordset;
     std::shared_ptr<Recordset> DependencyRecordset; ///< None until a category is shown.
-    std::optional<DetailRows> m_tasks; ///< From `Form_Load` on: the tasks of the category on screen.
+    std::unique_ptr<DetailRows> m_tasks; ///< From `Form_Load` on: the tasks of the category on screen.
     ButtonMask m_toolbarMask = 0;
 };
 

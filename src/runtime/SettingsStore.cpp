@@ -19,7 +19,7 @@ namespace tarnwell {
 
 namespace {
 
-constexpr qint64 longestFile = 1024 * 1024;
+constexpr qint64 longestFile = qint64{1024} * 1024;
 constexpr int lockMilliseconds = 5000;
 
 bool isSoundValue(const QJsonValue& value) {

@@ -67,15 +67,15 @@ void frmPayroll::Form_Load() {
     ui.build(*canvas());
     for (const auto& [control, name, toolTip] : ui.named())
         nameControl(control, name, toolTip);
-    m_tasks.emplace(*ui.jgTasks,
-                    DetailRows::Source{.chosen =
-                                           [this] {
-                                               const Value lot = ui.jgJobLots->value("JobLotKey");
-                                               return DetailKeys{.owner = lot.isNoKey() ? 0 : lot.toLong(),
-                                                                 .category = chosenKey(*ui.cmbType)};
-                                           },
-                                       .show = [this](const DetailKeys& keys) { showTasks(keys); },
-                                       .reload = [this] { cmbType_Click(); }});
+    m_tasks = std::make_unique<DetailRows>(
+        *ui.jgTasks, DetailRows::Source{.chosen =
+                                            [this] {
+                                                const Value lot = ui.jgJobLots->value("JobLotKey");
+                                                return DetailKeys{.owner = lot.isNoKey() ? 0 : lot.toLong(),
+                                                                  .category = chosenKey(*ui.cmbType)};
+                                            },
+                                        .show = [this](const DetailKeys& keys) { showTasks(keys); },
+                                        .reload = [this] { cmbType_Click(); }});
     connectControls();
     JobKey = 0;
     ui.cmbType->setItems(readTaskCategories(connection()));

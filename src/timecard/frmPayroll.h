@@ -9,7 +9,6 @@
 
 #include <functional>
 #include <memory>
-#include <optional>
 
 namespace tarnwell {
 
@@ -64,7 +63,7 @@ private:
     qint64 JobKey = 0;
     std::shared_ptr<Recordset> LotRecordset;  ///< None until the first job.
     std::shared_ptr<Recordset> TaskRecordset; ///< Likewise.
-    std::optional<DetailRows> m_tasks;        ///< From `Form_Load` on: by lot and category.
+    std::unique_ptr<DetailRows> m_tasks;      ///< From `Form_Load` on: by lot and category.
     ButtonMask ToolbarMask = 0;
     PaymentFigures m_figures;
     bool m_trapped = false; ///< A payment is under way; a second press waits for nothing.

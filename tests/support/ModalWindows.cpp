@@ -123,7 +123,7 @@ class EndOfTest : public testing::EmptyTestEventListener {
 
 } // namespace
 
-void whenModal(std::function<void(QWidget&)> routine) {
+void whenModal(const std::function<void(QWidget&)>& routine) {
     watch->expect(routine);
 }
 

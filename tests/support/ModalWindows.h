@@ -10,7 +10,7 @@ class ScreenDriver;
 
 /// Runs a routine once the next modal window is up and active (before a call that blocks in it). A routine
 /// that fails fatally or throws has its windows closed at once.
-void whenModal(std::function<void(QWidget& window)> routine);
+void whenModal(const std::function<void(QWidget& window)>& routine);
 /// The same, with a driver for that window.
 void whenShown(std::function<void(const ScreenDriver& window)> use);
 

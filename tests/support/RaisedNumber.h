@@ -15,7 +15,7 @@ namespace tarnwell::test {
 
 /// The number of the error that the routine raises; 0 when it raises none.
 template <class Routine>
-[[nodiscard]] int raisedNumber(Routine routine) {
+[[nodiscard]] int raisedNumber(const Routine& routine) {
     try {
         routine();
     } catch (const RunTimeError& error) {
@@ -26,7 +26,7 @@ template <class Routine>
 
 /// What went wrong; nothing when the routine raises nothing.
 template <class Routine>
-[[nodiscard]] std::optional<Failure> raisedFailure(Routine routine) {
+[[nodiscard]] std::optional<Failure> raisedFailure(const Routine& routine) {
     try {
         routine();
     } catch (const RunTimeError& error) {
@@ -37,7 +37,7 @@ template <class Routine>
 
 /// The description of the error that the routine raises; empty when it raises none.
 template <class Routine>
-[[nodiscard]] QString raisedText(Routine routine) {
+[[nodiscard]] QString raisedText(const Routine& routine) {
     try {
         routine();
     } catch (const RunTimeError& error) {

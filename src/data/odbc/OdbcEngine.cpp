@@ -33,7 +33,7 @@ private:
     bool m_started = false;
 };
 
-class OdbcEngine : public Engine {
+class OdbcEngine final : public Engine {
 public:
     OdbcEngine(const ServerDialect& dialect, const QString& connectionString,
                std::chrono::milliseconds busyTimeout)

@@ -55,7 +55,7 @@ const Grouping& groupingOf(GroupBy groupBy) {
 }
 
 /// A task's start or stop; raises InvalidUseOfNull for Null, which has no place in a calendar.
-const Value& moment(const Value& value) {
+Value moment(Value value) {
     if (value.isNull())
         raise(Failure::InvalidUseOfNull);
     return value;

@@ -35,11 +35,12 @@ void startPortraitPage(ReportPen& pen, const QString& title, int gapBelow) {
 void drawRow(ReportPen& pen, std::initializer_list<RowText> texts, int step, int fontSize,
              const RowColumn& column) {
     for (const RowText* place = texts.begin(); place != texts.end(); ++place) {
-        if (!place->text)
+        const std::optional<QString>& text = place->text;
+        if (!text)
             continue;
         const RowText* const next = place + 1;
         const bool isLast = next == texts.end();
-        pen.text(column.x + place->x, *place->text,
+        pen.text(column.x + place->x, *text,
                  {.Bold = place->bold, .FontSize = fontSize, .YStep = isLast ? step : 0},
                  isLast ? column.right : column.x + next->x);
     }

@@ -102,6 +102,7 @@ void frmReportParameters::connectControls() {
 void frmReportParameters::LoadReports() {
     ReportDefinitions read = readReportDefinitions(connection());
     std::vector<ListItem> rows;
+    rows.reserve(read.names.size());
     for (std::size_t i = 0; i < read.names.size(); ++i)
         rows.emplace_back(read.names[i], static_cast<qint64>(i));
     m_definitions = std::move(read.definitions);

@@ -48,6 +48,7 @@ std::optional<Ended> run(const QString& command, const QStringList& arguments) {
 /// What the toolkit's dialog has for the queue alone (pages on a sheet, banners): names and values
 /// alternating. The toolkit has no public name for this property.
 QStringList dialogOptions(const QPrinter& printer) {
+    // NOLINTNEXTLINE(clang-analyzer-optin.core.EnumCastOutOfRange): the toolkit casts it so itself
     constexpr auto queueOptions = QPrintEngine::PrintEnginePropertyKey(0xfe00);
     const QStringList pairs = printer.printEngine()->property(queueOptions).toStringList();
     QStringList options;

@@ -2,6 +2,7 @@
 
 #include "data/RunTimeError.h"
 
+#include <QCoreApplication>
 #include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QPageSetupDialog>

@@ -61,7 +61,7 @@ qint64 PageStore::newReport() {
         throw;
     }
     m_run = sqlite3_last_insert_rowid(m_file.pages.get());
-    m_drawn.emplace();
+    m_drawn = std::make_unique<PageSpool>();
     return m_run;
 }
 
@@ -74,7 +74,7 @@ void PageStore::add(qint64 reportKey, const PageLine& line) {
 }
 
 bool PageStore::finish(qint64 reportKey, const FollowPages& follow) {
-    if (!m_drawn.has_value() || reportKey != m_run)
+    if (m_drawn == nullptr || reportKey != m_run)
         return true;
     putAside();
     if (!moveIn(follow))
@@ -118,7 +118,7 @@ PageItems PageStore::page(qint64 reportKey, qint64 number) const {
 }
 
 ItemBytes& PageStore::itemsOf(qint64 reportKey, qint64 page) {
-    if (!m_drawn.has_value() || reportKey != m_run)
+    if (m_drawn == nullptr || reportKey != m_run)
         raise(Failure::NotAllowed);
     if (page != m_page || m_items.bytes().size() > partSize)
         putAside();

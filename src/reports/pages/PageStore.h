@@ -5,7 +5,7 @@
 #include "reports/pages/ReportFile.h"
 
 #include <functional>
-#include <optional>
+#include <memory>
 #include <vector>
 
 namespace tarnwell {
@@ -54,9 +54,9 @@ private:
 
     QString m_path;
     ReportFile m_file;
-    qint64 m_run = 0;                 ///< Key of the last run; 0: none.
-    std::optional<PageSpool> m_drawn; ///< Of the last run while it can still be drawn on.
-    qint64 m_page = 0;                ///< Whose items wait in `m_items`.
+    qint64 m_run = 0;                   ///< Key of the last run; 0: none.
+    std::unique_ptr<PageSpool> m_drawn; ///< Of the last run while it can still be drawn on.
+    qint64 m_page = 0;                  ///< Whose items wait in `m_items`.
     ItemBytes m_items;
 };
 

@@ -4,6 +4,8 @@
 #include <QEvent>
 #include <QToolButton>
 
+#include <ranges>
+
 namespace tarnwell {
 
 namespace {
@@ -52,12 +54,12 @@ void PreviewToolBar::fit() {
         showCaption(*button, true);
     for (QToolButton* button : m_spare)
         showButton(*button, true);
-    for (auto button = m_captioned.rbegin(); button != m_captioned.rend(); ++button)
+    for (QToolButton* button : m_captioned | std::views::reverse)
         if (sizeHint().width() > width())
-            showCaption(**button, false);
-    for (auto button = m_spare.rbegin(); button != m_spare.rend(); ++button)
+            showCaption(*button, false);
+    for (QToolButton* button : m_spare | std::views::reverse)
         if (sizeHint().width() > width())
-            showButton(**button, false);
+            showButton(*button, false);
 }
 
 void PreviewToolBar::resizeEvent(QResizeEvent* event) {

@@ -80,7 +80,7 @@ TEST_F(RecordsetWrite, NewRowsStandLastAndOnce) {
     addTask("A", 1);
     for (const CursorType cursor : {CursorType::Dynamic, CursorType::Static}) {
         open("SELECT Name FROM MasterTask ORDER BY MasterTaskKey", cursor);
-        const int before = ask("SELECT COUNT(*) FROM MasterTask").toLong();
+        const auto before = ask("SELECT COUNT(*) FROM MasterTask").toLong();
         rows.AddNew();
         rows.set(0, "new");
         rows.Update();

@@ -111,7 +111,7 @@ TEST_F(RunReportTest, TheQuestionIsAskedBehindTheStatementAndNoBeginsItAgain) {
         return true;
     };
     EXPECT_EQ(run(slow), 1);
-    const int codes = data.database().ask("SELECT COUNT(*) FROM Code").toLong();
+    const auto codes = data.database().ask("SELECT COUNT(*) FROM Code").toLong();
     EXPECT_EQ(watcher.units, codes * codes * codes);
 }
 

@@ -21,8 +21,6 @@ namespace {
 
 using namespace tarnwell;
 using test::NumberedReport;
-using test::numberOf;
-using test::raisedNumber;
 using test::RecordingPrinter;
 
 QString outputOf(const QString& program, const QStringList& arguments) {

@@ -58,7 +58,7 @@ TEST_F(JobScreen, ATypedKeyLeadsToANewJob) {
                          "ISNULL(CompletedDate)=-1"),
               1);
     EXPECT_EQ(enabled(), "Exit Add Del Find");
-    ASSERT_TRUE(waitFor([this] { return form().isActiveWindow(); }));
+    ASSERT_TRUE(waitFor([] { return form().isActiveWindow(); }));
     driver->press(Qt::Key_Tab);
     EXPECT_EQ(driver->focusedName(), "MskField(1)") << "and its number is asked about by nobody";
 }
@@ -173,7 +173,7 @@ TEST_F(JobScreen, AJobThatSomebodyElseDeletedLeavesTheScreenAfterOneMessage) {
         [this] { driver->clickToolbar("Exit"); },
         [this] { driver->clickToolbar("Add"); },
         [this] { find("optSearch(0)"); },
-        [this] { form().close(); },
+        [] { form().close(); },
     };
     for (const auto& leave : ways) {
         openJob();
@@ -314,7 +314,7 @@ TEST_F(JobScreen, ThePulldownFillsTheLotThatItStartedFromAndMakesNoOther) {
     const auto pullDown = [this](std::function<void(const ScreenDriver&)> use) {
         whenShown(std::move(use));
         driver->press(Qt::Key_F4);
-        EXPECT_TRUE(waitFor([this] { return form().isActiveWindow(); }));
+        EXPECT_TRUE(waitFor([] { return form().isActiveWindow(); }));
     };
     pullDown([](const ScreenDriver& plans) { plans.clickToolbar("Exit"); });
     EXPECT_EQ(data.count("JobLotTask"), 0);

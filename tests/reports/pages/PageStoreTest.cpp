@@ -148,7 +148,7 @@ TEST_F(PageStoreTest, ClearsTheRunBeforeAndItsOwnAtTheEnd) {
 /// By drive: with a write-ahead log, and without one as on a network drive.
 class SharedPageStoreTest : public PageStoreTest, public testing::WithParamInterface<data::Journal> {
 protected:
-    [[nodiscard]] std::unique_ptr<PageStore> open() const {
+    [[nodiscard]] std::unique_ptr<PageStore> openShared() const {
         return std::make_unique<PageStore>(path(), GetParam());
     }
 };
@@ -157,27 +157,27 @@ INSTANTIATE_TEST_SUITE_P(EveryJournal, SharedPageStoreTest,
 
 TEST_P(SharedPageStoreTest, ClearsWhatAKilledProgramLeft) {
     (void)PageStore(path(), data::Journal::WriteAhead).newReport(); // also one from another kind of drive
-    open().reset();
+    openShared().reset();
     {
         const data::SqliteDatabase killed(path(), data::SqliteDatabase::Access::ReadWrite);
         killed.run("INSERT INTO Page VALUES (1, 1, 1, x'00')");
         killed.run("INSERT INTO Report VALUES (1)");
     }
-    open().reset();
+    openShared().reset();
     EXPECT_EQ(rowsOf("Page") + rowsOf("Report"), 0);
 }
 
 TEST_P(SharedPageStoreTest, WorkstationsLeaveEachOthersReportsAlone) {
-    const auto first = open();
+    const auto first = openShared();
     const qint64 key = first->newReport();
     first->add(key, text(1, QStringLiteral("on the first screen")));
     first->finish(key);
     {
-        const auto second = open();
+        const auto second = openShared();
         const qint64 drawnMeanwhile = second->newReport();
         EXPECT_NE(drawnMeanwhile, key);
         second->add(drawnMeanwhile, text(1, QStringLiteral("half drawn")));
-        const auto third = open();
+        const auto third = openShared();
         EXPECT_GT(third->newReport(), drawnMeanwhile);
         second->finish(drawnMeanwhile);
         EXPECT_EQ(second->pageCount(drawnMeanwhile), 1);

@@ -1,6 +1,7 @@
 #include "data/odbc/OdbcConnection.h"
 
 #include "data/odbc/AttributeValue.h"
+#include "data/odbc/ConnectFailure.h"
 #include "data/odbc/OdbcError.h"
 
 #include <sql.h>
@@ -42,10 +43,7 @@ OdbcConnection::OdbcConnection(const QString& driverString, const QString& serve
         return;
     const OdbcDiagnosis diagnosis = diagnosisOf(OdbcHandleKind::Connection, m_handle);
     SQLFreeHandle(SQL_HANDLE_DBC, m_handle);
-    if (isConnectionLost(diagnosis.state))
-        raiseServerFailure(Failure::DatabaseFailure, server,
-                           QStringLiteral("The database server could not be reached."), diagnosis.words);
-    raiseOdbcError(diagnosis, server);
+    raiseConnectFailure(diagnosis, server);
 }
 
 OdbcConnection::~OdbcConnection() {

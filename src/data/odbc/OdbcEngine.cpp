@@ -126,7 +126,7 @@ void OdbcEngine::requireOurs() {
             if (std::ranges::find(present, std::pair(table.name, column.name)) == present.end())
                 raiseServerFailure(Failure::DatabaseForeign, m_server.name(),
                                    QStringLiteral("The catalog is not a Tarnwell database."),
-                                   QStringLiteral("%1.%2").arg(table.name, column.name));
+                                   QStringLiteral("%1.%2 is missing").arg(table.name, column.name));
 }
 
 void OdbcEngine::close() {

@@ -49,9 +49,9 @@ QString textOf(const SQLWCHAR* text, SQLSMALLINT length) {
 QString serversWords(QString words) {
     while (words.startsWith(QLatin1Char('[')) && words.contains(QLatin1Char(']')))
         words = words.sliced(words.indexOf(QLatin1Char(']')) + 1);
-    const qsizetype end = words.indexOf(QLatin1String(";\nError while "));
-    if (end >= 0)
-        words.truncate(end);
+    for (const char* own : {";\nError while ", ";\nThe connection has been lost"})
+        if (const qsizetype end = words.indexOf(QLatin1String(own)); end >= 0)
+            words.truncate(end);
     if (words.startsWith(QLatin1String("ERROR:")))
         words.remove(0, 6);
     return words.simplified();

@@ -1,0 +1,59 @@
+#include "data/odbc/ConnectFailure.h"
+
+#include "data/odbc/OdbcError.h"
+
+#include <algorithm>
+#include <array>
+
+namespace tarnwell::data {
+
+namespace {
+
+constexpr auto refusedSignIn = "The database server did not let you sign in.";
+constexpr auto refusedConnection = "The database server refused the connection.";
+
+struct Refusal {
+    const char* words; ///< Of the driver or the server; the first that are found count.
+    Failure failure;
+    const char* text; ///< Null: that of the failure.
+};
+
+/// While a connection is made, PostgreSQL's driver has one SQLSTATE for everything; only the words differ.
+constexpr std::array refusals{
+    Refusal{"Can't open lib", Failure::ProviderNotFound, nullptr}, // the driver is not installed
+    Refusal{"does not support SSL", Failure::DatabaseFailure,
+            "The database server does not offer an encrypted connection; only the setting SSLMode can allow "
+            "one without encryption."},
+    Refusal{"not currently accepting connections", Failure::DatabaseFailure, refusedConnection},
+    Refusal{"FATAL: database \"", Failure::DatabaseNotFound, "The database server has no such catalog."},
+    Refusal{"FATAL: role \"", Failure::PermissionDenied, refusedSignIn},
+    Refusal{"authentication failed", Failure::PermissionDenied, refusedSignIn},
+    Refusal{"no password supplied", Failure::PermissionDenied, refusedSignIn},
+    Refusal{"no pg_hba.conf entry", Failure::PermissionDenied, refusedSignIn},
+    Refusal{"permission denied for database", Failure::PermissionDenied, refusedSignIn},
+    Refusal{"FATAL:", Failure::DatabaseFailure, refusedConnection},
+};
+
+/// "connection to server at "office", port 5432 failed: FATAL: role "ann" does not exist" without its way.
+QString answerOf(const QString& words) {
+    const QLatin1String mark("FATAL: ");
+    const qsizetype at = words.indexOf(mark);
+    return at >= 0 ? words.sliced(at + mark.size()) : words;
+}
+
+} // namespace
+
+void raiseConnectFailure(const OdbcDiagnosis& diagnosis, const QString& server) {
+    const auto* const refusal = std::ranges::find_if(
+        refusals, [&](const Refusal& entry) { return diagnosis.words.contains(QLatin1String(entry.words)); });
+    if (refusal != refusals.end() && refusal->text == nullptr)
+        throw makeError(refusal->failure, diagnosis.words);
+    if (refusal != refusals.end())
+        raiseServerFailure(refusal->failure, server, QLatin1String(refusal->text), answerOf(diagnosis.words));
+    if (isConnectionLost(diagnosis.state))
+        raiseServerFailure(Failure::DatabaseFailure, server,
+                           QStringLiteral("The database server could not be reached."), diagnosis.words);
+    raiseOdbcError(diagnosis, server);
+}
+
+} // namespace tarnwell::data

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "data/engine/Providers.h"
 #include "data/odbc/ServerDialect.h"
 
 namespace tarnwell::data {
 
-/// The provider under which connection strings and settings name a catalog on such a server.
-inline constexpr QStringView postgresProvider = u"PostgreSQL";
+using tarnwell::postgresProvider;
 
 /// PostgreSQL, from 13 on, through its driver "PostgreSQL Unicode".
 ///
@@ -18,7 +18,8 @@ public:
     [[nodiscard]] QString name() const override;
     /// "Data Source" is a host or the folder of a socket, with ":port" where it is not 5432; empty for the
     /// socket of this computer. "Initial Catalog" is the catalog. Without "User ID" and "Password" the
-    /// platform signs in. Over TCP the connection is encrypted, unless "SSLMode" says otherwise.
+    /// platform signs in. Over TCP the connection is encrypted, unless "SSLMode" is disable, allow
+    /// or prefer; what is no mode counts as require.
     [[nodiscard]] QString driverString(const QString& connectionString) const override;
     [[nodiscard]] std::vector<QByteArray> settings(std::chrono::milliseconds busyTimeout) const override;
     [[nodiscard]] QByteArray returningKey(const QByteArray& insert,

@@ -149,6 +149,8 @@ std::shared_ptr<const TranslatedShape> translateShape(std::u16string text, const
                               writer);
     }
     shape->kind = kindOf(tokens);
+    if (shape->kind == StatementKind::Select && tokens.find(Keyword::Into) >= 0)
+        raise(Failure::PermissionDenied, QStringLiteral("a select makes no table"));
     const StatementTables tables(tokens, shape->kind);
     rewriteConditions(tokens);
     rewriteKeyLists(tokens);

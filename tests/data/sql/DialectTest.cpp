@@ -109,9 +109,10 @@ TEST_F(DialectTest, RefusesWhatIsNotOneStatementOfRows) {
           "SELECT `x`", "SELECT 12abc", "SELECT [Name FROM Job", "SELECT (1", "SELECT 1)", "EXPLAIN SELECT 1",
           "WITH x AS (SELECT 1) SELECT * FROM x", "REPLACE INTO Job VALUES (1)", "(SELECT 1)"})
         EXPECT_EQ(numberRaisedBy(text), -2147217900) << text;
-    for (const char* text : {"DROP TABLE Job", "create table x(a)", "PRAGMA foreign_keys=0",
-                             "ATTACH 'x' AS y", "BEGIN", "COMMIT", "VACUUM INTO 'x'",
-                             "SELECT * FROM sqlite_master", "SELECT * FROM pragma_table_info('Job')"})
+    for (const char* text :
+         {"DROP TABLE Job", "create table x(a)", "PRAGMA foreign_keys=0", "ATTACH 'x' AS y", "BEGIN",
+          "COMMIT", "VACUUM INTO 'x'", "SELECT * FROM sqlite_master",
+          "SELECT * FROM pragma_table_info('Job')", "SELECT * INTO Made FROM Job"})
         EXPECT_EQ(numberRaisedBy(text), -2147217911) << text;
     EXPECT_EQ(rows("SELECT JobKey FROM Job WHERE JobKey=1;"), Rows{"1"});
     EXPECT_EQ(numberRaisedBy("UPDATE Job SET Name=1e999"), -2147217833);

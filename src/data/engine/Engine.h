@@ -49,6 +49,17 @@ public:
     /// Runs an INSERT of one row of the table; the key of the new row.
     [[nodiscard]] virtual qint64 insert(const schema::Table& table, const QByteArray& sql,
                                         std::span<const Value> parameters) = 0;
+    /// Runs an INSERT of rows of the table that bring keys of their own.
+    virtual void insertWithKeys(const schema::Table& /*table*/, const QByteArray& sql,
+                                std::span<const Value> parameters) {
+        (void)execute(sql, parameters);
+    }
+    /// The greatest key that the table has ever given out, also to a row that is deleted since as far as the
+    /// engine remembers it; 0 for none.
+    [[nodiscard]] virtual qint64 greatestKey(const schema::Table& table) = 0;
+    /// New keys of the table lie behind `key` from now on, as they do after `insert`. Raises PermissionDenied
+    /// where the user may only read and write rows.
+    virtual void passKeys(const schema::Table& table, qint64 key) = 0;
     /// Runs a translated statement behind all pending readers; the number of rows it touched. Raises
     /// DatabaseFailure where the open transaction is lost.
     int execute(const Translation& translation);
@@ -59,6 +70,9 @@ public:
     /// Transactions do not nest: a second begin, and an end without one, raise NotAllowed. A begin waits for
     /// another user's write, up to the busy timeout, and then raises DatabaseLocked.
     virtual void begin() = 0;
+    /// Begins a transaction for reading alone: all its reads see one state of the database, whatever others
+    /// write meanwhile. It waits for nobody where the engine keeps old states.
+    virtual void beginReading() = 0;
     virtual void commit() = 0;
     virtual void rollback() = 0;
     /// Rolls back what is open and reports nothing: for the way out of a failure.

@@ -6,6 +6,7 @@
 
 #include <sql.h>
 #include <sqlext.h>
+#include <utility>
 
 namespace tarnwell::data {
 
@@ -63,7 +64,8 @@ void OdbcConnection::raiseLast(OdbcHandle statement, const QByteArray& sql) {
     raiseOdbcError(diagnosis, m_server, sql);
 }
 
-void OdbcConnection::begin() {
+void OdbcConnection::begin(Sees sees) {
+    setIsolation(sees);
     SQLSetConnectAttr(m_handle, SQL_ATTR_AUTOCOMMIT, asPointer(SQL_AUTOCOMMIT_OFF), SQL_IS_UINTEGER);
 }
 
@@ -82,6 +84,14 @@ void OdbcConnection::commit() {
 
 bool OdbcConnection::rollback() noexcept {
     return end(false);
+}
+
+/// Only between transactions; costs nothing where it is so already.
+void OdbcConnection::setIsolation(Sees sees) noexcept {
+    if (std::exchange(m_sees, sees) == sees)
+        return;
+    const SQLULEN level = sees == Sees::OneState ? SQL_TXN_SERIALIZABLE : SQL_TXN_READ_COMMITTED;
+    SQLSetConnectAttr(m_handle, SQL_ATTR_TXN_ISOLATION, asPointer(level), SQL_IS_UINTEGER);
 }
 
 bool OdbcConnection::end(bool keep) noexcept {

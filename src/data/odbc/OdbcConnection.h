@@ -35,8 +35,10 @@ public:
     /// Whether something was raised that ends the connection: it is of no more use.
     [[nodiscard]] bool isLost() const { return m_lost; }
 
+    /// Which state of the database the statements of a transaction see: each the latest one, or all the same.
+    enum class Sees { Latest, OneState };
     /// Between `begin` and an end every statement is part of one transaction.
-    void begin();
+    void begin(Sees sees = Sees::Latest);
     /// Raises what the server says; the transaction has then ended with nothing written.
     void commit();
     /// False when the server could not be reached: it rolls back by itself then.
@@ -44,10 +46,12 @@ public:
 
 private:
     bool end(bool keep) noexcept;
+    void setIsolation(Sees sees) noexcept;
 
     QString m_server;
     OdbcHandle m_handle = nullptr;
     bool m_lost = false;
+    Sees m_sees = Sees::Latest;
 };
 
 } // namespace tarnwell::data

@@ -61,9 +61,17 @@ public:
     [[nodiscard]] qint64 insert(const schema::Table& table, const QByteArray& sql,
                                 std::span<const Value> parameters) override;
 
+    void insertWithKeys(const schema::Table& table, const QByteArray& sql,
+                        std::span<const Value> parameters) override {
+        (void)execute(m_server.withKeys(sql, table), parameters);
+    }
+    [[nodiscard]] qint64 greatestKey(const schema::Table& table) override;
+    void passKeys(const schema::Table& table, qint64 key) override;
+
     [[nodiscard]] quint32 dataVersion() override;
 
-    void begin() override;
+    void begin() override { beginSeeing(OdbcConnection::Sees::Latest); }
+    void beginReading() override { beginSeeing(OdbcConnection::Sees::OneState); }
     void commit() override;
     void rollback() override;
     void abandonTransaction() noexcept override;
@@ -81,6 +89,7 @@ protected:
 private:
     void openConnection();
     void requireOurs();
+    void beginSeeing(OdbcConnection::Sees sees);
     [[nodiscard]] OdbcLease lease(const QByteArray& sql);
     int runWatched(const std::function<int()>& call, const std::function<void()>& cancel);
     void noteLoss() noexcept;
@@ -219,6 +228,18 @@ qint64 OdbcEngine::insert(const schema::Table& table, const QByteArray& sql,
     return statement->rows().cell(0, schema::ColumnType::Key, texts).number;
 }
 
+qint64 OdbcEngine::greatestKey(const schema::Table& table) {
+    OdbcLease statement = lease(m_server.greatestKey(table));
+    run(*statement);
+    TextArena texts;
+    return statement->rows().next() ? statement->rows().cell(0, schema::ColumnType::Key, texts).number : 0;
+}
+
+void OdbcEngine::passKeys(const schema::Table& table, qint64 key) {
+    if (key > 0)
+        (void)execute(m_server.keysBehind(table, key), {});
+}
+
 quint32 OdbcEngine::dataVersion() {
     completeReaders();
     OdbcLease statement = lease(m_server.dataVersion());
@@ -229,13 +250,13 @@ quint32 OdbcEngine::dataVersion() {
     return static_cast<quint32>(qHash(valueOf(statement->rows().cell(0, {}, texts)).toText(), 0));
 }
 
-void OdbcEngine::begin() {
+void OdbcEngine::beginSeeing(OdbcConnection::Sees sees) {
     if (m_inTransaction)
         raise(Failure::NotAllowed, QStringLiteral("A transaction is open already."));
     completeReaders();
     if (m_connection == nullptr)
         openConnection();
-    m_connection->begin();
+    m_connection->begin(sees);
     m_inTransaction = true;
 }
 

@@ -29,6 +29,8 @@ public:
     [[nodiscard]] QByteArray columns() const override;
     [[nodiscard]] std::vector<QByteArray> createStatements() const override;
     [[nodiscard]] QByteArray passKeys(const schema::Table& table) const override;
+    [[nodiscard]] QByteArray greatestKey(const schema::Table& table) const override;
+    [[nodiscard]] QByteArray keysBehind(const schema::Table& table, qint64 key) const override;
 };
 
 } // namespace tarnwell::data

@@ -91,6 +91,16 @@ std::vector<QByteArray> createGroupTrigger() {
             "EXECUTE FUNCTION \"Contractor_OptionGroups\"()"};
 }
 
+QByteArray keySequence(const Table& table) {
+    return "CAST(pg_get_serial_sequence('" + quoted(table.name) + "', '" + table.keyColumn.toUtf8() +
+           "') AS regclass)";
+}
+
+/// What the sequence gave out last; 0 while it gave out nothing.
+QByteArray lastKey(const Table& table) {
+    return "coalesce(pg_sequence_last_value(" + keySequence(table) + "), 0)";
+}
+
 void append(std::vector<QByteArray>& all, const std::vector<QByteArray>& more) {
     all.insert(all.end(), more.begin(), more.end());
 }
@@ -112,9 +122,18 @@ std::vector<QByteArray> PostgresDialect::createStatements() const {
 
 QByteArray PostgresDialect::passKeys(const Table& table) const {
     const QByteArray key = quoted(table.keyColumn);
-    const QByteArray name = quoted(table.name);
-    return "SELECT setval(pg_get_serial_sequence('" + name + "', '" + table.keyColumn.toUtf8() + "'), max(" +
-           key + ")) FROM " + name + " HAVING max(" + key + ") IS NOT NULL";
+    return "SELECT setval(" + keySequence(table) + ", max(" + key + ")) FROM " + quoted(table.name) +
+           " HAVING max(" + key + ") IS NOT NULL";
+}
+
+QByteArray PostgresDialect::greatestKey(const Table& table) const {
+    return "SELECT greatest(" + lastKey(table) + ", (SELECT coalesce(max(" + quoted(table.keyColumn) +
+           "), 0) FROM " + quoted(table.name) + "))";
+}
+
+QByteArray PostgresDialect::keysBehind(const Table& table, qint64 key) const {
+    return "SELECT setval(" + keySequence(table) + ", greatest(" + lastKey(table) + ", " +
+           QByteArray::number(key) + "))";
 }
 
 } // namespace tarnwell::data

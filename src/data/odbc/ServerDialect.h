@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/schema/Quoted.h"
 #include "data/schema/Schema.h"
 #include "data/sql/SqlWriter.h"
 
@@ -38,6 +39,22 @@ public:
     /// A statement after which new keys of the table lie behind all that it has: rows were added with keys of
     /// their own.
     [[nodiscard]] virtual QByteArray passKeys(const schema::Table& table) const = 0;
+
+    // Rows that are copied from another database bring their keys.
+
+    /// An INSERT of rows of the table, as the server takes it where the rows have keys of their own.
+    [[nodiscard]] virtual QByteArray withKeys(const QByteArray& insert,
+                                              const schema::Table& /*table*/) const {
+        return insert;
+    }
+    /// A select of one number: the greatest key that the table has ever given out, or 0.
+    [[nodiscard]] virtual QByteArray greatestKey(const schema::Table& table) const {
+        return "SELECT coalesce(max(" + quoted(table.keyColumn) + "), 0) FROM " + quoted(table.name);
+    }
+    /// A statement after which new keys of the table lie behind `key`, from 1 on, and behind all before.
+    [[nodiscard]] virtual QByteArray keysBehind(const schema::Table& table, qint64 /*key*/) const {
+        return passKeys(table);
+    }
 };
 
 } // namespace tarnwell::data

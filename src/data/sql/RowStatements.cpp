@@ -25,7 +25,7 @@ QByteArray readRowStatement(const schema::Table& table, std::span<const int> col
     return sql + " FROM " + quoted(table.name) + whereKey(table);
 }
 
-QByteArray insertStatement(const schema::Table& table, std::span<const int> columns) {
+QByteArray insertStatement(const schema::Table& table, std::span<const int> columns, std::size_t rows) {
     const QByteArray into = "INSERT INTO " + quoted(table.name);
     if (columns.empty())
         return into + " DEFAULT VALUES";
@@ -35,7 +35,8 @@ QByteArray insertStatement(const schema::Table& table, std::span<const int> colu
         names += ',' + columnName(table, column);
         values += ",?";
     }
-    return into + " (" + names.sliced(1) + ") VALUES (" + values.sliced(1) + ')';
+    const QByteArray row = ",(" + values.sliced(1) + ')';
+    return into + " (" + names.sliced(1) + ") VALUES " + row.repeated(static_cast<int>(rows)).sliced(1);
 }
 
 QByteArray updateStatement(const schema::Table& table, std::span<const int> columns) {

@@ -13,8 +13,9 @@ namespace tarnwell::data {
 
 /// The key of one row, then its columns. Parameter: the key.
 [[nodiscard]] QByteArray readRowStatement(const schema::Table& table, std::span<const int> columns);
-/// A new row; without columns one of nothing but defaults.
-[[nodiscard]] QByteArray insertStatement(const schema::Table& table, std::span<const int> columns);
+/// New rows; without columns one of nothing but defaults. Parameters: the values of one row after the other.
+[[nodiscard]] QByteArray insertStatement(const schema::Table& table, std::span<const int> columns,
+                                         std::size_t rows = 1);
 /// Sets the columns of one row. Requires at least one column.
 [[nodiscard]] QByteArray updateStatement(const schema::Table& table, std::span<const int> columns);
 /// Parameter: the key.

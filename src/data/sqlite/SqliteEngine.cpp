@@ -6,6 +6,7 @@
 #include "data/sqlite/StatementCache.h"
 
 #include <algorithm>
+#include <array>
 #include <limits>
 #include <sqlite3.h>
 #include <utility>
@@ -94,9 +95,13 @@ public:
     [[nodiscard]] qint64 insert(const schema::Table& table, const QByteArray& sql,
                                 std::span<const Value> parameters) override;
 
+    [[nodiscard]] qint64 greatestKey(const schema::Table& table) override;
+    void passKeys(const schema::Table& table, qint64 key) override;
+
     [[nodiscard]] quint32 dataVersion() override;
 
-    void begin() override;
+    void begin() override { beginWith("BEGIN IMMEDIATE"); }
+    void beginReading() override { beginWith("BEGIN"); }
     void commit() override;
     void rollback() override;
     void abandonTransaction() noexcept override;
@@ -111,6 +116,7 @@ protected:
 private:
     [[nodiscard]] StatementLease lease(const QByteArray& sql);
     void run(const QByteArray& sql, std::span<const Value> parameters = {});
+    void beginWith(const QByteArray& sql);
     static int endsStatement(void* engine);
     void shutDown();
     void setCache(int kilobytes) noexcept;
@@ -168,6 +174,24 @@ qint64 SqliteEngine::insert(const schema::Table& /*table*/, const QByteArray& sq
     return sqlite3_last_insert_rowid(m_handle.get());
 }
 
+qint64 SqliteEngine::greatestKey(const schema::Table& table) {
+    const std::array<Value, 1> name{table.name};
+    StatementLease statement =
+        lease("SELECT max(coalesce((SELECT seq FROM sqlite_sequence WHERE name=?1), 0), "
+              "coalesce((SELECT max(" +
+              quoted(table.keyColumn) + ") FROM " + quoted(table.name) + "), 0))");
+    statement->bindAll(name);
+    return statement->step() ? statement->integerAt(0) : 0;
+}
+
+void SqliteEngine::passKeys(const schema::Table& table, qint64 key) {
+    const std::array<Value, 2> values{table.name, key};
+    run("INSERT INTO sqlite_sequence (name, seq) SELECT ?1, 0 WHERE NOT EXISTS "
+        "(SELECT 1 FROM sqlite_sequence WHERE name=?1)",
+        std::span(values).first(1));
+    run("UPDATE sqlite_sequence SET seq=max(seq, ?2) WHERE name=?1", values);
+}
+
 /// SQLite notices another user's write when it begins to read.
 quint32 SqliteEngine::dataVersion() {
     completeReaders();
@@ -177,11 +201,11 @@ quint32 SqliteEngine::dataVersion() {
     return version;
 }
 
-void SqliteEngine::begin() {
+void SqliteEngine::beginWith(const QByteArray& sql) {
     if (m_inTransaction)
         raise(Failure::NotAllowed, QStringLiteral("A transaction is open already."));
     completeReaders();
-    run("BEGIN IMMEDIATE");
+    run(sql);
     m_inTransaction = true;
 }
 

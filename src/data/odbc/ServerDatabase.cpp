@@ -31,16 +31,20 @@ void insertInitialRow(const std::shared_ptr<OdbcConnection>& connection, const s
 
 } // namespace
 
-void createServerDatabase(const ServerDialect& dialect, const QString& connectionString) {
-    const auto connection =
-        std::make_shared<OdbcConnection>(dialect.driverString(connectionString), dialect.name());
-    connection->begin();
+void createTables(const ServerDialect& dialect, const std::shared_ptr<OdbcConnection>& connection) {
     for (const QByteArray& sql : dialect.createStatements())
         run(connection, sql);
     for (const schema::InitialRow& row : schema::initialRows())
         insertInitialRow(connection, row);
     for (const schema::Table& table : schema::tables())
         run(connection, dialect.passKeys(table));
+}
+
+void createServerDatabase(const ServerDialect& dialect, const QString& connectionString) {
+    const auto connection =
+        std::make_shared<OdbcConnection>(dialect.driverString(connectionString), dialect.name());
+    connection->begin();
+    createTables(dialect, connection);
     connection->commit();
 }
 

@@ -2,7 +2,9 @@
 
 #include "data/RunTimeError.h"
 #include "data/engine/ConnectionString.h"
+#include "data/odbc/OdbcCatalog.h"
 #include "data/odbc/OdbcEngine.h"
+#include "data/odbc/PostgresCatalog.h"
 #include "data/odbc/PostgresDialect.h"
 #include "data/sqlite/SqliteEngine.h"
 
@@ -22,27 +24,45 @@ std::shared_ptr<Engine> openPostgres(const QString& connectionString, std::chron
     return openOdbcEngine(dialect, connectionString, busyTimeout);
 }
 
+std::unique_ptr<ServerCatalog> postgresCatalog(const QString& connectionString) {
+    static const PostgresDialect dialect;
+    static const PostgresCatalog script;
+    return odbcCatalog(dialect, script, connectionString);
+}
+
 struct EngineEntry {
     QStringView provider;
     std::shared_ptr<Engine> (*open)(const QString& connectionString, std::chrono::milliseconds busyTimeout);
+    std::unique_ptr<ServerCatalog> (*catalog)(const QString& connectionString) = nullptr; ///< Of a server.
 };
 
 /// The one place that knows which engines there are.
 constexpr std::array engines{
     EngineEntry{fileProvider, openFile},
-    EngineEntry{postgresProvider, openPostgres},
+    EngineEntry{postgresProvider, openPostgres, postgresCatalog},
 };
 
-} // namespace
-
-std::shared_ptr<Engine> openEngine(const QString& connectionString, std::chrono::milliseconds busyTimeout) {
+const EngineEntry& entryFor(const QString& connectionString) {
     const QString provider = connectionValue(connectionString, QLatin1String("Provider"));
     const auto* const entry = std::ranges::find_if(engines, [&](const EngineEntry& candidate) {
         return provider.compare(candidate.provider, Qt::CaseInsensitive) == 0;
     });
     if (entry == engines.end())
         raise(Failure::ProviderNotFound, provider);
-    return entry->open(connectionString, busyTimeout);
+    return *entry;
+}
+
+} // namespace
+
+std::shared_ptr<Engine> openEngine(const QString& connectionString, std::chrono::milliseconds busyTimeout) {
+    return entryFor(connectionString).open(connectionString, busyTimeout);
+}
+
+std::unique_ptr<ServerCatalog> openServerCatalog(const QString& connectionString) {
+    const EngineEntry& entry = entryFor(connectionString);
+    if (entry.catalog == nullptr)
+        raise(Failure::ProviderNotFound, entry.provider.toString());
+    return entry.catalog(connectionString);
 }
 
 } // namespace tarnwell::data

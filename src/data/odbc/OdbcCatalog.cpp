@@ -1,0 +1,161 @@
+#include "data/odbc/OdbcCatalog.h"
+
+#include "data/RunTimeError.h"
+#include "data/engine/ConnectionString.h"
+#include "data/odbc/OdbcError.h"
+#include "data/odbc/OdbcStatement.h"
+#include "data/odbc/RowBlock.h"
+#include "data/odbc/ServerDatabase.h"
+#include "data/schema/MissingColumns.h"
+
+#include <algorithm>
+
+namespace tarnwell::data {
+
+namespace {
+
+using ConnectionPointer = std::shared_ptr<OdbcConnection>;
+
+/// The rows of a select, each value as text.
+std::vector<QStringList> rowsOf(const ConnectionPointer& connection, const QByteArray& sql) {
+    OdbcStatement statement(connection, sql);
+    statement.run([](const auto& call, const auto&) { return call(); });
+    std::vector<QStringList> rows;
+    TextArena texts;
+    while (statement.rows().next()) {
+        QStringList& row = rows.emplace_back();
+        for (int i = 0; i < statement.rows().columnCount(); ++i)
+            row << valueOf(statement.rows().cell(i, {}, texts)).toText();
+    }
+    return rows;
+}
+
+void runAll(const ConnectionPointer& connection, const std::vector<QByteArray>& statements) {
+    for (const QByteArray& sql : statements)
+        OdbcStatement(connection, sql).run([](const auto& call, const auto&) { return call(); });
+}
+
+bool hasRow(const std::vector<QStringList>& rows, const QStringList& row) {
+    return std::ranges::find(rows, row) != rows.end();
+}
+
+QStringList lackingColumns(const std::vector<QStringList>& present) {
+    return schema::missingColumns([&](const schema::Table& table, const schema::Column& column) {
+        return hasRow(present, {table.name, column.name});
+    });
+}
+
+QStringList lackingRelations(const std::vector<QStringList>& present) {
+    QStringList missing;
+    for (const schema::Table& table : schema::tables())
+        for (const schema::Relation& relation : table.relations) {
+            const bool cascades = relation.onDelete == schema::OnDelete::Cascade;
+            if (!hasRow(present, {table.name, relation.column, relation.parentTable,
+                                  cascades ? QStringLiteral("cascade") : QStringLiteral("refuse")}))
+                missing << QStringLiteral("%1.%2 has no relation to %3 that %4")
+                               .arg(table.name, relation.column, relation.parentTable,
+                                    cascades ? QStringLiteral("deletes with it")
+                                             : QStringLiteral("protects it"));
+        }
+    return missing;
+}
+
+QStringList lackingIndexes(const std::vector<QStringList>& present) {
+    QStringList missing;
+    for (const schema::Table& table : schema::tables())
+        for (const schema::Index& index : table.indexes) {
+            const QString columns = QStringList(index.columns.begin(), index.columns.end()).join(u',');
+            if (!hasRow(present, {table.name, columns}))
+                missing << QStringLiteral("%1 has no index of %2").arg(table.name, columns);
+        }
+    return missing;
+}
+
+class OdbcCatalog final : public ServerCatalog {
+public:
+    OdbcCatalog(const ServerDialect& dialect, const CatalogScript& script, const QString& connectionString)
+        : m_dialect(dialect), m_script(script), m_connectionString(connectionString),
+          m_name(connectionValue(connectionString, QLatin1String("Initial Catalog"))) {}
+
+    [[nodiscard]] State state() override;
+    void create() override;
+    void admit(const QString& user) override { runAll(ownConnection(), m_script.admit(m_name, user)); }
+    [[nodiscard]] QStringList problems() override;
+    void updateStatistics() override { runAll(ownConnection(), {m_script.updateStatistics()}); }
+
+private:
+    [[nodiscard]] ConnectionPointer ownConnection() const { return connectionOf(m_connectionString); }
+    [[nodiscard]] ConnectionPointer firstConnection() const {
+        return connectionOf(m_connectionString + QStringLiteral(";Initial Catalog=") +
+                            m_script.firstCatalog());
+    }
+    [[nodiscard]] ConnectionPointer connectionOf(const QString& connectionString) const {
+        return std::make_shared<OdbcConnection>(m_dialect.driverString(connectionString), m_dialect.name());
+    }
+    [[nodiscard]] bool isMissing() const;
+
+    const ServerDialect& m_dialect;
+    const CatalogScript& m_script;
+    QString m_connectionString;
+    QString m_name;
+};
+
+/// Somebody may have been let into this catalog and not into the server's first one.
+bool OdbcCatalog::isMissing() const {
+    try {
+        return rowsOf(firstConnection(), m_script.findCatalog(m_name)).empty();
+    } catch (const RunTimeError&) {
+        (void)ownConnection();
+        return false;
+    }
+}
+
+ServerCatalog::State OdbcCatalog::state() {
+    if (isMissing())
+        return State::Missing;
+    const auto present = rowsOf(ownConnection(), m_dialect.columns());
+    if (present.empty())
+        return State::Empty;
+    return lackingColumns(present).isEmpty() ? State::Ours : State::Foreign;
+}
+
+void OdbcCatalog::create() {
+    if (m_name.toUtf8().size() > m_script.longestName())
+        raiseServerFailure(Failure::DataOverflow, m_dialect.name(),
+                           QStringLiteral("The name of the catalog is too long."), m_name);
+    const bool missing = isMissing();
+    {
+        const ConnectionPointer first = firstConnection();
+        runAll(first, m_script.createRoles(m_name));
+        if (missing)
+            runAll(first, {m_script.createCatalog(m_name)});
+    }
+    const ConnectionPointer connection = ownConnection();
+    connection->begin();
+    runAll(connection, m_script.beforeTables(m_name));
+    createTables(m_dialect, connection);
+    runAll(connection, m_script.afterTables(m_name));
+    connection->commit();
+}
+
+QStringList OdbcCatalog::problems() {
+    const ConnectionPointer connection = ownConnection();
+    QStringList problems = lackingColumns(rowsOf(connection, m_dialect.columns()));
+    if (!problems.isEmpty())
+        return problems;
+    problems << lackingRelations(rowsOf(connection, m_script.relations()))
+             << lackingIndexes(rowsOf(connection, m_script.indexes()));
+    for (const schema::Table& table : schema::tables())
+        if (!rowsOf(connection, m_script.findLateKeys(table)).empty())
+            problems << QStringLiteral("%1 would give out keys that it has already").arg(table.name);
+    return problems;
+}
+
+} // namespace
+
+std::unique_ptr<ServerCatalog> odbcCatalog(const ServerDialect& dialect, const CatalogScript& script,
+                                           const QString& connectionString) {
+    return std::make_unique<OdbcCatalog>(dialect, script, connectionString);
+}
+
+} // namespace tarnwell::data

@@ -1,36 +1,28 @@
 #include "data/file/DatabaseCheck.h"
 
 #include "data/RunTimeError.h"
-#include "data/file/CheckRules.h"
+#include "data/check/CheckRules.h"
 #include "data/file/EngineCheck.h"
+#include "data/file/StorageRules.h"
 #include "data/recordset/Connection.h"
-#include "data/schema/Schema.h"
+#include "data/schema/MissingColumns.h"
+#include "data/sql/Dialect.h"
 #include "data/sqlite/OpenDatabase.h"
 #include "data/sqlite/SqliteDatabase.h"
 
 #include <algorithm>
+#include <sqlite3.h>
 
 namespace tarnwell {
 
 namespace {
 
-using data::CheckRule;
 using data::SqliteDatabase;
 
-constexpr int longestShownValue = 60;
-
 QStringList missingParts(const SqliteDatabase& handle) {
-    QStringList missing;
-    for (const schema::Table& table : schema::tables()) {
-        QStringList columns;
-        for (const schema::Column& column : table.columns)
-            if (!data::hasColumn(handle, table, column))
-                columns << QStringLiteral("%1.%2 is missing").arg(table.name, column.name);
-        if (columns.size() == static_cast<qsizetype>(table.columns.size()))
-            columns = {QStringLiteral("%1 is missing").arg(table.name)};
-        missing << columns;
-    }
-    return missing;
+    return schema::missingColumns([&](const schema::Table& table, const schema::Column& column) {
+        return data::hasColumn(handle, table, column);
+    });
 }
 
 /// The engine names at most the table of a refused value; where our rules name its row, its line adds
@@ -47,19 +39,34 @@ QStringList unexplained(const QStringList& constraints, const std::vector<Findin
     return rest;
 }
 
-FindingGroup examine(const SqliteDatabase& handle, const CheckRule& rule, int shown) {
-    FindingGroup group{.table = rule.table,
-                       .rule = QStringLiteral("%1.%2 %3").arg(rule.table, rule.column, rule.fault),
-                       .first = {}};
-    const QByteArray key = schema::findTable(rule.table)->keyColumn.toUtf8();
-    auto rows = handle.prepare("SELECT t.[" + key + "], coalesce(CAST(t.[" + rule.column.toUtf8() +
-                               "] AS TEXT),'Null') FROM [" + rule.table.toUtf8() + "] AS t WHERE " +
-                               rule.condition + " ORDER BY 1");
-    for (; rows.step(); ++group.count)
-        if (group.count < shown)
-            group.first.push_back(
-                {rule.table, rows.integerAt(0), rule.column, rows.textAt(1).left(longestShownValue)});
+/// `rows`: the key and the value of each row that breaks the rule.
+FindingGroup examine(const QString& table, const QString& column, const QString& fault, int shown,
+                     data::SqliteStatement rows) {
+    FindingGroup group{
+        .table = table, .rule = QStringLiteral("%1.%2 %3").arg(table, column, fault), .first = {}};
+    for (; rows.step(); ++group.count) {
+        if (group.count >= shown)
+            continue;
+        const bool isNull = sqlite3_column_type(rows.get(), 1) == SQLITE_NULL;
+        group.first.push_back(
+            {table, rows.integerAt(0), column, shownValue(isNull ? QString() : rows.textAt(1))});
+    }
     return group;
+}
+
+std::vector<FindingGroup> examineRows(const SqliteDatabase& handle, int shown) {
+    std::vector<FindingGroup> groups;
+    for (const data::StorageRule& rule : data::storageRules())
+        groups.push_back(examine(rule.table, rule.column, rule.fault, shown, handle.prepare(rule.statement)));
+    data::Dialect dialect;
+    for (const data::CheckRule& rule : data::rowRules()) {
+        const data::Translation translation = dialect.translate(rule.statement());
+        data::SqliteStatement rows = handle.prepare(translation.shape->sql);
+        rows.bindAll(translation.parameters);
+        groups.push_back(examine(rule.table, rule.column, rule.fault, shown, std::move(rows)));
+    }
+    std::erase_if(groups, [](const FindingGroup& group) { return group.count == 0; });
+    return groups;
 }
 
 CheckResult checkRows(const SqliteDatabase& handle, int shownPerRule) {
@@ -71,25 +78,12 @@ CheckResult checkRows(const SqliteDatabase& handle, int shownPerRule) {
         result.engineProblems = missingParts(handle);
     if (!result.isClean())
         return result;
-    for (const CheckRule& rule : data::checkRules())
-        if (FindingGroup group = examine(handle, rule, shownPerRule); group.count > 0)
-            result.groups.push_back(std::move(group));
+    result.groups = examineRows(handle, shownPerRule);
     result.engineProblems = unexplained(report.constraints, result.groups);
     return result;
 }
 
 } // namespace
-
-QString Finding::text() const {
-    return QStringLiteral("%1 %2: %3 is %4").arg(table, QString::number(key), column, value);
-}
-
-qint64 CheckResult::count() const {
-    qint64 sum = engineProblems.size();
-    for (const FindingGroup& group : groups)
-        sum += group.count;
-    return sum;
-}
 
 CheckResult checkDatabase(const QString& path, int shownPerRule) {
     const SqliteDatabase handle = data::openDatabaseFile(path, usualBusyTimeout);

@@ -1,8 +1,10 @@
-#include "data/file/CheckRules.h"
+#include "data/check/CheckRules.h"
 
 #include "data/schema/Schema.h"
 
+#include <algorithm>
 #include <array>
+#include <iterator>
 
 namespace tarnwell::data {
 
@@ -10,24 +12,15 @@ namespace {
 
 using schema::ColumnType;
 
-struct TypeRule {
+struct RangeRule {
     ColumnType type;
     const char* fault;
     const char* condition; ///< %1 is the column.
 };
 
-// Adding no days makes the engine compute the date: merely read, February 30 would pass.
-constexpr auto typeRules = std::to_array<TypeRule>({
-    {ColumnType::Date, "is not a date",
-     "t.%1 IS NOT NULL AND (typeof(t.%1)<>'text' OR datetime(t.%1,'+0 days') IS NOT t.%1)"},
-    {ColumnType::Date, "lies outside 1900 to 2099",
-     "datetime(t.%1,'+0 days') IS t.%1 AND (t.%1<'1900-01-01' OR t.%1>='2100-01-01')"},
-    {ColumnType::YesNo, "is neither 0 nor -1", "typeof(t.%1)<>'integer' OR t.%1 NOT IN (0,-1)"},
-    {ColumnType::Money, "is not a finite number",
-     "t.%1 IS NOT NULL AND (typeof(t.%1) NOT IN ('integer','real') OR abs(t.%1)>1.7976931348623157e308)"},
-    {ColumnType::Long, "is not a whole number", "typeof(t.%1) NOT IN ('integer','null')"},
-    {ColumnType::Small, "is not a whole number", "typeof(t.%1) NOT IN ('integer','null')"},
-    {ColumnType::Text, "is not text", "typeof(t.%1) NOT IN ('text','null')"},
+constexpr auto ranges = std::to_array<RangeRule>({
+    {ColumnType::Date, "lies outside 1900 to 2099", "t.%1<#01/01/1900# OR t.%1>=#01/01/2100#"},
+    {ColumnType::Money, "is not a finite number", "abs(t.%1)>1.7976931348623157e308"},
 });
 
 /// A column that leads to a row of another table, whether or not the catalogue has a relation for it.
@@ -71,10 +64,10 @@ struct FixedRule {
 };
 
 constexpr auto valueRules = std::to_array<FixedRule>({
-    {"MasterTask", "CustomTask", "is neither Y nor N", "t.CustomTask COLLATE BINARY NOT IN ('','Y','N')"},
+    {"MasterTask", "CustomTask", "is neither Y nor N", "t.CustomTask NOT IN ('','Y','N')"},
     {"ContractorPlanTask", "CustomTask", "is neither Y nor N",
-     "t.CustomTask COLLATE BINARY NOT IN ('','Y','N')"},
-    {"JobLotTask", "CustomTask", "is neither Y nor N", "t.CustomTask COLLATE BINARY NOT IN ('','Y','N')"},
+     "t.CustomTask NOT IN ('','Y','N')"},
+    {"JobLotTask", "CustomTask", "is neither Y nor N", "t.CustomTask NOT IN ('','Y','N')"},
     {"Code", "Deleted", "is set on the foreman type",
      "t.Code1=1 AND t.Description='Foreman' AND t.Deleted<>0"},
     {"CategoryDependency", "DependentKey", "names its own category", "t.DependentKey=t.CategoryKey"},
@@ -83,16 +76,16 @@ constexpr auto valueRules = std::to_array<FixedRule>({
     {"JobTaskEmployee", "Note", "is missing", "t.Note IS NULL"},
     {"EmployeeLog", "Occured", "is missing", "t.Occured IS NULL"},
     {"MasterTask", "CodeKey", "names no category",
-     "EXISTS(SELECT 1 FROM Code c WHERE c.CodeKey=t.CodeKey AND c.Code1 IS NOT 2)"},
+     "EXISTS(SELECT c.CodeKey FROM Code AS c WHERE c.CodeKey=t.CodeKey AND coalesce(c.Code1,0)<>2)"},
     {"ContractorPlanTask", "CodeKey", "names no category",
-     "EXISTS(SELECT 1 FROM Code c WHERE c.CodeKey=t.CodeKey AND c.Code1 IS NOT 2)"},
+     "EXISTS(SELECT c.CodeKey FROM Code AS c WHERE c.CodeKey=t.CodeKey AND coalesce(c.Code1,0)<>2)"},
     // A base task made for an option without a master task has a fixed category.
     {"JobLotTask", "CodeKey", "names no category",
-     "t.Name IS NOT 'NO MASTER TASK FOUND' AND "
-     "EXISTS(SELECT 1 FROM Code c WHERE c.CodeKey=t.CodeKey AND c.Code1 IS NOT 2)"},
+     "coalesce(t.Name,'')<>'NO MASTER TASK FOUND' AND "
+     "EXISTS(SELECT c.CodeKey FROM Code AS c WHERE c.CodeKey=t.CodeKey AND coalesce(c.Code1,0)<>2)"},
     {"ContractorOptionGroup", "CodeKey", "names no option group of its builder",
-     "EXISTS(SELECT 1 FROM Code c WHERE c.CodeKey=t.CodeKey AND "
-     "(c.Code1 IS NOT 5 OR c.Code2 IS NOT t.ContractorKey))"},
+     "EXISTS(SELECT c.CodeKey FROM Code AS c WHERE c.CodeKey=t.CodeKey AND "
+     "(coalesce(c.Code1,0)<>5 OR coalesce(c.Code2,0)<>t.ContractorKey))"},
 });
 
 // The tree of a lot's tasks has two levels, held by ParentKey and Child alone.
@@ -100,66 +93,75 @@ constexpr auto treeRules = std::to_array<FixedRule>({
     {"JobLotTask", "ParentKey", "of a parent does not point at itself",
      "t.Child=0 AND t.ParentKey<>0 AND t.ParentKey<>t.JobLotTaskKey"},
     {"JobLotTask", "ParentKey", "of an option names no base task of its lot",
-     "t.Child<>0 AND t.ParentKey IS NOT NULL AND NOT EXISTS(SELECT 1 FROM JobLotTask p WHERE "
+     "t.Child<>0 AND t.ParentKey IS NOT NULL AND NOT EXISTS(SELECT p.JobLotTaskKey FROM JobLotTask AS p WHERE "
      "p.JobLotTaskKey=t.ParentKey AND p.JobLotKey=t.JobLotKey AND p.Child=0)"},
     {"JobLotTask", "ParentKey", "of an option names a task that is not marked as its parent",
-     "t.Child<>0 AND EXISTS(SELECT 1 FROM JobLotTask p WHERE p.JobLotTaskKey=t.ParentKey AND "
+     "t.Child<>0 AND EXISTS(SELECT p.JobLotTaskKey FROM JobLotTask AS p WHERE p.JobLotTaskKey=t.ParentKey AND "
      "p.JobLotKey=t.JobLotKey AND p.Child=0 AND p.ParentKey=0)"},
     {"JobLotTask", "CodeKey", "of an option is not its parent's",
-     "t.Child<>0 AND EXISTS(SELECT 1 FROM JobLotTask p WHERE p.JobLotTaskKey=t.ParentKey AND p.Child=0 AND "
-     "p.CodeKey IS NOT t.CodeKey)"},
+     "t.Child<>0 AND EXISTS(SELECT p.JobLotTaskKey FROM JobLotTask AS p WHERE p.JobLotTaskKey=t.ParentKey AND p.Child=0 AND "
+     "coalesce(p.CodeKey,0)<>coalesce(t.CodeKey,0))"},
     // A dialog cuts the whole name at 50 characters, so a long parent's name may fill it.
     {"JobLotTask", "Name", "of an option does not begin with its parent's",
-     "t.Child<>0 AND EXISTS(SELECT 1 FROM JobLotTask p WHERE p.JobLotTaskKey=t.ParentKey AND p.Child=0 AND "
-     "substr(coalesce(t.Name,''),1,length(p.Name)+1) COLLATE NOCASE<>p.Name||' ' AND NOT "
-     "(length(p.Name)>=50 AND t.Name=substr(p.Name,1,50)))"},
+     "t.Child<>0 AND EXISTS(SELECT p.JobLotTaskKey FROM JobLotTask AS p WHERE p.JobLotTaskKey=t.ParentKey AND p.Child=0 AND "
+     "lower(substr(coalesce(t.Name,''),1,length(p.Name)+1))<>lower(p.Name + ' ') AND NOT "
+     "(length(p.Name)>=50 AND lower(t.Name)=lower(substr(p.Name,1,50))))"},
     {"JobLotTask", "ParentKey", "marks a parent without options",
-     "t.Child=0 AND t.ParentKey=t.JobLotTaskKey AND NOT EXISTS(SELECT 1 FROM JobLotTask c WHERE "
+     "t.Child=0 AND t.ParentKey=t.JobLotTaskKey AND NOT EXISTS(SELECT c.JobLotTaskKey FROM JobLotTask AS c WHERE "
      "c.ParentKey=t.JobLotTaskKey AND c.Child<>0)"},
     {"JobLotTask", "ParentKey", "is missing", "t.ParentKey IS NULL"},
     {"JobLotTask", "Child", "is missing", "t.Child IS NULL"},
     {"JobLotTask", "Child", "is neither 0 nor 1", "t.Child NOT IN (0,1)"},
 });
 
-QByteArray bracketed(const QString& name) {
-    return '[' + name.toUtf8() + ']';
+QString bracketed(const QString& name) {
+    return u'[' + name + u']';
 }
 
-void addTypeRules(std::vector<CheckRule>& rules) {
-    for (const schema::Table& table : schema::tables())
-        for (const schema::Column& column : table.columns)
-            for (const TypeRule& rule : typeRules)
-                if (rule.type == column.type)
-                    rules.push_back({table.name, column.name, QString::fromLatin1(rule.fault),
-                                     QByteArray(rule.condition).replace("%1", bracketed(column.name))});
+QString latin(const char* text) {
+    return QString::fromLatin1(text);
 }
 
-void addLinkRules(std::vector<CheckRule>& rules) {
-    for (const Link& link : links) {
-        const QString parent = QString::fromLatin1(link.parent);
-        const QByteArray column = "t." + bracketed(QString::fromLatin1(link.column));
-        QByteArray condition = "NOT EXISTS(SELECT 1 FROM " + bracketed(parent) + " p WHERE p." +
-                               bracketed(schema::findTable(parent)->keyColumn) + "=" + column + ")";
-        if (link.mayBeNone)
-            condition.prepend("coalesce(" + column + ",0)<>0 AND ");
-        rules.push_back({QString::fromLatin1(link.table), QString::fromLatin1(link.column),
-                         QStringLiteral("leads to no row of %1").arg(parent), condition});
-    }
+CheckRule linkRule(const Link& link) {
+    const QString parent = latin(link.parent);
+    const QString key = bracketed(schema::findTable(parent)->keyColumn);
+    const QString column = QStringLiteral("t.") + bracketed(latin(link.column));
+    QString condition = QStringLiteral("NOT EXISTS(SELECT p.%1 FROM %2 AS p WHERE p.%1=%3)")
+                            .arg(key, bracketed(parent), column);
+    if (link.mayBeNone)
+        condition.prepend(QStringLiteral("coalesce(%1,0)<>0 AND ").arg(column));
+    return {latin(link.table), latin(link.column), QStringLiteral("leads to no row of %1").arg(parent),
+            condition};
 }
 
 template <class Rules>
 void addFixedRules(std::vector<CheckRule>& rules, const Rules& fixed) {
     for (const FixedRule& rule : fixed)
-        rules.push_back({QString::fromLatin1(rule.table), QString::fromLatin1(rule.column),
-                         QString::fromLatin1(rule.fault), rule.condition});
+        rules.push_back({latin(rule.table), latin(rule.column), latin(rule.fault), latin(rule.condition)});
 }
 
 } // namespace
 
-std::vector<CheckRule> checkRules() {
+QString CheckRule::statement() const {
+    const QString key = bracketed(schema::findTable(table)->keyColumn);
+    return QStringLiteral("SELECT t.%1, t.%2 FROM %3 AS t WHERE %4 ORDER BY t.%1")
+        .arg(key, bracketed(column), bracketed(table), condition);
+}
+
+std::vector<CheckRule> rangeRules() {
     std::vector<CheckRule> rules;
-    addTypeRules(rules);
-    addLinkRules(rules);
+    for (const schema::Table& table : schema::tables())
+        for (const schema::Column& column : table.columns)
+            for (const RangeRule& rule : ranges)
+                if (rule.type == column.type)
+                    rules.push_back({table.name, column.name, latin(rule.fault),
+                                     latin(rule.condition).arg(bracketed(column.name))});
+    return rules;
+}
+
+std::vector<CheckRule> rowRules() {
+    std::vector<CheckRule> rules;
+    std::ranges::transform(links, std::back_inserter(rules), linkRule);
     addFixedRules(rules, valueRules);
     addFixedRules(rules, treeRules);
     return rules;

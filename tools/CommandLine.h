@@ -1,20 +1,24 @@
 #pragma once
 
+#include "data/transfer/DatabaseAddress.h"
+
 #include <QString>
 #include <QStringList>
 
-#include <optional>
 #include <variant>
+#include <vector>
 
 namespace tarnwell::tool {
 
-enum class Command { Create, Sample, Check, Backup, Restore };
+enum class Command { Create, Sample, Check, Copy, Backup, Restore };
 
 /// What the user asked for, complete and checked.
 struct Request {
     Command command = Command::Check;
-    QStringList files;
-    bool overwrite = false;
+    std::vector<DatabaseAddress>
+        databases;          ///< As many as the command takes: what it reads, then what it writes.
+    bool overwrite = false; ///< Only where a file is written.
+    QStringList users;      ///< Who is let into a catalog.
     QString scale;
     quint64 seed = 0;
 };

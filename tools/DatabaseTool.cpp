@@ -1,12 +1,15 @@
 #include "DatabaseTool.h"
 
 #include "CommandLine.h"
+#include "CopyCommands.h"
+#include "DatabaseTarget.h"
 #include "SampleDatabase.h"
 #include "data/RunTimeError.h"
+#include "data/check/CatalogCheck.h"
 #include "data/file/DatabaseCheck.h"
-#include "data/file/DatabaseFile.h"
-#include "data/file/FileReplacement.h"
 #include "data/recordset/Connection.h"
+#include "data/recordset/EngineFactory.h"
+#include "data/transfer/NewRows.h"
 
 #include <QFileInfo>
 
@@ -20,43 +23,52 @@ constexpr int success = 0;
 constexpr int failure = 1;
 constexpr int misuse = 2;
 
-/// What stands in the way of writing the last of the files; empty when nothing does.
-QString obstacle(const Request& request) {
-    const QFileInfo target(request.files.back());
-    if (request.command == Command::Check || !target.exists())
-        return {};
-    if (request.files.size() > 1 &&
-        target.canonicalFilePath() == QFileInfo(request.files.front()).canonicalFilePath())
-        return QStringLiteral("%1 cannot be copied to itself").arg(request.files.front());
-    return request.overwrite ? QString()
-                             : QStringLiteral("%1 exists; --overwrite replaces it").arg(request.files.back());
+/// Whether two databases are one: a file under two names, or a catalog of one address.
+bool isSame(const DatabaseAddress& one, const DatabaseAddress& other) {
+    if (one.isFile() && other.isFile())
+        return QFileInfo::exists(other.path) &&
+               QFileInfo(one.path).canonicalFilePath() == QFileInfo(other.path).canonicalFilePath();
+    const auto differs = [&](const char* key) {
+        const QLatin1String name(key);
+        return connectionValue(one.connectionString, name) != connectionValue(other.connectionString, name);
+    };
+    return !differs("Provider") && !differs("Data Source") && !differs("Initial Catalog");
 }
 
-/// A database in the making beside the name that was asked for, where an interrupted run leaves nothing.
-class NewDatabase {
-public:
-    explicit NewDatabase(const Request& request)
-        : m_target(request.files.front()), m_overwrite(request.overwrite), m_file(m_target) {
-        createDatabase(path());
-    }
+/// What stands in the way of writing the last of the databases; empty when nothing does.
+QString obstacle(const Request& request) {
+    const DatabaseAddress& target = request.databases.back();
+    if (request.command == Command::Check)
+        return {};
+    if (request.databases.size() > 1 && isSame(request.databases.front(), target))
+        return QStringLiteral("%1 cannot be copied to itself").arg(request.databases.front().shown);
+    const bool fills = request.command == Command::Copy || request.overwrite || !target.isFile();
+    return fills || !QFileInfo::exists(target.path)
+               ? QString()
+               : QStringLiteral("%1 exists; --overwrite replaces it").arg(target.shown);
+}
 
-    [[nodiscard]] const QString& path() const { return m_file.temporaryPath(); }
-    /// The database must be closed.
-    void moveIntoPlace() {
-        using data::FileReplacement;
-        m_file.moveIntoPlace(m_overwrite ? FileReplacement::Existing::Replace
-                                         : FileReplacement::Existing::Keep);
-    }
+ExistingFile existingFile(const Request& request) {
+    return request.overwrite ? ExistingFile::Replace : ExistingFile::Keep;
+}
 
-private:
-    QString m_target;
-    bool m_overwrite;
-    data::FileReplacement m_file;
-};
+/// Who wants to let in more users later makes nothing.
+bool isThereAlready(const Request& request) {
+    const DatabaseAddress& database = request.databases.front();
+    return !request.users.isEmpty() &&
+           data::openServerCatalog(database.connectionString)->state() == data::ServerCatalog::State::Ours;
+}
 
 int create(const Request& request, Output& output) {
-    NewDatabase(request).moveIntoPlace();
-    output.out << "Made " << request.files.front() << ".\n";
+    const DatabaseAddress& database = request.databases.front();
+    if (!isThereAlready(request)) {
+        newTarget(database, existingFile(request))->finish();
+        output.out << "Made " << database.shown << ".\n";
+    }
+    for (const QString& user : request.users) {
+        data::openServerCatalog(database.connectionString)->admit(user);
+        output.out << user << " may work with it.\n";
+    }
     return success;
 }
 
@@ -83,28 +95,38 @@ void describeLandmarks(Output& output) {
     }
 }
 
+void requireUnused(Connection& connection, const DatabaseAddress& database) {
+    const QString used = data::firstUsedTable(connection.engine());
+    if (!used.isEmpty())
+        refuse(QStringLiteral("%1 is not empty: there are rows in %2").arg(database.shown, used));
+}
+
 int makeSample(const Request& request, Output& output) {
+    const DatabaseAddress& database = request.databases.front();
     const std::optional<sample::Scale> found = sample::findScale(request.scale);
     if (!found)
         return misuse;
     const sample::Scale& scale = *found;
-    NewDatabase database(request);
+    const auto target =
+        database.isFile() ? newTarget(database, existingFile(request)) : targetToFill(database);
     Connection connection;
-    connection.setConnectionString(fileConnectionString(database.path()));
+    connection.setConnectionString(target->connectionString());
     connection.Open();
+    requireUnused(connection, database);
     sample::writeSample(connection, scale, request.seed, progressLine(scale, output));
     connection.Close();
-    updateStatistics(database.path());
-    database.moveIntoPlace();
-    output.out << "Made " << request.files.front() << ": " << scale.use << ".\n";
+    target->updateStatistics();
+    target->finish();
+    output.out << "Made " << database.shown << ": " << scale.use << ".\n";
     if (scale.exactTotals)
         describeLandmarks(output);
     return success;
 }
 
 int check(const Request& request, Output& output) {
-    const QString& file = request.files.front();
-    const CheckResult result = checkDatabase(file);
+    const DatabaseAddress& database = request.databases.front();
+    const CheckResult result =
+        database.isFile() ? checkDatabase(database.path) : checkCatalog(database.connectionString);
     for (const QString& problem : result.engineProblems)
         output.out << problem << "\n";
     for (const FindingGroup& group : result.groups) {
@@ -115,27 +137,11 @@ int check(const Request& request, Output& output) {
             output.out << "  and " << group.count - static_cast<qint64>(group.first.size()) << " more\n";
     }
     if (result.isClean())
-        output.out << file << " is sound.\n";
+        output.out << database.shown << " is sound.\n";
     else
-        output.out << file << " has " << result.count() << (result.count() == 1 ? " fault.\n" : " faults.\n");
+        output.out << database.shown << " has " << result.count()
+                   << (result.count() == 1 ? " fault.\n" : " faults.\n");
     return result.isClean() ? success : failure;
-}
-
-int backup(const Request& request, Output& output) {
-    backupDatabase(request.files.front(), request.files.back(), request.overwrite);
-    output.out << "Saved " << request.files.front() << " as " << request.files.back() << ".\n";
-    return success;
-}
-
-/// A backup is copied and not moved, and examined before anything is touched.
-int restore(const Request& request, Output& output) {
-    const QString& saved = request.files.front();
-    const QString& target = request.files.back();
-    if (const QStringList problems = integrityProblems(saved); !problems.isEmpty())
-        raise(Failure::DatabaseForeign, QStringLiteral("%1 (%2)").arg(saved, problems.front()));
-    backupDatabase(saved, target, request.overwrite);
-    output.out << "Restored " << target << " from " << saved << ".\n";
-    return success;
 }
 
 int carryOut(const Request& request, Output& output) {
@@ -146,6 +152,8 @@ int carryOut(const Request& request, Output& output) {
         return makeSample(request, output);
     case Command::Check:
         return check(request, output);
+    case Command::Copy:
+        return copy(request, output);
     case Command::Backup:
         return backup(request, output);
     case Command::Restore:
@@ -170,7 +178,9 @@ int runTool(const QStringList& arguments, Output output) {
     try {
         return carryOut(request, output);
     } catch (const RunTimeError& error) {
-        output.err << "tarnwell-db: " << error.description().simplified() << "\n";
+        // Over a line of progress that did not come to its end.
+        output.err << (output.showsProgress ? "\r" : "")
+                   << "tarnwell-db: " << error.description().simplified() << "\n";
         return failure;
     }
 }

@@ -13,10 +13,20 @@ TEST(CommandLine, WrongArgumentsAreReportedOnOneLineWithExitCodeTwo) {
     const std::pair<QString, const char*> cases[] = {
         {"", "no command given"},
         {"repair a.mdb", "unknown command 'repair'"},
-        {"create", "create needs FILE"},
-        {"create a b", "create needs FILE"},
-        {"backup a", "backup needs FILE TO"},
-        {"restore a", "restore needs BACKUP FILE"},
+        {"create", "create needs DATABASE"},
+        {"create a b", "create needs DATABASE"},
+        {"copy a", "copy needs FROM TO"},
+        {"backup a", "backup needs DATABASE FILE"},
+        {"restore a", "restore needs FILE DATABASE"},
+        {"backup a postgresql://office/jobs",
+         "backup needs DATABASE FILE; copy works between servers as well"},
+        {"restore postgresql://office/jobs a",
+         "restore needs FILE DATABASE; copy works between servers as well"},
+        {"check mysql://office/jobs", "'mysql' is no kind of server; known are postgresql and sqlserver"},
+        {"create postgresql://office/jobs --overwrite", "a catalog on a server is never overwritten"},
+        {"create a --user ann", "--user is for a catalog on a server"},
+        {"sample postgresql://office/jobs --user ann", "sample takes no --user"},
+        {"copy a b --overwrite", "copy takes no --overwrite"},
         {"check a --overwrite", "check takes no --overwrite"},
         {"create a --seed 3", "create takes no --scale and no --seed"},
         {"sample a --scale huge", "unknown scale 'huge'"},
@@ -34,8 +44,9 @@ TEST(CommandLine, HelpNamesEveryCommandAndScale) {
     const ToolResult result = runToolWith({"--help"});
     EXPECT_EQ(result.code, 0);
     EXPECT_TRUE(result.err.isEmpty());
-    for (const char* word : {"create", "sample", "check", "backup", "restore", "small", "office", "large",
-                             "--overwrite", "--scale", "--seed", "2026-11-01"})
+    for (const char* word :
+         {"create", "sample", "check", "copy", "backup", "restore", "small", "office", "large", "--overwrite",
+          "--scale", "--seed", "--user", "2026-11-01", "postgresql://host/catalog"})
         EXPECT_TRUE(result.out.contains(QLatin1String(word))) << word;
 }
 

@@ -29,8 +29,12 @@ QString dump(const QString& path) {
     QString text;
     for (const schema::Table& table : schema::tables()) {
         text += table.name + '\n';
-        data::SqliteStatement rows = handle.prepare(
-            QString("SELECT * FROM [%1] ORDER BY [%2]").arg(table.name, table.keyColumn).toUtf8());
+        QStringList columns; // quoted by the engine, which tells Null from an empty text
+        for (const schema::Column& column : table.columns)
+            columns << QString("quote([%1])").arg(column.name);
+        data::SqliteStatement rows = handle.prepare(QString("SELECT %1 FROM [%2] ORDER BY [%3]")
+                                                        .arg(columns.join(','), table.name, table.keyColumn)
+                                                        .toUtf8());
         while (rows.step()) {
             for (std::size_t column = 0; column < table.columns.size(); ++column)
                 text += rows.textAt(static_cast<int>(column)) + '|';

@@ -1,5 +1,7 @@
 #include "data/odbc/OdbcError.h"
 
+#include <QRegularExpression>
+
 #include <algorithm>
 #include <array>
 #include <sql.h>
@@ -49,11 +51,13 @@ QString textOf(const SQLWCHAR* text, SQLSMALLINT length) {
 QString serversWords(QString words) {
     while (words.startsWith(QLatin1Char('[')) && words.contains(QLatin1Char(']')))
         words = words.sliced(words.indexOf(QLatin1Char(']')) + 1);
-    for (const char* own : {";\nError while ", ";\nThe connection has been lost"})
-        if (const qsizetype end = words.indexOf(QLatin1String(own)); end >= 0)
-            words.truncate(end);
-    if (words.startsWith(QLatin1String("ERROR:")))
-        words.remove(0, 6);
+    static const QRegularExpression driversOwn(
+        QStringLiteral("(^|;\\n)(Error while |The connection has been lost|No query has been executed)"));
+    if (const auto own = driversOwn.match(words); own.hasMatch())
+        words.truncate(own.capturedStart());
+    for (const char* severity : {"ERROR:", "FATAL:"})
+        if (words.startsWith(QLatin1String(severity)))
+            words.remove(0, 6);
     return words.simplified();
 }
 

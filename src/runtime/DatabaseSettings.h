@@ -4,13 +4,18 @@
 
 namespace tarnwell {
 
+/// What holds the data; in the order in which Options offers them.
+enum class DatabaseEngine { File, SqlServer, Postgres };
+
 /// Which database the next start opens.
 struct DatabaseSettings {
-    bool isFile = true; ///< A database file, rather than a catalogue on a server.
+    DatabaseEngine engine = DatabaseEngine::File; ///< A file, or a catalog on a server.
     QString file = {};
     QString server = {};
     QString catalog = {};
     QString reportFile = {};
+
+    [[nodiscard]] bool isFile() const { return engine == DatabaseEngine::File; }
 };
 
 /// What the program was started with, and works on.
@@ -20,9 +25,14 @@ struct DatabaseSettings {
 /// the engine that is not chosen is empty. Settings that were lost since the start: what is in use.
 [[nodiscard]] DatabaseSettings readDatabaseSettings();
 
+/// The connection string that the next start composes once these are saved.
+[[nodiscard]] QString composeConnectionString(const DatabaseSettings& settings);
+
 /// Stores the settings as they are, with no test, for the next start; nothing changes for the running
 /// program. They are stored together: when the store can't be written, it returns silently and all the old
 /// ones stay. Where the stored settings were damaged or removed meanwhile, the folders in use are stored too.
+/// What was entered by hand in "ConnectionMisc" stays while PostgreSQL stays; any other choice writes it
+/// anew.
 void saveDatabaseSettings(const DatabaseSettings& settings);
 
 } // namespace tarnwell

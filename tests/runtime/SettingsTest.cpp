@@ -157,7 +157,7 @@ TEST_F(SettingsFile, APipeOrDeviceInItsPlaceIsKeptAsideUnread) {
 
 TEST_F(SettingsFile, AFullDiskLeavesTheOldValuesInForce) {
     gRegistryKey = key;
-    saveDatabaseSettings({.isFile = false, .server = "office", .catalog = "Trades"});
+    saveDatabaseSettings({.engine = DatabaseEngine::SqlServer, .server = "office", .catalog = "Trades"});
     const QByteArray before = contentOf(path());
     {
         const FilesUpTo full(before.size());

@@ -1,8 +1,11 @@
 #pragma once
 
 #include "frame/Screen.h"
+#include "runtime/DatabaseSettings.h"
+#include "runtime/DatabaseTrial.h"
 
 #include <array>
+#include <optional>
 
 class QLineEdit;
 class QPushButton;
@@ -29,18 +32,26 @@ private:
     void optEngine_Click();
     /// Lets the user look for a file; the field stays as it was when the dialog is cancelled.
     void browse(QLineEdit* field, const QString& title);
+    /// Says what the database is that the fields name; nothing is saved.
+    void cmdTest_Click();
     void cmdOK_Click();
+    /// While a test runs it ends that alone.
     void cmdCancel_Click();
+    [[nodiscard]] DatabaseSettings shownSettings() const;
+    [[nodiscard]] std::optional<TrialResult> tryShownDatabase();
 
     QLineEdit* txtReportPath = nullptr;
     QPushButton* cmdReportPath = nullptr;
-    std::array<QRadioButton*, 2> optEngine{}; ///< A database file; a server.
+    std::array<QRadioButton*, 3> optEngine{}; ///< In the order of `DatabaseEngine`.
     QLineEdit* txtFilePath = nullptr;
     QPushButton* cmdDataPath = nullptr;
     QLineEdit* txtServer = nullptr;
     QLineEdit* txtCatalog = nullptr;
+    QPushButton* cmdTest = nullptr;
     QPushButton* cmdOK = nullptr;
     QPushButton* cmdCancel = nullptr;
+    QWidget* m_page = nullptr; ///< All but the buttons below.
+    bool m_testing = false;
 };
 
 } // namespace tarnwell

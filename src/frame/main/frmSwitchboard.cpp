@@ -96,6 +96,14 @@ bool isAvailable(const QString& key) {
     return key == exitKey || ownActions().contains(key) || screenFor(key) != nullptr;
 }
 
+/// A file's path, or a catalog and its server.
+QString placeOf(const DatabaseSettings& database) {
+    if (database.isFile())
+        return database.file;
+    return database.server.isEmpty() ? database.catalog
+                                     : QStringLiteral("%1 on %2").arg(database.catalog, database.server);
+}
+
 /// A text in `scale` times the desktop's size.
 QLabel* label(double scale, bool strong = false) {
     auto* made = new QLabel;
@@ -217,8 +225,7 @@ void frmSwitchboard::openDatabase() {
         endProgram();
     }
     // The settings may name another one by now, for the next start.
-    const DatabaseSettings opened = databaseInUse();
-    m_database->setText(opened.isFile ? opened.file : opened.catalog);
+    m_database->setText(placeOf(databaseInUse()));
 }
 
 void frmSwitchboard::Form_Unload() {

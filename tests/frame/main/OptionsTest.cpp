@@ -9,6 +9,7 @@
 #include "runtime/modGlobalVariables.h"
 #include "support/MessageScript.h"
 #include "support/ScreenDriver.h"
+#include "support/TemporaryDatabase.h"
 
 #include <QDir>
 #include <QFile>
@@ -52,6 +53,10 @@ protected:
     static QString stored(const QString& name) {
         return ReadRegistryValue(machine, gRegistryKey, name).toText();
     }
+    static QString storedConnection() {
+        return composeConnectionString(stored("Provider"), stored("DataSource"), stored("DataServer"),
+                                       stored("ConnectionMisc"));
+    }
     static QString enabledFields(const ScreenDriver& screen) {
         QStringList names;
         for (const char* name : {"txtFilePath", "cmdDataPath", "txtServer", "txtCatalog"})
@@ -67,37 +72,99 @@ protected:
 } // namespace
 
 TEST_F(OptionsTest, SavesAServerForTheNextStartAndShowsItAgain) {
+    const struct {
+        int engine;
+        QString server, statusTexts;
+        const char* connection;
+    } cases[] = {
+        {1, "\\\\OFFICE", "Select to use SQL Server|Enter the SQL Server i.e. (\\\\MyServer)",
+         "Provider=SQLOLEDB.1;Initial Catalog=Jobs;Data Source=\\\\OFFICE;Integrated Security=SSPI;Persist "
+         "Security Info=False;"},
+        {2, "office:5433", "Select to use PostgreSQL|Enter the PostgreSQL server i.e. (MyServer)",
+         "Provider=PostgreSQL;Initial Catalog=Jobs;Data Source=office:5433;Integrated Security=SSPI;Persist "
+         "Security Info=False;"},
+    };
     const QString before = gConnectionString;
-    {
-        const ScreenDriver screen(theForm<frmOptions>());
-        EXPECT_EQ(screen.find<QLineEdit>("txtReportPath").text(), "reports in use.mdb");
-        EXPECT_EQ(screen.find<QLineEdit>("txtFilePath").text(), "jobs.mdb");
-        EXPECT_EQ(enabledFields(screen), "txtFilePath cmdDataPath");
-        clickEngine(screen, 1);
-        EXPECT_EQ(enabledFields(screen), "cmdDataPath txtServer txtCatalog");
-        EXPECT_EQ(theForm<frmOptions>().statusText(), "Select to use SQL Server");
-        screen.press(Qt::Key_Tab);
-        screen.type("\\\\OFFICE");
-        screen.press(Qt::Key_Tab);
-        screen.type("Jobs");
-        script.expect(Answer::Ok);
-        screen.press(Qt::Key_Return);
-        EXPECT_EQ(script.shown().back().text, "Values saved, restart program to use new parameters.");
-        EXPECT_TRUE(loadedForms().empty());
-    }
-    EXPECT_EQ(
-        composeConnectionString(stored("Provider"), stored("DataSource"), stored("DataServer"),
-                                stored("ConnectionMisc")),
-        "Provider=SQLOLEDB.1;Initial Catalog=Jobs;Data Source=\\\\OFFICE;Integrated Security=SSPI;Persist "
-        "Security Info=False;");
-    EXPECT_EQ(stored("ReportDataPath"), "reports in use.mdb") << "what the field shows is written";
-    EXPECT_EQ(gConnectionString, before);
+    for (const auto& row : cases) {
+        saveDatabaseSettings({.file = "jobs.mdb", .reportFile = "reports of the next start.mdb"});
+        auto* form = &theForm<frmOptions>();
+        {
+            const ScreenDriver screen(*form);
+            EXPECT_EQ(screen.find<QLineEdit>("txtReportPath").text(), "reports in use.mdb");
+            EXPECT_EQ(screen.find<QLineEdit>("txtFilePath").text(), "jobs.mdb");
+            EXPECT_EQ(enabledFields(screen), "txtFilePath cmdDataPath");
+            clickEngine(screen, row.engine);
+            EXPECT_EQ(enabledFields(screen), "cmdDataPath txtServer txtCatalog");
+            QStringList statusTexts(form->statusText());
+            screen.press(Qt::Key_Tab);
+            statusTexts << form->statusText();
+            EXPECT_EQ(statusTexts.join('|'), row.statusTexts);
+            screen.type(row.server);
+            screen.press(Qt::Key_Tab);
+            screen.type("Jobs");
+            script.expect(Answer::Ok);
+            screen.press(Qt::Key_Return);
+            EXPECT_EQ(script.shown().back().text, "Values saved, restart program to use new parameters.");
+            EXPECT_TRUE(loadedForms().empty());
+        }
+        EXPECT_EQ(storedConnection(), row.connection);
+        EXPECT_EQ(stored("ReportDataPath"), "reports in use.mdb") << "what the field shows is written";
+        EXPECT_EQ(gConnectionString, before);
 
-    const ScreenDriver again(theForm<frmOptions>());
-    EXPECT_TRUE(again.find<QRadioButton>("optEngine(1)").isChecked());
-    EXPECT_EQ(again.find<QLineEdit>("txtServer").text(), "\\\\OFFICE");
-    EXPECT_EQ(again.find<QLineEdit>("txtCatalog").text(), "Jobs");
-    EXPECT_EQ(again.find<QLineEdit>("txtFilePath").text(), "");
+        const ScreenDriver again(theForm<frmOptions>());
+        EXPECT_TRUE(again.find<QRadioButton>(QStringLiteral("optEngine(%1)").arg(row.engine)).isChecked());
+        EXPECT_EQ(again.find<QLineEdit>("txtServer").text(), row.server);
+        EXPECT_EQ(again.find<QLineEdit>("txtCatalog").text(), "Jobs");
+        EXPECT_EQ(again.find<QLineEdit>("txtFilePath").text(), "");
+        theForm<frmOptions>().Unload();
+    }
+}
+
+TEST_F(OptionsTest, WhatWasEnteredByHandStaysWithPostgreSqlAlone) {
+    const QString byHand = ";SSLMode=disable;User ID=ann;Password=secret";
+    const std::pair<DatabaseEngine, QString> cases[] = {
+        {DatabaseEngine::Postgres, byHand},
+        {DatabaseEngine::SqlServer, ";Integrated Security=SSPI;Persist Security Info=False;"},
+        {DatabaseEngine::File, ";Persist Security Info=False"},
+    };
+    for (const auto& [engine, kept] : cases) {
+        put(gRegistryKey, "Provider", "PostgreSQL");
+        put(gRegistryKey, "ConnectionMisc", byHand);
+        const DatabaseSettings settings{.engine = engine, .file = "a", .server = "b", .catalog = "c"};
+        const QString tried = composeConnectionString(settings);
+        saveDatabaseSettings(settings);
+        EXPECT_EQ(stored("ConnectionMisc"), kept);
+        EXPECT_EQ(storedConnection(), tried) << "what is tried is what is saved";
+    }
+}
+
+TEST_F(OptionsTest, ATestOfAFileSaysWhatIsInItAndSavesNothing) {
+    const TemporaryDatabase database;
+    ASSERT_TRUE(QFile(folder.filePath("no database")).open(QIODevice::WriteOnly));
+    const QString missing = folder.filePath("missing.mdb");
+    const struct {
+        QString path;
+        const char* text;
+        MessageIcon icon;
+    } cases[] = {
+        {database.path(), "Tarnwell database found.\n\n0 builders\n0 jobs\n0 payments",
+         MessageIcon::Information},
+        {missing, "Could not find the database file. (", MessageIcon::Exclamation},
+        {folder.filePath("no database"), "The file is damaged or is not a Tarnwell database.",
+         MessageIcon::Exclamation},
+        {"", "Could not find the database file.", MessageIcon::Exclamation},
+    };
+    const ScreenDriver screen(theForm<frmOptions>());
+    for (const auto& row : cases) {
+        screen.retype("txtFilePath", row.path);
+        script.expect(Answer::Ok);
+        screen.press(Qt::Key_T, Qt::AltModifier);
+        EXPECT_TRUE(script.shown().back().text.startsWith(row.text)) << row.path.toStdString();
+        EXPECT_EQ(script.shown().back().icon, row.icon);
+        EXPECT_EQ(screen.focusedName(), "cmdTest");
+        EXPECT_EQ(stored("DataSource"), "jobs.mdb");
+    }
+    EXPECT_FALSE(QFile::exists(missing));
     theForm<frmOptions>().Unload();
 }
 

@@ -65,11 +65,13 @@ string(SUBSTRING ${TARNWELL_TEST_SERVER} 0 8 TARNWELL_TEST_SERVER)
 set(TARNWELL_TEST_SERVER /tmp/tarnwell-postgres-${TARNWELL_TEST_SERVER})
 set(TARNWELL_LEAKS "LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/support/driver-leaks.supp:print_suppressions=0")
 
-# tarnwell_also_on_postgres(<program>): its tests run a second time, on that server, as one CTest test.
-function(tarnwell_also_on_postgres name)
-  add_test(NAME postgres/${name} COMMAND ${name})
-  set_tests_properties(postgres/${name} PROPERTIES TIMEOUT 600 FIXTURES_REQUIRED postgres ENVIRONMENT
-    "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;TARNWELL_TEST_SERVER=${TARNWELL_TEST_SERVER};${TARNWELL_LEAKS}")
+# tarnwell_also_on_postgres(<programs>...): their tests run a second time, on that server, as one CTest test each.
+function(tarnwell_also_on_postgres)
+  foreach(name ${ARGN})
+    add_test(NAME postgres/${name} COMMAND ${name} --gtest_brief=1)
+    set_tests_properties(postgres/${name} PROPERTIES TIMEOUT 600 FIXTURES_REQUIRED postgres ENVIRONMENT
+      "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;TARNWELL_TEST_SERVER=${TARNWELL_TEST_SERVER};${TARNWELL_LEAKS}")
+  endforeach()
 endfunction()
 
 # tarnwell_postgres_test(<name> LIBS <libraries>... SOURCES <files>...): a program about that server alone.

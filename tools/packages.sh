@@ -23,7 +23,20 @@ install_missing() {
     [ -n "$missing" ] || return 0
     say "Installing:$missing"
     as_root apt-get update -qq
+    is_installed postgresql-common || keep_servers_off
     as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends $missing
+    is_installed postgresql-common && let_servers_come
+    return 0
+}
+
+# The tests start a PostgreSQL of their own and stop it. Its package would make another one, and start it for good.
+no_server=/etc/postgresql-common/createcluster.d/no-main-cluster.conf
+keep_servers_off() {
+    as_root mkdir -p "${no_server%/*}"
+    echo 'create_main_cluster = false' | as_root tee "$no_server" >/dev/null
+}
+let_servers_come() {
+    [ ! -e "$no_server" ] || as_root rm "$no_server"
 }
 
 # configure PRESET

@@ -1,7 +1,9 @@
 #include "support/TemporaryDatabase.h"
 
+#include "data/engine/ConnectionString.h"
 #include "data/file/DatabaseFile.h"
 #include "data/schema/Schema.h"
+#include "data/sqlite/SqliteDatabase.h"
 #include "support/TestServer.h"
 
 namespace tarnwell::test {
@@ -15,7 +17,7 @@ TemporaryDatabase::TemporaryDatabase() {
         createDatabase(path());
         m_connectionString = connectionStringFor(path());
     } else {
-        m_connectionString = createTestCatalog();
+        m_connectionString = borrowTestCatalog();
     }
     m_connection.setConnectionString(m_connectionString);
     m_connection.Open();
@@ -23,8 +25,12 @@ TemporaryDatabase::TemporaryDatabase() {
 
 TemporaryDatabase::~TemporaryDatabase() {
     m_connection.Close();
-    if (!testServer().isEmpty())
+    if (testServer().isEmpty())
+        return;
+    if (m_schemaIsChanged)
         dropTestCatalog(m_connectionString);
+    else
+        giveTestCatalogBack(m_connectionString);
 }
 
 QString TemporaryDatabase::path() const {
@@ -46,6 +52,17 @@ qint64 TemporaryDatabase::add(const QString& table, const std::vector<std::pair<
         rows.set(column, value);
     rows.Update();
     return rows.field(schema::findTable(table)->keyColumn).toLong();
+}
+
+void TemporaryDatabase::runBeside(const EnginesOwn& statements) {
+    m_schemaIsChanged = true;
+    if (testServer().isEmpty()) {
+        data::SqliteDatabase(path(), data::SqliteDatabase::Access::ReadWrite).run(statements.sqlite);
+        return;
+    }
+    const QString catalog = connectionValue(m_connectionString, QLatin1String("Initial Catalog"));
+    for (const char* sql : statements.postgres)
+        runOnServer(catalog, sql);
 }
 
 Value TemporaryDatabase::ask(const QString& sql) {

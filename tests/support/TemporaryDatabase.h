@@ -14,9 +14,15 @@ namespace tarnwell::test {
 /// The connection string that opens a database file.
 [[nodiscard]] QString connectionStringFor(const QString& path);
 
+/// The same for each engine, in its own words.
+struct EnginesOwn {
+    const char* sqlite;
+    std::vector<const char*> postgres; ///< One after the other.
+};
+
 /// A new database of ours with its initial rows and one open connection: a file in a temporary folder, or a
 /// catalog of the PostgreSQL server that the environment variable TARNWELL_TEST_SERVER names, a copy of its
-/// catalog "tarnwell_template". Gone with this.
+/// catalog "tarnwell_template". It ends with this.
 class TemporaryDatabase {
 public:
     TemporaryDatabase();
@@ -38,10 +44,13 @@ public:
     /// First column of the first row; Empty when there is no row.
     [[nodiscard]] Value ask(const QString& sql);
     void run(const QString& sql) { m_connection.Execute(sql); }
+    /// Runs what our own statements cannot do, beside the open connection and without regard to relations.
+    void runBeside(const EnginesOwn& statements);
 
 private:
     QTemporaryDir m_folder;
     QString m_connectionString;
+    bool m_schemaIsChanged = false;
     Connection m_connection;
 };
 

@@ -14,6 +14,12 @@ namespace tarnwell::test {
 /// Also while somebody still has it open.
 void dropTestCatalog(const QString& connectionString);
 
+/// A catalog as `createTestCatalog` makes it: one that this program has given back, its rows and keys as in
+/// the beginning, else a new one. Copying takes much longer than a small test.
+[[nodiscard]] QString borrowTestCatalog();
+/// Its schema must be as it was; only rows were changed.
+void giveTestCatalogBack(const QString& connectionString);
+
 /// Runs one statement of the server's own SQL on one of its catalogs.
 void runOnServer(const QString& catalog, const QByteArray& sql);
 

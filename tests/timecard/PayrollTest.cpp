@@ -1,7 +1,6 @@
 #include "controls/DateBox.h"
 #include "controls/ListBox.h"
 #include "controls/NoteBox.h"
-#include "data/sqlite/SqliteDatabase.h"
 #include "runtime/RunTime.h"
 #include "support/DrivenScreen.h"
 #include "timecard/PayrollScreen.h"
@@ -129,13 +128,20 @@ TEST_F(Payroll, APressWhileAPaymentIsUnderWayDoesNothing) {
 }
 
 TEST_F(Payroll, APressWhileItWaitsForADeletedRowPaysOnce) {
-    const data::SqliteDatabase other(data.db.path(), data::SqliteDatabase::Access::ReadWrite);
-    other.run(
-        "CREATE TRIGGER Deleted AFTER INSERT ON JobTaskEmployee BEGIN DELETE FROM JobTaskEmployee; END");
+    data.db.runBeside(
+        {.sqlite =
+             "CREATE TRIGGER Deleted AFTER INSERT ON JobTaskEmployee BEGIN DELETE FROM JobTaskEmployee; END",
+         .postgres = {
+             "CREATE FUNCTION deleted() RETURNS trigger LANGUAGE plpgsql AS "
+             "'BEGIN DELETE FROM \"JobTaskEmployee\"; RETURN NULL; END'",
+             "CREATE TRIGGER deleted AFTER INSERT ON \"JobTaskEmployee\" EXECUTE FUNCTION deleted()"}});
     openJob();
     choose("2");
     QTimer::singleShot(0, &form(), [this] { driver->find<QPushButton>("cmdApplyTask").click(); });
-    QTimer::singleShot(0, &form(), [&other] { other.run("DROP TRIGGER Deleted"); });
+    QTimer::singleShot(0, &form(), [this] {
+        data.db.runBeside(
+            {.sqlite = "DROP TRIGGER Deleted", .postgres = {"DROP TRIGGER deleted ON \"JobTaskEmployee\""}});
+    });
     apply();
     EXPECT_TRUE(script.shown().empty());
     EXPECT_EQ(lines("lstTaskHistory"), (QStringList{"12/31/24 | 222-22-2222 | 40.00", "Baker,Bob"}));

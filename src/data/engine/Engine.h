@@ -40,6 +40,12 @@ public:
     /// Checks the statement and reads nothing yet.
     [[nodiscard]] virtual std::unique_ptr<Cursor> open(const QByteArray& sql,
                                                        std::span<const Value> parameters) = 0;
+    /// `open` for a select whose first `most` rows are enough; it may give more. Requires a select without a
+    /// LIMIT of its own.
+    [[nodiscard]] virtual std::unique_ptr<Cursor> openFirst(const QByteArray& sql,
+                                                            std::span<const Value> parameters, int /*most*/) {
+        return open(sql, parameters);
+    }
     /// `open` for a select of stored rows that nobody else may change before the open transaction ends.
     /// Requires an open transaction.
     [[nodiscard]] virtual std::unique_ptr<Cursor> openLocked(const QByteArray& sql,

@@ -56,6 +56,10 @@ public:
                                                      std::span<const Value> parameters) override {
         return open(m_server.locked(sql), parameters);
     }
+    [[nodiscard]] std::unique_ptr<Cursor> openFirst(const QByteArray& sql, std::span<const Value> parameters,
+                                                    int most) override {
+        return open(m_server.firstRows(sql, most), parameters);
+    }
     using Engine::execute;
     int execute(const QByteArray& sql, std::span<const Value> parameters) override;
     [[nodiscard]] qint64 insert(const schema::Table& table, const QByteArray& sql,
@@ -193,7 +197,10 @@ int OdbcEngine::runWatched(const std::function<int()>& call, const std::function
         if (!goesOn) // again and again: the first may come before the server has the statement
             cancel();
     }
-    return work.get();
+    const int code = work.get();
+    if (!goesOn) // it may have come to its end all the same
+        raise(Failure::Cancelled);
+    return code;
 }
 
 /// It is reported once, by the statement that found it; the next one connects anew.

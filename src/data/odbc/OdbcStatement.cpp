@@ -102,6 +102,7 @@ void OdbcStatement::reset() noexcept {
 }
 
 void OdbcStatement::cancel() noexcept {
+    m_wasCancelled = true;
     SQLCancel(m_handle);
 }
 

@@ -46,8 +46,10 @@ public:
     [[nodiscard]] RowBlock& rows();
     /// Lets go of what is left of a run.
     void reset() noexcept;
-    /// Ends a run that another thread has begun.
+    /// Ends a run that another thread has begun. The statement must not be run again: where the run had ended
+    /// by itself, the driver manager and the driver no longer agree on its state.
     void cancel() noexcept;
+    [[nodiscard]] bool wasCancelled() const { return m_wasCancelled; }
 
     /// Raises what the driver reported last.
     [[noreturn]] void raiseLast() const;
@@ -64,6 +66,7 @@ private:
     OdbcHandle m_handle = nullptr;
     std::vector<Parameter> m_parameters;
     std::unique_ptr<RowBlock> m_rows;
+    bool m_wasCancelled = false;
 };
 
 } // namespace tarnwell::data

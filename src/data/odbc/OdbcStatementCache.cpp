@@ -26,6 +26,8 @@ std::unique_ptr<OdbcStatement> OdbcStatementCache::take(const std::shared_ptr<Od
 }
 
 void OdbcStatementCache::giveBack(std::unique_ptr<OdbcStatement> statement) noexcept {
+    if (statement->wasCancelled())
+        return;
     statement->reset();
     if (m_idle.size() >= maximumIdle)
         m_idle.erase(

@@ -2,7 +2,9 @@
 
 #include "data/RunTimeError.h"
 #include "data/engine/ConnectionString.h"
+#include "data/odbc/PostgresTexts.h"
 #include "data/schema/Quoted.h"
+#include "data/sql/StatementShape.h"
 
 #include <algorithm>
 #include <array>
@@ -33,6 +35,23 @@ void replace(Token& token, const QByteArray& text) {
     token.before += text;
 }
 
+/// The server takes a column of a table that the statement does not name for a missing table. A select within
+/// has tables of its own, which are not known here.
+void requireNamedTables(const SqlTokens& tokens, const StatementTables& tables) {
+    for (int i = 1; i < tokens.size(); ++i)
+        if (tokens.at(i).is(Keyword::Select))
+            return;
+    for (int i = 0; i + 2 < tokens.size(); ++i) {
+        if (!tokens.at(i).isName() || !tokens.at(i + 1).is(mark::Point))
+            continue;
+        const QStringView name = tokens.at(i).name();
+        if (std::ranges::none_of(tables.list(), [&](const NamedTable& from) {
+                return name.compare(from.alias, Qt::CaseInsensitive) == 0;
+            }))
+            raise(Failure::NoSuchColumn, QStringLiteral("%1.%2").arg(name, tokens.at(i + 2).name()));
+    }
+}
+
 /// Names mind their case on the server, so each is written as the catalogue has it.
 void writeNames(SqlTokens& tokens) {
     for (int i = 0; i < tokens.size(); ++i) {
@@ -51,16 +70,67 @@ void writeNames(SqlTokens& tokens) {
     }
 }
 
-/// The server takes a parameter for what stands beside it. Patterns know no sign that guards a wildcard.
-void writeLiterals(SqlTokens& tokens) {
+bool isComparison(const Token& token) {
+    static constexpr std::array signs{"=", "<>", "<", ">", "<=", ">="};
+    return std::ranges::any_of(signs, [&](const char* sign) { return token.is(QLatin1String(sign)); });
+}
+
+/// Of the column whose name, with or without its table's, ends at `end` or begins at `begin`.
+std::optional<schema::ColumnType> typeEndingAt(const SqlTokens& tokens, const StatementTables& tables,
+                                               int end) {
+    return tables.columnType(tokens, tokens.at(end - 1).is(mark::Point) ? end - 2 : end, end);
+}
+std::optional<schema::ColumnType> typeBeginningAt(const SqlTokens& tokens, const StatementTables& tables,
+                                                  int begin) {
+    return tables.columnType(tokens, begin, tokens.at(begin + 1).is(mark::Point) ? begin + 2 : begin);
+}
+
+/// A number that is compared with a text is one.
+bool isTakenForText(const SqlTokens& tokens, const StatementTables& tables, int at) {
+    using schema::ColumnType;
+    return tokens.at(at - 1).is(Keyword::Like) ||
+           (isComparison(tokens.at(at - 1)) && typeEndingAt(tokens, tables, at - 2) == ColumnType::Text) ||
+           (isComparison(tokens.at(at + 1)) && typeBeginningAt(tokens, tables, at + 2) == ColumnType::Text);
+}
+
+/// The server takes a parameter for what stands beside it, which tells too little of a number: behind a sign,
+/// between other numbers, or where a column of whole numbers is compared with a fraction.
+QByteArray numberText(const SqlTokens& tokens, const StatementTables& tables, int at) {
+    const Token& token = tokens.at(at);
+    const bool isText = isTakenForText(tokens, tables, at);
+    if (token.kind == TokenKind::Number)
+        return isText ? '\'' + token.text.toUtf8() + '\'' : token.text.toUtf8();
+    if (isText)
+        return "?";
+    return token.text.front() == QChar(mark::Decimal) ? "CAST(? AS double precision)" : "CAST(? AS integer)";
+}
+
+void writeLiterals(SqlTokens& tokens, const StatementTables& tables) {
     for (int i = 0; i < tokens.size(); ++i) {
-        if (tokens.at(i).is(Keyword::Like))
-            tokens[i].instead = "ILIKE";
-        if (tokens.at(i).literal == 0)
+        if (tokens.at(i).instead != nullptr) // left out, as the flag behind an ISNULL is
             continue;
-        replace(tokens[i], "?");
-        if (tokens.at(i - 1).is(Keyword::Like))
-            tokens[i].after.prepend(" ESCAPE ''");
+        const TokenKind kind = tokens.at(i).kind;
+        if (kind == TokenKind::TextMark || kind == TokenKind::DateMark)
+            replace(tokens[i], "?");
+        else if (kind == TokenKind::NumberMark || kind == TokenKind::Number)
+            replace(tokens[i], numberText(tokens, tables, i));
+    }
+}
+
+/// What is compared with a pattern is a text. Patterns know no sign that guards a wildcard.
+void writePatterns(SqlTokens& tokens, const StatementTables& tables) {
+    for (int i = 1; i + 1 < tokens.size(); ++i) {
+        if (!tokens.at(i).is(Keyword::Like))
+            continue;
+        tokens[i].instead = "ILIKE";
+        if (tokens.at(i + 1).literal > 0)
+            tokens[i + 1].after.prepend(" ESCAPE ''");
+        const int end = tokens.at(i - 1).is(Keyword::Not) ? i - 2 : i - 1;
+        const auto type = typeEndingAt(tokens, tables, end);
+        if (!type || type == schema::ColumnType::Text)
+            continue;
+        tokens[tokens.at(end - 1).is(mark::Point) ? end - 2 : end].before.prepend("CAST(");
+        tokens[end].after.append(" AS text)");
     }
 }
 
@@ -79,7 +149,8 @@ bool isNeverNull(const SqlTokens& tokens, const StatementTables& tables, int beg
     return origin->from->table->columns[static_cast<std::size_t>(origin->column)].notNull;
 }
 
-/// Nulls come first, and last in a falling order, as on the embedded engine; indexes are made for it.
+/// Nulls come first, and last in a falling order, as on the embedded engine; indexes are made for it. Every
+/// indexed text may be Null.
 void writeNullOrder(SqlTokens& tokens, const StatementTables& tables) {
     const int order = tokens.find(Keyword::Order);
     if (order < 0)
@@ -95,8 +166,14 @@ void writeNullOrder(SqlTokens& tokens, const StatementTables& tables) {
         const QStringView word = tokens.at(i - 1).text;
         const bool falls = word.compare(QLatin1String("DESC"), Qt::CaseInsensitive) == 0;
         const bool rises = word.compare(QLatin1String("ASC"), Qt::CaseInsensitive) == 0;
-        if (i > begin && !isNeverNull(tokens, tables, begin, falls || rises ? i - 2 : i - 1))
-            tokens[i - 1].after += falls ? " NULLS LAST" : " NULLS FIRST";
+        const int last = falls || rises ? i - 2 : i - 1;
+        if (i > begin && !isNeverNull(tokens, tables, begin, last)) {
+            const QByteArray nulls = falls ? " NULLS LAST" : " NULLS FIRST";
+            const QByteArray part = indexedOrder(tokens, tables, begin, last);
+            if (!part.isEmpty())
+                tokens[begin].before.prepend(part + (falls ? " DESC" : "") + nulls + ", ");
+            tokens[i - 1].after += nulls;
+        }
         begin = i + 1;
     }
 }
@@ -128,9 +205,12 @@ QString entry(const char* key, const QString& value) {
 } // namespace
 
 void PostgresDialect::write(SqlTokens& tokens, const StatementTables& tables) const {
+    requireNamedTables(tokens, tables);
     writeNullOrder(tokens, tables);
+    compareIndexedParts(tokens, tables);
     writeNames(tokens);
-    writeLiterals(tokens);
+    writeLiterals(tokens, tables);
+    writePatterns(tokens, tables);
 }
 
 QString PostgresDialect::name() const {
@@ -165,6 +245,10 @@ QByteArray PostgresDialect::returningKey(const QByteArray& insert, const schema:
 
 QByteArray PostgresDialect::locked(const QByteArray& select) const {
     return select + " FOR UPDATE";
+}
+
+QByteArray PostgresDialect::firstRows(const QByteArray& select, int most) const {
+    return select + " LIMIT " + QByteArray::number(most);
 }
 
 QByteArray PostgresDialect::dataVersion() const {

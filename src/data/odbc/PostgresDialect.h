@@ -25,6 +25,7 @@ public:
     [[nodiscard]] QByteArray returningKey(const QByteArray& insert,
                                           const schema::Table& table) const override;
     [[nodiscard]] QByteArray locked(const QByteArray& select) const override;
+    [[nodiscard]] QByteArray firstRows(const QByteArray& select, int most) const override;
     [[nodiscard]] QByteArray dataVersion() const override;
     [[nodiscard]] QByteArray columns() const override;
     [[nodiscard]] std::vector<QByteArray> createStatements() const override;

@@ -1,4 +1,5 @@
 #include "data/odbc/PostgresDialect.h"
+#include "data/odbc/PostgresTexts.h"
 #include "data/schema/Quoted.h"
 
 #include <QByteArrayList>
@@ -57,7 +58,9 @@ QByteArray createIndex(const Table& table, const schema::Index& index) {
     for (const QString& column : index.columns) {
         name += QLatin1Char('_') + QString(column).remove(QLatin1Char(' '));
         const Column& stored = table.columns[static_cast<std::size_t>(table.columnIndex(column))];
-        columns << quoted(column) + (stored.notNull ? "" : " NULLS FIRST");
+        const QByteArray indexed =
+            stored.type == ColumnType::Text ? '(' + indexedPart(quoted(column)) + ')' : quoted(column);
+        columns << indexed + (stored.notNull ? "" : " NULLS FIRST");
     }
     return "CREATE INDEX " + quoted(name) + " ON " + quoted(table.name) + " (" + columns.join(", ") + ')';
 }

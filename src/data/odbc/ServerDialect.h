@@ -29,6 +29,11 @@ public:
                                                   const schema::Table& table) const = 0;
     /// A select of one stored row that nobody else changes before the transaction ends.
     [[nodiscard]] virtual QByteArray locked(const QByteArray& select) const = 0;
+    /// A select without a LIMIT that gives its first rows only: a server sends whatever it is asked for, and
+    /// plans for it. It may give more.
+    [[nodiscard]] virtual QByteArray firstRows(const QByteArray& select, int /*most*/) const {
+        return select;
+    }
     /// A select whose one text changes with each write that anybody has finished.
     [[nodiscard]] virtual QByteArray dataVersion() const = 0;
     /// A select of the tables and columns that there are, one row each.

@@ -347,9 +347,9 @@ bool Recordset::isUpdatable() const {
 }
 
 std::optional<Value> firstValue(Connection& connection, const QString& sql) {
-    Recordset rows;
-    rows.Open(sql, connection);
-    return rows.atEnd() ? std::nullopt : std::optional(rows.field(0));
+    const std::shared_ptr<data::Engine>& engine = connection.sharedEngine();
+    data::RowStore rows(engine, engine->translate(sql), false, 1);
+    return rows.has(0) ? std::optional(rows.value(0, 0)) : std::nullopt;
 }
 
 } // namespace tarnwell

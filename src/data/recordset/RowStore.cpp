@@ -4,10 +4,8 @@
 
 namespace tarnwell::data {
 
-RowStore::RowStore(std::shared_ptr<Engine> engine, const Translation& translation, bool withKeys)
-    : m_engine(std::move(engine)), m_translation(translation),
-      m_cursor(m_engine->open(withKeys ? translation.shape->sqlWithKeys : translation.shape->sql,
-                              m_translation.parameters)),
+RowStore::RowStore(std::shared_ptr<Engine> engine, const Translation& translation, bool withKeys, int most)
+    : m_engine(std::move(engine)), m_translation(translation), m_most(most), m_cursor(openCursor(withKeys)),
       m_columns(translation.shape->columns(withKeys)), m_fetched(m_columns->width()),
       m_added(m_columns->width()) {
     m_engine->addReader(*this);
@@ -15,6 +13,13 @@ RowStore::RowStore(std::shared_ptr<Engine> engine, const Translation& translatio
 
 RowStore::~RowStore() {
     finish();
+}
+
+std::unique_ptr<Cursor> RowStore::openCursor(bool withKeys) {
+    const TranslatedShape& shape = *m_translation.shape;
+    const QByteArray& sql = withKeys ? shape.sqlWithKeys : shape.sql;
+    return m_most > 0 && !shape.isLimited ? m_engine->openFirst(sql, m_translation.parameters, m_most)
+                                          : m_engine->open(sql, m_translation.parameters);
 }
 
 int RowStore::fetchedCount() {
@@ -68,7 +73,7 @@ bool RowStore::fetchOne() {
     try {
         if (!m_started)
             start();
-        while (m_cursor->next()) {
+        while ((m_most == 0 || m_fetched.size() < m_most) && m_cursor->next()) {
             const std::span<Cell> row = m_fetched.append();
             m_cursor->read(row, m_columns->types(), m_texts);
             if (!isAddedRow(row))

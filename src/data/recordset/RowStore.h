@@ -19,8 +19,9 @@ inline constexpr RowId firstAddedRow = 1 << 30;
 /// The rows of one opened statement, fetched as they are asked for; shared by a recordset and its clones.
 class RowStore : public PendingReader {
 public:
-    /// Prepares the statement and fetches nothing. `withKeys`: rows carry the keys of their tables.
-    RowStore(std::shared_ptr<Engine> engine, const Translation& translation, bool withKeys);
+    /// Prepares the statement and fetches nothing. `withKeys`: rows carry the keys of their tables. `most`:
+    /// of so many rows the rest is left; 0 for all.
+    RowStore(std::shared_ptr<Engine> engine, const Translation& translation, bool withKeys, int most = 0);
     ~RowStore() override;
     RowStore(const RowStore&) = delete;
     RowStore& operator=(const RowStore&) = delete;
@@ -70,12 +71,14 @@ public:
 private:
     bool fetchTo(RowId row);
     bool fetchOne();
+    [[nodiscard]] std::unique_ptr<Cursor> openCursor(bool withKeys);
     void start();
     void finish();
     [[nodiscard]] bool isAddedRow(std::span<const Cell> row) const;
 
     std::shared_ptr<Engine> m_engine;
     Translation m_translation;
+    int m_most;
     std::unique_ptr<Cursor> m_cursor; ///< Null once all rows are here.
     bool m_started = false;
     std::optional<RunTimeError> m_failure; ///< What ended the reading before all rows were here.

@@ -27,6 +27,8 @@ StatementKind kindOf(const SqlTokens& tokens) {
     const Token& first = tokens.at(0);
     switch (first.keyword) {
     case Keyword::Select:
+        if (tokens.size() == 1 || tokens.at(1).is(Keyword::From))
+            raise(Failure::SyntaxError, QStringLiteral("nothing is selected"));
         return StatementKind::Select;
     case Keyword::Insert:
         return StatementKind::Insert;
@@ -116,6 +118,14 @@ QByteArray orderedKeys(const SqlTokens& tokens, int end, const StatementTables& 
     return text;
 }
 
+/// The order of a statement that asks for none. A join is left to its engine: of many rows its caller may
+/// want to know no more than whether there are any.
+QByteArray ownOrder(const SqlTokens& tokens, const StatementTables& tables, bool isStored) {
+    if (isStored && tables.list().size() == 1)
+        return "ORDER BY" + keyText(tables.list().front()).sliced(1);
+    return tokens.at(1).is(Keyword::Distinct) ? "ORDER BY 1 " : QByteArray();
+}
+
 void writeSelect(const SqlTokens& tokens, const StatementTables& tables, TranslatedShape& shape) {
     QByteArray keys;
     if (rowsAreStored(tokens, tables))
@@ -124,18 +134,31 @@ void writeSelect(const SqlTokens& tokens, const StatementTables& tables, Transla
                 keys += keyText(from);
                 shape.keyTables.push_back(from.table->name);
             }
+    const bool isStored = !keys.isEmpty();
+    const int limit = tokens.find(Keyword::Limit);
+    const int end = limit >= 0 ? limit : tokens.size();
+    shape.isLimited = limit >= 0;
+    QByteArray order;
+    if (tokens.find(Keyword::Order) < 0)
+        order = ownOrder(tokens, tables, isStored);
+    else if (isStored)
+        order = orderedKeys(tokens, end, tables);
     const QByteArray head = tokens.write(0, tables.from());
-    QByteArray tail;
-    if (!keys.isEmpty() && tokens.find(Keyword::Order) >= 0) {
-        const int limit = tokens.find(Keyword::Limit);
-        const int end = limit >= 0 ? limit : tokens.size();
-        tail = tokens.write(tables.from(), end) + orderedKeys(tokens, end, tables) +
-               tokens.write(end, tokens.size());
-    } else {
-        tail = tokens.write(tables.from(), tokens.size());
-    }
+    const QByteArray tail = tokens.write(tables.from(), end) + order + tokens.write(end, tokens.size());
     shape.sql = head + tail;
-    shape.sqlWithKeys = keys.isEmpty() ? shape.sql : head + keys + tail;
+    shape.sqlWithKeys = head + keys + tail;
+}
+
+std::vector<int> parametersOf(const SqlTokens& tokens) {
+    std::vector<int> parameters;
+    bool repeats = false;
+    for (int i = 0; i < tokens.size(); ++i) {
+        const Token& token = tokens.at(i);
+        if (token.literal > 0)
+            parameters.insert(parameters.end(), token.isTwice ? 2 : 1, token.literal);
+        repeats = repeats || token.isTwice;
+    }
+    return repeats ? parameters : std::vector<int>();
 }
 
 std::shared_ptr<const TranslatedShape> translateShape(std::u16string text, const SqlWriter* writer) {
@@ -163,11 +186,22 @@ std::shared_ptr<const TranslatedShape> translateShape(std::u16string text, const
         writeOutStars(tokens, tables);
     if (writer != nullptr)
         writer->write(tokens, tables);
+    shape->parameters = parametersOf(tokens);
     if (shape->kind == StatementKind::Select && tables.from() >= 0)
         writeSelect(tokens, tables, *shape);
     else
         shape->sql = shape->sqlWithKeys = tokens.write(0, tokens.size());
     return shape;
+}
+
+void repeatLiterals(const std::vector<int>& order, std::vector<Value>& parameters) {
+    if (order.empty())
+        return;
+    std::vector<Value> repeated;
+    repeated.reserve(order.size() + 1); // A key may come behind them.
+    for (const int literal : order)
+        repeated.push_back(parameters[static_cast<std::size_t>(literal) - 1]);
+    parameters = std::move(repeated);
 }
 
 /// Patterns are written with "*" and "?"; the engine's own wildcards pass as well.
@@ -225,6 +259,7 @@ Translation Dialect::translate(QStringView sql) {
         shapes.emplace(m_cache->text, translation.shape);
     }
     translatePatterns(translation.shape->patterns, translation.parameters);
+    repeatLiterals(translation.shape->parameters, translation.parameters);
     return translation;
 }
 

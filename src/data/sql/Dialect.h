@@ -27,8 +27,11 @@ struct TranslatedShape {
     /// The tables whose keys `sqlWithKeys` adds, in that order. Empty when the rows stand for no stored row
     /// (DISTINCT, aggregates, GROUP BY, UNION).
     std::vector<QString> keyTables;
-    std::vector<int> patterns; ///< Parameters, from 1, that stand behind LIKE.
+    std::vector<int> patterns; ///< Literals, from 1, that stand behind LIKE.
+    /// Which literal, from 1, each parameter stands for; empty where each literal is written once.
+    std::vector<int> parameters;
     StatementKind kind = StatementKind::Select;
+    bool isLimited = false; ///< By a LIMIT of its own.
 
     /// The columns that a select gives back; described at the first call, then shared by all its recordsets.
     /// `withKeys`: those of `sqlWithKeys`.
@@ -46,9 +49,10 @@ struct Translation {
 
 /// Translates the system's dialect for an engine: #mm/dd/yy# dates, ISNULL(x) compared or alone, True and
 /// False as -1 and 0, text joined by + with Null carried through, [bracketed names], a bare table name as its
-/// rows. Rows that are equal by an ORDER BY come in the order of their tables' keys. Works on tokens; raises
-/// SyntaxError for what cannot be one statement (an open quote, a second statement, anything but SELECT,
-/// INSERT, UPDATE, DELETE). Shapes are cached: a text seen before costs one scan for its literals.
+/// rows. Rows that are equal by an ORDER BY come in the order of their tables' keys, and so do the rows of
+/// one table without it. Works on tokens; raises SyntaxError for what cannot be one statement (an open quote,
+/// a second statement, anything but SELECT, INSERT, UPDATE, DELETE). Shapes are cached: a text seen before
+/// costs one scan for its literals.
 class Dialect {
 public:
     /// `writer`: of another engine than SQLite; it must outlive this.

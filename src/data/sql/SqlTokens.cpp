@@ -129,6 +129,7 @@ private:
         case mark::Text:
             return TokenKind::TextMark;
         case mark::Number:
+        case mark::Decimal:
             return TokenKind::NumberMark;
         case mark::Date:
             return TokenKind::DateMark;

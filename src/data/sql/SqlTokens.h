@@ -69,6 +69,7 @@ struct Token {
     const char* instead = nullptr; ///< Null: the token as it is. Empty: nothing.
     QByteArray after;
     bool joinsText = false; ///< An operator whose result is text.
+    bool isTwice = false;   ///< A mark whose literal is written twice, one behind the other.
 
     [[nodiscard]] bool is(Keyword wanted) const { return keyword == wanted; }
     [[nodiscard]] bool is(QLatin1String symbol) const { return kind == TokenKind::Symbol && text == symbol; }

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <charconv>
+#include <limits>
 
 namespace tarnwell::data {
 
@@ -134,8 +135,13 @@ private:
         if (m_at < m_size && classOf(m_text[m_at]) == CharClass::Letter)
             refuse(QStringLiteral("a name cannot begin with a digit: %1"), m_sql.sliced(begin));
         const bool flag = number.size() == 1 && (number.front() == u'0' || number.front() == u'1');
-        if (!flag && !m_inline)
-            takeOut(begin, m_at, mark::Number, whole ? wholeNumber(number) : decimalNumber(number));
+        if (flag || m_inline)
+            return;
+        Value value = whole ? wholeNumber(number) : decimalNumber(number);
+        takeOut(begin, m_at, isStorable(value) ? mark::Number : mark::Decimal, std::move(value));
+    }
+    static bool isStorable(const Value& number) {
+        return number.kind() == Value::Kind::Long && number.toLong() <= std::numeric_limits<qint32>::max();
     }
     void skipDigits() {
         while (m_at < m_size && classOf(m_text[m_at]) == CharClass::Digit)

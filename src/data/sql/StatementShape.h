@@ -14,6 +14,7 @@ namespace mark {
 inline constexpr char16_t Text = u'\x01';
 inline constexpr char16_t Number = u'\x02';
 inline constexpr char16_t Date = u'\x03';
+inline constexpr char16_t Decimal = u'\x04'; ///< A number that a stored whole one cannot be.
 } // namespace mark
 
 /// Whether numbers are taken out of the shape. Inline, a statement that is used once stays small.

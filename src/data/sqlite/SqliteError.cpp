@@ -1,5 +1,7 @@
 #include "data/sqlite/SqliteError.h"
 
+#include "data/engine/ConstraintText.h"
+
 #include <algorithm>
 #include <array>
 #include <iterator>
@@ -49,21 +51,18 @@ QString failedColumn(const QString& words) {
     return words.section(QStringLiteral(": "), 1);
 }
 
-QString constraintText(int extendedCode, const QString& words, const char* sql) {
+QString refusalText(int extendedCode, const QString& words, const char* sql) {
     const bool adds =
         sql != nullptr && QLatin1String(sql).startsWith(QLatin1String("INSERT"), Qt::CaseInsensitive);
     // A refusing relation works as a trigger, and says so in its code.
     if (words.startsWith(QLatin1String("FOREIGN KEY")))
-        return adds ? QStringLiteral(
-                          "The record cannot be added because a record that it refers to does not exist.")
-                    : QStringLiteral(
-                          "The record cannot be deleted or changed because other records refer to it.");
+        return constraintText(adds ? BrokenRule::NoSuchParent : BrokenRule::IsReferredTo);
     switch (extendedCode) {
     case SQLITE_CONSTRAINT_NOTNULL:
-        return QStringLiteral("The column %1 must have a value.").arg(failedColumn(words));
+        return constraintText(BrokenRule::NoValue, failedColumn(words));
     case SQLITE_CONSTRAINT_UNIQUE:
     case SQLITE_CONSTRAINT_PRIMARYKEY:
-        return QStringLiteral("The value of %1 exists already.").arg(failedColumn(words));
+        return constraintText(BrokenRule::ExistsAlready, failedColumn(words));
     default:
         return words;
     }
@@ -89,7 +88,7 @@ void raiseSqliteError(sqlite3* handle, const char* sql) {
     const int code = sqlite3_extended_errcode(handle);
     const QString words = QString::fromUtf8(sqlite3_errmsg(handle));
     const Failure failure = failureOf(code, words);
-    raise(failure, failure == Failure::Constraint ? constraintText(code, words, sql) : words);
+    raise(failure, failure == Failure::Constraint ? refusalText(code, words, sql) : words);
 }
 
 } // namespace tarnwell::data

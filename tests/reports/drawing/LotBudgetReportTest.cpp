@@ -1,6 +1,5 @@
 #include "reports/drawing/LotBudgetReport.h"
 
-#include "data/sqlite/SqliteDatabase.h"
 #include "reports/drawing/LotBudgetTasks.h"
 #include "reports/drawing/LotReportTest.h"
 #include "support/RaisedNumber.h"
@@ -208,9 +207,9 @@ TEST_F(LotBudgetReport, APaymentOfAVanishedEmployeeCountsWithoutARow) {
     const qint64 task = addTask(addLot("1/A"), "Frame", 100);
     pay(task, 10);
     data.add(PaymentRow{task, data.add(EmployeeRow{.SSN = "2"}), 20, on("01/06/24")});
-    tarnwell::data::SqliteDatabase elsewhere(data.database().path(),
-                                             tarnwell::data::SqliteDatabase::Access::ReadWrite);
-    elsewhere.run("DELETE FROM Employee WHERE SSN='2'");
+    data.database().runBeside({.sqlite = "DELETE FROM Employee WHERE SSN='2'",
+                               .postgres = {"ALTER TABLE \"Employee\" DISABLE TRIGGER ALL",
+                                            "DELETE FROM \"Employee\" WHERE \"SSN\"='2'"}});
     EXPECT_EQ(drawn("01/06/24"), QStringList());
     EXPECT_EQ(pages.texts().filter("Paid: "), QStringList{"Paid: 30.00"});
     EXPECT_EQ(pages.texts().filter("Left: "), QStringList{"Left: 70.00"});

@@ -14,13 +14,15 @@ namespace tarnwell::test {
 /// Follows a run and cancels it after a number of records.
 class ScriptedWatcher : public ReportWatcher {
 public:
-    int cancelAfter = -1; ///< Records; below 0 never.
+    int cancelAfter = -1;      ///< Records; below 0 never.
+    int cancelAfterLooks = -1; ///< The same in a statement.
     std::function<void()> whileStatementWorks;
     std::function<bool()> whenAsked; ///< In place of what `cancelAfter` says.
 
     int units = -1; ///< The last `setMax`; -1 before.
     int steps = 0;
     int records = 0;
+    int looks = 0; ///< At a statement that works; how many there are depends on the engine.
 
     void setMax(int max) override {
         units = max;
@@ -28,10 +30,12 @@ public:
     }
     void stepOne() override { ++steps; }
     void DoEvents() override { ++records; }
-    [[nodiscard]] bool CancelRequested() const override { return cancelAfter >= 0 && records >= cancelAfter; }
-    /// Looks count as records do.
+    [[nodiscard]] bool CancelRequested() const override {
+        return (cancelAfter >= 0 && records >= cancelAfter) ||
+               (cancelAfterLooks >= 0 && looks >= cancelAfterLooks);
+    }
     [[nodiscard]] bool letsStatementWork() override {
-        DoEvents();
+        ++looks;
         if (whileStatementWorks)
             whileStatementWorks();
         return !CancelRequested();

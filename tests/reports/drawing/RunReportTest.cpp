@@ -92,21 +92,21 @@ TEST_F(RunReportTest, CancelIsHeardWhileTheStatementWorks) {
     addCodes();
     Recordset halfRead;
     halfRead.Open("SELECT JobNumber FROM Job", data.connection());
-    watcher.cancelAfter = 1;
+    watcher.cancelAfterLooks = 1;
     EXPECT_EQ(run(slow), 0);
     EXPECT_EQ(watcher.units, -1) << "the statement came to its end";
     EXPECT_TRUE(script.shown().empty()) << "the user knows";
     EXPECT_EQ(halfRead.RecordCount(), 3) << "the rows of others stay";
-    watcher.cancelAfter = -1;
+    watcher.cancelAfterLooks = -1;
     EXPECT_EQ(run(jobReport), 1);
 }
 
 // A question within the statement would keep its hold on the database for as long as nobody answers.
 TEST_F(RunReportTest, TheQuestionIsAskedBehindTheStatementAndNoBeginsItAgain) {
     addCodes();
-    watcher.cancelAfter = 1;
+    watcher.cancelAfterLooks = 1;
     watcher.whenAsked = [&] {
-        watcher.cancelAfter = -1;
+        watcher.cancelAfterLooks = -1;
         data.database().run("DELETE FROM Code WHERE Description='7'");
         return true;
     };
@@ -126,7 +126,7 @@ TEST_F(RunReportTest, TheConnectionIsNotToBeUsedWhileTheStatementWorks) {
         EXPECT_EQ(raisedNumber([&] { const StatementWatch second(data.connection(), [] { return true; }); }),
                   3219);
         data.connection().Close();
-        watcher.cancelAfter = 0;
+        watcher.cancelAfterLooks = 0;
     };
     EXPECT_EQ(run(slow), 0);
     EXPECT_EQ(watcher.units, -1) << "closing ends the statement";

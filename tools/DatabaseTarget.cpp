@@ -40,6 +40,7 @@ public:
     explicit FileToFill(const QString& path) : m_path(path) {}
     [[nodiscard]] QString connectionString() const override { return fileConnectionString(m_path); }
     void updateStatistics() override { tarnwell::updateStatistics(m_path); }
+    void finish() override {}
 
 private:
     QString m_path;
@@ -56,15 +57,29 @@ public:
         m_isNew = state != CatalogState::Ours;
         if (m_isNew)
             m_catalog->create();
+        m_isInTheMaking = state == CatalogState::Missing;
     }
+    ~CatalogToFill() override {
+        if (!m_isInTheMaking)
+            return;
+        try {
+            m_catalog->drop();
+        } catch (const RunTimeError&) {
+            // It stays, and is as empty as it was made. What went wrong before is on its way to the user.
+        }
+    }
+    CatalogToFill(const CatalogToFill&) = delete;
+    CatalogToFill& operator=(const CatalogToFill&) = delete;
     [[nodiscard]] bool isNew() const { return m_isNew; }
     [[nodiscard]] QString connectionString() const override { return m_connectionString; }
     void updateStatistics() override { m_catalog->updateStatistics(); }
+    void finish() override { m_isInTheMaking = false; }
 
 private:
     QString m_connectionString;
     std::unique_ptr<data::ServerCatalog> m_catalog;
     bool m_isNew = false;
+    bool m_isInTheMaking = false; ///< It was missing, and is to be missing again unless all goes well.
 };
 
 } // namespace

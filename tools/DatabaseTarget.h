@@ -20,15 +20,15 @@ public:
     [[nodiscard]] virtual QString connectionString() const = 0;
     /// The engine counts what was filled in, by which it plans joins. Every connection must be closed.
     virtual void updateStatistics() = 0;
-    /// A new file gets its name. Every connection must be closed.
-    virtual void finish() {}
+    /// A new file gets its name, a new catalog stays. Every connection must be closed.
+    virtual void finish() = 0;
 };
 
 enum class ExistingFile { Keep, Replace };
 
-/// A new database: a file that gets its name when it is finished and else is removed, or a catalog, which is
-/// made where it is missing. Raises FileAccess where a file is to be kept, and NotAllowed, in words for the
-/// user, for a catalog that is not empty.
+/// A new database: a file that gets its name when it is finished, or a catalog, which is made where it is
+/// missing; what was made is removed again when it is not finished. Raises FileAccess where a file is to be
+/// kept, and NotAllowed, in words for the user, for a catalog that is not empty.
 [[nodiscard]] std::unique_ptr<DatabaseTarget> newTarget(const DatabaseAddress& address,
                                                         ExistingFile existing);
 

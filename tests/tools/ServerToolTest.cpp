@@ -109,6 +109,10 @@ TEST_F(ServerTool, AFailedCopyLeavesTheCatalogAsItWas) {
         const std::string words = complaint({"copy", file("a.mdb"), address("first")});
         EXPECT_NE(words.find(expected), std::string::npos) << sql << ": " << words;
         EXPECT_TRUE(rowsOf(address("first")) == before) << sql;
+        (void)complaint({"copy", file("a.mdb"), address("second")});
+        EXPECT_NE(complaint({"copy", address("second"), file("b.mdb")}).find("does not exist"),
+                  std::string::npos)
+            << sql;
     }
 }
 

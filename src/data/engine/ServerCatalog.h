@@ -28,6 +28,9 @@ public:
     /// rows, owned by the owner. Requires that it is missing or empty.
     /// Raises DataOverflow for a name that is too long.
     virtual void create() = 0;
+    /// Removes the catalog and all that is in it; its groups stay. For one that was made in vain: nobody else
+    /// may be using it.
+    virtual void drop() = 0;
     /// Lets somebody who can sign in to the server work with the catalog.
     virtual void admit(const QString& user) = 0;
     /// What it lacks of our columns, relations and indexes, and the tables whose new keys would not lie

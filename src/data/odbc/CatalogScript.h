@@ -20,13 +20,14 @@ public:
 
     /// Bytes of the longest name that a catalog may have, with its groups named after it.
     [[nodiscard]] virtual qsizetype longestName() const = 0;
-    /// The catalog that every server has; the next three work there.
+    /// The catalog that every server has; the next four work there.
     [[nodiscard]] virtual QString firstCatalog() const = 0;
     /// A select that has a row where the server has the catalog.
     [[nodiscard]] virtual QByteArray findCatalog(const QString& catalog) const = 0;
     /// Groups of users that belong to the whole server, made where they are missing.
     [[nodiscard]] virtual std::vector<QByteArray> createRoles(const QString& catalog) const = 0;
     [[nodiscard]] virtual QByteArray createCatalog(const QString& catalog) const = 0;
+    [[nodiscard]] virtual QByteArray dropCatalog(const QString& catalog) const = 0;
 
     /// Runs in the catalog ahead of the statements that make its tables, which then belong to the owner.
     [[nodiscard]] virtual std::vector<QByteArray> beforeTables(const QString& catalog) const = 0;

@@ -79,6 +79,7 @@ public:
 
     [[nodiscard]] State state() override;
     void create() override;
+    void drop() override { runAll(firstConnection(), {m_script.dropCatalog(m_name)}); }
     void admit(const QString& user) override { runAll(ownConnection(), m_script.admit(m_name, user)); }
     [[nodiscard]] QStringList problems() override;
     void updateStatistics() override { runAll(ownConnection(), {m_script.updateStatistics()}); }

@@ -56,6 +56,10 @@ QByteArray PostgresCatalog::createCatalog(const QString& catalog) const {
            " TEMPLATE template0 ENCODING 'UTF8' LC_COLLATE 'C' LC_CTYPE 'C'";
 }
 
+QByteArray PostgresCatalog::dropCatalog(const QString& catalog) const {
+    return "DROP DATABASE " + nameOf(catalog);
+}
+
 std::vector<QByteArray> PostgresCatalog::beforeTables(const QString& catalog) const {
     const QByteArray owner = nameOf(ownerOf(catalog));
     const QByteArray users = nameOf(usersOf(catalog));

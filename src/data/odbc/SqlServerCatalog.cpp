@@ -33,6 +33,10 @@ QByteArray SqlServerCatalog::createCatalog(const QString& catalog) const {
     return "CREATE DATABASE " + sqlServerName(catalog);
 }
 
+QByteArray SqlServerCatalog::dropCatalog(const QString& catalog) const {
+    return "DROP DATABASE " + sqlServerName(catalog);
+}
+
 std::vector<QByteArray> SqlServerCatalog::beforeTables(const QString& /*catalog*/) const {
     return {};
 }

@@ -13,6 +13,7 @@ public:
     [[nodiscard]] QByteArray findCatalog(const QString& catalog) const override;
     [[nodiscard]] std::vector<QByteArray> createRoles(const QString& catalog) const override;
     [[nodiscard]] QByteArray createCatalog(const QString& catalog) const override;
+    [[nodiscard]] QByteArray dropCatalog(const QString& catalog) const override;
     [[nodiscard]] std::vector<QByteArray> beforeTables(const QString& catalog) const override;
     [[nodiscard]] std::vector<QByteArray> afterTables(const QString& catalog) const override;
     [[nodiscard]] std::vector<QByteArray> admit(const QString& catalog, const QString& user) const override;

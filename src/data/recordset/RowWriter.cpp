@@ -176,8 +176,10 @@ void RowWriter::readThroughQuery(RowId row, const KeyTable& table) {
     const Translation& translation = m_store.translation();
     std::vector<Value> parameters = translation.parameters;
     parameters.emplace_back(keyOf(row, table));
+    const TranslatedShape& shape = *translation.shape;
     const std::unique_ptr<Cursor> cursor = m_store.engine().open(
-        narrowedStatement(translation.shape->sqlWithKeys, m_columns.width(), table.keyCell), parameters);
+        narrowedStatement(shape.sqlWithKeys.left(shape.sortingAt), m_columns.width(), table.keyCell),
+        parameters);
     if (cursor->next())
         cursor->read(m_store.cells(row), m_columns.types(), m_store.texts());
 }

@@ -6,6 +6,7 @@
 #include "data/sql/JoinOrder.h"
 #include "data/sql/ResultColumns.h"
 #include "data/sql/SelectedColumns.h"
+#include "data/sql/SortedBy.h"
 #include "data/sql/SqlTokens.h"
 #include "data/sql/SqlWriter.h"
 #include "data/sql/StatementShape.h"
@@ -106,14 +107,24 @@ QByteArray keyText(const NamedTable& from) {
     return ", " + engineName(from.alias) + '.' + quoted(from.table->keyColumn) + ' ';
 }
 
-/// What stands behind an ORDER BY that ends before `end`, so that rows which it leaves equal come in the
-/// order of their keys, on every engine the same.
-QByteArray orderedKeys(const SqlTokens& tokens, int end, const StatementTables& tables) {
+/// Whether the key of the table is one of what is sorted by: nothing behind it matters, and some engines
+/// refuse to sort by one column twice.
+bool isSortedByKey(const SqlTokens& tokens, const StatementTables& tables, const NamedTable& from) {
+    return std::ranges::any_of(sortedBy(tokens), [&](const SortedBy& element) {
+        const auto origin = tables.originOf(tokens, element.begin, element.end - 1);
+        return origin && origin->from == &from &&
+               from.table->columns[static_cast<std::size_t>(origin->column)].type == schema::ColumnType::Key;
+    });
+}
+
+/// What stands behind an ORDER BY, so that rows which it leaves equal come in the order of their keys, on
+/// every engine the same.
+QByteArray orderedKeys(const SqlTokens& tokens, const StatementTables& tables) {
     QByteArray text;
     const NamedTable* naming = namingTable(tables);
     for (const NamedTable& from : tables.list())
         if (from.table != nullptr && (naming == nullptr || naming == &from) &&
-            tokens.at(end - 1).name().compare(from.table->keyColumn, Qt::CaseInsensitive) != 0)
+            !isSortedByKey(tokens, tables, from))
             text += keyText(from);
     return text;
 }
@@ -124,6 +135,19 @@ QByteArray ownOrder(const SqlTokens& tokens, const StatementTables& tables, bool
     if (isStored && tables.list().size() == 1)
         return "ORDER BY" + keyText(tables.list().front()).sliced(1);
     return tokens.at(1).is(Keyword::Distinct) ? "ORDER BY 1 " : QByteArray();
+}
+
+/// Where an ORDER BY stands, or the end.
+int sortingAt(const SqlTokens& tokens) {
+    const int order = tokens.find(Keyword::Order);
+    return order >= 0 ? order : tokens.size();
+}
+
+bool sortsByValue(const SqlTokens& tokens) {
+    for (int i = sortingAt(tokens); i < tokens.size(); ++i)
+        if (tokens.at(i).literal > 0)
+            return true;
+    return false;
 }
 
 void writeSelect(const SqlTokens& tokens, const StatementTables& tables, TranslatedShape& shape) {
@@ -142,11 +166,14 @@ void writeSelect(const SqlTokens& tokens, const StatementTables& tables, Transla
     if (tokens.find(Keyword::Order) < 0)
         order = ownOrder(tokens, tables, isStored);
     else if (isStored)
-        order = orderedKeys(tokens, end, tables);
+        order = orderedKeys(tokens, tables);
     const QByteArray head = tokens.write(0, tables.from());
     const QByteArray tail = tokens.write(tables.from(), end) + order + tokens.write(end, tokens.size());
     shape.sql = head + tail;
     shape.sqlWithKeys = head + keys + tail;
+    shape.sortingAt = shape.sqlWithKeys.size();
+    if (!shape.isLimited && !sortsByValue(tokens))
+        shape.sortingAt = (head + keys).size() + tokens.write(tables.from(), sortingAt(tokens)).size();
 }
 
 std::vector<int> parametersOf(const SqlTokens& tokens) {

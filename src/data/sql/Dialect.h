@@ -32,6 +32,9 @@ struct TranslatedShape {
     std::vector<int> parameters;
     StatementKind kind = StatementKind::Select;
     bool isLimited = false; ///< By a LIMIT of its own.
+    /// Where the sorting of `sqlWithKeys` begins, which one row can do without; at its end where it decides
+    /// which rows there are.
+    qsizetype sortingAt = 0;
 
     /// The columns that a select gives back; described at the first call, then shared by all its recordsets.
     /// `withKeys`: those of `sqlWithKeys`.

@@ -1,8 +1,10 @@
 #include "data/odbc/OdbcConnection.h"
 
+#include "data/engine/ConnectionString.h"
 #include "data/odbc/AttributeValue.h"
 #include "data/odbc/ConnectFailure.h"
 #include "data/odbc/OdbcError.h"
+#include "data/odbc/ServerDialect.h"
 
 #include <sql.h>
 #include <sqlext.h>
@@ -30,6 +32,12 @@ bool isDead(SQLHDBC connection) {
     return dead == SQL_CD_TRUE;
 }
 
+/// Not every driver says where nobody answered.
+QString withPlace(const QString& words, const QString& driverString) {
+    const QString place = connectionValue(driverString, QLatin1String("Server"));
+    return place.isEmpty() || words.contains(place) ? words : place + QLatin1String(": ") + words;
+}
+
 } // namespace
 
 OdbcConnection::OdbcConnection(const QString& driverString, const QString& server) : m_server(server) {
@@ -42,15 +50,38 @@ OdbcConnection::OdbcConnection(const QString& driverString, const QString& serve
                           static_cast<SQLSMALLINT>(text.size()), nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT);
     if (SQL_SUCCEEDED(code))
         return;
-    const OdbcDiagnosis diagnosis = diagnosisOf(OdbcHandleKind::Connection, m_handle);
+    OdbcDiagnosis diagnosis = diagnosisOf(OdbcHandleKind::Connection, m_handle);
     SQLFreeHandle(SQL_HANDLE_DBC, m_handle);
+    if (isUnreachable(diagnosis.state))
+        diagnosis.words = withPlace(diagnosis.words, driverString);
     raiseConnectFailure(diagnosis, server);
+}
+
+OdbcConnection::OdbcConnection(const ServerDialect& dialect, const QString& connectionString)
+    : OdbcConnection(dialect.driverString(connectionString), dialect.name()) {
+    m_fetchesInBlocks = dialect.fetchesInBlocks();
 }
 
 OdbcConnection::~OdbcConnection() {
     (void)end(false);
     SQLDisconnect(m_handle);
     SQLFreeHandle(SQL_HANDLE_DBC, m_handle);
+}
+
+void OdbcConnection::runDirectly(const QByteArray& sql) {
+    OdbcHandle statement = nullptr;
+    SQLAllocHandle(SQL_HANDLE_STMT, m_handle, &statement);
+    std::u16string text = QString::fromUtf8(sql).toStdU16String();
+    const SQLRETURN code = SQLExecDirectW(statement, reinterpret_cast<SQLWCHAR*>(text.data()),
+                                          static_cast<SQLINTEGER>(text.size()));
+    try {
+        if (!SQL_SUCCEEDED(code) && code != SQL_NO_DATA)
+            raiseLast(statement, sql);
+    } catch (const RunTimeError&) {
+        SQLFreeHandle(SQL_HANDLE_STMT, statement);
+        throw;
+    }
+    SQLFreeHandle(SQL_HANDLE_STMT, statement);
 }
 
 void OdbcConnection::raiseLast(OdbcHandle statement, const QByteArray& sql) {

@@ -37,8 +37,8 @@ class OdbcEngine final : public Engine {
 public:
     OdbcEngine(const ServerDialect& dialect, const QString& connectionString,
                std::chrono::milliseconds busyTimeout)
-        : m_server(dialect), m_driverString(dialect.driverString(connectionString)),
-          m_settings(dialect.settings(busyTimeout)), m_dialect(&dialect) {
+        : m_server(dialect), m_connectionString(connectionString), m_settings(dialect.settings(busyTimeout)),
+          m_dialect(&dialect) {
         openConnection();
         requireOurs();
     }
@@ -84,8 +84,10 @@ public:
 
     void setWatch(std::function<bool()> goesOn) override;
 
-    /// Runs a statement of this engine; notes when the connection is lost over it.
+    /// Runs a statement of this engine; notes when the connection or the transaction is lost over it.
     void run(OdbcStatement& statement);
+    /// Its next row; false at its end. Notes the same.
+    [[nodiscard]] bool fetch(OdbcStatement& statement);
 
 protected:
     void requireOutsideWatch() const override;
@@ -97,10 +99,11 @@ private:
     [[nodiscard]] OdbcLease lease(const QByteArray& sql);
     int runWatched(const std::function<int()>& call, const std::function<void()>& cancel);
     void noteLoss() noexcept;
+    void noteEndedTransaction() noexcept;
     void shutDown();
 
     const ServerDialect& m_server;
-    QString m_driverString;
+    QString m_connectionString;
     std::vector<QByteArray> m_settings;
     std::shared_ptr<OdbcConnection> m_connection; ///< Null once it is lost; the next statement connects anew.
     std::shared_ptr<OdbcStatementCache> m_cache = std::make_shared<OdbcStatementCache>();
@@ -109,6 +112,7 @@ private:
     bool m_open = true;
     bool m_askingWatch = false; ///< A statement is at work below, so nothing may be done with the connection.
     bool m_inTransaction = false;
+    bool m_transactionEnded = false; ///< By the server; it stays open for its owner.
 };
 
 bool OdbcCursor::next() {
@@ -116,13 +120,13 @@ bool OdbcCursor::next() {
         m_engine.run(*m_statement);
         m_started = true;
     }
-    return m_statement->rows().next();
+    return m_engine.fetch(*m_statement);
 }
 
 void OdbcEngine::openConnection() {
-    m_connection = std::make_shared<OdbcConnection>(m_driverString, m_server.name());
+    m_connection = std::make_shared<OdbcConnection>(m_server, m_connectionString);
     for (const QByteArray& setting : m_settings)
-        OdbcStatement(m_connection, setting).run([](const auto& call, const auto&) { return call(); });
+        m_connection->runDirectly(setting);
 }
 
 void OdbcEngine::requireOurs() {
@@ -178,6 +182,18 @@ void OdbcEngine::run(OdbcStatement& statement) {
     } catch (const RunTimeError&) {
         statement.reset();
         noteLoss();
+        noteEndedTransaction();
+        throw;
+    }
+}
+
+bool OdbcEngine::fetch(OdbcStatement& statement) {
+    try {
+        return statement.rows().next();
+    } catch (const RunTimeError&) {
+        statement.reset();
+        noteLoss();
+        noteEndedTransaction();
         throw;
     }
 }
@@ -209,6 +225,23 @@ void OdbcEngine::noteLoss() noexcept {
         return;
     m_cache->clear();
     m_connection.reset();
+}
+
+/// What would be written from here on would be no part of it. Where nobody can say, it is taken for ended.
+void OdbcEngine::noteEndedTransaction() noexcept {
+    const QByteArray question = m_server.openTransactions();
+    if (!m_inTransaction || m_connection == nullptr || question.isEmpty())
+        return;
+    m_transactionEnded = true;
+    try {
+        OdbcStatement statement(m_connection, question);
+        statement.run([](const auto& call, const auto&) { return call(); });
+        TextArena texts;
+        m_transactionEnded =
+            !statement.rows().next() || statement.rows().cell(0, schema::ColumnType::Long, texts).number == 0;
+    } catch (const RunTimeError&) {
+        noteLoss();
+    }
 }
 
 std::unique_ptr<Cursor> OdbcEngine::open(const QByteArray& sql, std::span<const Value> parameters) {
@@ -265,6 +298,7 @@ void OdbcEngine::beginSeeing(OdbcConnection::Sees sees) {
         openConnection();
     m_connection->begin(sees);
     m_inTransaction = true;
+    m_transactionEnded = false;
 }
 
 void OdbcEngine::commit() {
@@ -278,6 +312,8 @@ void OdbcEngine::commit() {
     } catch (const RunTimeError&) {
         m_inTransaction = false;
         noteLoss();
+        if (m_transactionEnded && m_connection != nullptr)
+            (void)m_connection->rollback();
         throw;
     }
 }
@@ -297,6 +333,9 @@ void OdbcEngine::abandonTransaction() noexcept {
 void OdbcEngine::requireTransactionWhole() const {
     if (m_inTransaction && m_connection == nullptr)
         raise(Failure::DatabaseFailure, QStringLiteral("The transaction was lost with its connection."));
+    if (m_inTransaction && m_transactionEnded)
+        raise(Failure::DatabaseFailure,
+              QStringLiteral("The transaction was ended by the server after an error."));
 }
 
 void OdbcEngine::setWatch(std::function<bool()> goesOn) {

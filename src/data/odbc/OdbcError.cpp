@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <sql.h>
 #include <sqlext.h>
 #include <string_view>
@@ -15,10 +16,32 @@ namespace {
 struct StateFailure {
     std::string_view begin; ///< Of the SQLSTATE; longer ones stand before those that they begin with.
     Failure failure;
+    int native = 0; ///< The server's own number, where only that tells; those stand before all others.
 };
 
 /// Both the standard's states and those of the servers: what a driver passes on is not always translated.
+/// SQL Server reports much under a state that says no more than that something is wrong.
 constexpr std::array stateFailures{
+    StateFailure{"", Failure::PermissionDenied, 229},  // of a table
+    StateFailure{"", Failure::PermissionDenied, 230},  // of a column
+    StateFailure{"", Failure::PermissionDenied, 262},  // to create
+    StateFailure{"", Failure::PermissionDenied, 297},  // of the server
+    StateFailure{"", Failure::PermissionDenied, 300},  // of the server
+    StateFailure{"", Failure::PermissionDenied, 916},  // of the catalog
+    StateFailure{"", Failure::PermissionDenied, 3906}, // read only
+    StateFailure{"", Failure::PermissionDenied, 15247},
+    StateFailure{"", Failure::PermissionDenied, 18456}, // of the sign-in
+    StateFailure{"", Failure::NoSuchColumn, 4104},      // with a table's name in front
+    StateFailure{"", Failure::Constraint, 8102},        // a generated key cannot be changed
+    StateFailure{"", Failure::WrongType, 8114},         // text that is no number
+    StateFailure{"", Failure::DataOverflow, 1946},      // too long for an index
+    StateFailure{"", Failure::DataOverflow, 2628},      // too long for the column
+    StateFailure{"", Failure::DatabaseLocked, 1222},    // waited as long as it may for a lock
+    StateFailure{"", Failure::DatabaseLocked, 3960},    // changed by another transaction meanwhile
+    StateFailure{"", Failure::DatabaseFailure, 1105},   // no space for a file of the catalog
+    StateFailure{"", Failure::DatabaseFailure, 9002},   // no space for its log
+    StateFailure{"", Failure::DatabaseNotFound, 911},   // no such catalog
+    StateFailure{"", Failure::DatabaseNotFound, 4060},  // no such catalog, or none that is for this user
     StateFailure{"57014", Failure::Cancelled},
     StateFailure{"IM", Failure::ProviderNotFound}, // no such driver
     StateFailure{"28", Failure::PermissionDenied}, // of the sign-in
@@ -43,6 +66,24 @@ constexpr std::array stateFailures{
     StateFailure{"HYT", Failure::DatabaseLocked},
 };
 
+enum class Rule { NotNull, Unique, Relation };
+
+struct StateRule {
+    std::string_view state;
+    int native; ///< 0: the state alone tells.
+    Rule rule;
+};
+constexpr std::array stateRules{
+    StateRule{"23502", 0, Rule::NotNull},   StateRule{"23505", 0, Rule::Unique},
+    StateRule{"23503", 0, Rule::Relation},  StateRule{"23001", 0, Rule::Relation},
+    StateRule{"23000", 515, Rule::NotNull}, StateRule{"23000", 2601, Rule::Unique},
+    StateRule{"23000", 2627, Rule::Unique}, StateRule{"23000", 547, Rule::Relation},
+};
+
+bool begins(QStringView state, std::string_view begin) {
+    return state.startsWith(QLatin1String(begin.data(), static_cast<qsizetype>(begin.size())));
+}
+
 QString textOf(const SQLWCHAR* text, SQLSMALLINT length) {
     return QString(reinterpret_cast<const QChar*>(text), length);
 }
@@ -61,19 +102,40 @@ QString serversWords(QString words) {
     return words.simplified();
 }
 
-/// The name between the first quotes of "null value in column "JobKey" of ...".
+/// The name between the first quotes of "null value in column "JobKey" of ..." or "Cannot insert the value
+/// NULL into column 'JobKey', ...".
 QString quotedName(const QString& words) {
-    return words.section(QLatin1Char('"'), 1, 1);
+    const auto isQuote = [](QChar c) { return c == QLatin1Char('"') || c == QLatin1Char('\''); };
+    const auto begin = std::ranges::find_if(words, isQuote);
+    if (begin == words.end())
+        return {};
+    return words.sliced(begin - words.begin() + 1).section(*begin, 0, 0);
+}
+
+/// One number of SQL Server stands for relations and for checks.
+std::optional<Rule> brokenRule(const OdbcDiagnosis& diagnosis) {
+    const auto found = std::ranges::find_if(stateRules, [&](const StateRule& entry) {
+        return begins(diagnosis.state, entry.state) &&
+               (entry.native == 0 || entry.native == diagnosis.native);
+    });
+    if (found == stateRules.end() || diagnosis.words.contains(QLatin1String("CHECK constraint")))
+        return std::nullopt;
+    return found->rule;
 }
 
 QString constraintText(const OdbcDiagnosis& diagnosis, const QByteArray& sql) {
-    if (diagnosis.state == QLatin1String("23502"))
-        return QStringLiteral("The column %1 must have a value.").arg(quotedName(diagnosis.words));
-    if (diagnosis.state == QLatin1String("23505"))
-        return QStringLiteral("The value of %1 exists already.").arg(quotedName(diagnosis.words));
-    if (diagnosis.state != QLatin1String("23503") && diagnosis.state != QLatin1String("23001"))
+    const std::optional<Rule> rule = brokenRule(diagnosis);
+    if (!rule)
         return diagnosis.words;
-    return sql.startsWith("INSERT")
+    switch (*rule) {
+    case Rule::NotNull:
+        return QStringLiteral("The column %1 must have a value.").arg(quotedName(diagnosis.words));
+    case Rule::Unique:
+        return QStringLiteral("The value of %1 exists already.").arg(quotedName(diagnosis.words));
+    case Rule::Relation:
+        break;
+    }
+    return sql.contains("INSERT INTO ")
                ? QStringLiteral(
                      "The record cannot be added because a record that it refers to does not exist.")
                : QStringLiteral("The record cannot be deleted or changed because other records refer to it.");
@@ -93,13 +155,13 @@ OdbcDiagnosis diagnosisOf(OdbcHandleKind kind, OdbcHandle handle) {
     if (!SQL_SUCCEEDED(code))
         return {};
     const auto kept = std::min<SQLSMALLINT>(length, static_cast<SQLSMALLINT>(words.size() - 1));
-    return {textOf(state.data(), 5), serversWords(textOf(words.data(), kept))};
+    return {textOf(state.data(), 5), serversWords(textOf(words.data(), kept)), native};
 }
 
-Failure failureOfState(QStringView state) {
+Failure failureOf(const OdbcDiagnosis& diagnosis) {
     const auto found = std::ranges::find_if(stateFailures, [&](const StateFailure& entry) {
-        return state.startsWith(
-            QLatin1String(entry.begin.data(), static_cast<qsizetype>(entry.begin.size())));
+        return begins(diagnosis.state, entry.begin) &&
+               (entry.native == 0 || entry.native == diagnosis.native);
     });
     return found != stateFailures.end() ? found->failure : Failure::DatabaseFailure;
 }
@@ -109,8 +171,12 @@ bool isConnectionLost(QStringView state) {
            state.startsWith(QLatin1String("57P"));  // the server is being shut down or starts
 }
 
+bool isUnreachable(QStringView state) {
+    return isConnectionLost(state) || begins(state, "HYT");
+}
+
 void raiseOdbcError(const OdbcDiagnosis& diagnosis, const QString& server, const QByteArray& sql) {
-    const Failure failure = failureOfState(diagnosis.state);
+    const Failure failure = failureOf(diagnosis);
     const RunTimeError error =
         makeError(failure, failure == Failure::Constraint ? constraintText(diagnosis, sql) : diagnosis.words);
     throw RunTimeError(error.number(), server, error.description(), failure);

@@ -13,10 +13,12 @@ enum class OdbcHandleKind { Connection, Statement };
 /// The first thing that the driver reported on the handle.
 [[nodiscard]] OdbcDiagnosis diagnosisOf(OdbcHandleKind kind, OdbcHandle handle);
 
-/// The failure behind a SQLSTATE, the same table for every server.
-[[nodiscard]] Failure failureOfState(QStringView state);
+/// The failure behind a SQLSTATE and a server's own number, the same table for every server.
+[[nodiscard]] Failure failureOf(const OdbcDiagnosis& diagnosis);
 /// Whether the connection of a statement that failed so is of no more use.
 [[nodiscard]] bool isConnectionLost(QStringView state);
+/// Whether a connection that could not be made failed so because nobody answered, at once or in time.
+[[nodiscard]] bool isUnreachable(QStringView state);
 
 /// Raises the failure with the server's words, and the server as its source. `sql` is the statement that
 /// failed, or empty: a refused relation is put into other words for a new row than for a deleted one.

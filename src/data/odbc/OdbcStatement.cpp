@@ -51,10 +51,10 @@ OdbcStatement::OdbcStatement(std::shared_ptr<OdbcConnection> connection, const Q
         std::u16string text = QString::fromUtf8(sql).toStdU16String();
         check(SQLPrepareW(m_handle, reinterpret_cast<SQLWCHAR*>(text.data()),
                           static_cast<SQLINTEGER>(text.size())));
+        m_rows = std::make_unique<RowBlock>(*this);
         // The driver sends nothing before it must: only now does the server look at the statement.
-        SQLSMALLINT columns = 0;
-        check(SQLNumResultCols(m_handle, &columns));
-        m_rows = std::make_unique<RowBlock>(*this, columns);
+        if (m_connection->fetchesInBlocks())
+            m_rows->describe();
     } catch (const RunTimeError&) {
         SQLFreeHandle(SQL_HANDLE_STMT, m_handle);
         throw;

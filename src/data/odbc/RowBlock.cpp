@@ -55,14 +55,30 @@ Cell utf16Cell(std::u16string_view text, TextArena& texts) {
     return textCell({utf8.constData(), static_cast<std::size_t>(utf8.size())}, texts);
 }
 
-} // namespace
-
-RowBlock::RowBlock(OdbcStatement& statement, int columns) : m_statement(statement) {
-    for (int i = 0; i < columns; ++i)
-        m_columns.push_back(describe(i));
+/// The kind of the buffer for each form of a column.
+template <class Form>
+SQLSMALLINT bufferType(Form form) {
+    static constexpr std::array<SQLSMALLINT, 4> types{SQL_C_SBIGINT, SQL_C_DOUBLE, SQL_C_TYPE_TIMESTAMP,
+                                                      SQL_C_WCHAR};
+    return types.at(static_cast<std::size_t>(form));
 }
 
-RowBlock::Column RowBlock::describe(int column) {
+} // namespace
+
+RowBlock::RowBlock(OdbcStatement& statement)
+    : m_statement(statement), m_inBlocks(statement.connection()->fetchesInBlocks()) {}
+
+void RowBlock::describe() {
+    SQLSMALLINT columns = 0;
+    if (!SQL_SUCCEEDED(SQLNumResultCols(m_statement.get(), &columns)))
+        m_statement.raiseLast();
+    m_columns.reserve(static_cast<std::size_t>(columns));
+    for (int i = 0; i < columns; ++i)
+        m_columns.push_back(describeColumn(i));
+    m_described = true;
+}
+
+RowBlock::Column RowBlock::describeColumn(int column) {
     SQLSMALLINT type = 0;
     SQLSMALLINT scale = 0;
     SQLSMALLINT nullable = 0;
@@ -97,22 +113,28 @@ RowBlock::Column RowBlock::describe(int column) {
 /// At the first run: most statements that only write have no columns, and some never run.
 void RowBlock::bind() {
     m_bound = true;
+    const std::size_t rows = m_inBlocks ? rowsAtOnce : 1;
+    for (Column& column : m_columns) {
+        column.values.resize(column.width * rows);
+        column.lengths.resize(rows);
+    }
+    if (!m_inBlocks) {
+        m_texts.resize(m_columns.size());
+        return;
+    }
     const SQLHSTMT statement = m_statement.get();
     SQLSetStmtAttr(statement, SQL_ATTR_ROW_ARRAY_SIZE, asPointer(rowsAtOnce), 0);
     SQLSetStmtAttr(statement, SQL_ATTR_ROWS_FETCHED_PTR, &m_fetched, 0);
     for (std::size_t i = 0; i < m_columns.size(); ++i) {
-        static constexpr std::array<SQLSMALLINT, 4> types{SQL_C_SBIGINT, SQL_C_DOUBLE, SQL_C_TYPE_TIMESTAMP,
-                                                          SQL_C_WCHAR};
         Column& column = m_columns[i];
-        column.values.resize(column.width * rowsAtOnce);
-        column.lengths.resize(rowsAtOnce);
-        SQLBindCol(statement, static_cast<SQLUSMALLINT>(i + 1),
-                   types.at(static_cast<std::size_t>(column.form)), column.values.data(),
+        SQLBindCol(statement, static_cast<SQLUSMALLINT>(i + 1), bufferType(column.form), column.values.data(),
                    static_cast<SQLLEN>(column.width), column.lengths.data());
     }
 }
 
 void RowBlock::restart() {
+    if (!m_described)
+        describe();
     if (!m_bound && !m_columns.empty())
         bind();
     m_fetched = m_at = 0;
@@ -134,7 +156,26 @@ bool RowBlock::next() {
     if (!SQL_SUCCEEDED(code))
         m_statement.raiseLast();
     m_at = 1;
+    if (!m_inBlocks) {
+        m_fetched = 1;
+        readAlone();
+    }
     return m_fetched > 0;
+}
+
+/// All columns, one after the other from the left: drivers need not give them out otherwise.
+void RowBlock::readAlone() {
+    for (std::size_t i = 0; i < m_columns.size(); ++i) {
+        Column& column = m_columns[i];
+        if (column.form == Form::Text) {
+            const bool isNull = !readText(static_cast<int>(i), m_texts[i]);
+            column.lengths.front() = isNull ? SQL_NULL_DATA : 0;
+        } else if (!SQL_SUCCEEDED(SQLGetData(m_statement.get(), static_cast<SQLUSMALLINT>(i + 1),
+                                             bufferType(column.form), column.values.data(),
+                                             static_cast<SQLLEN>(column.width), column.lengths.data()))) {
+            m_statement.raiseLast();
+        }
+    }
 }
 
 Cell RowBlock::cell(int index, std::optional<ColumnType> type, TextArena& texts) {
@@ -156,6 +197,8 @@ Cell RowBlock::cell(int index, std::optional<ColumnType> type, TextArena& texts)
 }
 
 Cell RowBlock::textAt(int index, TextArena& texts) {
+    if (!m_inBlocks)
+        return utf16Cell(m_texts[static_cast<std::size_t>(index)], texts);
     const Column& column = m_columns[static_cast<std::size_t>(index)];
     const std::size_t row = m_at - 1;
     const std::ptrdiff_t bytes = column.lengths[row];
@@ -167,24 +210,33 @@ Cell RowBlock::textAt(int index, TextArena& texts) {
 
 /// A text that did not fit into its buffer, asked for again as a whole.
 std::u16string RowBlock::longText(int index) {
-    const auto column = static_cast<SQLUSMALLINT>(index + 1);
-    const SQLHSTMT statement = m_statement.get();
-    if (!SQL_SUCCEEDED(SQLSetPos(statement, m_at, SQL_POSITION, SQL_LOCK_NO_CHANGE)))
+    if (!SQL_SUCCEEDED(SQLSetPos(m_statement.get(), m_at, SQL_POSITION, SQL_LOCK_NO_CHANGE)))
         m_statement.raiseLast();
     std::u16string text;
-    std::vector<char16_t> part(65'536);
+    (void)readText(index, text);
+    return text;
+}
+
+bool RowBlock::readText(int index, std::u16string& text) {
+    text.clear();
+    if (m_part.empty())
+        m_part.resize(4'096);
+    const auto size = static_cast<SQLLEN>(m_part.size() * sizeof(char16_t));
     for (;;) {
         SQLLEN left = 0;
-        const SQLRETURN code = SQLGetData(statement, column, SQL_C_WCHAR, part.data(),
-                                          static_cast<SQLLEN>(part.size() * sizeof(char16_t)), &left);
+        const SQLRETURN code = SQLGetData(m_statement.get(), static_cast<SQLUSMALLINT>(index + 1),
+                                          SQL_C_WCHAR, m_part.data(), size, &left);
         if (code == SQL_NO_DATA)
-            return text;
+            return true;
         if (!SQL_SUCCEEDED(code))
             m_statement.raiseLast();
-        const bool whole = left >= 0 && left < static_cast<SQLLEN>(part.size() * sizeof(char16_t));
-        text.append(part.data(), whole ? static_cast<std::size_t>(left) / sizeof(char16_t) : part.size() - 1);
+        if (left == SQL_NULL_DATA)
+            return false;
+        const bool whole = left >= 0 && left < size;
+        text.append(m_part.data(),
+                    whole ? static_cast<std::size_t>(left) / sizeof(char16_t) : m_part.size() - 1);
         if (whole)
-            return text;
+            return true;
     }
 }
 

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <optional>
 #include <span>
+#include <string>
 #include <vector>
 
 namespace tarnwell::data {
@@ -15,9 +16,11 @@ class OdbcStatement;
 /// The rows of a statement's run, fetched some at a time into buffers that the driver fills.
 class RowBlock {
 public:
-    /// Requires a prepared statement of so many columns; it must outlive this.
-    RowBlock(OdbcStatement& statement, int columns);
+    /// Requires a prepared statement; it must outlive this.
+    explicit RowBlock(OdbcStatement& statement);
 
+    /// Asks the driver for the columns, which it may ask the server for. Otherwise the first run does.
+    void describe();
     [[nodiscard]] int columnCount() const { return static_cast<int>(m_columns.size()); }
     /// Stands before the first row again: the statement was run anew.
     void restart();
@@ -34,15 +37,22 @@ private:
         std::vector<char> values;            ///< One after the other.
         std::vector<std::ptrdiff_t> lengths; ///< Bytes of each value, or the driver's mark for Null.
     };
-    [[nodiscard]] Column describe(int column);
+    [[nodiscard]] Column describeColumn(int column);
     void bind();
+    void readAlone();
     [[nodiscard]] Cell textAt(int column, TextArena& texts);
     [[nodiscard]] std::u16string longText(int column);
+    /// Part by part; false for Null.
+    [[nodiscard]] bool readText(int column, std::u16string& text);
 
     OdbcStatement& m_statement;
     std::vector<Column> m_columns;
-    unsigned long m_fetched = 0; ///< Rows in the buffers.
-    unsigned long m_at = 0;      ///< The current row among them, from 1.
+    unsigned long m_fetched = 0;         ///< Rows in the buffers.
+    unsigned long m_at = 0;              ///< The current row among them, from 1.
+    std::vector<std::u16string> m_texts; ///< Of a row that was fetched alone.
+    std::vector<char16_t> m_part;        ///< Of a long text.
+    bool m_inBlocks;
+    bool m_described = false;
     bool m_bound = false;
     bool m_atEnd = false;
 };

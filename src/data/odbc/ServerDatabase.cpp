@@ -3,6 +3,8 @@
 #include "data/odbc/OdbcStatement.h"
 #include "data/sql/RowStatements.h"
 
+#include <algorithm>
+
 namespace tarnwell::data {
 
 namespace {
@@ -18,7 +20,8 @@ void run(const std::shared_ptr<OdbcConnection>& connection, const QByteArray& sq
     statement.run(runAlone);
 }
 
-void insertInitialRow(const std::shared_ptr<OdbcConnection>& connection, const schema::InitialRow& row) {
+void insertInitialRow(const ServerDialect& dialect, const std::shared_ptr<OdbcConnection>& connection,
+                      const schema::InitialRow& row) {
     const schema::Table& table = *schema::findTable(row.table);
     std::vector<int> columns;
     std::vector<Value> values;
@@ -26,7 +29,9 @@ void insertInitialRow(const std::shared_ptr<OdbcConnection>& connection, const s
         columns.push_back(table.columnIndex(column));
         values.push_back(value);
     }
-    run(connection, insertStatement(table, columns), values);
+    const QByteArray insert = insertStatement(table, columns);
+    const bool hasKey = std::ranges::find(columns, 0) != columns.end();
+    run(connection, hasKey ? dialect.withKeys(insert, table) : insert, values);
 }
 
 } // namespace
@@ -35,14 +40,15 @@ void createTables(const ServerDialect& dialect, const std::shared_ptr<OdbcConnec
     for (const QByteArray& sql : dialect.createStatements())
         run(connection, sql);
     for (const schema::InitialRow& row : schema::initialRows())
-        insertInitialRow(connection, row);
+        insertInitialRow(dialect, connection, row);
     for (const schema::Table& table : schema::tables())
         run(connection, dialect.passKeys(table));
 }
 
 void createServerDatabase(const ServerDialect& dialect, const QString& connectionString) {
-    const auto connection =
-        std::make_shared<OdbcConnection>(dialect.driverString(connectionString), dialect.name());
+    const auto connection = std::make_shared<OdbcConnection>(dialect, connectionString);
+    for (const QByteArray& setting : dialect.catalogSettings())
+        connection->runDirectly(setting);
     connection->begin();
     createTables(dialect, connection);
     connection->commit();

@@ -20,9 +20,15 @@ public:
     [[nodiscard]] virtual QString name() const = 0;
     /// The connection string of the driver manager for one of ours.
     [[nodiscard]] virtual QString driverString(const QString& connectionString) const = 0;
+    /// False for a driver that fetches one row at a time, and describes a statement only once it has run.
+    [[nodiscard]] virtual bool fetchesInBlocks() const { return true; }
     /// What each new connection runs first. `busyTimeout`: how long a statement waits for another user's
     /// lock.
     [[nodiscard]] virtual std::vector<QByteArray> settings(std::chrono::milliseconds busyTimeout) const = 0;
+
+    /// A select of one number, 0 where the server ended the open transaction by itself over a statement that
+    /// failed. Empty for a server on which such a statement always takes back itself alone.
+    [[nodiscard]] virtual QByteArray openTransactions() const { return {}; }
 
     /// An INSERT of one row that gives the new key back as its only row.
     [[nodiscard]] virtual QByteArray returningKey(const QByteArray& insert,
@@ -39,6 +45,8 @@ public:
     /// A select of the tables and columns that there are, one row each.
     [[nodiscard]] virtual QByteArray columns() const = 0;
 
+    /// What the owner of an empty catalog runs first, outside of a transaction.
+    [[nodiscard]] virtual std::vector<QByteArray> catalogSettings() const { return {}; }
     /// The statements that make tables, relations, indexes and triggers in an empty catalog, in order.
     [[nodiscard]] virtual std::vector<QByteArray> createStatements() const = 0;
     /// A statement after which new keys of the table lie behind all that it has: rows were added with keys of

@@ -2,7 +2,7 @@
 
 BUILD_PACKAGES="g++ cmake ninja-build mold qt6-base-dev qt6-svg-dev libsqlite3-dev unixodbc-dev"
 RUN_PACKAGES="libqt6svg6 qt6-qpa-plugins fonts-liberation"
-TEST_PACKAGES="clang-format git libgtest-dev libbenchmark-dev poppler-utils odbc-postgresql postgresql"
+TEST_PACKAGES="clang-format git libgtest-dev libbenchmark-dev poppler-utils odbc-postgresql postgresql tdsodbc"
 FULL_TEST_PACKAGES="clang-tidy-22"
 
 say() { printf '== %s\n' "$*"; }

@@ -33,6 +33,9 @@ constexpr std::array refusals{
     Refusal{"no pg_hba.conf entry", Failure::PermissionDenied, refusedSignIn},
     Refusal{"permission denied for database", Failure::PermissionDenied, refusedSignIn},
     Refusal{"FATAL:", Failure::DatabaseFailure, refusedConnection},
+    // of SQL Server
+    Refusal{"Cannot open database", Failure::DatabaseNotFound, "The database server has no such catalog."},
+    Refusal{"Login failed", Failure::PermissionDenied, refusedSignIn},
 };
 
 /// "connection to server at "office", port 5432 failed: FATAL: role "ann" does not exist" without its way.
@@ -51,7 +54,7 @@ void raiseConnectFailure(const OdbcDiagnosis& diagnosis, const QString& server) 
         throw makeError(refusal->failure, diagnosis.words);
     if (refusal != refusals.end())
         raiseServerFailure(refusal->failure, server, QLatin1String(refusal->text), answerOf(diagnosis.words));
-    if (isConnectionLost(diagnosis.state))
+    if (isUnreachable(diagnosis.state))
         raiseServerFailure(Failure::DatabaseFailure, server,
                            QStringLiteral("The database server could not be reached."), diagnosis.words);
     raiseOdbcError(diagnosis, server);

@@ -49,7 +49,10 @@ void writeServerNames(SqlTokens& tokens, std::span<const ServerFunction> functio
             const ServerFunction* function = plain ? functionNamed(token.text, functions) : nullptr;
             if (function == nullptr)
                 raise(Failure::SyntaxError, QStringLiteral("no such function: %1").arg(token.name()));
+            Token& close = tokens[tokens.at(i + 1).partner];
             tokens[i].instead = function->serverName;
+            close.before += function->within;
+            close.after.prepend(function->behind);
             continue;
         }
         writeInstead(tokens[i], engineName(token.name()));

@@ -18,6 +18,8 @@ namespace tarnwell::data {
 struct ServerFunction {
     const char* name;
     const char* serverName;
+    const char* within = ""; ///< Put in front of its closing parenthesis.
+    const char* behind = ""; ///< Put behind it.
 };
 
 /// Leaves the token out and writes the text in its place.

@@ -91,7 +91,7 @@ private:
                             m_script.firstCatalog());
     }
     [[nodiscard]] ConnectionPointer connectionOf(const QString& connectionString) const {
-        return std::make_shared<OdbcConnection>(m_dialect.driverString(connectionString), m_dialect.name());
+        return std::make_shared<OdbcConnection>(m_dialect, connectionString);
     }
     [[nodiscard]] bool isMissing() const;
 
@@ -132,6 +132,8 @@ void OdbcCatalog::create() {
             runAll(first, {m_script.createCatalog(m_name)});
     }
     const ConnectionPointer connection = ownConnection();
+    for (const QByteArray& setting : m_dialect.catalogSettings())
+        connection->runDirectly(setting);
     connection->begin();
     runAll(connection, m_script.beforeTables(m_name));
     createTables(m_dialect, connection);

@@ -6,6 +6,8 @@
 #include "data/odbc/OdbcEngine.h"
 #include "data/odbc/PostgresCatalog.h"
 #include "data/odbc/PostgresDialect.h"
+#include "data/odbc/SqlServerCatalog.h"
+#include "data/odbc/SqlServerDialect.h"
 #include "data/sqlite/SqliteEngine.h"
 
 #include <algorithm>
@@ -30,6 +32,18 @@ std::unique_ptr<ServerCatalog> postgresCatalog(const QString& connectionString) 
     return odbcCatalog(dialect, script, connectionString);
 }
 
+std::shared_ptr<Engine> openSqlServer(const QString& connectionString,
+                                      std::chrono::milliseconds busyTimeout) {
+    static const SqlServerDialect dialect;
+    return openOdbcEngine(dialect, connectionString, busyTimeout);
+}
+
+std::unique_ptr<ServerCatalog> sqlServerCatalog(const QString& connectionString) {
+    static const SqlServerDialect dialect;
+    static const SqlServerCatalog script;
+    return odbcCatalog(dialect, script, connectionString);
+}
+
 struct EngineEntry {
     QStringView provider;
     std::shared_ptr<Engine> (*open)(const QString& connectionString, std::chrono::milliseconds busyTimeout);
@@ -40,6 +54,7 @@ struct EngineEntry {
 constexpr std::array engines{
     EngineEntry{fileProvider, openFile},
     EngineEntry{postgresProvider, openPostgres, postgresCatalog},
+    EngineEntry{sqlServerProvider, openSqlServer, sqlServerCatalog},
 };
 
 const EngineEntry& entryFor(const QString& connectionString) {

@@ -81,7 +81,7 @@ protected:
         gProgramFolder.clear();
     }
 
-    static int script(QStringList arguments) {
+    static int script(const QStringList& arguments) {
         return QProcess::execute("sh",
                                  QStringList(TARNWELL_SOURCE_DIR "/tests/support/postgres.sh") + arguments);
     }

@@ -95,6 +95,17 @@ void OdbcConnection::raiseLast(OdbcHandle statement, const QByteArray& sql) {
     raiseOdbcError(diagnosis, m_server, sql);
 }
 
+void OdbcConnection::setPortions(bool on) noexcept {
+    if (m_inPortions == on || !m_fetchesInBlocks)
+        return;
+    m_inPortions = on;
+    // Of the driver for PostgreSQL.
+    constexpr SQLINTEGER useDeclareFetch = 65539, fetch = 65541;
+    constexpr SQLULEN rowsOfPortion = 2000;
+    SQLSetConnectAttr(m_handle, fetch, asPointer(rowsOfPortion), SQL_IS_INTEGER);
+    SQLSetConnectAttr(m_handle, useDeclareFetch, asPointer(on ? 1 : 0), SQL_IS_INTEGER);
+}
+
 void OdbcConnection::begin(Sees sees) {
     setIsolation(sees);
     SQLSetConnectAttr(m_handle, SQL_ATTR_AUTOCOMMIT, asPointer(SQL_AUTOCOMMIT_OFF), SQL_IS_UINTEGER);

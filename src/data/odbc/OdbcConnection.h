@@ -45,6 +45,11 @@ public:
     /// Whether something was raised that ends the connection: it is of no more use.
     [[nodiscard]] bool isLost() const { return m_lost; }
 
+    /// Whether selects that begin from here on are fetched some thousand rows at a time, where the driver can
+    /// do that, rather than as a whole. Such a select holds a transaction open until it ends or is closed,
+    /// and the server plans it without its values.
+    void setPortions(bool on) noexcept;
+
     /// Which state of the database the statements of a transaction see: each the latest one, or all the same.
     enum class Sees { Latest, OneState };
     /// Between `begin` and an end every statement is part of one transaction.
@@ -63,6 +68,7 @@ private:
     bool m_lost = false;
     Sees m_sees = Sees::Latest;
     bool m_fetchesInBlocks = true;
+    bool m_inPortions = false;
 };
 
 } // namespace tarnwell::data

@@ -84,6 +84,8 @@ public:
 
     void setWatch(std::function<bool()> goesOn) override;
 
+    /// Between the rows of a statement, which may be many. Raises Cancelled when the watch ends it.
+    void askWatch();
     /// Runs a statement of this engine; notes when the connection or the transaction is lost over it.
     void run(OdbcStatement& statement);
     /// Its next row; false at its end. Notes the same.
@@ -97,6 +99,7 @@ private:
     void requireOurs();
     void beginSeeing(OdbcConnection::Sees sees);
     [[nodiscard]] OdbcLease lease(const QByteArray& sql);
+    [[nodiscard]] bool letsWatchGoOn();
     int runWatched(const std::function<int()>& call, const std::function<void()>& cancel);
     void noteLoss() noexcept;
     void noteEndedTransaction() noexcept;
@@ -119,6 +122,8 @@ bool OdbcCursor::next() {
     if (!m_started) {
         m_engine.run(*m_statement);
         m_started = true;
+    } else if (m_statement->rows().isSpent()) {
+        m_engine.askWatch();
     }
     return m_engine.fetch(*m_statement);
 }
@@ -166,6 +171,11 @@ OdbcLease OdbcEngine::lease(const QByteArray& sql) {
     if (m_connection == nullptr)
         openConnection();
     try {
+        if (m_watch) {
+            m_connection->setPortions(true);
+            return {nullptr, std::make_unique<OdbcStatement>(m_connection, sql)};
+        }
+        m_connection->setPortions(false);
         return {m_cache, m_cache->take(m_connection, sql)};
     } catch (const RunTimeError&) {
         noteLoss();
@@ -198,6 +208,18 @@ bool OdbcEngine::fetch(OdbcStatement& statement) {
     }
 }
 
+bool OdbcEngine::letsWatchGoOn() {
+    m_askingWatch = true;
+    const bool goesOn = m_watch();
+    m_askingWatch = false;
+    return goesOn && m_open;
+}
+
+void OdbcEngine::askWatch() {
+    if (m_watch && !letsWatchGoOn())
+        raise(Failure::Cancelled);
+}
+
 /// The statement works on a thread of its own while this one asks. The question may let events through, and
 /// with them whatever the program does on an error.
 int OdbcEngine::runWatched(const std::function<int()>& call, const std::function<void()>& cancel) {
@@ -205,11 +227,7 @@ int OdbcEngine::runWatched(const std::function<int()>& call, const std::function
     std::future<int> work = std::async(std::launch::async, call);
     bool goesOn = true;
     while (work.wait_for(betweenQuestions) != std::future_status::ready) {
-        if (goesOn) {
-            m_askingWatch = true;
-            goesOn = m_watch() && m_open;
-            m_askingWatch = false;
-        }
+        goesOn = goesOn && letsWatchGoOn();
         if (!goesOn) // again and again: the first may come before the server has the statement
             cancel();
     }

@@ -37,7 +37,7 @@ void OdbcStatementCache::giveBack(std::unique_ptr<OdbcStatement> statement) noex
 }
 
 OdbcLease::~OdbcLease() {
-    if (m_statement != nullptr)
+    if (m_statement != nullptr && m_cache != nullptr)
         m_cache->giveBack(std::move(m_statement));
 }
 

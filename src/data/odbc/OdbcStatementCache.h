@@ -30,7 +30,7 @@ private:
     std::unordered_multimap<QByteArray, Idle> m_idle;
 };
 
-/// The use of one prepared statement; gives it back at its end.
+/// The use of one prepared statement; gives it back at its end. Without a cache the statement ends with it.
 class OdbcLease {
 public:
     OdbcLease(std::shared_ptr<OdbcStatementCache> cache, std::unique_ptr<OdbcStatement> statement)

@@ -24,6 +24,8 @@ public:
     [[nodiscard]] int columnCount() const { return static_cast<int>(m_columns.size()); }
     /// Stands before the first row again: the statement was run anew.
     void restart();
+    /// Whether the next `next` asks the driver for rows.
+    [[nodiscard]] bool isSpent() const { return m_at == m_fetched && !m_atEnd; }
     /// True when it stands on a row, false behind the last one.
     [[nodiscard]] bool next();
     /// A column of the current row, as `Cursor::read` specifies.

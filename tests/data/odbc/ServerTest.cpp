@@ -147,6 +147,32 @@ TEST_F(Server, AWatchEndsAStatement) {
     EXPECT_EQ(database.ask("SELECT COUNT(*) FROM MasterTask"), Value(0));
 }
 
+// A report over a million payments is read for seconds after the statement has found them.
+TEST_F(Server, AWatchIsAskedBetweenRowsAndEndsTheReading) {
+    const QString sql = "SELECT a.CodeKey FROM Code a, Code b, Code c, Code d";
+    const int codes = database.ask("SELECT COUNT(*) FROM Code").toLong();
+    const int rows = codes * codes * codes * codes;
+    constexpr int rowsOfBlock = 64;
+    for (const bool goesOn : {true, false}) {
+        int questions = 0;
+        Recordset all;
+        {
+            const StatementWatch watch(database.connection(), [&] { return ++questions < 20 || goesOn; });
+            EXPECT_EQ(raisedFailure([&] {
+                          all.Open(sql, database.connection());
+                          EXPECT_EQ(all.RecordCount(), rows);
+                      }),
+                      goesOn ? std::nullopt : std::optional(Failure::Cancelled));
+        }
+        EXPECT_GE(questions, goesOn ? rows / rowsOfBlock : 20);
+        EXPECT_EQ(database.connection().Execute("UPDATE Code SET Code2=0"), codes)
+            << "outside of the reading";
+        EXPECT_EQ(firstValue(*database.secondWorkstation(), "SELECT COUNT(*) FROM Code WHERE Code2=0"),
+                  Value(codes));
+        database.run("UPDATE Code SET Code2=1");
+    }
+}
+
 const char* const endOthers = "SELECT pg_terminate_backend(pid) FROM pg_stat_activity "
                               "WHERE datname = current_database() AND pid <> pg_backend_pid()";
 

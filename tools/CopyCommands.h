@@ -5,8 +5,8 @@
 
 namespace tarnwell::tool {
 
-// Commands that bring the rows of one database into another one, whatever the engines of the two. They return
-// the exit code and raise what goes wrong.
+// Commands that bring the rows of one database into another one, between any two engines. They return the
+// exit code and raise what goes wrong.
 
 /// Fills an empty database, or makes the one that is missing.
 [[nodiscard]] int copy(const Request& request, Output& output);

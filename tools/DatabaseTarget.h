@@ -32,7 +32,7 @@ enum class ExistingFile { Keep, Replace };
 [[nodiscard]] std::unique_ptr<DatabaseTarget> newTarget(const DatabaseAddress& address,
                                                         ExistingFile existing);
 
-/// A database that is there already, whatever it holds, or else a new one. Raises NotAllowed, in words for
+/// A database that is there already, full or empty, or else a new one. Raises NotAllowed, in words for
 /// the user, for a catalog of somebody else's tables.
 [[nodiscard]] std::unique_ptr<DatabaseTarget> targetToFill(const DatabaseAddress& address);
 

@@ -96,7 +96,7 @@ constexpr const char* statements[] = {
     "EXEC xp_cmdshell 'dir'",
 };
 
-// What a typed text may do goes through the translation on every engine, whatever the role.
+// What a typed text may do goes through the translation on every engine and under every role.
 TEST_F(Rights, TypedTextAddsNoStatementChangesNoSchemaAndReadsNoFile) {
     for (const QString& database : {file("a.mdb"), address("first", "clerk"), address("first")}) {
         const QString before = rowsOf(database.contains("clerk") ? address("first") : database);

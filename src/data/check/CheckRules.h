@@ -20,7 +20,7 @@ struct CheckRule {
 /// Ranges of values that typed columns let through. Columns that take any value need rules of their own.
 [[nodiscard]] std::vector<CheckRule> rangeRules();
 
-/// Links, values and the task tree, the same whatever the engine.
+/// Links, values and the task tree, the same on every engine.
 [[nodiscard]] std::vector<CheckRule> rowRules();
 
 } // namespace tarnwell::data

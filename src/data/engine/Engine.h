@@ -76,8 +76,8 @@ public:
     /// Transactions do not nest: a second begin, and an end without one, raise NotAllowed. A begin waits for
     /// another user's write, up to the busy timeout, and then raises DatabaseLocked.
     virtual void begin() = 0;
-    /// Begins a transaction for reading alone: all its reads see one state of the database, whatever others
-    /// write meanwhile. It waits for nobody where the engine keeps old states.
+    /// Begins a transaction for reading alone: all its reads see one state of the database, also while
+    /// others write. It waits for nobody where the engine keeps old states.
     virtual void beginReading() = 0;
     virtual void commit() = 0;
     virtual void rollback() = 0;

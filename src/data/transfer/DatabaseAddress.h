@@ -20,7 +20,7 @@ struct AddressFault {
     QString text;
 };
 
-/// Whatever has no "://" is the path of a file. Addresses are
+/// A text without "://" is the path of a file. Addresses are
 ///     postgresql://host/catalog, postgresql:///catalog?host=/folder&port=N, sqlserver://host/catalog
 /// with user, password and port in front of and behind the host where they are wanted, percent-encoded as in
 /// every such address. Without a host it is this computer, without a user the platform signs in.

@@ -94,11 +94,15 @@ QByteArray PostgresCatalog::relations() const {
            "WHERE c.contype = 'f' AND cardinality(c.conkey) = 1 AND c.convalidated";
 }
 
+/// An index of a text has an expression in the column's place, which names it.
 QByteArray PostgresCatalog::indexes() const {
     return "SELECT CAST(t.relname AS text), string_agg(CAST(a.attname AS text), ',' ORDER BY k.place) "
            "FROM pg_index i JOIN pg_class t ON t.oid = i.indrelid "
            "CROSS JOIN LATERAL unnest(CAST(i.indkey AS smallint[])) WITH ORDINALITY AS k(number, place) "
-           "JOIN pg_attribute a ON a.attrelid = t.oid AND a.attnum = k.number "
+           "JOIN pg_attribute a ON a.attrelid = t.oid AND a.attnum > 0 AND (a.attnum = k.number OR (k.number "
+           "= 0 "
+           "AND strpos(pg_get_indexdef(i.indexrelid, CAST(k.place AS integer), true), "
+           "quote_ident(a.attname)) > 0)) "
            "WHERE i.indisvalid AND i.indpred IS NULL AND pg_table_is_visible(t.oid) "
            "GROUP BY i.indexrelid, t.relname";
 }

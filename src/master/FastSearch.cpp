@@ -89,6 +89,7 @@ std::vector<FoundRow> searchRows(Connection& connection, const SearchKind& kind,
                                  const QString& text) {
     const SearchOption& chosen = kind.options[static_cast<std::size_t>(option)];
     Recordset rows;
+    rows.setMaxRecords(foundRowLimit);
     rows.Open(statement(kind.searchType, chosen, text), connection);
     const std::vector<int> indexes = fieldIndexes(rows, chosen);
     std::vector<FoundRow> found;

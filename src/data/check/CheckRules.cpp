@@ -65,8 +65,7 @@ struct FixedRule {
 
 constexpr auto valueRules = std::to_array<FixedRule>({
     {"MasterTask", "CustomTask", "is neither Y nor N", "t.CustomTask NOT IN ('','Y','N')"},
-    {"ContractorPlanTask", "CustomTask", "is neither Y nor N",
-     "t.CustomTask NOT IN ('','Y','N')"},
+    {"ContractorPlanTask", "CustomTask", "is neither Y nor N", "t.CustomTask NOT IN ('','Y','N')"},
     {"JobLotTask", "CustomTask", "is neither Y nor N", "t.CustomTask NOT IN ('','Y','N')"},
     {"Code", "Deleted", "is set on the foreman type",
      "t.Code1=1 AND t.Description='Foreman' AND t.Deleted<>0"},
@@ -93,21 +92,26 @@ constexpr auto treeRules = std::to_array<FixedRule>({
     {"JobLotTask", "ParentKey", "of a parent does not point at itself",
      "t.Child=0 AND t.ParentKey<>0 AND t.ParentKey<>t.JobLotTaskKey"},
     {"JobLotTask", "ParentKey", "of an option names no base task of its lot",
-     "t.Child<>0 AND t.ParentKey IS NOT NULL AND NOT EXISTS(SELECT p.JobLotTaskKey FROM JobLotTask AS p WHERE "
+     "t.Child<>0 AND t.ParentKey IS NOT NULL AND NOT EXISTS(SELECT p.JobLotTaskKey FROM JobLotTask AS p "
+     "WHERE "
      "p.JobLotTaskKey=t.ParentKey AND p.JobLotKey=t.JobLotKey AND p.Child=0)"},
     {"JobLotTask", "ParentKey", "of an option names a task that is not marked as its parent",
-     "t.Child<>0 AND EXISTS(SELECT p.JobLotTaskKey FROM JobLotTask AS p WHERE p.JobLotTaskKey=t.ParentKey AND "
+     "t.Child<>0 AND EXISTS(SELECT p.JobLotTaskKey FROM JobLotTask AS p WHERE p.JobLotTaskKey=t.ParentKey "
+     "AND "
      "p.JobLotKey=t.JobLotKey AND p.Child=0 AND p.ParentKey=0)"},
     {"JobLotTask", "CodeKey", "of an option is not its parent's",
-     "t.Child<>0 AND EXISTS(SELECT p.JobLotTaskKey FROM JobLotTask AS p WHERE p.JobLotTaskKey=t.ParentKey AND p.Child=0 AND "
+     "t.Child<>0 AND EXISTS(SELECT p.JobLotTaskKey FROM JobLotTask AS p WHERE p.JobLotTaskKey=t.ParentKey "
+     "AND p.Child=0 AND "
      "coalesce(p.CodeKey,0)<>coalesce(t.CodeKey,0))"},
     // A dialog cuts the whole name at 50 characters, so a long parent's name may fill it.
     {"JobLotTask", "Name", "of an option does not begin with its parent's",
-     "t.Child<>0 AND EXISTS(SELECT p.JobLotTaskKey FROM JobLotTask AS p WHERE p.JobLotTaskKey=t.ParentKey AND p.Child=0 AND "
+     "t.Child<>0 AND EXISTS(SELECT p.JobLotTaskKey FROM JobLotTask AS p WHERE p.JobLotTaskKey=t.ParentKey "
+     "AND p.Child=0 AND "
      "lower(substr(coalesce(t.Name,''),1,length(p.Name)+1))<>lower(p.Name + ' ') AND NOT "
      "(length(p.Name)>=50 AND lower(t.Name)=lower(substr(p.Name,1,50))))"},
     {"JobLotTask", "ParentKey", "marks a parent without options",
-     "t.Child=0 AND t.ParentKey=t.JobLotTaskKey AND NOT EXISTS(SELECT c.JobLotTaskKey FROM JobLotTask AS c WHERE "
+     "t.Child=0 AND t.ParentKey=t.JobLotTaskKey AND NOT EXISTS(SELECT c.JobLotTaskKey FROM JobLotTask AS c "
+     "WHERE "
      "c.ParentKey=t.JobLotTaskKey AND c.Child<>0)"},
     {"JobLotTask", "ParentKey", "is missing", "t.ParentKey IS NULL"},
     {"JobLotTask", "Child", "is missing", "t.Child IS NULL"},

@@ -97,7 +97,7 @@ void Recordset::Open(const QString& source, Connection& connection, CursorType c
         return;
     }
     const bool updatable = lock != LockType::ReadOnly && !translation.shape->keyTables.empty();
-    auto store = std::make_shared<data::RowStore>(engine, translation, updatable);
+    auto store = std::make_shared<data::RowStore>(engine, translation, updatable, m_maxRecords);
     const bool writable = updatable && !store->columns().keyTables().empty();
     auto state = std::make_unique<State_>(engine, std::move(store), writable);
     state->cursor = cursor;
@@ -105,6 +105,14 @@ void Recordset::Open(const QString& source, Connection& connection, CursorType c
     if (cursor != CursorType::Dynamic)
         (void)state->view.current();
     m_state = std::move(state);
+}
+
+void Recordset::setMaxRecords(int rows) {
+    if (State() == ObjectState::Open)
+        raise(Failure::ObjectOpen);
+    if (rows < 0)
+        raise(Failure::WrongArguments);
+    m_maxRecords = rows;
 }
 
 void Recordset::Close() {
@@ -121,7 +129,7 @@ void Recordset::Requery() {
     state.cancel();
     const data::Translation translation = state.store().translation();
     const bool withKeys = !state.columns().keyTables().empty();
-    auto store = std::make_shared<data::RowStore>(state.engine, translation, withKeys);
+    auto store = std::make_shared<data::RowStore>(state.engine, translation, withKeys, m_maxRecords);
     // Read before they take the place of the old ones: a grid that shows those goes on showing them when
     // reading raises.
     if (state.cursor != CursorType::Dynamic)
@@ -247,6 +255,7 @@ Recordset Recordset::Clone() const {
     clone.m_state = std::make_unique<State_>(state.engine, state.view.sharedStore(), state.updatable);
     clone.m_state->cursor = state.cursor;
     clone.m_state->pageSize = state.pageSize;
+    clone.m_maxRecords = m_maxRecords;
     return clone;
 }
 

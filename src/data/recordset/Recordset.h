@@ -45,6 +45,9 @@ public:
     /// once and leaves the recordset closed. Stands on the first row afterwards. Raises ObjectOpen if open.
     void Open(const QString& source, Connection& connection, CursorType cursor = CursorType::Static,
               LockType lock = LockType::ReadOnly);
+    /// At most so many rows are read by the next Open and its Requery; 0, as in the beginning, for all.
+    /// Raises WrongArguments below 0, ObjectOpen if open.
+    void setMaxRecords(int rows);
     /// Lets go of the rows; what is pending is lost. Raises ObjectClosed when it is closed already.
     void Close();
     /// Closed also once the connection is.
@@ -130,6 +133,7 @@ private:
     [[nodiscard]] State_& open() const; ///< Raises ObjectClosed.
 
     std::unique_ptr<State_> m_state;
+    int m_maxRecords = 0;
 };
 
 /// The first column of the first row, or nothing when there is no row.

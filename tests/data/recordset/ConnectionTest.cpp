@@ -37,7 +37,7 @@ QString fileWith(const TemporaryDatabase& database, const QByteArray& content) {
 
 TEST(Opening, RefusesWhatItCannotServe) {
     const TemporaryDatabase database;
-    EXPECT_EQ(openingFails("Provider=SQLOLEDB.1;Data Source=" + database.path()), 3706);
+    EXPECT_EQ(openingFails("Provider=Nobody.1;Data Source=" + database.path()), 3706);
     EXPECT_EQ(openingFails({}), 3706);
     EXPECT_EQ(
         openingFails(

@@ -126,6 +126,24 @@ TEST_F(RecordsetRead, TwoOfOneStatementDoNotDisturbEachOther) {
     EXPECT_EQ(walked(), "AB");
 }
 
+TEST_F(RecordsetRead, ReadsNoMoreThanWasAskedFor) {
+    addTasks({"A", "B", "C"});
+    EXPECT_EQ(raisedNumber([&] { rows.setMaxRecords(-1); }), 3001);
+    for (const auto& [most, names] : {std::pair(2, "AB"), std::pair(3, "ABC"), std::pair(0, "ABC")}) {
+        rows = Recordset();
+        rows.setMaxRecords(most);
+        rows.Open("SELECT Name FROM MasterTask ORDER BY Name", database.connection());
+        EXPECT_EQ(walked(), names);
+        rows.Requery();
+        EXPECT_EQ(rows.RecordCount(), QString(names).size());
+        EXPECT_EQ(raisedNumber([&] { rows.setMaxRecords(1); }), 3705);
+    }
+    rows = Recordset();
+    rows.setMaxRecords(3);
+    rows.Open("SELECT Name FROM MasterTask ORDER BY Name LIMIT 1", database.connection());
+    EXPECT_EQ(walked(), "A");
+}
+
 TEST_F(RecordsetRead, MovesAndStopsAtItsEnds) {
     addTasks({"A", "B", "C"});
     open("SELECT Name FROM MasterTask ORDER BY MasterTaskKey");

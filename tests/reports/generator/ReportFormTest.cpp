@@ -121,16 +121,20 @@ TEST_F(ReportForm, DrawsOnceAndShowsThePages) {
 
 TEST_F(ReportForm, CancelStopsTheReportAndNoGoesOn) {
     script.expect(Answer::No, Answer::Yes);
-    run(endless, [&](const ScreenDriver& form) {
+    // A server may still be at work on the statement when the window is up.
+    std::function<void(const ScreenDriver&)> cancelOnce;
+    cancelOnce = [&](const ScreenDriver& form) {
         EXPECT_EQ(form.window().windowTitle(), "Endless");
-        EXPECT_EQ(form.find<QProgressBar>("proBarStatus").maximum(), 4);
+        if (form.find<QProgressBar>("proBarStatus").maximum() != 4)
+            return whenShown(cancelOnce);
         form.click("cmdCancel");
         EXPECT_FALSE(script.shown().empty());
         whenShown([](const ScreenDriver& later) {
             EXPECT_EQ(later.find<QProgressBar>("proBarStatus").value(), 1) << "it went on";
             later.click("cmdCancel");
         });
-    });
+    };
+    run(endless, cancelOnce);
     ASSERT_EQ(script.shown().size(), 2U);
     EXPECT_EQ(script.shown().front().text, "Stop printing report?");
     EXPECT_EQ(script.shown().front().title, "Stop Report");

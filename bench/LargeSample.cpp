@@ -13,10 +13,14 @@ namespace tarnwell::bench {
 bool openLargeSample(benchmark::State& state) {
     static const QTemporaryDir folder;
     static const bool opened = [] {
+        const QString sample = qEnvironmentVariable("TARNWELL_SAMPLE");
         const QString copy = folder.filePath("Tarnwell.mdb");
-        if (!QFile::copy(qEnvironmentVariable("TARNWELL_SAMPLE"), copy))
+        if (sample.startsWith(QLatin1String("Provider=")))
+            gConnectionString = sample;
+        else if (QFile::copy(sample, copy))
+            gConnectionString = fileConnectionString(copy);
+        else
             return false;
-        gConnectionString = fileConnectionString(copy);
         return DataEnvironment::cnnConnection().State() == ObjectState::Open;
     }();
     if (!opened)

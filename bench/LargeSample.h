@@ -6,9 +6,10 @@
 
 namespace tarnwell::bench {
 
-/// The folder with a copy of the large sample that the benchmarks may write to; the program's shared
-/// connection opens it. The sample is the file that TARNWELL_SAMPLE names (made by `tarnwell-db sample FILE
-/// --scale large`). False when there is none, which skips the benchmark.
+/// Opens the large sample on the program's shared connection. TARNWELL_SAMPLE names its file (made by
+/// `tarnwell-db sample FILE --scale large`), of which the benchmarks change a copy; or it is the connection
+/// string of a server's catalog with that sample, which they change itself. False when there is none, which
+/// skips the benchmark.
 [[nodiscard]] bool openLargeSample(benchmark::State& state);
 
 /// Middle value of the first column of the statement's rows, as text: where a search of a person would start.

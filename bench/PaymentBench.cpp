@@ -1,3 +1,4 @@
+#include "bench/KeyStroke.h"
 #include "bench/LargeSample.h"
 #include "controls/Combo.h"
 #include "controls/MaskedBox.h"
@@ -8,7 +9,6 @@
 #include "timecard/frmPayroll.h"
 
 #include <QApplication>
-#include <QKeyEvent>
 #include <QPushButton>
 
 #include <benchmark/benchmark.h>
@@ -28,16 +28,11 @@ frmPayroll* openPayroll(benchmark::State& state) {
     return &form;
 }
 
-void releaseKey(QWidget* field) {
-    QKeyEvent release(QEvent::KeyRelease, Qt::Key_A, Qt::NoModifier);
-    QApplication::sendEvent(field, &release);
-}
-
 void typeJob(frmPayroll& form, const QString& number) {
     auto* field = form.findChild<MaskedBox*>("MskField(2)");
     field->setText(number);
     field->setSelStart(static_cast<int>(number.size()));
-    releaseKey(field);
+    bench::strokeKey(*field);
 }
 
 QString middleJob() {

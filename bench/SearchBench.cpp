@@ -1,3 +1,4 @@
+#include "bench/KeyStroke.h"
 #include "bench/LargeSample.h"
 #include "controls/ListBox.h"
 #include "controls/MaskedBox.h"
@@ -6,7 +7,6 @@
 #include "runtime/DataEnvironment.h"
 
 #include <QApplication>
-#include <QKeyEvent>
 #include <QRadioButton>
 
 #include <benchmark/benchmark.h>
@@ -40,8 +40,7 @@ void searchKey(benchmark::State& state) {
     for (auto _ : state) {
         length = length % static_cast<int>(middle.size()) + 1;
         field->setText(middle.left(length));
-        QKeyEvent release(QEvent::KeyRelease, Qt::Key_A, Qt::NoModifier);
-        QApplication::sendEvent(field, &release);
+        bench::strokeKey(*field);
         list->repaint();
     }
     state.SetLabel(QString("%1: %2").arg(searchKind(type)->caption, chosen.caption).toStdString());

@@ -1,12 +1,12 @@
 #include "bench/SearchUse.h"
 
+#include "bench/KeyStroke.h"
 #include "controls/ListBox.h"
 #include "controls/MaskedBox.h"
 #include "master/frmFastSearch.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
-#include <QKeyEvent>
 #include <QPushButton>
 #include <QTimer>
 #include <QToolButton>
@@ -40,8 +40,7 @@ double showFound(Screen& form, const QString& text, int line) {
     QElapsedTimer elapsed;
     whenSearching(search, [&] {
         typed->setText(text);
-        QKeyEvent release(QEvent::KeyRelease, Qt::Key_A, Qt::NoModifier);
-        QApplication::sendEvent(typed, &release);
+        strokeKey(*typed);
         found->setListIndex(line % found->ListCount());
         elapsed.start();
         search.findChild<QPushButton*>("cmdSelect")->click();

@@ -1,5 +1,7 @@
 #include "data/odbc/OdbcError.h"
 
+#include "data/engine/ConstraintText.h"
+
 #include <QRegularExpression>
 
 #include <algorithm>
@@ -66,18 +68,16 @@ constexpr std::array stateFailures{
     StateFailure{"HYT", Failure::DatabaseLocked},
 };
 
-enum class Rule { NotNull, Unique, Relation };
-
 struct StateRule {
     std::string_view state;
-    int native; ///< 0: the state alone tells.
-    Rule rule;
+    int native;      ///< 0: the state alone tells.
+    BrokenRule rule; ///< Of a relation `IsReferredTo`, whichever side was written.
 };
 constexpr std::array stateRules{
-    StateRule{"23502", 0, Rule::NotNull},   StateRule{"23505", 0, Rule::Unique},
-    StateRule{"23503", 0, Rule::Relation},  StateRule{"23001", 0, Rule::Relation},
-    StateRule{"23000", 515, Rule::NotNull}, StateRule{"23000", 2601, Rule::Unique},
-    StateRule{"23000", 2627, Rule::Unique}, StateRule{"23000", 547, Rule::Relation},
+    StateRule{"23502", 0, BrokenRule::NoValue},          StateRule{"23505", 0, BrokenRule::ExistsAlready},
+    StateRule{"23503", 0, BrokenRule::IsReferredTo},     StateRule{"23001", 0, BrokenRule::IsReferredTo},
+    StateRule{"23000", 515, BrokenRule::NoValue},        StateRule{"23000", 2601, BrokenRule::ExistsAlready},
+    StateRule{"23000", 2627, BrokenRule::ExistsAlready}, StateRule{"23000", 547, BrokenRule::IsReferredTo},
 };
 
 bool begins(QStringView state, std::string_view begin) {
@@ -113,7 +113,7 @@ QString quotedName(const QString& words) {
 }
 
 /// One number of SQL Server stands for relations and for checks.
-std::optional<Rule> brokenRule(const OdbcDiagnosis& diagnosis) {
+std::optional<BrokenRule> brokenRule(const OdbcDiagnosis& diagnosis) {
     const auto found = std::ranges::find_if(stateRules, [&](const StateRule& entry) {
         return begins(diagnosis.state, entry.state) &&
                (entry.native == 0 || entry.native == diagnosis.native);
@@ -123,22 +123,12 @@ std::optional<Rule> brokenRule(const OdbcDiagnosis& diagnosis) {
     return found->rule;
 }
 
-QString constraintText(const OdbcDiagnosis& diagnosis, const QByteArray& sql) {
-    const std::optional<Rule> rule = brokenRule(diagnosis);
+QString brokenRuleText(const OdbcDiagnosis& diagnosis, const QByteArray& sql) {
+    const std::optional<BrokenRule> rule = brokenRule(diagnosis);
     if (!rule)
         return diagnosis.words;
-    switch (*rule) {
-    case Rule::NotNull:
-        return QStringLiteral("The column %1 must have a value.").arg(quotedName(diagnosis.words));
-    case Rule::Unique:
-        return QStringLiteral("The value of %1 exists already.").arg(quotedName(diagnosis.words));
-    case Rule::Relation:
-        break;
-    }
-    return sql.contains("INSERT INTO ")
-               ? QStringLiteral(
-                     "The record cannot be added because a record that it refers to does not exist.")
-               : QStringLiteral("The record cannot be deleted or changed because other records refer to it.");
+    const bool lacksParent = *rule == BrokenRule::IsReferredTo && sql.contains("INSERT INTO ");
+    return constraintText(lacksParent ? BrokenRule::NoSuchParent : *rule, quotedName(diagnosis.words));
 }
 
 } // namespace
@@ -178,7 +168,7 @@ bool isUnreachable(QStringView state) {
 void raiseOdbcError(const OdbcDiagnosis& diagnosis, const QString& server, const QByteArray& sql) {
     const Failure failure = failureOf(diagnosis);
     const RunTimeError error =
-        makeError(failure, failure == Failure::Constraint ? constraintText(diagnosis, sql) : diagnosis.words);
+        makeError(failure, failure == Failure::Constraint ? brokenRuleText(diagnosis, sql) : diagnosis.words);
     throw RunTimeError(error.number(), server, error.description(), failure);
 }
 

@@ -64,7 +64,7 @@ TEST_F(JobCounts, OfAJobOf500Lots) {
     EXPECT_EQ(served([this] { open(); }), 14) << "opening the jobs screen";
     EXPECT_LE(served([this] { find("optSearch(0)"); }), 11) << "finding and showing the job";
     EXPECT_EQ(lots().RowCount(), 500);
-    EXPECT_EQ(served([this] { clickCell("jgJobLots", 3, 4); }), 2) << "choosing a lot";
+    EXPECT_LE(served([this] { clickCell("jgJobLots", 3, 4); }), 3) << "choosing a lot";
 }
 
 } // namespace

@@ -12,7 +12,8 @@ namespace {
 /// One sample in a file and in a catalog of the server.
 class BothEngines : public ::testing::Test {
 protected:
-    BothEngines() {
+    /// The clock stands: a report shows when it was drawn.
+    BothEngines() : before(setClock([] { return DateTime{QDate(2026, 3, 5), QTime(8, 15)}; })) {
         const QString path = folder.filePath("Tarnwell.mdb");
         createDatabase(path);
         file.setConnectionString(fileConnectionString(path));
@@ -31,6 +32,8 @@ protected:
                 connection->Execute(sql);
         }
     }
+
+    ~BothEngines() override { setClock(before); }
 
     /// What is drawn, and the number of an error that ends it.
     static QStringList drawn(const Report& report, const ReportParameters& parameters,
@@ -59,6 +62,7 @@ protected:
         return expected.size();
     }
 
+    Clock before;
     QTemporaryDir folder;
     Connection file;
     TemporaryDatabase catalog;

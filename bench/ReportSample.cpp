@@ -6,6 +6,7 @@
 #include "runtime/DataEnvironment.h"
 
 #include <initializer_list>
+#include <optional>
 #include <utility>
 
 namespace tarnwell::bench {
@@ -14,6 +15,7 @@ namespace {
 
 constexpr int lotCount = 1'000;
 constexpr int tasksOfLot = 40;
+constexpr int tasksOfParent = 4;
 constexpr int paymentsOfTask = 2;
 
 /// A table to which rows are added, one after the other.
@@ -31,10 +33,21 @@ public:
         return m_rows.field(m_key).toLong();
     }
 
+    /// Changes the row that was added last.
+    void change(const char* column, const Value& value) {
+        m_rows.set(column, value);
+        m_rows.Update();
+    }
+
 private:
     QString m_key;
     Recordset m_rows;
 };
+
+/// On a server the job stays from one run to the next.
+std::optional<Value> foundBudgetJob() {
+    return firstValue(DataEnvironment::cnnConnection(), "SELECT JobKey FROM Job WHERE JobNumber='99-LOTS'");
+}
 
 qint64 makeBudgetJob() {
     Transaction transaction(DataEnvironment::cnnConnection());
@@ -42,8 +55,10 @@ qint64 makeBudgetJob() {
     Appender lots("JobLot");
     Appender tasks("JobLotTask");
     Appender payments("JobTaskEmployee");
+    Appender log("EmployeeLog");
     const qint64 builder = middleOf("SELECT ContractorKey FROM Contractor").toLongLong();
     const qint64 employee = middleOf("SELECT EmployeeKey FROM Employee").toLongLong();
+    const qint64 category = middleOf("SELECT CodeKey FROM Code").toLongLong();
     const Value completed = DateTime{QDate(2026, 3, 6)};
     const qint64 job = jobs.add({{"JobNumber", "99-LOTS"}, {"Name", "All lots"}, {"ContractorKey", builder}});
     for (int i = 0; i < lotCount; ++i) {
@@ -51,11 +66,27 @@ qint64 makeBudgetJob() {
                                      {"LotBlock", QString("%1/A").arg(i)},
                                      {"PlanName", "Sequoia 2400"},
                                      {"Address", QString("%1 Copper Ridge Dr").arg(100 + i)}});
+        qint64 parent = 0;
         for (int j = 0; j < tasksOfLot; ++j) {
+            const bool isOption = j % tasksOfParent != 0;
             const qint64 task =
                 tasks.add({{"JobLotKey", lot},
+                           {"ParentKey", isOption ? parent : 0},
+                           {"Child", isOption ? j % tasksOfParent : 0},
+                           {"CodeKey", category},
+                           {"EmployeeKey", employee + i % 500},
+                           {"StartDate", DateTime{QDate(2026, 3, 2).addDays(i % 60)}},
+                           {"StopDate", DateTime{QDate(2026, 3, 6).addDays(i % 60)}},
                            {"Name", QString("Hang drywall, floor %1").arg(j * 7 % tasksOfLot)},
                            {"MasterPrice", 100.0 + j * 0.25}});
+            if (!isOption) {
+                parent = task;
+                tasks.change("ParentKey", task);
+                log.add({{"EmployeeKey", employee + i % 500},
+                         {"JobLotTaskKey", task},
+                         {"Occured", completed},
+                         {"Problem", "Paid twice"}});
+            }
             for (int k = 0; k < paymentsOfTask; ++k)
                 payments.add({{"JobLotTaskKey", task},
                               {"EmployeeKey", employee + (i + j + k) % 500},
@@ -70,7 +101,10 @@ qint64 makeBudgetJob() {
 } // namespace
 
 qint64 budgetJob() {
-    static const qint64 job = makeBudgetJob();
+    static const qint64 job = [] {
+        const std::optional<Value> found = foundBudgetJob();
+        return found ? found->toLong() : makeBudgetJob();
+    }();
     return job;
 }
 

@@ -1,9 +1,8 @@
 #include "bench/LargeSample.h"
 #include "bench/ReportSample.h"
 #include "data/recordset/Recordset.h"
-#include "reports/drawing/LotBudgetReport.h"
-#include "reports/drawing/PaidoutReport.h"
-#include "reports/drawing/Report.h"
+#include "reports/drawing/ReportList.h"
+#include "reports/drawing/ReportParameters.h"
 #include "reports/drawing/ReportRun.h"
 #include "reports/pages/PageStore.h"
 #include "runtime/DataEnvironment.h"
@@ -66,11 +65,13 @@ public:
     [[nodiscard]] bool goesOn() override { return true; }
 };
 
-const Report lotBudget{"frmRptLotBudget", "Lot Budget", lotBudgetQuery, drawLotBudget};
-const Report paidout{"frmRptEmployeePaidout", "Employee Paidout", paidoutQuery, drawPaidout};
-
-ReportParameters budgetParameters() {
-    return {.markedJobs = {bench::budgetJob()}};
+/// The job's lots, with all that is planned or was paid in its months.
+ReportParameters thousandLots() {
+    return {.incomplete = false,
+            .startDate = "03/01/26",
+            .stopDate = "05/31/26",
+            .markedJobs = {bench::budgetJob()},
+            .groupBy = GroupBy::Date};
 }
 
 /// A year of the sample has about 100,000 payments.
@@ -89,9 +90,10 @@ void drawOnce(benchmark::State& state, const Report& report, const ReportParamet
     state.counters["rows"] = rows.RecordCount();
 }
 
-void drawToNowhere(benchmark::State& state, const Report& report, ReportParameters (*parameters)()) {
+void drawToNowhere(benchmark::State& state, const char* name, ReportParameters (*parameters)()) {
     if (!bench::openLargeSample(state))
         return;
+    const Report& report = *findReport(name);
     const ReportParameters chosen = parameters();
     for (auto _ : state) {
         NoPages pages;
@@ -99,13 +101,15 @@ void drawToNowhere(benchmark::State& state, const Report& report, ReportParamete
         state.counters["items"] = static_cast<double>(pages.items());
     }
 }
-BENCHMARK_CAPTURE(drawToNowhere, LotBudget, lotBudget, budgetParameters)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(drawToNowhere, Paidout, paidout, paidoutParameters)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(drawToNowhere, LotBudget, "frmRptLotBudget", thousandLots)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(drawToNowhere, PaidoutOfAYear, "frmRptEmployeePaidout", paidoutParameters)
+    ->Unit(benchmark::kMillisecond);
 
 /// From the press to the first page, as far as no window is needed for it.
-void drawToFirstPage(benchmark::State& state, const Report& report, ReportParameters (*parameters)()) {
+void drawToFirstPage(benchmark::State& state, const char* name, ReportParameters (*parameters)()) {
     if (!bench::openLargeSample(state))
         return;
+    const Report& report = *findReport(name);
     const QTemporaryDir folder;
     PageStore store(folder.filePath("Report.mdb"));
     const ReportParameters chosen = parameters();
@@ -116,8 +120,17 @@ void drawToFirstPage(benchmark::State& state, const Report& report, ReportParame
         state.counters["pages"] = static_cast<double>(pages.pageCount());
     }
 }
-BENCHMARK_CAPTURE(drawToFirstPage, LotBudget, lotBudget, budgetParameters)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(drawToFirstPage, Paidout, paidout, paidoutParameters)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(drawToFirstPage, Gantt, "frmRptGantt", thousandLots)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(drawToFirstPage, Calendar, "frmRptCalendar", thousandLots)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(drawToFirstPage, LotBudget, "frmRptLotBudget", thousandLots)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(drawToFirstPage, LotOptions, "frmRptLotOptions", thousandLots)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(drawToFirstPage, Paidout, "frmRptEmployeePaidout", thousandLots)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(drawToFirstPage, Corrections, "frmRptEmployeeCorrections", thousandLots)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(drawToFirstPage, PaidoutOfAYear, "frmRptEmployeePaidout", paidoutParameters)
+    ->Unit(benchmark::kMillisecond);
 
 // ---- the same rows from the bare library, texts as QString
 

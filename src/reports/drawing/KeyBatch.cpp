@@ -4,21 +4,15 @@
 
 namespace tarnwell {
 
-namespace {
-
-constexpr int rowsOfBatch = 100;
-
-} // namespace
-
-KeyBatch::KeyBatch(const Recordset& rows, const QString& keyColumn)
-    : m_rows(rows), m_keyColumn(rows.FieldIndex(keyColumn)) {}
+KeyBatch::KeyBatch(const Recordset& rows, const QString& keyColumn, int size)
+    : m_rows(rows), m_keyColumn(rows.FieldIndex(keyColumn)), m_size(size) {}
 
 bool KeyBatch::beginsBatch() {
     const int row = m_rows.AbsolutePosition();
     if (row < m_end)
         return false;
     m_begin = row;
-    m_end = row + rowsOfBatch;
+    m_end = row + m_size;
     return true;
 }
 

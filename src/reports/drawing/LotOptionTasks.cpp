@@ -2,8 +2,14 @@
 
 namespace tarnwell {
 
+namespace {
+
+constexpr int parentsOfBatch = 500; // with a few options each
+
+} // namespace
+
 LotOptionTasks::LotOptionTasks(Connection& connection, const Recordset& parents)
-    : m_connection(connection), m_batch(parents, "JobLotTaskKey") {}
+    : m_connection(connection), m_batch(parents, "JobLotTaskKey", parentsOfBatch) {}
 
 void LotOptionTasks::prepare() {
     if (!m_batch.beginsBatch())

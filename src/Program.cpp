@@ -1,6 +1,7 @@
 #include "Program.h"
 
 #include "builders/frmBuilder.h"
+#include "frame/ChangeWatch.h"
 #include "frame/MessagePresenter.h"
 #include "frame/main/frmAbout.h"
 #include "frame/main/frmOptions.h"
@@ -64,6 +65,7 @@ int Program::run() {
         connect(&mainWindow, &QObject::destroyed, this, &QCoreApplication::quit);
         mainWindow.Show(Screen::Modality::Modeless, nullptr);
     });
+    const ChangeWatch changes;
     const int exitCode = exec();
     DataEnvironment::close();
     return exitCode;

@@ -8,6 +8,10 @@
 #include <QFontDatabase>
 #include <QKeyEvent>
 #include <QScrollBar>
+#include <QSignalBlocker>
+
+#include <map>
+#include <set>
 
 namespace tarnwell {
 
@@ -38,6 +42,37 @@ void ListBox::setItems(const std::vector<ListItem>& items) {
     for (const auto& [text, itemData] : items)
         AddItem(text, itemData);
     setUpdatesEnabled(true);
+}
+
+void ListBox::showChangedItems(const std::vector<ListItem>& items) {
+    const auto lineAt = [this](int row) { return ListItem(item(row)->text(), ItemData(row)); };
+    bool same = ListCount() == std::ssize(items);
+    for (int row = 0; same && row < ListCount(); ++row)
+        same = lineAt(row) == items[static_cast<std::size_t>(row)];
+    if (same)
+        return;
+    const QSignalBlocker quiet(this);
+    std::set<std::pair<qint64, int>> marked;
+    std::pair<qint64, int> current;
+    std::map<qint64, int> seen;
+    for (int row = 0; row < ListCount(); ++row) {
+        const std::pair line(ItemData(row), seen[ItemData(row)]++);
+        if (item(row)->isSelected())
+            marked.insert(line);
+        if (row == currentRow())
+            current = line;
+    }
+    const bool hadCurrent = currentRow() >= 0;
+    const int above = verticalScrollBar()->value();
+    setItems(items);
+    seen.clear();
+    for (int row = 0; row < ListCount(); ++row) {
+        const std::pair line(ItemData(row), seen[ItemData(row)]++);
+        if (hadCurrent && line == current)
+            setCurrentRow(row, QItemSelectionModel::NoUpdate);
+        item(row)->setSelected(marked.contains(line));
+    }
+    verticalScrollBar()->setValue(above);
 }
 
 void ListBox::Clear() {

@@ -24,6 +24,10 @@ public:
     void AddItem(const QString& text, qint64 itemData = 0);
     /// Replaces all lines and repaints once; nothing is chosen then.
     void setItems(const std::vector<ListItem>& items);
+    /// The same list as it is by now: lines are known by the number behind them, and among lines of one
+    /// number by their order. What is marked, the current line and the place in the window stay where that
+    /// line is still there. Fires nothing, and does nothing when the lines are the same.
+    void showChangedItems(const std::vector<ListItem>& items);
     void Clear();
     [[nodiscard]] int ListCount() const { return count(); }
     /// The current and selected line, or -1.

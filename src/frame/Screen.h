@@ -64,6 +64,11 @@ public:
     /// is active already runs again.
     void SetFocus(QWidget* control);
 
+    /// Another workstation wrote something: shows its rows where this form shows the old ones. What is being
+    /// edited, the current row, marks and focus stay. False while that is impossible: asked again later.
+    /// Raises what reading raises; what was on show stays then.
+    [[nodiscard]] virtual bool showChanges() { return true; }
+
     /// Panel 1 of the status bar.
     void setStatusText(const QString& text);
     [[nodiscard]] QString statusText() const;

@@ -109,6 +109,16 @@ void JobGrids::showEmployees() {
     m_employeesAsOf = version;
 }
 
+bool JobGrids::showChanges() {
+    if (rsJobLots == nullptr || m_tasks.isHeld() || jgTasks.isPending())
+        return rsJobLots == nullptr;
+    if (!showChangedRows(connection(), jgJobLots, rsJobLots, lotsOfJob(m_jobOfLots), "JobLotKey"))
+        return false;
+    const auto [lot, category] = m_tasks.keys();
+    return rsJobLotTasks == nullptr || showChangedRows(connection(), jgTasks, rsJobLotTasks,
+                                                       taskRowsOfLot(lot, category), "JobLotTaskKey");
+}
+
 void JobGrids::RefreshTasks() {
     m_deleting.emplace();
     const auto pointerBack = qScopeGuard([this] { m_deleting.reset(); });

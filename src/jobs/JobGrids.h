@@ -31,6 +31,9 @@ public:
     void cmbType_Click();
     /// The same behind the hourglass, after a dialog wrote tasks.
     void RefreshTasks();
+    /// Shows what other workstations wrote to the lots and tasks that are on show, and moves nothing. False
+    /// while something is being edited.
+    [[nodiscard]] bool showChanges();
     /// The tasks follow when another lot or category was chosen while a task was refused.
     void catchUp() { m_tasks.catchUp(); }
     /// Writes the pending task, then the pending lot. False when one was refused and the message shown.

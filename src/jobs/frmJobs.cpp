@@ -387,6 +387,10 @@ void frmJobs::jgTasks_ButtonClick(int column) {
         m_dialogs->pickTasks();
 }
 
+bool frmJobs::showChanges() {
+    return m_grids == nullptr || m_grids->showChanges();
+}
+
 bool frmJobs::isJobNumberEmpty() const {
     return ui.MskField[0]->text().isEmpty();
 }

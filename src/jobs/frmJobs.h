@@ -22,6 +22,8 @@ public:
     qint64 ContractorKey = 0; ///< The builder of the loaded job; 0 until one was loaded.
     qint64 JobKey = 0;        ///< The loaded job; 0 for none.
 
+    [[nodiscard]] bool showChanges() override;
+
 protected:
     void Form_Load() override;
     void Form_Unload() override;

@@ -210,12 +210,38 @@ void frmPayroll::LoadTaskHistory() {
         const double left = readTaskHistory(
             connection(), ui.jgTasks->value("JobLotTaskKey"), ui.jgTasks->value("MasterPrice"), m_figures,
             [this](const QString& text, qint64 key) { ui.lstTaskHistory->AddItem(text, key); });
-        ui.price->setText(priceText(left));
-        showFigure(*ui.totalPaid, m_figures.TotalPaid);
-        showFigure(*ui.difference, m_figures.TaskDifference);
+        offerPrice(left);
+        showFigures();
     } catch (const RunTimeError& error) {
         ErrorHandler(error, {});
     }
+}
+
+void frmPayroll::offerPrice(double left) {
+    m_offeredPrice = priceText(left);
+    ui.price->setText(m_offeredPrice);
+}
+
+void frmPayroll::showFigures() const {
+    showFigure(*ui.totalPaid, m_figures.TotalPaid);
+    showFigure(*ui.difference, m_figures.TaskDifference);
+}
+
+/// A price that was typed, or is about to be, stays.
+bool frmPayroll::showChanges() {
+    if (m_trapped || TaskRecordset == nullptr || m_tasks->isHeld())
+        return TaskRecordset == nullptr;
+    std::vector<ListItem> lines;
+    PaymentFigures figures = m_figures;
+    const double left =
+        readTaskHistory(connection(), ui.jgTasks->value("JobLotTaskKey"), ui.jgTasks->value("MasterPrice"),
+                        figures, [&](const QString& text, qint64 key) { lines.emplace_back(text, key); });
+    m_figures = figures;
+    ui.lstTaskHistory->showChangedItems(lines);
+    if (ui.price->text() == m_offeredPrice && !ui.price->hasFocus())
+        offerPrice(left);
+    showFigures();
+    return true;
 }
 
 /// Lists what the combo shows, also when the task's own employee was paid. Raises InvalidPropertyIndex

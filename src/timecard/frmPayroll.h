@@ -23,6 +23,8 @@ public:
     frmPayroll();
     ~frmPayroll() override;
 
+    [[nodiscard]] bool showChanges() override;
+
 protected:
     void Form_Load() override;
     void Form_Unload() override;
@@ -35,6 +37,8 @@ private:
     void LoadJob();
     /// Lists the selected task's payments anew, with its figures and what is left to pay.
     void LoadTaskHistory();
+    void offerPrice(double left);
+    void showFigures() const;
     void LoadEmployeeHistory();
     void FindEmployee();
     void FindJob();
@@ -66,6 +70,7 @@ private:
     std::unique_ptr<DetailRows> m_tasks;      ///< From `Form_Load` on: by lot and category.
     ButtonMask ToolbarMask = 0;
     PaymentFigures m_figures;
+    QString m_offeredPrice; ///< What is left to pay, as it was put into the price's field.
     bool m_trapped = false; ///< A payment is under way; a second press waits for nothing.
 };
 

@@ -1,6 +1,7 @@
 #include "jobs/JobScreen.h"
 
 #include "controls/DateBox.h"
+#include "frame/ChangeWatch.h"
 #include "jobs/frmAddJobOptionGroup.h"
 #include "jobs/frmJobAdd.h"
 #include "runtime/MousePointer.h"
@@ -336,6 +337,37 @@ TEST_F(JobScreen, ThePulldownFillsTheLotThatItStartedFromAndMakesNoOther) {
     EXPECT_EQ(data.tree(lots().value("JobLotKey").toLong()), std::vector<QString>{"Walls"});
     driver->focus("jgTasks");
     EXPECT_EQ(driver->focusedName(), "jgTasks");
+}
+
+TEST_F(JobScreen, WhatOthersWriteIsShownAndMovesNothing) {
+    const qint64 beams = data.addTask("Beams", lotB);
+    data.addTask("Walls", lotB);
+    openJob();
+    clickCell("jgJobLots", 2, 5);
+    clickCell("jgTasks", 2, 8);
+    const auto others = data.db.secondWorkstation();
+    ChangeWatch watch;
+    watch.look();
+    others->Execute("INSERT INTO JobLot (JobKey, LotBlock) VALUES (1, '0')");
+    others->Execute("UPDATE JobLot SET Address='5 Elm' WHERE LotBlock='B'");
+    others->Execute("DELETE FROM JobLotTask WHERE JobLotTaskKey=" + QString::number(beams));
+    watch.look();
+    EXPECT_EQ(cell(lots(), 1, 3) + ' ' + cell(lots(), 3, 5), "0 5 Elm");
+    EXPECT_EQ(std::pair(lots().value("JobLotKey"), lots().Col()), std::pair(Value(lotB), 5));
+    EXPECT_EQ(std::pair(tasks().RowCount(), tasks().value("Name")), std::pair(1, Value("Walls")));
+    EXPECT_EQ(driver->focusedName(), "jgTasks");
+
+    driver->type("Roof");
+    others->Execute("UPDATE JobLotTask SET MasterPrice=77");
+    watch.look();
+    EXPECT_TRUE(tasks().isPending()) << "what is typed stays";
+    driver->press(Qt::Key_Escape, {}, 2);
+    watch.look();
+    EXPECT_EQ(tasks().value("MasterPrice"), Value(77.0)) << "and is asked again";
+
+    others->Execute("DELETE FROM JobLot WHERE JobLotKey=" + QString::number(lotB));
+    watch.look();
+    EXPECT_EQ(lots().value("JobLotKey"), Value(lotB)) << "the current row never vanishes under the user";
 }
 
 TEST_F(JobScreen, PickedTasksAndAGroupFillTheCurrentLot) {

@@ -1,6 +1,7 @@
 #include "controls/DateBox.h"
 #include "controls/ListBox.h"
 #include "controls/NoteBox.h"
+#include "frame/ChangeWatch.h"
 #include "runtime/RunTime.h"
 #include "support/DrivenScreen.h"
 #include "timecard/PayrollScreen.h"
@@ -189,6 +190,36 @@ TEST_F(Payroll, ALogRowStandsWhenTheComboHasNoChoice) {
     apply();
     EXPECT_EQ(data.count("EmployeeLog"), 1);
     EXPECT_EQ(data.count("JobTaskEmployee"), 1);
+}
+
+TEST_F(Payroll, WhatOthersPayIsShownAndATypedPriceStays) {
+    const qint64 first = data.addPayment(data.task, data.ann, 10);
+    openJob();
+    driver->focus("jgTasks");
+    driver->press(Qt::Key_Down);
+    driver->clickLine("lstTaskHistory", 1);
+    ChangeWatch watch;
+    watch.look();
+    const auto others = data.db.secondWorkstation();
+    const auto pay = [&](int price) {
+        others->Execute(QString("INSERT INTO JobTaskEmployee (JobLotTaskKey, EmployeeKey, Price, Completed) "
+                                "VALUES (%1, %2, %3, #3/7/2024#)")
+                            .arg(data.task)
+                            .arg(data.bob)
+                            .arg(price));
+        watch.look();
+    };
+    pay(30);
+    auto& history = driver->find<ListBox>("lstTaskHistory");
+    EXPECT_EQ(lines("lstTaskHistory").size(), 4);
+    EXPECT_EQ(std::pair(history.ListIndex(), history.ItemData(3)), std::pair(3, first))
+        << "the chosen line moved along";
+    EXPECT_EQ(text("txtField(0)"), "60.00");
+    driver->retype("txtField(0)", "45");
+    pay(5);
+    EXPECT_EQ(text("txtField(0)"), "45");
+    EXPECT_EQ(lines("lstTaskHistory").size(), 6);
+    EXPECT_EQ(driver->focusedName(), "txtField(0)");
 }
 
 TEST_F(Payroll, ADoubleClickInTheHistoryOpensThePayment) {

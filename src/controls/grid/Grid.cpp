@@ -109,6 +109,21 @@ void Grid::Rebind() {
     m->showRows(m->model->boundTo(), rows != nullptr ? rows->AbsolutePosition() : 1, m->shownList);
 }
 
+bool Grid::shows(const Recordset& rows) const {
+    const Recordset* shown = m->model->recordset();
+    if (shown == nullptr || shown->RecordCount() != rows.RecordCount())
+        return false;
+    for (int row = 1; rows.hasRow(row); ++row)
+        for (int field = 0; field < rows.FieldCount(); ++field)
+            if (shown->valueAt(row, field) != rows.valueAt(row, field))
+                return false;
+    return true;
+}
+
+bool Grid::showAgain(std::shared_ptr<Recordset> recordset, const QString& key) {
+    return m->showAgain(std::move(recordset), key);
+}
+
 void Grid::LoadLayout(const QString& path) {
     // The same file again would only undo what the user has resized since.
     if (path == m->layoutPath)

@@ -46,6 +46,13 @@ public:
     void bind(Recordset* recordset);
     /// Reads the bound recordset anew (after Requery or a filter). Drops a pending row. Raises as `bind`.
     void Rebind();
+    /// Whether rows hold what the rows on show hold.
+    [[nodiscard]] bool shows(const Recordset& rows) const;
+    /// Shows the same list as it was read again, in place of what is on show, and moves nothing: the current
+    /// row, which the field `key` tells from others, its column and its place in the window stay, and no
+    /// event is fired. False, and nothing is shown, while something is being edited or written, and when the
+    /// current row is not among them any more: the user then learns of it at the next step.
+    [[nodiscard]] bool showAgain(std::shared_ptr<Recordset> recordset, const QString& key);
     /// Column order and widths from a layout file; a missing file leaves the columns as they are.
     void LoadLayout(const QString& path);
 

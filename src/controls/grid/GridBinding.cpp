@@ -24,6 +24,18 @@ void showRows(Connection& connection, Grid& grid, std::shared_ptr<Recordset>& ro
     grid.LoadLayout(gLayoutPath + layout);
 }
 
+bool showChangedRows(Connection& connection, Grid& grid, std::shared_ptr<Recordset>& rows, const QString& sql,
+                     const QString& key) {
+    auto opened = std::make_shared<Recordset>();
+    opened->Open(sql, connection, CursorType::Static, LockType::Optimistic);
+    if (grid.shows(*opened))
+        return true;
+    if (!grid.showAgain(opened, key))
+        return false;
+    rows = std::move(opened);
+    return true;
+}
+
 void readWithoutRow(Grid& grid, Recordset& rows) {
     const int row = grid.Row();
     rows.Requery();

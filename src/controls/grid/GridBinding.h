@@ -17,6 +17,11 @@ class Recordset;
 void showRows(Connection& connection, Grid& grid, std::shared_ptr<Recordset>& rows, const QString& sql,
               const QString& layout);
 
+/// Shows the rows of the same statement as they are by now, where they have changed, and moves nothing (see
+/// `Grid::showAgain`, whose false it returns). Raises what reading them raises; nothing has changed then.
+[[nodiscard]] bool showChangedRows(Connection& connection, Grid& grid, std::shared_ptr<Recordset>& rows,
+                                   const QString& sql, const QString& key);
+
 /// Reads the grid's rows anew after one of them was deleted, and stands where it stood. Raises what reading
 /// raises, and shows the rows of before then.
 void readWithoutRow(Grid& grid, Recordset& rows);

@@ -3,6 +3,7 @@
 
 #include <QHeaderView>
 #include <QScopedValueRollback>
+#include <QScrollBar>
 
 #include <algorithm>
 
@@ -127,6 +128,36 @@ void Grid::Parts::showRows(std::shared_ptr<Recordset> rows, int number, const QS
     stand(toRow, toRow >= 0 ? toColumn : 0);
     if (model->recordset() != nullptr)
         Q_EMIT grid.rowColChange(-1, 0);
+}
+
+bool Grid::Parts::showAgain(std::shared_ptr<Recordset> rows, const QString& key) {
+    if (grid.isPending() || delegate->editor() != nullptr || writing || refusing ||
+        model->recordset() == nullptr)
+        return false;
+    const bool onRow = row >= 0 && row != model->newRowLine();
+    int number = 1;
+    if (onRow) {
+        const int field = rows->FieldIndex(key);
+        const Value current = model->recordset()->valueAt(rowNumber(), field);
+        while (rows->hasRow(number) && rows->valueAt(number, field) != current)
+            ++number;
+        if (!rows->hasRow(number))
+            return false;
+    }
+    QScrollBar& scroll = *grid.verticalScrollBar();
+    const int rowsAbove = row - scroll.value();
+    const int sideways = grid.horizontalScrollBar()->value();
+    ++bindings;
+    pressed = QPersistentModelIndex();
+    {
+        const QScopedValueRollback<bool> guard(moving, true);
+        model->bind(std::move(rows));
+    }
+    if (row >= 0)
+        stand(onRow ? model->modelRowOf(number) : model->newRowLine(), column);
+    grid.horizontalScrollBar()->setValue(sideways);
+    scroll.setValue(row - rowsAbove);
+    return true;
 }
 
 void Grid::Parts::place(int toRow, int toColumn) {

@@ -43,6 +43,7 @@ struct Grid::Parts {
     /// After columns, layout or the new-row line changed.
     void arrange();
     void showRows(std::shared_ptr<Recordset> rows, int number, const QString& ofList);
+    bool showAgain(std::shared_ptr<Recordset> rows, const QString& key);
     /// The new current cell, and the event.
     void place(int toRow, int toColumn);
     void stand(int toRow, int toColumn);

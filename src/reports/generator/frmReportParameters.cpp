@@ -116,6 +116,11 @@ void frmReportParameters::LoadJobList() {
         lstJobs->setCurrentRow(0, QItemSelectionModel::NoUpdate);
 }
 
+bool frmReportParameters::showChanges() {
+    lstJobs->showChangedItems(readJobLines(connection(), optJobType[incompleteJobs]->isChecked()));
+    return true;
+}
+
 const ReportDefinitionRecord* frmReportParameters::chosenReport() const {
     const int index = cmbReports->ListIndex();
     return index < 0 ? nullptr : &m_definitions.at(static_cast<std::size_t>(cmbReports->ItemData(index)));

@@ -29,6 +29,8 @@ public:
     /// What the controls hold now.
     [[nodiscard]] ReportParameters parameters() const;
 
+    [[nodiscard]] bool showChanges() override;
+
 protected:
     void Form_Load() override;
     void Toolbar1_ButtonClick(const QString& caption) override;

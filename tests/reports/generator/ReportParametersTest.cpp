@@ -1,6 +1,7 @@
 #include "controls/Combo.h"
 #include "controls/ListBox.h"
 #include "controls/MaskedBox.h"
+#include "frame/ChangeWatch.h"
 #include "reports/drawing/ReportDatabase.h"
 #include "reports/generator/frmReportParameters.h"
 #include "reports/output/PrinterDialogs.h"
@@ -84,6 +85,16 @@ private:
 };
 
 } // namespace
+
+TEST_F(ReportScreen, JobsOfOthersJoinTheListAndMarksStay) {
+    open();
+    mark({1, 4});
+    const std::vector<qint64> before = marked();
+    data.add(JobRow{.number = "0"});
+    ChangeWatch().look();
+    EXPECT_EQ(driver->find<ListBox>("lstJobs").ListCount(), 7);
+    EXPECT_EQ(marked(), before);
+}
 
 TEST_F(ReportScreen, OpensOnTheFirstReportWithItsDefaults) {
     open();

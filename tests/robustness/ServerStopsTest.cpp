@@ -16,14 +16,6 @@ namespace {
 
 constexpr auto lostNumber = -2147467259;
 
-/// Ends the server's side of every connection to the database.
-void stopServing(const TemporaryDatabase& database) {
-    runOnServer(
-        connectionValue(database.connectionString(), QLatin1String("Initial Catalog")),
-        "SELECT pg_terminate_backend(pid) FROM pg_stat_activity WHERE datname = current_database() AND pid "
-        "<> pg_backend_pid()");
-}
-
 /// While it lives, the server's side of a connection ends in the middle of a write to the table.
 class StopAtWrite {
 public:
@@ -34,11 +26,19 @@ public:
         m_database.runBeside(
             {.sqlite = nullptr,
              .postgres = {"CREATE FUNCTION stop() RETURNS trigger LANGUAGE plpgsql AS 'BEGIN "
-                          "PERFORM pg_terminate_backend(pg_backend_pid()); RETURN NULL; END'",
-                          create.constData()}});
+                          "PERFORM nextval(''tries''); PERFORM pg_terminate_backend(pg_backend_pid()); "
+                          "RETURN NULL; END'",
+                          "CREATE SEQUENCE tries", create.constData()}});
     }
     ~StopAtWrite() {
-        m_database.runBeside({.sqlite = nullptr, .postgres = {m_drop.constData(), "DROP FUNCTION stop()"}});
+        m_database.runBeside(
+            {.sqlite = nullptr,
+             .postgres = {m_drop.constData(), "DROP FUNCTION stop()", "DROP SEQUENCE tries"}});
+    }
+    /// Raises the server's words where the write came in more than once.
+    void requireTriedOnce() {
+        m_database.runBeside(
+            {.sqlite = nullptr, .postgres = {"DO 'BEGIN ASSERT (SELECT last_value = 1 FROM tries); END'"}});
     }
     StopAtWrite(const StopAtWrite&) = delete;
     StopAtWrite& operator=(const StopAtWrite&) = delete;
@@ -102,23 +102,43 @@ TEST_F(ServerStopsAtPayment, InTheMiddleOfTheWriteNothingIsPaid) {
     expectRows(1, 0);
 }
 
-TEST_F(ServerStopsAtPayment, WhileAQuestionIsOpenNothingIsPaidOrLogged) {
+// Nobody can say whether the server came to the end of it.
+TEST_F(ServerStopsAtPayment, InTheMiddleOfAWriteByItselfItIsNotTriedAgain) {
+    EXPECT_EQ(pay(), PaymentResult::Paid);
+    StopAtWrite stop(data.db, "JobTaskEmployee");
+    expectLost([&] { data.db.run("UPDATE JobTaskEmployee SET Price=Price+1"); });
+    stop.requireTriedOnce();
+}
+
+TEST_F(ServerStopsAtPayment, WhileAQuestionIsOpenItIsPaidOverANewConnection) {
     EXPECT_EQ(pay(), PaymentResult::Paid);
     ask = [this](const MessageRequest&) {
-        stopServing(data.db);
+        endConnections(data.db.connectionString());
         return Answer::Yes;
     };
-    expectLost([&] { (void)pay(); });
-    expectRows(1, 0);
-    ask = [](const MessageRequest&) { return Answer::Yes; };
+    logged = [this] { endConnections(data.db.connectionString()); };
     EXPECT_EQ(pay(), PaymentResult::Paid);
     expectRows(2, 1);
 }
 
-TEST_F(ServerStopsAtPayment, BetweenTheLogAndThePaymentTheLogStays) {
+TEST_F(ServerStopsAtPayment, ForGoodWhileAQuestionIsOpenNothingIsPaidOrLogged) {
     EXPECT_EQ(pay(), PaymentResult::Paid);
-    logged = [this] { stopServing(data.db); };
+    std::optional<CatalogAway> away;
+    ask = [&](const MessageRequest&) {
+        away.emplace(data.db.connectionString());
+        return Answer::Yes;
+    };
     expectLost([&] { (void)pay(); });
+    away.reset();
+    expectRows(1, 0);
+}
+
+TEST_F(ServerStopsAtPayment, ForGoodBetweenTheLogAndThePaymentTheLogStays) {
+    EXPECT_EQ(pay(), PaymentResult::Paid);
+    std::optional<CatalogAway> away;
+    logged = [&] { away.emplace(data.db.connectionString()); };
+    expectLost([&] { (void)pay(); });
+    away.reset();
     expectRows(1, 1);
 }
 
@@ -170,28 +190,40 @@ protected:
 };
 
 TEST_F(ServerStopsAtReport, BeforeItsStatementItEndsWithAMessage) {
-    stopServing(data.database());
-    EXPECT_FALSE(run());
+    {
+        const CatalogAway away(data.database().connectionString());
+        EXPECT_FALSE(run());
+    }
     expectOneMessage();
     EXPECT_TRUE(run());
     EXPECT_EQ(pages.texts().filter("1/").size(), 2);
 }
 
-TEST_F(ServerStopsAtReport, WhileItIsDrawnItShowsWhatWasDrawn) {
-    class StoppingWatcher : public ScriptedWatcher {
-    public:
-        explicit StoppingWatcher(const TemporaryDatabase& database) : m_database(database) {}
-        void setMax(int max) override {
-            ScriptedWatcher::setMax(max);
-            stopServing(m_database);
-        }
+/// Does something once the rows of the report are there.
+class StoppingWatcher : public ScriptedWatcher {
+public:
+    explicit StoppingWatcher(std::function<void()> stop) : m_stop(std::move(stop)) {}
+    void setMax(int max) override {
+        ScriptedWatcher::setMax(max);
+        m_stop();
+    }
 
-    private:
-        const TemporaryDatabase& m_database;
-    };
-    StoppingWatcher stopping(data.database());
-    (void)RunReport(*findReport("frmRptLotBudget"), data.connection(), parameters, pages, stopping);
+private:
+    std::function<void()> m_stop;
+};
+
+TEST_F(ServerStopsAtReport, WhileItIsDrawnItIsDrawnOverANewConnection) {
+    StoppingWatcher watching([this] { endConnections(data.database().connectionString()); });
+    EXPECT_TRUE(RunReport(*findReport("frmRptLotBudget"), data.connection(), parameters, pages, watching));
+    EXPECT_EQ(pages.texts().filter("1/").size(), 2);
+}
+
+TEST_F(ServerStopsAtReport, ForGoodWhileItIsDrawnItShowsWhatWasDrawn) {
+    std::optional<CatalogAway> away;
+    StoppingWatcher watching([&] { away.emplace(data.database().connectionString()); });
+    (void)RunReport(*findReport("frmRptLotBudget"), data.connection(), parameters, pages, watching);
     expectOneMessage();
+    away.reset();
     EXPECT_TRUE(run());
 }
 

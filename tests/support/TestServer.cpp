@@ -112,4 +112,19 @@ void runOnServer(const QString& catalog, const QByteArray& sql) {
     data::OdbcStatement(connection, sql).run([](const auto& call, const auto&) { return call(); });
 }
 
+void endConnections(const QString& connectionString) {
+    runOnServer("postgres",
+                "SELECT pg_terminate_backend(pid, 10000) FROM pg_stat_activity WHERE datname = '" +
+                    catalogOf(connectionString) + '\'');
+}
+
+CatalogAway::CatalogAway(const QString& connectionString) : m_catalog(catalogOf(connectionString)) {
+    runOnServer("postgres", "ALTER DATABASE " + m_catalog + " ALLOW_CONNECTIONS false");
+    endConnections(connectionString);
+}
+
+CatalogAway::~CatalogAway() {
+    runOnServer("postgres", "ALTER DATABASE " + m_catalog + " ALLOW_CONNECTIONS true");
+}
+
 } // namespace tarnwell::test

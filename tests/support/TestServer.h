@@ -23,4 +23,19 @@ void giveTestCatalogBack(const QString& connectionString);
 /// Runs one statement of the server's own SQL on one of its catalogs.
 void runOnServer(const QString& catalog, const QByteArray& sql);
 
+/// Ends the server's side of every connection to the catalog.
+void endConnections(const QString& connectionString);
+
+/// While it lives the catalog is away: connections to it have ended, and new ones are refused.
+class CatalogAway {
+public:
+    explicit CatalogAway(const QString& connectionString);
+    ~CatalogAway();
+    CatalogAway(const CatalogAway&) = delete;
+    CatalogAway& operator=(const CatalogAway&) = delete;
+
+private:
+    QByteArray m_catalog;
+};
+
 } // namespace tarnwell::test

@@ -2,7 +2,7 @@
 
 #include "data/RunTimeError.h"
 #include "data/odbc/OdbcError.h"
-#include "data/odbc/OdbcStatementCache.h"
+#include "data/odbc/OdbcSession.h"
 #include "data/odbc/RowBlock.h"
 
 #include <future>
@@ -37,9 +37,7 @@ class OdbcEngine final : public Engine {
 public:
     OdbcEngine(const ServerDialect& dialect, const QString& connectionString,
                std::chrono::milliseconds busyTimeout)
-        : m_server(dialect), m_connectionString(connectionString), m_settings(dialect.settings(busyTimeout)),
-          m_dialect(&dialect) {
-        openConnection();
+        : m_server(dialect), m_session(dialect, connectionString, busyTimeout), m_dialect(&dialect) {
         requireOurs();
     }
     ~OdbcEngine() override { shutDown(); }
@@ -78,49 +76,40 @@ public:
     void beginReading() override { beginSeeing(OdbcConnection::Sees::OneState); }
     void commit() override;
     void rollback() override;
-    void abandonTransaction() noexcept override;
-    [[nodiscard]] bool inTransaction() const override { return m_inTransaction; }
-    void requireTransactionWhole() const override;
+    void abandonTransaction() noexcept override { m_session.abandonTransaction(); }
+    [[nodiscard]] bool inTransaction() const override { return m_session.inTransaction(); }
+    void requireTransactionWhole() const override { m_session.requireTransactionWhole(); }
 
     void setWatch(std::function<bool()> goesOn) override;
 
     /// Between the rows of a statement, which may be many. Raises Cancelled when the watch ends it.
     void askWatch();
-    /// Runs a statement of this engine; notes when the connection or the transaction is lost over it.
-    void run(OdbcStatement& statement);
-    /// Its next row; false at its end. Notes the same.
-    [[nodiscard]] bool fetch(OdbcStatement& statement);
+    /// As `OdbcSession` has it, watched while a watch is set.
+    void run(OdbcLease& statement);
+    [[nodiscard]] bool fetch(OdbcStatement& statement) { return m_session.fetch(statement); }
 
 protected:
     void requireOutsideWatch() const override;
 
 private:
-    void openConnection();
     void requireOurs();
     void beginSeeing(OdbcConnection::Sees sees);
     [[nodiscard]] OdbcLease lease(const QByteArray& sql);
     [[nodiscard]] bool letsWatchGoOn();
     int runWatched(const std::function<int()>& call, const std::function<void()>& cancel);
-    void noteLoss() noexcept;
-    void noteEndedTransaction() noexcept;
     void shutDown();
 
     const ServerDialect& m_server;
-    QString m_connectionString;
-    std::vector<QByteArray> m_settings;
-    std::shared_ptr<OdbcConnection> m_connection; ///< Null once it is lost; the next statement connects anew.
-    std::shared_ptr<OdbcStatementCache> m_cache = std::make_shared<OdbcStatementCache>();
+    OdbcSession m_session;
     Dialect m_dialect;
     std::function<bool()> m_watch;
     bool m_open = true;
     bool m_askingWatch = false; ///< A statement is at work below, so nothing may be done with the connection.
-    bool m_inTransaction = false;
-    bool m_transactionEnded = false; ///< By the server; it stays open for its owner.
 };
 
 bool OdbcCursor::next() {
     if (!m_started) {
-        m_engine.run(*m_statement);
+        m_engine.run(m_statement);
         m_started = true;
     } else if (m_statement->rows().isSpent()) {
         m_engine.askWatch();
@@ -128,16 +117,10 @@ bool OdbcCursor::next() {
     return m_engine.fetch(*m_statement);
 }
 
-void OdbcEngine::openConnection() {
-    m_connection = std::make_shared<OdbcConnection>(m_server, m_connectionString);
-    for (const QByteArray& setting : m_settings)
-        m_connection->runDirectly(setting);
-}
-
 void OdbcEngine::requireOurs() {
     std::vector<std::pair<QString, QString>> present;
     OdbcLease statement = lease(m_server.columns());
-    run(*statement);
+    run(statement);
     RowBlock& rows = statement->rows();
     TextArena texts;
     while (rows.next())
@@ -160,52 +143,19 @@ void OdbcEngine::close() {
 void OdbcEngine::shutDown() {
     m_open = false;
     abandonReaders();
-    abandonTransaction();
-    m_cache->clear();
-    m_connection.reset();
+    m_session.end();
 }
 
 OdbcLease OdbcEngine::lease(const QByteArray& sql) {
     requireOutsideWatch();
-    requireTransactionWhole();
-    if (m_connection == nullptr)
-        openConnection();
-    try {
-        if (m_watch) {
-            m_connection->setPortions(true);
-            return {nullptr, std::make_unique<OdbcStatement>(m_connection, sql)};
-        }
-        m_connection->setPortions(false);
-        return {m_cache, m_cache->take(m_connection, sql)};
-    } catch (const RunTimeError&) {
-        noteLoss();
-        throw;
-    }
+    return m_session.lease(sql);
 }
 
-void OdbcEngine::run(OdbcStatement& statement) {
+void OdbcEngine::run(OdbcLease& statement) {
     requireOutsideWatch();
-    try {
-        statement.run([this](const auto& call, const auto& cancel) {
-            return m_watch ? runWatched(call, cancel) : call();
-        });
-    } catch (const RunTimeError&) {
-        statement.reset();
-        noteLoss();
-        noteEndedTransaction();
-        throw;
-    }
-}
-
-bool OdbcEngine::fetch(OdbcStatement& statement) {
-    try {
-        return statement.rows().next();
-    } catch (const RunTimeError&) {
-        statement.reset();
-        noteLoss();
-        noteEndedTransaction();
-        throw;
-    }
+    m_session.run(statement, [this](const auto& call, const auto& cancel) {
+        return m_watch ? runWatched(call, cancel) : call();
+    });
 }
 
 bool OdbcEngine::letsWatchGoOn() {
@@ -237,31 +187,6 @@ int OdbcEngine::runWatched(const std::function<int()>& call, const std::function
     return code;
 }
 
-/// It is reported once, by the statement that found it; the next one connects anew.
-void OdbcEngine::noteLoss() noexcept {
-    if (m_connection == nullptr || !m_connection->isLost())
-        return;
-    m_cache->clear();
-    m_connection.reset();
-}
-
-/// What would be written from here on would be no part of it. Where nobody can say, it is taken for ended.
-void OdbcEngine::noteEndedTransaction() noexcept {
-    const QByteArray question = m_server.openTransactions();
-    if (!m_inTransaction || m_connection == nullptr || question.isEmpty())
-        return;
-    m_transactionEnded = true;
-    try {
-        OdbcStatement statement(m_connection, question);
-        statement.run([](const auto& call, const auto&) { return call(); });
-        TextArena texts;
-        m_transactionEnded =
-            !statement.rows().next() || statement.rows().cell(0, schema::ColumnType::Long, texts).number == 0;
-    } catch (const RunTimeError&) {
-        noteLoss();
-    }
-}
-
 std::unique_ptr<Cursor> OdbcEngine::open(const QByteArray& sql, std::span<const Value> parameters) {
     OdbcLease statement = lease(sql);
     statement->bind(parameters);
@@ -271,7 +196,7 @@ std::unique_ptr<Cursor> OdbcEngine::open(const QByteArray& sql, std::span<const 
 int OdbcEngine::execute(const QByteArray& sql, std::span<const Value> parameters) {
     OdbcLease statement = lease(sql);
     statement->bind(parameters);
-    run(*statement);
+    run(statement);
     return statement->touchedRows();
 }
 
@@ -279,7 +204,7 @@ qint64 OdbcEngine::insert(const schema::Table& table, const QByteArray& sql,
                           std::span<const Value> parameters) {
     OdbcLease statement = lease(m_server.returningKey(sql, table));
     statement->bind(parameters);
-    run(*statement);
+    run(statement);
     TextArena texts;
     if (!statement->rows().next())
         raise(Failure::RowDeleted);
@@ -288,7 +213,7 @@ qint64 OdbcEngine::insert(const schema::Table& table, const QByteArray& sql,
 
 qint64 OdbcEngine::greatestKey(const schema::Table& table) {
     OdbcLease statement = lease(m_server.greatestKey(table));
-    run(*statement);
+    run(statement);
     TextArena texts;
     return statement->rows().next() ? statement->rows().cell(0, schema::ColumnType::Key, texts).number : 0;
 }
@@ -301,7 +226,7 @@ void OdbcEngine::passKeys(const schema::Table& table, qint64 key) {
 quint32 OdbcEngine::dataVersion() {
     completeReaders();
     OdbcLease statement = lease(m_server.dataVersion());
-    run(*statement);
+    run(statement);
     TextArena texts;
     if (!statement->rows().next())
         return 0;
@@ -309,55 +234,29 @@ quint32 OdbcEngine::dataVersion() {
 }
 
 void OdbcEngine::beginSeeing(OdbcConnection::Sees sees) {
-    if (m_inTransaction)
+    if (inTransaction())
         raise(Failure::NotAllowed, QStringLiteral("A transaction is open already."));
     completeReaders();
-    if (m_connection == nullptr)
-        openConnection();
-    m_connection->begin(sees);
-    m_inTransaction = true;
-    m_transactionEnded = false;
+    m_session.begin(sees);
 }
 
 void OdbcEngine::commit() {
-    if (!m_inTransaction)
+    if (!inTransaction())
         raise(Failure::NotAllowed, QStringLiteral("No transaction is open."));
     requireOutsideWatch();
-    try {
-        requireTransactionWhole();
-        m_inTransaction = false; // whatever comes of it, it is over
-        m_connection->commit();
-    } catch (const RunTimeError&) {
-        m_inTransaction = false;
-        noteLoss();
-        if (m_transactionEnded && m_connection != nullptr)
-            (void)m_connection->rollback();
-        throw;
-    }
+    m_session.commit();
 }
 
 void OdbcEngine::rollback() {
-    if (!m_inTransaction)
+    if (!inTransaction())
         raise(Failure::NotAllowed, QStringLiteral("No transaction is open."));
     completeReaders();
     abandonTransaction();
 }
 
-void OdbcEngine::abandonTransaction() noexcept {
-    if (std::exchange(m_inTransaction, false) && m_connection != nullptr)
-        (void)m_connection->rollback();
-}
-
-void OdbcEngine::requireTransactionWhole() const {
-    if (m_inTransaction && m_connection == nullptr)
-        raise(Failure::DatabaseFailure, QStringLiteral("The transaction was lost with its connection."));
-    if (m_inTransaction && m_transactionEnded)
-        raise(Failure::DatabaseFailure,
-              QStringLiteral("The transaction was ended by the server after an error."));
-}
-
 void OdbcEngine::setWatch(std::function<bool()> goesOn) {
     m_watch = std::move(goesOn);
+    m_session.setPortions(m_watch != nullptr);
     if (!m_open) // it was closed while the watch was asked
         shutDown();
 }

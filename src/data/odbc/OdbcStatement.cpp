@@ -66,18 +66,29 @@ OdbcStatement::~OdbcStatement() {
 }
 
 void OdbcStatement::bind(std::span<const Value> values) {
-    // The driver reads the texts when the statement runs: they must stay where they are bound.
     m_parameters.resize(std::max(m_parameters.size(), values.size()));
     for (std::size_t i = 0; i < values.size(); ++i) {
         Parameter& parameter = m_parameters[i];
         const bool isNull = values[i].isNull() || values[i].isEmpty();
         parameter.text = textOf(values[i]);
-        const std::ptrdiff_t bytes = std::ssize(parameter.text) * 2;
-        parameter.bytes = isNull ? SQL_NULL_DATA : bytes;
-        const auto length = static_cast<SQLULEN>(std::max<std::size_t>(parameter.text.size(), 1));
-        check(SQLBindParameter(m_handle, static_cast<SQLUSMALLINT>(i + 1), SQL_PARAM_INPUT, SQL_C_WCHAR,
-                               SQL_WVARCHAR, length, 0, parameter.text.data(), bytes, &parameter.bytes));
+        parameter.bytes = isNull ? SQL_NULL_DATA : std::ssize(parameter.text) * 2;
+        bindParameter(i);
     }
+}
+
+void OdbcStatement::bindAs(const OdbcStatement& other) {
+    m_parameters = other.m_parameters;
+    for (std::size_t i = 0; i < m_parameters.size(); ++i)
+        bindParameter(i);
+}
+
+/// The driver reads the text when the statement runs: it must stay where it is.
+void OdbcStatement::bindParameter(std::size_t index) {
+    Parameter& parameter = m_parameters[index];
+    const auto length = static_cast<SQLULEN>(std::max<std::size_t>(parameter.text.size(), 1));
+    check(SQLBindParameter(m_handle, static_cast<SQLUSMALLINT>(index + 1), SQL_PARAM_INPUT, SQL_C_WCHAR,
+                           SQL_WVARCHAR, length, 0, parameter.text.data(), std::ssize(parameter.text) * 2,
+                           &parameter.bytes));
 }
 
 void OdbcStatement::run(const OdbcRunner& runner) {

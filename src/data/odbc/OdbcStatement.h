@@ -38,6 +38,8 @@ public:
 
     /// Values for all parameters, in order. Empty is stored as Null.
     void bind(std::span<const Value> values);
+    /// The values of another statement of the same text.
+    void bindAs(const OdbcStatement& other);
     /// Runs it with the values bound last.
     void run(const OdbcRunner& runner);
     /// Rows that the run touched.
@@ -59,6 +61,7 @@ private:
         std::u16string text;
         std::ptrdiff_t bytes = 0; ///< Or the driver's mark for Null.
     };
+    void bindParameter(std::size_t index);
     void check(int code) const;
 
     std::shared_ptr<OdbcConnection> m_connection;

@@ -41,6 +41,11 @@ public:
     OdbcLease(const OdbcLease&) = delete;
     OdbcLease& operator=(const OdbcLease&) = delete;
 
+    void swap(OdbcLease& other) noexcept {
+        m_cache.swap(other.m_cache);
+        m_statement.swap(other.m_statement);
+    }
+
     [[nodiscard]] OdbcStatement* operator->() const { return m_statement.get(); }
     [[nodiscard]] OdbcStatement& operator*() const { return *m_statement; }
 

@@ -3,6 +3,7 @@
 #include "support/TemporaryDatabase.h"
 #include "support/TestServer.h"
 
+#include <functional>
 #include <gtest/gtest.h>
 
 namespace tarnwell::test {
@@ -173,24 +174,59 @@ TEST_F(Server, AWatchIsAskedBetweenRowsAndEndsTheReading) {
     }
 }
 
-const char* const endOthers = "SELECT pg_terminate_backend(pid) FROM pg_stat_activity "
-                              "WHERE datname = current_database() AND pid <> pg_backend_pid()";
-
-TEST_F(Server, ALostConnectionIsReportedOnceAndThenMadeAnew) {
+TEST_F(Server, AnIdleConnectionThatWasLostIsReplacedUnnoticed) {
     addTasks({"A"});
-    const QString catalog = connectionValue(database.connectionString(), QLatin1String("Initial Catalog"));
-    runOnServer(catalog, endOthers);
-    EXPECT_EQ(numberOf("SELECT Name FROM MasterTask"), -2147467259);
+    Recordset opened; // and not read before the loss
+    opened.Open("SELECT Name FROM MasterTask WHERE Name='A'", database.connection());
+    Recordset edited;
+    edited.Open("SELECT * FROM MasterTask", database.connection(), CursorType::Static, LockType::Optimistic);
+    edited.set("MasterPrice", 5);
+    const std::pair<const char*, std::function<void()>> actions[] = {
+        {"read", [&] { EXPECT_EQ(names("WHERE Name='A'"), "A"); }},
+        {"read on", [&] { EXPECT_EQ(opened["Name"], Value("A")); }},
+        {"change a row", [&] { edited.Update(); }},
+        {"add a row", [&] { addTasks({"B"}); }},
+        {"write", [&] { database.run("UPDATE MasterTask SET Name=Name + 'x' WHERE Name='B'"); }},
+        {"write again", [&] { database.run("UPDATE MasterTask SET Name=Name + 'x' WHERE Name='Bx'"); }},
+        {"write all or nothing",
+         [&] {
+             Transaction transaction(database.connection());
+             database.run("UPDATE MasterTask SET CodeKey=7");
+             transaction.commit();
+         }},
+        {"watch for changes", [&] { EXPECT_GT(database.connection().dataVersion(), 0U); }},
+    };
+    for (const auto& [name, action] : actions)
+        for (const bool ended : {true, false}) {
+            if (ended)
+                endConnections(database.connectionString());
+            EXPECT_EQ(raisedText(action).toStdString(), "") << name;
+        }
+    EXPECT_EQ(names("WHERE CodeKey=7 ORDER BY MasterTaskKey"), "A Bxx Bxx");
+    EXPECT_EQ(database.ask("SELECT MasterPrice FROM MasterTask WHERE Name='A'"), Value(5.0));
+}
+
+TEST_F(Server, AServerThatIsAwayIsAnErrorUntilItIsBack) {
+    addTasks({"A"});
+    {
+        const CatalogAway away(database.connectionString());
+        const auto read = [&] { (void)names(""); };
+        EXPECT_TRUE(raisedText(read).startsWith("The connection to the database server was lost."));
+        EXPECT_TRUE(raisedText(read).startsWith("The database server refused the connection."));
+    }
     EXPECT_EQ(names(""), "A");
+}
+
+TEST_F(Server, ATransactionIsLostWithItsConnection) {
     {
         Transaction transaction(database.connection());
         addTasks({"B"});
-        runOnServer(catalog, endOthers);
-        EXPECT_NE(raisedNumber([&] { addTasks({"C"}); }), 0);
+        endConnections(database.connectionString());
+        EXPECT_EQ(raisedNumber([&] { addTasks({"C"}); }), -2147467259);
         EXPECT_NE(raisedNumber([&] { addTasks({"D"}); }), 0) << "without the transaction's beginning";
         EXPECT_NE(raisedNumber([&] { transaction.commit(); }), 0);
     }
-    EXPECT_EQ(names(""), "A");
+    EXPECT_EQ(names(""), "");
 }
 
 } // namespace

@@ -4,11 +4,20 @@
 #include "runtime/RunTime.h"
 #include "runtime/modFormatFunctions.h"
 
+#include <cmath>
+
 namespace tarnwell {
 
 namespace {
 
 constexpr double halfCent = 0.005;
+
+/// The double that is nearest to the sum's first six decimals. A sum too great to have as many stays.
+double withoutNoise(double sum) {
+    constexpr double decimals = 1e6;
+    constexpr double greatest = 1e9;
+    return std::abs(sum) < greatest ? std::round(sum * decimals) / decimals : sum;
+}
 
 } // namespace
 
@@ -28,7 +37,7 @@ void AmountSums::read(Connection& connection, const QString& statement) {
     Recordset sums;
     sums.Open(statement, connection, CursorType::ForwardOnly);
     for (; !sums.atEnd(); sums.MoveNext())
-        m_sums.insert_or_assign(sums.field(0).toLong(), NullToZero(sums.field(1)).toDouble());
+        m_sums.insert_or_assign(sums.field(0).toLong(), withoutNoise(NullToZero(sums.field(1)).toDouble()));
 }
 
 double AmountSums::of(qint64 key) const {

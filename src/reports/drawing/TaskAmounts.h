@@ -7,9 +7,9 @@
 
 namespace tarnwell {
 
-/// Sums of amounts of lot tasks, by a key of the tasks. The database adds them up in the order in which a
-/// statement for one key alone does: where prices hold parts of cents, another order may end on the other
-/// side of half a cent.
+/// Sums of amounts of lot tasks, by a key of the tasks. Engines add in different orders, and the last digits
+/// of a double with them; amounts of at most six decimals have the same sum in every order here, so that half
+/// a cent is rounded the same way everywhere.
 class AmountSums {
 public:
     /// Adds what was paid for the tasks that meet a condition on `JobLotTask`; `key` is a column of theirs.

@@ -9,7 +9,7 @@ namespace {
 constexpr auto RunTimeSource = "Tarnwell";
 constexpr auto RecordsetSource = "ADODB.Recordset";
 constexpr auto ConnectionSource = "ADODB.Connection";
-constexpr auto ProviderSource = "SQLite";
+constexpr auto ProviderSource = "the database"; // as the embedded engine is called; a server has a name
 
 struct FailureEntry {
     Failure failure;

@@ -58,7 +58,8 @@ public:
 
     /// What handlers test and users quote: negative for the database, else the run time's or the recordset's.
     [[nodiscard]] int number() const { return m_number; }
-    /// Who raised it: "Tarnwell", "ADODB.Recordset", "ADODB.Connection" or "SQLite".
+    /// Who raised it: "Tarnwell", "ADODB.Recordset", "ADODB.Connection", "the database", or a server by its
+    /// name.
     [[nodiscard]] const QString& source() const { return m_source; }
     [[nodiscard]] const QString& description() const { return m_description; }
     /// Tells failures apart that share a number.

@@ -93,7 +93,8 @@ QString serversWords(QString words) {
     while (words.startsWith(QLatin1Char('[')) && words.contains(QLatin1Char(']')))
         words = words.sliced(words.indexOf(QLatin1Char(']')) + 1);
     static const QRegularExpression driversOwn(
-        QStringLiteral("(^|;\\n)(Error while |The connection has been lost|No query has been executed)"));
+        QStringLiteral("(^|;\\n)(Error while |The connection has been lost|No query has been executed)"
+                       "|\\nserver closed the connection unexpectedly"));
     if (const auto own = driversOwn.match(words); own.hasMatch())
         words.truncate(own.capturedStart());
     for (const char* severity : {"ERROR:", "FATAL:"})

@@ -103,6 +103,20 @@ TEST_F(Server, RaisesTheProvidersNumbers) {
     EXPECT_EQ(names("ORDER BY Name"), "A B");
 }
 
+TEST_F(Server, WhatIsNotTheServersOwnNamesNoOtherEngine) {
+    addTasks({"A"});
+    Recordset rows;
+    rows.Open("MasterTask", database.connection(), CursorType::Static, LockType::Optimistic);
+    rows.set("Name", "mine");
+    database.run("UPDATE MasterTask SET Name='theirs'");
+    try {
+        rows.Update();
+        ADD_FAILURE() << "the other user's name was lost";
+    } catch (const RunTimeError& error) {
+        EXPECT_EQ(error.source(), "the database");
+    }
+}
+
 TEST_F(Server, ANullYesNoIsNo) {
     addTasks({"A"});
     database.run("UPDATE MasterTask SET Deleted=NULL");
@@ -211,7 +225,8 @@ TEST_F(Server, AServerThatIsAwayIsAnErrorUntilItIsBack) {
     {
         const CatalogAway away(database.connectionString());
         const auto read = [&] { (void)names(""); };
-        EXPECT_TRUE(raisedText(read).startsWith("The connection to the database server was lost."));
+        EXPECT_EQ(raisedText(read), "The connection to the database server was lost. (terminating connection "
+                                    "due to administrator command)");
         EXPECT_TRUE(raisedText(read).startsWith("The database server refused the connection."));
     }
     EXPECT_EQ(names(""), "A");

@@ -1,9 +1,12 @@
-# Sourced by ./run and ./test: the Debian packages that they need, and how to get them.
+# Sourced by ./run, ./test, ./package and tools/package: the Debian packages that they need, and how to get them.
 
 BUILD_PACKAGES="g++ cmake ninja-build mold qt6-base-dev qt6-svg-dev libsqlite3-dev unixodbc-dev"
 RUN_PACKAGES="libqt6svg6 qt6-qpa-plugins fonts-liberation"
-TEST_PACKAGES="clang-format git libgtest-dev libbenchmark-dev poppler-utils odbc-postgresql postgresql tdsodbc"
+TEST_PACKAGES="clang-format git libgtest-dev libbenchmark-dev poppler-utils odbc-postgresql postgresql tdsodbc \
+    appstream desktop-file-utils file"
 FULL_TEST_PACKAGES="clang-tidy-22"
+PACKAGE_PACKAGES="dpkg-dev file"
+PACKAGE_CHECK_PACKAGES="debootstrap lintian openbox xdotool xvfb"
 
 say() { printf '== %s\n' "$*"; }
 
@@ -50,4 +53,9 @@ build() {
     shift
     configure "$preset"
     cmake --build --preset "$preset" --target "$@"
+}
+
+# newest_package FOLDER
+newest_package() {
+    ls -t "$1"/tarnwell_*.deb | head -n 1
 }

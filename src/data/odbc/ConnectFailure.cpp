@@ -2,6 +2,8 @@
 
 #include "data/odbc/OdbcError.h"
 
+#include <QRegularExpression>
+
 #include <algorithm>
 #include <array>
 
@@ -32,28 +34,33 @@ constexpr std::array refusals{
             "The database server asks for a password, and none is stored on this computer."},
     Refusal{"no pg_hba.conf entry", Failure::PermissionDenied, refusedSignIn},
     Refusal{"permission denied for database", Failure::PermissionDenied, refusedSignIn},
-    Refusal{"FATAL:", Failure::DatabaseFailure, refusedConnection},
     // of SQL Server
     Refusal{"Cannot open database", Failure::DatabaseNotFound, "The database server has no such catalog."},
     Refusal{"Login failed", Failure::PermissionDenied, refusedSignIn},
 };
 
-/// "connection to server at "office", port 5432 failed: FATAL: role "ann" does not exist" without its way.
+/// "connection to server at "office", port 5432 failed: FATAL: role "ann" does not exist" without its way;
+/// empty where the server itself said nothing. A server set up in another language has another word for
+/// FATAL.
 QString answerOf(const QString& words) {
-    const QLatin1String mark("FATAL: ");
-    const qsizetype at = words.indexOf(mark);
-    return at >= 0 ? words.sliced(at + mark.size()) : words;
+    static const QRegularExpression answer(
+        QStringLiteral("(^|failed: )(\\p{Lu}{4,}|[^\\x00-\\x7F]+) ?: (.+)$"));
+    return answer.match(words).captured(3);
 }
 
 } // namespace
 
 void raiseConnectFailure(const OdbcDiagnosis& diagnosis, const QString& server) {
+    const QString answer = answerOf(diagnosis.words);
     const auto* const refusal = std::ranges::find_if(
         refusals, [&](const Refusal& entry) { return diagnosis.words.contains(QLatin1String(entry.words)); });
     if (refusal != refusals.end() && refusal->text == nullptr)
         throw makeError(refusal->failure, diagnosis.words);
     if (refusal != refusals.end())
-        raiseServerFailure(refusal->failure, server, QLatin1String(refusal->text), answerOf(diagnosis.words));
+        raiseServerFailure(refusal->failure, server, QLatin1String(refusal->text),
+                           answer.isEmpty() ? diagnosis.words : answer);
+    if (!answer.isEmpty())
+        raiseServerFailure(Failure::DatabaseFailure, server, QLatin1String(refusedConnection), answer);
     if (isUnreachable(diagnosis.state))
         raiseServerFailure(Failure::DatabaseFailure, server,
                            QStringLiteral("The database server could not be reached."), diagnosis.words);

@@ -6,6 +6,7 @@
 #include "data/odbc/OdbcError.h"
 #include "data/odbc/ServerDialect.h"
 
+#include <locale.h>
 #include <sql.h>
 #include <sqlext.h>
 #include <utility>
@@ -32,6 +33,27 @@ bool isDead(SQLHDBC connection) {
     return dead == SQL_CD_TRUE;
 }
 
+/// While it lives, libraries speak English to this thread: why a connection failed is told by their words.
+class EnglishMessages {
+public:
+    EnglishMessages() : m_english(newlocale(LC_MESSAGES_MASK, "C", duplocale(uselocale(nullptr)))) {
+        if (m_english != nullptr)
+            m_before = uselocale(m_english);
+    }
+    ~EnglishMessages() {
+        if (m_english == nullptr)
+            return;
+        uselocale(m_before);
+        freelocale(m_english);
+    }
+    EnglishMessages(const EnglishMessages&) = delete;
+    EnglishMessages& operator=(const EnglishMessages&) = delete;
+
+private:
+    locale_t m_english;
+    locale_t m_before = nullptr;
+};
+
 /// Not every driver says where nobody answered.
 QString withPlace(const QString& words, const QString& driverString) {
     const QString place = connectionValue(driverString, QLatin1String("Server"));
@@ -45,6 +67,7 @@ OdbcConnection::OdbcConnection(const QString& driverString, const QString& serve
     SQLAllocHandle(SQL_HANDLE_DBC, environment(), &m_handle);
     SQLSetConnectAttr(m_handle, SQL_ATTR_LOGIN_TIMEOUT, asPointer(longestWait), SQL_IS_UINTEGER);
     std::u16string text = driverString.toStdU16String();
+    const EnglishMessages english;
     const SQLRETURN code =
         SQLDriverConnectW(m_handle, nullptr, reinterpret_cast<SQLWCHAR*>(text.data()),
                           static_cast<SQLSMALLINT>(text.size()), nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT);

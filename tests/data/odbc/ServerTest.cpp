@@ -1,3 +1,4 @@
+#include "data/odbc/ConnectFailure.h"
 #include "data/recordset/Connection.h"
 #include "support/RaisedNumber.h"
 #include "support/TemporaryDatabase.h"
@@ -47,6 +48,31 @@ TEST(ServerOpening, SaysWhatIsWrong) {
     EXPECT_TRUE(raisedText([&] { foreign.Open(); }).contains("not a Tarnwell database"));
     foreign.setConnectionString(serverConnectionString("nowhere"));
     EXPECT_TRUE(raisedText([&] { foreign.Open(); }).contains("nowhere"));
+}
+
+// Its words are in its own language; which they are tells whether anybody answered at all.
+TEST(ServerOpening, TellsARefusalFromSilenceInEveryLanguage) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"failed: FATAL: database \"x\" does not exist",
+         "The database server has no such catalog. (database \"x\" does not exist)"},
+        {"failed: FATAL: Datenbank »x« existiert nicht",
+         "The database server refused the connection. (Datenbank »x« existiert nicht)"},
+        {"failed: FATAL : la base n'existe pas",
+         "The database server refused the connection. (la base n'existe pas)"},
+        {"failed: 致命错误: 数据库不存在", "The database server refused the connection. (数据库不存在)"},
+        {"failed: Connection refused",
+         "The database server could not be reached. (failed: Connection refused)"},
+    };
+    for (const auto& [words, text] : cases)
+        EXPECT_EQ(raisedText([&, said = QString::fromUtf8(words)] {
+                      data::raiseConnectFailure({.state = "08001", .words = said}, "PostgreSQL");
+                  }),
+                  QString::fromUtf8(text));
+    qputenv("LANGUAGE", "de");
+    Connection connection;
+    connection.setConnectionString("Provider=PostgreSQL;Data Source=/nowhere;Initial Catalog=x");
+    EXPECT_TRUE(raisedText([&] { connection.Open(); }).contains("No such file or directory"));
+    qunsetenv("LANGUAGE");
 }
 
 TEST_F(Server, ComparesAndOrdersTextsAsTheEmbeddedEngine) {

@@ -3,6 +3,7 @@
 #include "builders/frmBuilder.h"
 #include "frame/ChangeWatch.h"
 #include "frame/MessagePresenter.h"
+#include "frame/WaitNotice.h"
 #include "frame/main/frmAbout.h"
 #include "frame/main/frmOptions.h"
 #include "frame/main/frmSwitchboard.h"
@@ -66,7 +67,10 @@ int Program::run() {
         mainWindow.Show(Screen::Modality::Modeless, nullptr);
     });
     const ChangeWatch changes;
+    WaitNotice waitNotice;
+    DataEnvironment::setWaitWatcher(&waitNotice);
     const int exitCode = exec();
+    DataEnvironment::setWaitWatcher(nullptr);
     DataEnvironment::close();
     return exitCode;
 }

@@ -15,10 +15,13 @@ std::unique_ptr<Connection>& shared() {
     return connection;
 }
 
+WaitWatcher* waitWatcher = nullptr;
+
 std::unique_ptr<Connection> openConnection() {
     const HourGlass hourGlass;
     auto connection = std::make_unique<Connection>();
     connection->setConnectionString(gConnectionString);
+    connection->setWaitWatcher(waitWatcher);
     if (connection->State() == ObjectState::Closed)
         connection->Open();
     return connection;
@@ -31,6 +34,12 @@ Connection& DataEnvironment::cnnConnection() {
     if (!shared())
         shared() = openConnection();
     return *shared();
+}
+
+void DataEnvironment::setWaitWatcher(WaitWatcher* watcher) {
+    waitWatcher = watcher;
+    if (shared())
+        shared()->setWaitWatcher(watcher);
 }
 
 void DataEnvironment::close() noexcept {

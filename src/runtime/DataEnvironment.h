@@ -9,6 +9,9 @@ class DataEnvironment {
 public:
     /// The connection, opened with `gConnectionString` at the first reference. Raises what `Open` raises.
     [[nodiscard]] static Connection& cnnConnection();
+    /// Who is asked while a write of the connection waits for another user (see `Connection`), also of those
+    /// opened later.
+    static void setWaitWatcher(WaitWatcher* watcher);
     /// Closes the connection; the next reference opens it again. An error is written to standard error.
     /// Called when the program ends.
     static void close() noexcept;

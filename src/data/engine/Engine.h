@@ -2,6 +2,7 @@
 
 #include "data/engine/Cursor.h"
 #include "data/engine/PendingReader.h"
+#include "data/engine/WaitWatcher.h"
 #include "data/sql/Dialect.h"
 
 #include <QByteArray>
@@ -93,6 +94,10 @@ public:
     /// is asked. While it is asked, the engine refuses to be used.
     virtual void setWatch(std::function<bool()> goesOn) = 0;
 
+    /// Asked while a write waits for another user; null: nobody is, and the busy timeout alone ends the wait.
+    /// A wait that it gives up raises Cancelled. It must outlive the engine or be replaced.
+    void setWaitWatcher(WaitWatcher* watcher) { m_waitWatcher = watcher; }
+
     /// A reader must be removed before it is destroyed.
     void addReader(PendingReader& reader) { m_readers.push_back(&reader); }
     void removeReader(const PendingReader& reader);
@@ -106,8 +111,10 @@ protected:
     virtual void requireOutsideWatch() const = 0;
     /// Has every reader give up the rows that it has not fetched, and forgets all readers.
     void abandonReaders();
+    [[nodiscard]] WaitWatcher* waitWatcher() const { return m_waitWatcher; }
 
 private:
+    WaitWatcher* m_waitWatcher = nullptr;
     std::vector<PendingReader*> m_readers;
 };
 

@@ -12,6 +12,8 @@ namespace tarnwell::data {
 
 namespace {
 
+constexpr std::chrono::milliseconds betweenQuestions{1};
+
 class OdbcEngine;
 
 class OdbcCursor : public Cursor {
@@ -95,8 +97,9 @@ private:
     void requireOurs();
     void beginSeeing(OdbcConnection::Sees sees);
     [[nodiscard]] OdbcLease lease(const QByteArray& sql);
-    [[nodiscard]] bool letsWatchGoOn();
-    int runWatched(const std::function<int()>& call, const std::function<void()>& cancel);
+    [[nodiscard]] bool letsGoOn(const std::function<bool()>& question);
+    int runBeside(const std::function<int()>& call, const std::function<void()>& cancel,
+                  std::chrono::milliseconds between, const std::function<bool()>& question);
     void shutDown();
 
     const ServerDialect& m_server;
@@ -153,31 +156,37 @@ OdbcLease OdbcEngine::lease(const QByteArray& sql) {
 
 void OdbcEngine::run(OdbcLease& statement) {
     requireOutsideWatch();
-    m_session.run(statement, [this](const auto& call, const auto& cancel) {
-        return m_watch ? runWatched(call, cancel) : call();
+    const bool mayWait = waitWatcher() != nullptr && (inTransaction() || !onlyReads(statement->sql()));
+    m_session.run(statement, [&](const auto& call, const auto& cancel) {
+        if (m_watch)
+            return runBeside(call, cancel, betweenQuestions, m_watch);
+        if (!mayWait)
+            return call();
+        Wait wait(waitWatcher());
+        return runBeside(call, cancel, Wait::betweenQuestions, [&wait] { return wait.goesOn(); });
     });
 }
 
-bool OdbcEngine::letsWatchGoOn() {
+bool OdbcEngine::letsGoOn(const std::function<bool()>& question) {
     m_askingWatch = true;
-    const bool goesOn = m_watch();
+    const bool goesOn = question();
     m_askingWatch = false;
     return goesOn && m_open;
 }
 
 void OdbcEngine::askWatch() {
-    if (m_watch && !letsWatchGoOn())
+    if (m_watch && !letsGoOn(m_watch))
         raise(Failure::Cancelled);
 }
 
 /// The statement works on a thread of its own while this one asks. The question may let events through, and
 /// with them whatever the program does on an error.
-int OdbcEngine::runWatched(const std::function<int()>& call, const std::function<void()>& cancel) {
-    constexpr std::chrono::milliseconds betweenQuestions{1};
+int OdbcEngine::runBeside(const std::function<int()>& call, const std::function<void()>& cancel,
+                          std::chrono::milliseconds between, const std::function<bool()>& question) {
     std::future<int> work = std::async(std::launch::async, call);
     bool goesOn = true;
-    while (work.wait_for(betweenQuestions) != std::future_status::ready) {
-        goesOn = goesOn && letsWatchGoOn();
+    while (work.wait_for(between) != std::future_status::ready) {
+        goesOn = goesOn && letsGoOn(question);
         if (!goesOn) // again and again: the first may come before the server has the statement
             cancel();
     }

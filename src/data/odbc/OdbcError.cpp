@@ -1,6 +1,7 @@
 #include "data/odbc/OdbcError.h"
 
 #include "data/engine/ConstraintText.h"
+#include "data/engine/LockText.h"
 
 #include <QRegularExpression>
 
@@ -168,8 +169,10 @@ bool isUnreachable(QStringView state) {
 
 void raiseOdbcError(const OdbcDiagnosis& diagnosis, const QString& server, const QByteArray& sql) {
     const Failure failure = failureOf(diagnosis);
-    const RunTimeError error =
-        makeError(failure, failure == Failure::Constraint ? brokenRuleText(diagnosis, sql) : diagnosis.words);
+    const QString detail = failure == Failure::Constraint ? brokenRuleText(diagnosis, sql)
+                           : failure == Failure::DatabaseLocked && !sql.isEmpty() ? lockText(sql)
+                                                                                  : diagnosis.words;
+    const RunTimeError error = makeError(failure, detail);
     throw RunTimeError(error.number(), server, error.description(), failure);
 }
 

@@ -13,10 +13,6 @@ namespace {
 /// network that is down is not kept waiting for it a second time.
 constexpr std::chrono::seconds longestSilentLoss{2};
 
-bool onlyReads(const QByteArray& sql) {
-    return qstrnicmp(sql.constData(), "SELECT", 6) == 0;
-}
-
 } // namespace
 
 OdbcSession::OdbcSession(const ServerDialect& dialect, QString connectionString,

@@ -19,6 +19,11 @@ class RowBlock;
 /// its watch, which may end it through the second argument.
 using OdbcRunner = std::function<int(const std::function<int()>& call, const std::function<void()>& cancel)>;
 
+/// Whether a statement writes nothing; it may lock what it reads.
+[[nodiscard]] inline bool onlyReads(const QByteArray& sql) {
+    return qstrnicmp(sql.constData(), "SELECT", 6) == 0;
+}
+
 /// A prepared statement of one connection, which it keeps alive.
 ///
 /// Every parameter travels as text, without a type: the server takes it for what stands beside it, a number

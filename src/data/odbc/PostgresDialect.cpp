@@ -155,9 +155,12 @@ std::vector<QByteArray> PostgresDialect::settings(std::chrono::milliseconds busy
     const auto wait = std::max<qint64>(busyTimeout.count(), 1); // 0 would wait for ever
     // The planner takes a comparison of texts for as cheap as one of numbers, and a page for one on a turning
     // disk: it sorts what an index holds in order. Folding case makes a comparison several times as dear.
+    // A workstation that stops in the middle of a write lets go of its rows after a minute. What is committed
+    // is on the disk, however the server is set up.
     return {"SELECT set_config('lock_timeout', '" + QByteArray::number(wait) +
-            "', false), set_config('cpu_operator_cost', '0.01', false), set_config('random_page_cost', "
-            "'1.1', false)"};
+            "', false), set_config('idle_in_transaction_session_timeout', '60000', false), "
+            "set_config('synchronous_commit', 'on', false), set_config('cpu_operator_cost', '0.01', false), "
+            "set_config('random_page_cost', '1.1', false)"};
 }
 
 QByteArray PostgresDialect::returningKey(const QByteArray& insert, const schema::Table& table) const {

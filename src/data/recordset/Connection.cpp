@@ -22,6 +22,13 @@ void Connection::Open() {
     if (State() == ObjectState::Open)
         raise(Failure::ObjectOpen);
     m_engine = data::openEngine(m_connectionString, m_busyTimeout);
+    m_engine->setWaitWatcher(m_waitWatcher);
+}
+
+void Connection::setWaitWatcher(WaitWatcher* watcher) {
+    m_waitWatcher = watcher;
+    if (m_engine != nullptr)
+        m_engine->setWaitWatcher(watcher);
 }
 
 void Connection::Close() {

@@ -2,6 +2,7 @@
 
 #include "data/RunTimeError.h"
 #include "data/engine/ConnectionString.h"
+#include "data/engine/WaitWatcher.h"
 
 #include <QString>
 
@@ -37,6 +38,10 @@ public:
     /// In place of `usualBusyTimeout`; takes effect at the next `Open`.
     void setBusyTimeout(std::chrono::milliseconds wait) { m_busyTimeout = wait; }
 
+    /// Who is asked while a write waits for another user; null: nobody. It must outlive the connection or be
+    /// replaced. A wait that it gives up raises Cancelled.
+    void setWaitWatcher(WaitWatcher* watcher);
+
     /// Opens the database behind the connection string. Raises ProviderNotFound, DatabaseNotFound (a missing
     /// file is never created), DatabaseForeign (not a database, damaged, or without our tables),
     /// DatabaseLocked.
@@ -69,6 +74,7 @@ public:
 private:
     QString m_connectionString;
     std::chrono::milliseconds m_busyTimeout = usualBusyTimeout;
+    WaitWatcher* m_waitWatcher = nullptr;
     std::shared_ptr<data::Engine> m_engine;
 };
 

@@ -5,9 +5,14 @@
 #include "data/sqlite/SqliteCell.h"
 #include "data/sqlite/StatementCache.h"
 
+#include <QScopeGuard>
+#include <QScopedValueRollback>
+#include <QThread>
+
 #include <algorithm>
 #include <array>
 #include <limits>
+#include <optional>
 #include <sqlite3.h>
 #include <utility>
 
@@ -70,8 +75,9 @@ private:
 class SqliteEngine final : public Engine {
 public:
     SqliteEngine(const QString& path, std::chrono::milliseconds busyTimeout)
-        : m_handle(openOurDatabase(path, busyTimeout)), m_cache(m_handle.get()) {
+        : m_busyTimeout(busyTimeout), m_handle(openOurDatabase(path, busyTimeout)), m_cache(m_handle.get()) {
         setCache(usualCache);
+        sqlite3_busy_handler(m_handle.get(), waitsOn, this);
     }
     ~SqliteEngine() override { shutDown(); }
     SqliteEngine(const SqliteEngine&) = delete;
@@ -118,9 +124,11 @@ private:
     void run(const QByteArray& sql, std::span<const Value> parameters = {});
     void beginWith(const QByteArray& sql);
     static int endsStatement(void* engine);
+    static int waitsOn(void* engine, int calls);
     void shutDown();
     void setCache(int kilobytes) noexcept;
 
+    std::chrono::milliseconds m_busyTimeout;
     SqliteDatabase m_handle;
     StatementCache m_cache;
     Dialect m_dialect;
@@ -128,6 +136,9 @@ private:
     bool m_open = true;
     bool m_askingWatch = false; ///< A statement is at work below, so nothing may be done with the handle.
     bool m_inTransaction = false;
+    std::optional<Wait> m_wait; ///< Of a write for another user.
+    bool m_mayAsk = false;      ///< A write is at work; a read is over in no time.
+    bool m_gaveUp = false;      ///< The watcher ended the wait.
 };
 
 void SqliteEngine::close() {
@@ -155,7 +166,32 @@ StatementLease SqliteEngine::lease(const QByteArray& sql) {
 void SqliteEngine::run(const QByteArray& sql, std::span<const Value> parameters) {
     StatementLease statement = lease(sql);
     statement->bindAll(parameters);
-    statement->run();
+    const QScopedValueRollback<bool> asking(m_mayAsk, true);
+    const auto waitEnds = qScopeGuard([this] { m_wait.reset(); });
+    m_gaveUp = false;
+    try {
+        statement->run();
+    } catch (const RunTimeError& error) {
+        if (m_gaveUp && error.is(Failure::DatabaseLocked))
+            raise(Failure::Cancelled);
+        throw;
+    }
+}
+
+/// As the library waits by itself, but for the questions: short at first, since most writes are over soon.
+int SqliteEngine::waitsOn(void* engine, int calls) {
+    constexpr auto longestSleep = static_cast<int>(Wait::betweenQuestions.count());
+    SqliteEngine& self = *static_cast<SqliteEngine*>(engine);
+    if (calls == 0)
+        self.m_wait.emplace(self.m_mayAsk ? self.waitWatcher() : nullptr);
+    if (self.m_wait->waited() >= self.m_busyTimeout)
+        return 0;
+    QThread::msleep(static_cast<unsigned long>(std::min(calls + 1, longestSleep)));
+    self.m_askingWatch = true;
+    const bool goesOn = self.m_wait->goesOn();
+    self.m_askingWatch = false;
+    self.m_gaveUp = !goesOn || !self.m_open;
+    return self.m_gaveUp ? 0 : 1;
 }
 
 int SqliteEngine::execute(const QByteArray& sql, std::span<const Value> parameters) {

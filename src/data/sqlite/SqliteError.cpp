@@ -1,6 +1,7 @@
 #include "data/sqlite/SqliteError.h"
 
 #include "data/engine/ConstraintText.h"
+#include "data/engine/LockText.h"
 
 #include <algorithm>
 #include <array>
@@ -88,6 +89,8 @@ void raiseSqliteError(sqlite3* handle, const char* sql) {
     const int code = sqlite3_extended_errcode(handle);
     const QString words = QString::fromUtf8(sqlite3_errmsg(handle));
     const Failure failure = failureOf(code, words);
+    if (failure == Failure::DatabaseLocked)
+        raise(failure, lockText(sql));
     raise(failure, failure == Failure::Constraint ? refusalText(code, words, sql) : words);
 }
 

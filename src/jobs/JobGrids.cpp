@@ -162,8 +162,7 @@ void JobGrids::DeleteTask() {
     const int row = jgTasks.Row();
     try {
         const auto held = m_tasks.hold();
-        jgTasks.Delete();
-        repairTreeAfterDelete(connection(), place);
+        deleteFromTree(connection(), place, [this] { jgTasks.Delete(); });
     } catch (const RunTimeError&) {
         showTasksAt(row);
         throw;

@@ -107,8 +107,9 @@ private:
 
 } // namespace
 
-void repairTreeAfterDelete(Connection& connection, const TreePlace& place) {
+void deleteFromTree(Connection& connection, const TreePlace& place, const std::function<void()>& deleteRow) {
     commitWritten(connection, [&] {
+        deleteRow();
         if (place.parentKey != 0 && place.child == 0)
             makeOptionsPlain(connection, place.parentKey);
         else if (place.child == isChild && !hasOptions(connection, place.parentKey))

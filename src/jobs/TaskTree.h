@@ -5,6 +5,8 @@
 
 #include <QtGlobal>
 
+#include <functional>
+
 namespace tarnwell {
 
 /// Where a lot task stands in the tree of its lot. A plain task is 0, 0; a parent points at itself, 0; an
@@ -14,10 +16,11 @@ struct TreePlace {
     qint64 child = 0;
 };
 
-/// Repairs the tree after a task that stood at `place` was deleted: the options of a parent become plain
-/// tasks, and so does a parent whose last option was deleted. Raises NoCurrentRecord for an option whose
-/// parent no longer exists. What was written before an error stays.
-void repairTreeAfterDelete(Connection& connection, const TreePlace& place);
+/// Deletes a task that stands at `place` by `deleteRow` and repairs the tree: the options of a parent become
+/// plain tasks, and so does a parent whose last option was deleted. It is one write: nobody sees options
+/// without their parent. Raises what `deleteRow` raises, and NoCurrentRecord for an option whose parent no
+/// longer exists, which then is deleted all the same.
+void deleteFromTree(Connection& connection, const TreePlace& place, const std::function<void()>& deleteRow);
 
 /// The lot that is copied, as its grid shows it.
 struct LotToCopy {

@@ -14,13 +14,11 @@ using Lines = std::vector<QString>;
 
 class TaskTree : public ::testing::Test {
 protected:
-    /// As the grid does it: the row is deleted, then the tree is repaired.
     void remove(qint64 task) {
         const QString from = LotData::fromTask(task);
         const TreePlace place{data.db.ask("SELECT ParentKey" + from).toLong(),
                               data.db.ask("SELECT Child" + from).toLong()};
-        data.db.run("DELETE" + from);
-        repairTreeAfterDelete(data.db.connection(), place);
+        deleteFromTree(data.db.connection(), place, [&] { data.db.run("DELETE" + from); });
     }
     [[nodiscard]] LotToCopy source() const {
         return {data.lot, data.job, "A", "Aspen", Value::null(), data.plan};
@@ -60,11 +58,12 @@ TEST_F(TaskTree, APlainTaskLeavesTheOthersAlone) {
 
 TEST_F(TaskTree, AnOptionWithoutItsParentIsAnError) {
     const qint64 gone = data.addTask("Gone", data.lot);
-    data.db.run("DELETE" + LotData::fromTask(gone));
     EXPECT_EQ(raisedNumber([&] {
-                  repairTreeAfterDelete(data.db.connection(), {gone, 1});
+                  deleteFromTree(data.db.connection(), {gone, 1},
+                                 [&] { data.db.run("DELETE" + LotData::fromTask(gone)); });
               }),
               numberOf(Failure::NoCurrentRecord));
+    EXPECT_EQ(data.count("JobLotTask"), 0);
 }
 
 TEST_F(TaskTree, TheCopyIsLinkedInItselfAndTheSourceStays) {

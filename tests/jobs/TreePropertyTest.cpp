@@ -209,11 +209,15 @@ private:
         const auto& [key, task] = tasks[below(tasks.size())];
         const TreePlace place = task.place;
         const qint64 parent = place.parentKey;
-        m_data.db.run("DELETE" + LotData::fromTask(key));
-        const Tasks left = read();
+        Tasks left;
+        const int raised = raisedNumber([&] {
+            deleteFromTree(connection(), place, [&] {
+                m_data.db.run("DELETE" + LotData::fromTask(key));
+                left = read();
+            });
+        });
         const bool last = task.isOption() && !hasOptions(left, parent);
-        EXPECT_EQ(raisedNumber([&] { repairTreeAfterDelete(connection(), place); }),
-                  last && !left.contains(parent) ? numberOf(Failure::NoCurrentRecord) : 0);
+        EXPECT_EQ(raised, last && !left.contains(parent) ? numberOf(Failure::NoCurrentRecord) : 0);
         if (last)
             expected.unmarked.erase(parent);
         if (!expected.unmarked.contains(key))

@@ -1,5 +1,5 @@
 #!/bin/sh
-# postgres.sh start|stop FOLDER [PORT]: a PostgreSQL server for tests, on a socket in FOLDER. With a port it also listens
+# postgres.sh start|stop|restart FOLDER [PORT]: a PostgreSQL server for tests, on a socket in FOLDER. With a port it also listens
 # to TCP on this computer alone, where it wants passwords and offers no encryption. It keeps nothing: what it writes is
 # not forced to the disk, and the folder is removed at the stop. The server refuses to run as root, so for root it runs
 # as the package's own user. Nobody else may enter the folder: whoever reaches the socket is let in.
@@ -28,7 +28,7 @@ as_user() {
 
 # Runs a command silently; shows what it left in its log when it fails.
 logged() {
-    log=$1
+    log=$folder/$1
     shift
     as_user "$@" >>"$log" 2>&1 || {
         cat "$log" >&2
@@ -44,6 +44,10 @@ stop() {
     rm -rf "$folder"
 }
 
+if [ "$action" = restart ]; then # in the middle of whatever it does
+    logged restart.log "$programs/pg_ctl" -D "$folder/data" -w -m immediate -l "$folder/server.log" restart
+    exit 0
+fi
 stop
 [ "$action" = start ] || exit 0
 mkdir -m 700 "$folder" || fail "cannot make the folder $folder"

@@ -35,6 +35,8 @@ public:
     void workAll() {
         for (; m_left > 0; --m_left)
             try {
+                if (m_connection.State() == ObjectState::Closed)
+                    m_connection.Open();
                 workOnce();
             } catch (const RunTimeError& error) {
                 report({"refused", QString::number(error.number()), error.description()});
@@ -52,7 +54,7 @@ private:
                                          {&Workstation::editLot, 10},   {&Workstation::fillLot, 4},
                                          {&Workstation::applyGroup, 4}, {&Workstation::copyALot, 2},
                                          {&Workstation::deleteTask, 6}, {&Workstation::deleteLot, 2}};
-        int chosen = m_random.bounded(104);
+        int chosen = m_random.bounded(106);
         for (const auto& [action, weight] : kinds)
             if ((chosen -= weight) < 0)
                 return (this->*action)();
@@ -63,6 +65,7 @@ private:
         Recordset row;
         row.Open("SELECT * FROM JobLotTask WHERE JobLotTaskKey=" + task.toText(), m_connection);
         const QString note = newNote();
+        const QString price = newPrice();
         const PaymentSelection selection{.jobLotTaskKey = task,
                                          .codeKey = row["CodeKey"],
                                          .excludeDependency = row["ExcludeDependency"],
@@ -70,13 +73,14 @@ private:
                                          .jobLotKey = row["JobLotKey"],
                                          .excludeDependencyCheck = false,
                                          .employeeKey = anyEmployee(),
-                                         .priceText = newPrice(),
+                                         .priceText = price,
                                          .completed = DateTime{QDate(2026, 3, 6)},
                                          .note = note};
+        report({"tries", note, price});
         if (applyPayment(m_connection, selection,
                          {.ask = [](const MessageRequest&) { return Answer::Yes; }}) != PaymentResult::Paid)
             throw std::logic_error("an accepted payment was not paid");
-        report({"paid", note, selection.priceText});
+        report({"paid", note});
         expectInHistory(task, row["MasterPrice"], note);
     }
 
@@ -100,13 +104,15 @@ private:
         const QString first = firstNote(shown.note.toText());
         const QString note = first + '|' + newNote();
         const QString price = newPrice();
+        report({"tries", note, price});
         acceptCorrection(m_connection, payment, shown.row, {price, note, anyEmployee()});
-        report({"corrected", first, shown.note.toText(), note, price});
+        report({"corrected", first, shown.note.toText(), note});
     }
 
     void remove() {
         const qint64 payment = recentPayment();
         const QString first = firstNote(noteOf(payment));
+        report({"removes", first});
         if (removePayment(m_connection, payment, [](const MessageRequest&) { return Answer::Yes; }))
             report({"removed", first});
     }
@@ -172,8 +178,7 @@ private:
                   m_connection, CursorType::Keyset, LockType::Optimistic);
         const TreePlace place{task["ParentKey"].toLong(), task["Child"].toLong()};
         lookAtIt();
-        task.Delete();
-        repairTreeAfterDelete(m_connection, place);
+        deleteFromTree(m_connection, place, [&] { task.Delete(); });
     }
 
     void deleteLot() {
@@ -182,6 +187,11 @@ private:
                  CursorType::Keyset, LockType::Optimistic);
         lookAtIt();
         lot.Delete();
+    }
+
+    void startAgain() {
+        m_connection.Close();
+        m_connection.Open();
     }
 
     /// The first value of any of the statement's rows. Raises NoCurrentRecord when there is none.

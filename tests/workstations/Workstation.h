@@ -21,9 +21,11 @@ struct WorkOrder {
 /// payments, carries prices, fills, copies, edits and deletes lots and tasks. The exit code of its process.
 ///
 /// A line of the journal is written behind what it reports, its parts divided by tabs:
-///     paid       the note of a payment that was written, its price
-///     corrected  the payment's first note, the note that was shown, the one that was written, its price
-///     removed    the payment's first note
+///     tries      the note that a payment or a correction is about to write, its price
+///     paid       the note of a payment that was written
+///     corrected  the payment's first note, the note that was shown, the one that was written
+///     removes    the first note of a payment that is about to be removed
+///     removed    the same once it is
 ///     edited     the lot's key, the address that was shown, the one that was written
 ///     refused    the error's number, its text
 int work(const WorkOrder& order);

@@ -12,6 +12,8 @@
 #include <QCoreApplication>
 #include <QFile>
 #include <QProcess>
+#include <QRandomGenerator>
+#include <QThread>
 
 namespace tarnwell::test {
 
@@ -41,24 +43,30 @@ protected:
         data.addPlanTask("Hang", data.plan, data.hang, data.drywall, 20.0);
     }
 
-    /// All at the same time.
-    void workAll() {
-        const QString journal = data.db.folder() + "/journal-%1";
-        std::vector<std::unique_ptr<QProcess>> running;
-        for (int i = 0; i < workstations; ++i) {
+    [[nodiscard]] QString journal(int workstation) const {
+        return data.db.folder() + QString("/journal-%1").arg(workstation);
+    }
+    void start(int count) {
+        for (int i = 0; i < count; ++i) {
             const WorkOrder order{data.db.connectionString(), QString("w%1").arg(i),
-                                  static_cast<quint32>(4711 + i), actionsOfEach, journal.arg(i)};
+                                  static_cast<quint32>(4711 + i), actionsOfEach, journal(i)};
             running.push_back(std::make_unique<QProcess>());
             running.back()->setProcessChannelMode(QProcess::ForwardedErrorChannel);
             running.back()->start(QCoreApplication::applicationFilePath(),
                                   QStringList("--work") + order.arguments());
+            EXPECT_TRUE(running.back()->waitForStarted());
         }
+    }
+    void waitForAll() {
         for (const auto& process : running) {
             EXPECT_TRUE(process->waitForFinished(longestMinutes * 60'000)) << "a workstation hangs";
             EXPECT_EQ(process->exitCode(), 0);
         }
-        for (int i = 0; i < workstations; ++i)
-            readJournal(journal.arg(i));
+        readJournals();
+    }
+    void readJournals() {
+        for (std::size_t i = 0; i < running.size(); ++i)
+            readJournal(journal(static_cast<int>(i)));
     }
     void readJournal(const QString& path) {
         QFile file(path);
@@ -80,23 +88,27 @@ protected:
                                  << qPrintable(write[1]);
         }
     }
-    /// Every payment is stored once, as its last correction left it, but for those that were removed.
+    /// Every payment is stored once, as its last correction left it, but for those that were removed. What
+    /// was tried and never reported may have come to its end or not.
     void expectEveryCent() {
         std::map<QString, QString> priceOf; // by the note, which stands for one write
-        std::set<QString> expected;
-        for (const QStringList& payment : journals["paid"]) {
-            priceOf[payment[0]] = payment[1];
-            expected.insert(payment[0]);
+        std::set<QString> expected, possible;
+        for (const QStringList& attempt : journals["tries"]) {
+            priceOf[attempt[0]] = attempt[1];
+            possible.insert(attempt[0].section('|', 0, 0));
         }
-        for (const QStringList& correction : journals["corrected"])
-            priceOf[correction[2]] = correction[3];
-        for (const QStringList& removal : journals["removed"])
+        for (const QStringList& payment : journals["paid"])
+            expected.insert(payment[0]);
+        for (const QStringList& removal : journals["removes"])
             expected.erase(removal[0]);
+        for (const QStringList& removal : journals["removed"])
+            possible.erase(removal[0]);
         Recordset stored;
         stored.Open("SELECT Note, Price FROM JobTaskEmployee", data.db.connection());
         for (; !stored.atEnd(); stored.MoveNext()) {
             const QString note = stored.field(0).toText();
-            EXPECT_EQ(expected.erase(note.section('|', 0, 0)), 1U)
+            expected.erase(note.section('|', 0, 0));
+            EXPECT_EQ(possible.erase(note.section('|', 0, 0)), 1U)
                 << qPrintable(note) << " is there twice, or removed";
             EXPECT_EQ(QString::number(stored.field(1).toDouble(), 'f', 2), priceOf[note]) << qPrintable(note);
         }
@@ -128,20 +140,72 @@ protected:
         for (const QStringList& refusal : journals["refused"]) {
             ++counted[refusal.join(' ')];
             EXPECT_TRUE(conflicts.contains(refusal[0].toInt())) << qPrintable(refusal.join(' '));
+            EXPECT_FALSE(refusal[1].contains("deadlock")) << "not in the server's words";
         }
         for (const auto& [refusal, count] : counted)
             RecordProperty(refusal.toStdString(), count);
     }
 
     LotData data;
+    std::vector<std::unique_ptr<QProcess>> running;
     Journals journals;
 };
 
 TEST_F(Workstations, LoseNothingAndDoubleNothing) {
-    workAll();
+    start(workstations);
+    waitForAll();
     EXPECT_GT(journals["paid"].size(), 1000U);
     EXPECT_GT(journals["corrected"].size(), 500U);
     EXPECT_GT(journals["refused"].size(), 100U) << "they hardly met";
+    expectEveryCent();
+    expectNothingOverwritten("corrected");
+    expectNothingOverwritten("edited");
+    expectWholeCascades();
+    expectConflictsOnly();
+    expectSound();
+}
+
+/// With a server of its own, which is restarted.
+class WorkstationsOfAServer : public Workstations {
+protected:
+    static void SetUpTestSuite() { serverScript("start"); }
+    static void TearDownTestSuite() { serverScript("stop"); }
+    static void serverScript(const char* action) {
+        ASSERT_EQ(QProcess::execute(TARNWELL_SOURCE_DIR "/tests/support/postgres.sh", {action, testServer()}),
+                  0);
+    }
+    /// The server's side of one of the workstations' connections ends.
+    void cutOne() {
+        runOnServer("postgres",
+                    "SELECT pg_terminate_backend(pid) FROM (SELECT pid FROM pg_stat_activity WHERE "
+                    "datname NOT IN ('postgres', 'tarnwell_template') ORDER BY random() LIMIT 1) one");
+    }
+    /// Whatever they do then has not ended.
+    void killAll() {
+        for (const auto& process : running) {
+            EXPECT_EQ(process->state(), QProcess::Running) << "it ended by itself";
+            process->kill();
+            process->waitForFinished();
+        }
+        readJournals();
+    }
+};
+
+TEST_F(WorkstationsOfAServer, LoseNothingThatTheyWereToldIsDone) {
+    if (testServer().isEmpty())
+        GTEST_FAIL() << "TARNWELL_TEST_SERVER names no folder for the server";
+    constexpr int cuts = 200, cutsBetweenRestarts = 10;
+    QRandomGenerator random(4711);
+    start(3);
+    for (int i = 1; i <= cuts; ++i) {
+        QThread::msleep(random.bounded(100));
+        if (i % cutsBetweenRestarts == 0)
+            serverScript("restart");
+        else
+            cutOne();
+    }
+    killAll();
+    EXPECT_GT(journals["paid"].size(), 100U);
     expectEveryCent();
     expectNothingOverwritten("corrected");
     expectNothingOverwritten("edited");

@@ -2,11 +2,11 @@
 
 #include "data/engine/ConnectionString.h"
 #include "runtime/MsgBox.h"
+#include "runtime/ProgramFolders.h"
 #include "runtime/Version.h"
 #include "runtime/modGlobalVariables.h"
 #include "runtime/modRegistry.h"
 
-#include <QDir>
 #include <QSysInfo>
 
 #ifdef Q_OS_UNIX
@@ -25,26 +25,26 @@ constexpr auto computerNameKey = u"SYSTEM\\CurrentControlSet\\Control\\ComputerN
 constexpr auto developerMark = u"Development";
 constexpr auto installedFolder = u"C:\\Program Files\\Tarnwell";
 
-/// A setting and its value on a machine that has none. A path is written with "/" and starts in `gAppPath`.
+/// A setting and its value on a machine that has none: a place of the program's, or else a text.
 struct DefaultSetting {
     const char16_t* name;
-    const char16_t* value;
-    bool isPath;
+    QString ProgramFolders::*place;
+    const char16_t* text = u"";
 };
 
 /// The value whose absence marks a first start.
 const QString firstStartMark = QStringLiteral("Provider");
 
 constexpr std::array<DefaultSetting, 9> defaultSettings{{
-    {u"DataSource", u"/data/Tarnwell.mdb", true},
-    {u"DataServer", u"", false},
-    {u"ConnectionMisc", u";Persist Security Info=False", false},
-    {u"ImportPath", u"/import/", true},
-    {u"LogPath", u"/logs/", true},
-    {u"LayoutPath", u"/layouts/", true},
-    {u"DataPath", u"/data/", true},
-    {u"ReportDataPath", u"/Data/Report.mdb", true},
-    {u"Provider", fileProvider.utf16(), false},
+    {u"DataSource", &ProgramFolders::database},
+    {u"DataServer", nullptr},
+    {u"ConnectionMisc", nullptr, u";Persist Security Info=False"},
+    {u"ImportPath", &ProgramFolders::imports},
+    {u"LogPath", &ProgramFolders::logs},
+    {u"LayoutPath", &ProgramFolders::layouts},
+    {u"DataPath", &ProgramFolders::data},
+    {u"ReportDataPath", &ProgramFolders::reportFile},
+    {u"Provider", nullptr, fileProvider.utf16()},
 }};
 
 /// Another database than the one that the user thinks of may be open from here on.
@@ -62,9 +62,8 @@ void writeDefaults() {
     const QString damaged = CreateRegistryKey(gRegistryKey, RegistryRoot::LocalMachine);
     std::vector<RegistryValue> values;
     for (const DefaultSetting& setting : defaultSettings) {
-        QString value = QString::fromUtf16(setting.value);
-        if (setting.isPath)
-            value = gAppPath + value.replace(u'/', QDir::separator());
+        const QString value =
+            setting.place != nullptr ? programFolders().*setting.place : QString::fromUtf16(setting.text);
         values.push_back({.name = QString::fromUtf16(setting.name), .data = value});
     }
     writeRegistryValues(RegistryRoot::LocalMachine, gRegistryKey, values, firstStartMark);
@@ -102,6 +101,7 @@ void ReadSettings(const QString& programFolder) {
     gAppPath = programFolder.contains(QStringView(developerMark), Qt::CaseInsensitive)
                    ? QString::fromUtf16(installedFolder)
                    : programFolder;
+    setProgramFolders(foldersOf(programFolder, gAppPath));
     RegistryKey settings(RegistryRoot::LocalMachine, gRegistryKey);
     if (settings.value(firstStartMark).isEmpty()) {
         writeDefaults();

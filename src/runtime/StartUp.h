@@ -8,8 +8,8 @@ namespace tarnwell {
 inline constexpr auto registryKey = u"Software\\Brenmoor\\Tarnwell";
 
 /// Fills the globals from the machine and the settings; writes the defaults on a first start (no "Provider"
-/// value). `programFolder` is the running program's folder. Raises FileAccess or DiskFull when a first start
-/// can't write.
+/// value). `programFolder` is the running program's folder; from it `programFolders` are found. Raises
+/// FileAccess or DiskFull when a first start can't write.
 void ReadSettings(const QString& programFolder);
 
 /// The connection string for a provider: the catalog and server for any but the Jet one, else the file.

@@ -3,6 +3,7 @@
 #include "data/DiskPath.h"
 #include "runtime/DiskFile.h"
 #include "runtime/MsgBox.h"
+#include "runtime/ProgramFolders.h"
 #include "runtime/RunTime.h"
 #include "runtime/modGlobalVariables.h"
 
@@ -25,7 +26,8 @@ void record(const RunTimeError& error, const QString& routine, const QString& me
 } // namespace
 
 QString errorLogFile() {
-    return gProgramFolder + QStringLiteral("ErrorLog.txt");
+    const QString& place = programFolders().errorLog;
+    return place.isEmpty() ? gProgramFolder + QStringLiteral("ErrorLog.txt") : place;
 }
 
 void ErrorHandler(const RunTimeError& error, const QString& routine) {

@@ -12,7 +12,8 @@ namespace tarnwell {
 void ErrorHandler(const RunTimeError& error, const QString& routine);
 
 /// The program folder's text followed by "ErrorLog.txt", with no separator between them: the file lies beside
-/// the folder, not inside it, and is not the one that the menu shows.
+/// the folder, not inside it, and is not the one that the menu shows. The log of `programFolders`, which the
+/// menu shows too, where the program may not write there.
 [[nodiscard]] QString errorLogFile();
 
 /// Appends the three lines of one error to `errorLogFile()`; in batch mode also a record to the process log.

@@ -4,6 +4,7 @@
 #include "runtime/StartUp.h"
 #include "runtime/modGlobalVariables.h"
 #include "runtime/modRegistry.h"
+#include "support/Limits.h"
 #include "support/MessageScript.h"
 #include "support/RaisedNumber.h"
 
@@ -11,9 +12,7 @@
 #include <QFile>
 #include <QTemporaryDir>
 
-#include <csignal>
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <thread>
 #include <unistd.h>
@@ -49,26 +48,6 @@ protected:
 
 private:
     QTemporaryDir m_folder;
-};
-
-/// A file that grows beyond so many bytes fails, as on a full disk.
-class FilesUpTo {
-public:
-    explicit FilesUpTo(qsizetype bytes) : m_signal(std::signal(SIGXFSZ, SIG_IGN)) {
-        ::getrlimit(RLIMIT_FSIZE, &m_before);
-        const rlimit limited{static_cast<rlim_t>(bytes), m_before.rlim_max};
-        ::setrlimit(RLIMIT_FSIZE, &limited);
-    }
-    ~FilesUpTo() {
-        ::setrlimit(RLIMIT_FSIZE, &m_before);
-        std::signal(SIGXFSZ, m_signal);
-    }
-    FilesUpTo(const FilesUpTo&) = delete;
-    FilesUpTo& operator=(const FilesUpTo&) = delete;
-
-private:
-    rlimit m_before{};
-    void (*m_signal)(int);
 };
 
 TEST_F(SettingsFile, KeepsTextAndNumbersApart) {
@@ -160,7 +139,7 @@ TEST_F(SettingsFile, AFullDiskLeavesTheOldValuesInForce) {
     saveDatabaseSettings({.engine = DatabaseEngine::SqlServer, .server = "office", .catalog = "Trades"});
     const QByteArray before = contentOf(path());
     {
-        const FilesUpTo full(before.size());
+        const test::FilesUpTo full(before.size());
         saveDatabaseSettings({.file = QString(before.size(), u'x')});
     }
     EXPECT_EQ(contentOf(path()), before);

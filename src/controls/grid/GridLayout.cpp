@@ -2,7 +2,9 @@
 
 #include "data/DiskPath.h"
 #include "runtime/DiskFile.h"
+#include "runtime/ProgramFolders.h"
 
+#include <QFileInfo>
 #include <QRegularExpression>
 
 #include <algorithm>
@@ -27,6 +29,15 @@ std::optional<LayoutColumn> parseLine(const QString& line) {
     return LayoutColumn{match.captured(1), width};
 }
 
+/// The program's own layout where the settings name a folder that no longer exists, as they do when the
+/// program's folder was moved or an older copy was removed.
+QString layoutFile(const QString& path) {
+    QString stored = pathOnDisk(path);
+    const QFileInfo file(stored);
+    const QString& own = programFolders().layouts;
+    return own.isEmpty() || QFileInfo(file.path()).isDir() ? stored : own + file.fileName();
+}
+
 } // namespace
 
 std::vector<LayoutColumn> parseLayout(const QByteArray& text) {
@@ -45,7 +56,7 @@ std::vector<LayoutColumn> parseLayout(const QByteArray& text) {
 }
 
 std::optional<std::vector<LayoutColumn>> readLayout(const QString& path) {
-    const std::optional<QByteArray> text = readPlainFile(pathOnDisk(path), longestFile);
+    const std::optional<QByteArray> text = readPlainFile(layoutFile(path), longestFile);
     return text ? std::optional(parseLayout(*text)) : std::nullopt;
 }
 

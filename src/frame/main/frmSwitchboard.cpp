@@ -8,10 +8,10 @@
 #include "runtime/DataEnvironment.h"
 #include "runtime/DatabaseSettings.h"
 #include "runtime/EventGuard.h"
+#include "runtime/ProgramFolders.h"
 #include "runtime/RunTime.h"
 #include "runtime/StartUp.h"
 #include "runtime/modErrorRoutines.h"
-#include "runtime/modGlobalVariables.h"
 
 #include <QBoxLayout>
 #include <QCoreApplication>
@@ -126,7 +126,7 @@ void frmSwitchboard::registerScreen(ScreenEntry entry) {
 void frmSwitchboard::Form_Load() {
     setWindowTitle(mainWindowCaption());
     ReadSettings(QDir::toNativeSeparators(QCoreApplication::applicationDirPath()));
-    HelpWindow::setFolder(gAppPath + QStringLiteral("/help"));
+    HelpWindow::setFolder(programFolders().help);
     buildMenus();
     buildIconBar();
     layOut();

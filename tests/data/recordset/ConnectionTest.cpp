@@ -2,6 +2,7 @@
 #include "data/file/DatabaseFile.h"
 #include "data/sqlite/SqliteDatabase.h"
 #include "support/DeathFolder.h"
+#include "support/Limits.h"
 #include "support/RaisedNumber.h"
 #include "support/TemporaryDatabase.h"
 
@@ -88,23 +89,6 @@ TEST(Opening, SaysThatSomebodyHoldsTheFileForItself) {
     // Several failures share the provider's one number.
     EXPECT_EQ(raisedFailure([&] { database.connection().Open(); }), Failure::DatabaseLocked);
 }
-
-/// The tests may run as root, whom no permission stops.
-class WithoutPrivileges {
-public:
-    WithoutPrivileges() : m_user(::geteuid()) {
-        if (m_user == 0) {
-            EXPECT_EQ(::setresuid(nobody, nobody, 0), 0);
-        }
-    }
-    ~WithoutPrivileges() { EXPECT_EQ(::setresuid(m_user, m_user, m_user), 0); }
-    WithoutPrivileges(const WithoutPrivileges&) = delete;
-    WithoutPrivileges& operator=(const WithoutPrivileges&) = delete;
-
-private:
-    static constexpr uid_t nobody = 65534;
-    uid_t m_user;
-};
 
 TEST(Opening, ReadsAFileThatItCannotWriteOnlyWhereItSeesWhatOthersWrite) {
     for (const ::mode_t folderMode : {0755, 0777, 0555}) {

@@ -1,6 +1,6 @@
 #include "CommandLine.h"
 
-#include "SampleScale.h"
+#include "sample/SampleScale.h"
 
 #include <QCommandLineParser>
 

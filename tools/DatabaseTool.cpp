@@ -3,13 +3,13 @@
 #include "CommandLine.h"
 #include "CopyCommands.h"
 #include "DatabaseTarget.h"
-#include "SampleDatabase.h"
 #include "data/RunTimeError.h"
 #include "data/check/CatalogCheck.h"
 #include "data/file/DatabaseCheck.h"
 #include "data/recordset/Connection.h"
 #include "data/recordset/EngineFactory.h"
 #include "data/transfer/NewRows.h"
+#include "sample/SampleDatabase.h"
 
 #include <QFileInfo>
 

@@ -1,7 +1,7 @@
-#include "SampleDatabase.h"
-#include "SampleRandom.h"
 #include "ToolRun.h"
 #include "data/sqlite/SqliteDatabase.h"
+#include "sample/SampleDatabase.h"
+#include "sample/SampleRandom.h"
 #include "support/TemporaryDatabase.h"
 
 #include <gtest/gtest.h>

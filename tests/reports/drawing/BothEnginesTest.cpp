@@ -1,8 +1,8 @@
-#include "SampleDatabase.h"
 #include "data/engine/ConnectionString.h"
 #include "data/file/DatabaseFile.h"
 #include "reports/drawing/ReportList.h"
 #include "reports/drawing/ReportTest.h"
+#include "sample/SampleDatabase.h"
 
 #include <QTemporaryDir>
 

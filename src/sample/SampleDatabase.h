@@ -1,7 +1,7 @@
 #pragma once
 
-#include "SampleScale.h"
 #include "data/recordset/Connection.h"
+#include "sample/SampleScale.h"
 
 #include <functional>
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "SampleBuilders.h"
-#include "SamplePayments.h"
-#include "SampleStaff.h"
+#include "sample/SampleBuilders.h"
+#include "sample/SamplePayments.h"
+#include "sample/SampleStaff.h"
 
 #include <functional>
 #include <map>

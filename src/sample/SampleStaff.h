@@ -1,8 +1,8 @@
 #pragma once
 
-#include "SampleRandom.h"
-#include "SampleScale.h"
-#include "SampleTables.h"
+#include "sample/SampleRandom.h"
+#include "sample/SampleScale.h"
+#include "sample/SampleTables.h"
 
 #include <vector>
 

@@ -1,6 +1,6 @@
-#include "SampleBuilders.h"
+#include "sample/SampleBuilders.h"
 
-#include "SampleWords.h"
+#include "sample/SampleWords.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
-#include "SampleStaff.h"
+#include "sample/SampleStaff.h"
 
-#include "SampleWords.h"
+#include "sample/SampleWords.h"
 
 namespace tarnwell::sample {
 

@@ -1,4 +1,4 @@
-#include "SampleLotTasks.h"
+#include "sample/SampleLotTasks.h"
 
 #include <algorithm>
 

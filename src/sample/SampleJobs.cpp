@@ -1,6 +1,6 @@
-#include "SampleJobs.h"
+#include "sample/SampleJobs.h"
 
-#include "SampleWords.h"
+#include "sample/SampleWords.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "SampleBuilders.h"
-#include "SampleStaff.h"
+#include "sample/SampleBuilders.h"
+#include "sample/SampleStaff.h"
 
 namespace tarnwell::sample {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "SampleLotTasks.h"
+#include "sample/SampleLotTasks.h"
 
 namespace tarnwell::sample {
 

@@ -1,6 +1,6 @@
-#include "SampleDatabase.h"
+#include "sample/SampleDatabase.h"
 
-#include "SampleJobs.h"
+#include "sample/SampleJobs.h"
 
 namespace tarnwell::sample {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "SampleCatalogue.h"
+#include "sample/SampleCatalogue.h"
 
 namespace tarnwell::sample {
 

@@ -1,4 +1,4 @@
-#include "SampleScale.h"
+#include "sample/SampleScale.h"
 
 #include <algorithm>
 #include <array>

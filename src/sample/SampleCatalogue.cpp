@@ -1,6 +1,6 @@
-#include "SampleCatalogue.h"
+#include "sample/SampleCatalogue.h"
 
-#include "SampleWords.h"
+#include "sample/SampleWords.h"
 
 namespace tarnwell::sample {
 

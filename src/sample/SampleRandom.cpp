@@ -1,4 +1,4 @@
-#include "SampleRandom.h"
+#include "sample/SampleRandom.h"
 
 namespace tarnwell::sample {
 

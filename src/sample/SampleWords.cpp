@@ -1,4 +1,4 @@
-#include "SampleWords.h"
+#include "sample/SampleWords.h"
 
 #include <array>
 

@@ -1,4 +1,4 @@
-#include "SampleTables.h"
+#include "sample/SampleTables.h"
 
 #include "data/schema/Schema.h"
 

@@ -1,6 +1,6 @@
-#include "SamplePayments.h"
+#include "sample/SamplePayments.h"
 
-#include "SampleWords.h"
+#include "sample/SampleWords.h"
 
 #include <algorithm>
 #include <array>

@@ -1,5 +1,5 @@
-#include "SampleJobs.h"
-#include "SampleWords.h"
+#include "sample/SampleJobs.h"
+#include "sample/SampleWords.h"
 
 namespace tarnwell::sample {
 

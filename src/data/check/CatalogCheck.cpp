@@ -46,6 +46,7 @@ CheckResult checkCatalog(const QString& connectionString, int shownPerRule) {
     if (!result.isClean())
         return result;
     const auto engine = data::openEngine(connectionString, busyTimeout);
+    result.schemaVersion = engine->schemaVersion();
     engine->beginReading();
     for (const auto& rules : {data::rangeRules(), data::rowRules()})
         for (const data::CheckRule& rule : rules)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "data/schema/SchemaVersion.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -31,6 +33,7 @@ struct CheckResult {
     /// rows were not looked at. Also values that a column refuses and no group explains.
     QStringList engineProblems;
     std::vector<FindingGroup> groups;
+    int schemaVersion = schema::currentVersion; ///< That the database says of its tables.
 
     [[nodiscard]] bool isClean() const { return engineProblems.isEmpty() && groups.empty(); }
     /// All that was found: the engine's problems, and every finding, listed or not.

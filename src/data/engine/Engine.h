@@ -26,6 +26,8 @@ public:
 
     /// False after `close`, also before a statement at work has returned.
     [[nodiscard]] virtual bool isOpen() const = 0;
+    /// The version of the tables when it was opened: this program's or an earlier one.
+    [[nodiscard]] virtual int schemaVersion() const = 0;
     /// Readers lose their rows; an open transaction is rolled back. A second close does nothing. From within
     /// a watch's question it ends the statement at work, and the database is let go of once that statement
     /// has returned.

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "data/schema/SchemaVersion.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -13,7 +15,7 @@ public:
     enum class State {
         Missing,
         Empty,  ///< It is there and has no table.
-        Ours,   ///< It has all our tables and columns, and perhaps others.
+        Ours,   ///< It has all our tables and columns, of this or an earlier version, and perhaps others.
         Foreign ///< It has tables, but not all of ours.
     };
 
@@ -22,12 +24,18 @@ public:
     ServerCatalog(const ServerCatalog&) = delete;
     ServerCatalog& operator=(const ServerCatalog&) = delete;
 
+    /// Raises DatabaseForeign for one that a later version made.
     [[nodiscard]] virtual State state() = 0;
     /// Makes the groups of an owner, who may change tables, and of users, who may only read and write rows;
     /// then the catalog where it is missing; then, all or nothing, tables, indexes, relations and initial
     /// rows, owned by the owner. Requires that it is missing or empty.
     /// Raises DataOverflow for a name that is too long.
     virtual void create() = 0;
+    /// Brings a catalog of an earlier version to the current one, all or nothing, while others work with it;
+    /// the version that it had. One that is current already stays as it is. Of several who do this at once
+    /// the others wait for the first one. Raises PermissionDenied, before anything else, for one who may not
+    /// change the tables, and what the calls raise.
+    [[nodiscard]] virtual int upgrade(const schema::UpgradeCalls& calls) = 0;
     /// Removes the catalog and all that is in it; its groups stay. For one that was made in vain: nobody else
     /// may be using it.
     virtual void drop() = 0;

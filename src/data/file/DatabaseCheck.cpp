@@ -69,13 +69,17 @@ std::vector<FindingGroup> examineRows(const SqliteDatabase& handle, int shown) {
     return groups;
 }
 
-CheckResult checkRows(const SqliteDatabase& handle, int shownPerRule) {
+CheckResult checkRows(const SqliteDatabase& handle, const QString& path, int shownPerRule) {
     handle.run("PRAGMA query_only=1");
     handle.run("BEGIN");
     const data::EngineReport report = data::askEngine(handle, shownPerRule);
     CheckResult result{.engineProblems = report.damage, .groups = {}};
-    if (result.isClean())
-        result.engineProblems = missingParts(handle);
+    if (!result.isClean())
+        return result;
+    const schema::Stamp stamp = data::stampOf(handle, path);
+    schema::requireKnown(stamp, QStringLiteral("SQLite"), path);
+    result.schemaVersion = stamp.version;
+    result.engineProblems = missingParts(handle);
     if (!result.isClean())
         return result;
     result.groups = examineRows(handle, shownPerRule);
@@ -88,7 +92,7 @@ CheckResult checkRows(const SqliteDatabase& handle, int shownPerRule) {
 CheckResult checkDatabase(const QString& path, int shownPerRule) {
     const SqliteDatabase handle = data::openDatabaseFile(path, usualBusyTimeout);
     try {
-        return checkRows(handle, shownPerRule);
+        return checkRows(handle, path, shownPerRule);
     } catch (const RunTimeError&) {
         if (!handle.foundDamage())
             throw;

@@ -9,7 +9,8 @@ namespace tarnwell {
 /// Examines a database in one state, also while others write, and changes nothing: the file's soundness, the
 /// types and ranges of what is stored, relations and links, the rules of payments, and the task tree.
 /// At most `shownPerRule` findings a rule are listed; all are counted. Raises DatabaseNotFound, and
-/// DatabaseForeign when the file is not a database or its list of tables can't be read.
+/// DatabaseForeign when the file is not a database, its list of tables can't be read, or a later version made
+/// it.
 [[nodiscard]] CheckResult checkDatabase(const QString& path, int shownPerRule = 50);
 
 } // namespace tarnwell

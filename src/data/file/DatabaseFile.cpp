@@ -43,6 +43,7 @@ void fillNewDatabase(const QString& path) {
         handle.run(sql.toUtf8());
     for (const schema::InitialRow& row : schema::initialRows())
         insertInitialRow(handle, row);
+    data::writeStamp(handle);
     handle.run("COMMIT");
     // The file keeps this setting; inside the transaction it could not be made.
     if (data::journalFor(path) == data::Journal::WriteAhead)

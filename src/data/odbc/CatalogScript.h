@@ -5,6 +5,7 @@
 #include <QByteArray>
 #include <QString>
 
+#include <chrono>
 #include <vector>
 
 namespace tarnwell::data {
@@ -33,6 +34,17 @@ public:
     [[nodiscard]] virtual std::vector<QByteArray> beforeTables(const QString& catalog) const = 0;
     /// Runs behind them: what users may do.
     [[nodiscard]] virtual std::vector<QByteArray> afterTables(const QString& catalog) const = 0;
+
+    // What changes the tables of an earlier version does first, in its transaction.
+
+    /// Waits for another one who does the same, then keeps others from it until the transaction or its
+    /// connection ends.
+    [[nodiscard]] virtual std::vector<QByteArray> lockSchema(std::chrono::milliseconds longestWait) const = 0;
+    /// A select that has a row where who is signed in may change the tables.
+    [[nodiscard]] virtual QByteArray findSchemaRights() const = 0;
+    /// What is made from here on belongs to the tables' owner, until the transaction ends.
+    [[nodiscard]] virtual std::vector<QByteArray> becomeOwner() const = 0;
+
     /// Makes somebody who can sign in one of the catalog's users.
     [[nodiscard]] virtual std::vector<QByteArray> admit(const QString& catalog,
                                                         const QString& user) const = 0;

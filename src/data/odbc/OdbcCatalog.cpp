@@ -2,9 +2,8 @@
 
 #include "data/RunTimeError.h"
 #include "data/engine/ConnectionString.h"
+#include "data/odbc/CatalogRows.h"
 #include "data/odbc/OdbcError.h"
-#include "data/odbc/OdbcStatement.h"
-#include "data/odbc/RowBlock.h"
 #include "data/odbc/ServerDatabase.h"
 #include "data/schema/MissingColumns.h"
 
@@ -16,27 +15,9 @@ namespace {
 
 using ConnectionPointer = std::shared_ptr<OdbcConnection>;
 
-/// The rows of a select, each value as text.
-std::vector<QStringList> rowsOf(const ConnectionPointer& connection, const QByteArray& sql) {
-    OdbcStatement statement(connection, sql);
-    statement.run([](const auto& call, const auto&) { return call(); });
-    std::vector<QStringList> rows;
-    TextArena texts;
-    while (statement.rows().next()) {
-        QStringList& row = rows.emplace_back();
-        for (int i = 0; i < statement.rows().columnCount(); ++i)
-            row << valueOf(statement.rows().cell(i, {}, texts)).toText();
-    }
-    return rows;
-}
-
 void runAll(const ConnectionPointer& connection, const std::vector<QByteArray>& statements) {
     for (const QByteArray& sql : statements)
-        OdbcStatement(connection, sql).run([](const auto& call, const auto&) { return call(); });
-}
-
-bool hasRow(const std::vector<QStringList>& rows, const QStringList& row) {
-    return std::ranges::find(rows, row) != rows.end();
+        runOne(connection, sql);
 }
 
 QStringList lackingColumns(const std::vector<QStringList>& present) {
@@ -79,6 +60,7 @@ public:
 
     [[nodiscard]] State state() override;
     void create() override;
+    [[nodiscard]] int upgrade(const schema::UpgradeCalls& calls) override;
     void drop() override { runAll(firstConnection(), {m_script.dropCatalog(m_name)}); }
     void admit(const QString& user) override { runAll(ownConnection(), m_script.admit(m_name, user)); }
     [[nodiscard]] QStringList problems() override;
@@ -117,6 +99,7 @@ ServerCatalog::State OdbcCatalog::state() {
     const auto present = rowsOf(ownConnection(), m_dialect.columns());
     if (present.empty())
         return State::Empty;
+    (void)knownStampOf(ownConnection(), present, m_name);
     return lackingColumns(present).isEmpty() ? State::Ours : State::Foreign;
 }
 
@@ -141,9 +124,38 @@ void OdbcCatalog::create() {
     connection->commit();
 }
 
+/// The version is read again behind the lock: somebody else may have been quicker.
+int OdbcCatalog::upgrade(const schema::UpgradeCalls& calls) {
+    const ConnectionPointer connection = ownConnection();
+    for (const QByteArray& setting : m_dialect.settings(schema::longestUpgradeWait))
+        connection->runDirectly(setting);
+    connection->begin();
+    runAll(connection, m_script.lockSchema(schema::longestUpgradeWait));
+    const int from = knownStampOf(connection, rowsOf(connection, m_dialect.columns()), m_name).version;
+    if (from == schema::currentVersion)
+        return from;
+    if (rowsOf(connection, m_script.findSchemaRights()).empty())
+        schema::refuseUpgrade(m_dialect.name(), m_name);
+    calls.save();
+    runAll(connection, m_script.becomeOwner());
+    const std::vector<QByteArray> statements = m_dialect.upgradeStatements(from);
+    const int all = static_cast<int>(statements.size()) + 1;
+    for (int done = 0; done < all; ++done) {
+        if (done + 1 < all)
+            runOne(connection, statements[static_cast<std::size_t>(done)]);
+        else
+            stampCatalog(connection);
+        calls.afterChange(done + 1, all);
+    }
+    connection->commit();
+    return from;
+}
+
 QStringList OdbcCatalog::problems() {
     const ConnectionPointer connection = ownConnection();
-    QStringList problems = lackingColumns(rowsOf(connection, m_dialect.columns()));
+    const auto present = rowsOf(connection, m_dialect.columns());
+    (void)knownStampOf(connection, present, m_name);
+    QStringList problems = lackingColumns(present);
     if (!problems.isEmpty())
         return problems;
     problems << lackingRelations(rowsOf(connection, m_script.relations()))

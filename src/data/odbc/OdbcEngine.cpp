@@ -1,6 +1,8 @@
 #include "data/odbc/OdbcEngine.h"
 
 #include "data/RunTimeError.h"
+#include "data/engine/ConnectionString.h"
+#include "data/odbc/CatalogRows.h"
 #include "data/odbc/OdbcError.h"
 #include "data/odbc/OdbcSession.h"
 #include "data/odbc/RowBlock.h"
@@ -40,13 +42,14 @@ public:
     OdbcEngine(const ServerDialect& dialect, const QString& connectionString,
                std::chrono::milliseconds busyTimeout)
         : m_server(dialect), m_session(dialect, connectionString, busyTimeout), m_dialect(&dialect) {
-        requireOurs();
+        requireOurs(connectionValue(connectionString, QLatin1String("Initial Catalog")));
     }
     ~OdbcEngine() override { shutDown(); }
     OdbcEngine(const OdbcEngine&) = delete;
     OdbcEngine& operator=(const OdbcEngine&) = delete;
 
     [[nodiscard]] bool isOpen() const override { return m_open; }
+    [[nodiscard]] int schemaVersion() const override { return m_schemaVersion; }
     void close() override;
 
     [[nodiscard]] Translation translate(QStringView sql) override { return m_dialect.translate(sql); }
@@ -94,7 +97,7 @@ protected:
     void requireOutsideWatch() const override;
 
 private:
-    void requireOurs();
+    void requireOurs(const QString& catalog);
     void beginSeeing(OdbcConnection::Sees sees);
     [[nodiscard]] OdbcLease lease(const QByteArray& sql);
     [[nodiscard]] bool letsGoOn(const std::function<bool()>& question);
@@ -106,6 +109,7 @@ private:
     OdbcSession m_session;
     Dialect m_dialect;
     std::function<bool()> m_watch;
+    int m_schemaVersion = schema::firstVersion;
     bool m_open = true;
     bool m_askingWatch = false; ///< A statement is at work below, so nothing may be done with the connection.
 };
@@ -120,18 +124,12 @@ bool OdbcCursor::next() {
     return m_engine.fetch(*m_statement);
 }
 
-void OdbcEngine::requireOurs() {
-    std::vector<std::pair<QString, QString>> present;
-    OdbcLease statement = lease(m_server.columns());
-    run(statement);
-    RowBlock& rows = statement->rows();
-    TextArena texts;
-    while (rows.next())
-        present.emplace_back(valueOf(rows.cell(0, {}, texts)).toText(),
-                             valueOf(rows.cell(1, {}, texts)).toText());
+void OdbcEngine::requireOurs(const QString& catalog) {
+    const auto present = rowsOf(m_session.connection(), m_server.columns());
+    m_schemaVersion = knownStampOf(m_session.connection(), present, catalog).version;
     for (const schema::Table& table : schema::tables())
         for (const schema::Column& column : table.columns)
-            if (std::ranges::find(present, std::pair(table.name, column.name)) == present.end())
+            if (!hasRow(present, {table.name, column.name}))
                 raiseServerFailure(Failure::DatabaseForeign, m_server.name(),
                                    QStringLiteral("The catalog is not a Tarnwell database."),
                                    QStringLiteral("%1.%2 is missing").arg(table.name, column.name));

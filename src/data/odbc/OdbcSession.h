@@ -21,6 +21,8 @@ public:
     OdbcSession(const ServerDialect& dialect, QString connectionString,
                 std::chrono::milliseconds busyTimeout);
 
+    /// For statements beside those of the engine, between these. Null once it is lost.
+    [[nodiscard]] const std::shared_ptr<OdbcConnection>& connection() const { return m_connection; }
     /// Whether selects leased from here on are fetched in portions, and end with their use.
     void setPortions(bool on) { m_inPortions = on; }
     /// A statement of that text, for the caller alone. Raises what the server says about it.

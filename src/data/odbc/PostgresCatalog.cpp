@@ -27,6 +27,11 @@ QByteArray whenever(const QByteArray& condition, const QByteArray& statement) {
     return "DO $tarnwell$ BEGIN IF " + condition + " THEN " + statement + "; END IF; END $tarnwell$";
 }
 
+/// One stands for all: they were made together.
+QByteArray anyTable() {
+    return "oid = to_regclass(" + literal(QString::fromUtf8(quoted(schema::tables().front().name))) + ')';
+}
+
 QByteArray createRole(const QString& role) {
     return whenever("NOT EXISTS (SELECT FROM pg_roles WHERE rolname = " + literal(role) + ")",
                     "CREATE ROLE " + nameOf(role) + " NOLOGIN");
@@ -80,6 +85,22 @@ std::vector<QByteArray> PostgresCatalog::beforeTables(const QString& catalog) co
 /// What was made behind the default privileges has them.
 std::vector<QByteArray> PostgresCatalog::afterTables(const QString& /*catalog*/) const {
     return {"RESET ROLE"};
+}
+
+/// A lock that is only a number, so that nobody's work with the rows waits for it. The wait is the
+/// connection's own.
+std::vector<QByteArray> PostgresCatalog::lockSchema(std::chrono::milliseconds /*longestWait*/) const {
+    return {"SELECT pg_advisory_xact_lock(1413698642)"}; // "TARN"
+}
+
+QByteArray PostgresCatalog::findSchemaRights() const {
+    return "SELECT 1 FROM pg_class WHERE " + anyTable() + " AND pg_has_role(relowner, 'MEMBER')";
+}
+
+std::vector<QByteArray> PostgresCatalog::becomeOwner() const {
+    return {"DO $tarnwell$ BEGIN EXECUTE format('SET LOCAL ROLE %I', (SELECT pg_get_userbyid(relowner) FROM "
+            "pg_class WHERE " +
+            anyTable() + ")); END $tarnwell$"};
 }
 
 std::vector<QByteArray> PostgresCatalog::admit(const QString& catalog, const QString& user) const {

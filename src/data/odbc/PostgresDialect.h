@@ -29,6 +29,7 @@ public:
     [[nodiscard]] QByteArray dataVersion() const override;
     [[nodiscard]] QByteArray columns() const override;
     [[nodiscard]] std::vector<QByteArray> createStatements() const override;
+    [[nodiscard]] std::vector<QByteArray> upgradeStatements(int from) const override;
     [[nodiscard]] QByteArray passKeys(const schema::Table& table) const override;
     [[nodiscard]] QByteArray greatestKey(const schema::Table& table) const override;
     [[nodiscard]] QByteArray keysBehind(const schema::Table& table, qint64 key) const override;

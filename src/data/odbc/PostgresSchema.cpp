@@ -1,6 +1,7 @@
 #include "data/odbc/PostgresDialect.h"
 #include "data/odbc/PostgresTexts.h"
 #include "data/schema/Quoted.h"
+#include "data/schema/SchemaVersion.h"
 
 #include <QByteArrayList>
 
@@ -112,14 +113,21 @@ void append(std::vector<QByteArray>& all, const std::vector<QByteArray>& more) {
 
 std::vector<QByteArray> PostgresDialect::createStatements() const {
     std::vector<QByteArray> statements{"CREATE EXTENSION IF NOT EXISTS citext"};
-    for (const Table& table : schema::tables())
-        statements.push_back(createTable(table));
-    for (const Table& table : schema::tables()) {
-        for (const schema::Index& index : table.indexes)
-            statements.push_back(createIndex(table, index));
-        append(statements, createYesNoTrigger(table));
-    }
+    append(statements, upgradeStatements(0));
     append(statements, createGroupTrigger());
+    return statements;
+}
+
+std::vector<QByteArray> PostgresDialect::upgradeStatements(int from) const {
+    std::vector<QByteArray> statements;
+    const std::vector<const Table*> added = schema::tablesSince(from);
+    for (const Table* table : added)
+        statements.push_back(createTable(*table));
+    for (const Table* table : added) {
+        for (const schema::Index& index : table->indexes)
+            statements.push_back(createIndex(*table, index));
+        append(statements, createYesNoTrigger(*table));
+    }
     return statements;
 }
 

@@ -1,24 +1,14 @@
 #include "data/odbc/ServerDatabase.h"
 
-#include "data/odbc/OdbcStatement.h"
+#include "data/odbc/CatalogRows.h"
 #include "data/sql/RowStatements.h"
 
 #include <algorithm>
+#include <array>
 
 namespace tarnwell::data {
 
 namespace {
-
-int runAlone(const std::function<int()>& call, const std::function<void()>& /*cancel*/) {
-    return call();
-}
-
-void run(const std::shared_ptr<OdbcConnection>& connection, const QByteArray& sql,
-         std::span<const Value> values = {}) {
-    OdbcStatement statement(connection, sql);
-    statement.bind(values);
-    statement.run(runAlone);
-}
 
 void insertInitialRow(const ServerDialect& dialect, const std::shared_ptr<OdbcConnection>& connection,
                       const schema::InitialRow& row) {
@@ -31,18 +21,24 @@ void insertInitialRow(const ServerDialect& dialect, const std::shared_ptr<OdbcCo
     }
     const QByteArray insert = insertStatement(table, columns);
     const bool hasKey = std::ranges::find(columns, 0) != columns.end();
-    run(connection, hasKey ? dialect.withKeys(insert, table) : insert, values);
+    runOne(connection, hasKey ? dialect.withKeys(insert, table) : insert, values);
 }
 
 } // namespace
 
 void createTables(const ServerDialect& dialect, const std::shared_ptr<OdbcConnection>& connection) {
     for (const QByteArray& sql : dialect.createStatements())
-        run(connection, sql);
+        runOne(connection, sql);
     for (const schema::InitialRow& row : schema::initialRows())
         insertInitialRow(dialect, connection, row);
     for (const schema::Table& table : schema::tables())
-        run(connection, dialect.passKeys(table));
+        runOne(connection, dialect.passKeys(table));
+    stampCatalog(connection);
+}
+
+void stampCatalog(const std::shared_ptr<OdbcConnection>& connection) {
+    const schema::Stamp stamp = schema::currentStamp();
+    runOne(connection, schema::insertStamp(), std::array<Value, 2>{stamp.version, stamp.program});
 }
 
 void createServerDatabase(const ServerDialect& dialect, const QString& connectionString) {

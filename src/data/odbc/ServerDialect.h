@@ -49,6 +49,8 @@ public:
     [[nodiscard]] virtual std::vector<QByteArray> catalogSettings() const { return {}; }
     /// The statements that make tables, relations, indexes and triggers in an empty catalog, in order.
     [[nodiscard]] virtual std::vector<QByteArray> createStatements() const = 0;
+    /// The same for a catalog that has the tables of an earlier version: what came after it.
+    [[nodiscard]] virtual std::vector<QByteArray> upgradeStatements(int from) const = 0;
     /// A statement after which new keys of the table lie behind all that it has: rows were added with keys of
     /// their own.
     [[nodiscard]] virtual QByteArray passKeys(const schema::Table& table) const = 0;

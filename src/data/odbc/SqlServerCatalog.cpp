@@ -45,6 +45,25 @@ std::vector<QByteArray> SqlServerCatalog::afterTables(const QString& /*catalog*/
     return {};
 }
 
+/// The lock goes with the connection: some drivers begin a transaction only at a statement that reads or
+/// writes a table.
+std::vector<QByteArray> SqlServerCatalog::lockSchema(std::chrono::milliseconds longestWait) const {
+    return {"DECLARE @locked int; EXEC @locked = sp_getapplock @Resource = N'Tarnwell schema', @LockMode = "
+            "N'Exclusive', @LockOwner = N'Session', @LockTimeout = " +
+            QByteArray::number(static_cast<qint64>(longestWait.count())) +
+            "; IF @locked < 0 THROW 51222, N'Another program is changing the tables.', 1"};
+}
+
+QByteArray SqlServerCatalog::findSchemaRights() const {
+    return "SELECT 1 WHERE HAS_PERMS_BY_NAME(DB_NAME(), N'DATABASE', N'CREATE TABLE') = 1 AND "
+           "HAS_PERMS_BY_NAME(SCHEMA_NAME(), N'SCHEMA', N'ALTER') = 1";
+}
+
+/// Tables belong to their schema's owner, whoever makes them.
+std::vector<QByteArray> SqlServerCatalog::becomeOwner() const {
+    return {};
+}
+
 std::vector<QByteArray> SqlServerCatalog::admit(const QString& /*catalog*/, const QString& user) const {
     const QByteArray name = sqlServerName(user);
     return {"IF DATABASE_PRINCIPAL_ID(" + sqlServerText(user) + ") IS NULL CREATE USER " + name +

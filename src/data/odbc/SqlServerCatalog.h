@@ -16,6 +16,9 @@ public:
     [[nodiscard]] QByteArray dropCatalog(const QString& catalog) const override;
     [[nodiscard]] std::vector<QByteArray> beforeTables(const QString& catalog) const override;
     [[nodiscard]] std::vector<QByteArray> afterTables(const QString& catalog) const override;
+    [[nodiscard]] std::vector<QByteArray> lockSchema(std::chrono::milliseconds longestWait) const override;
+    [[nodiscard]] QByteArray findSchemaRights() const override;
+    [[nodiscard]] std::vector<QByteArray> becomeOwner() const override;
     [[nodiscard]] std::vector<QByteArray> admit(const QString& catalog, const QString& user) const override;
     [[nodiscard]] QByteArray relations() const override;
     [[nodiscard]] QByteArray indexes() const override;

@@ -33,6 +33,7 @@ public:
     [[nodiscard]] QByteArray columns() const override;
     [[nodiscard]] std::vector<QByteArray> catalogSettings() const override;
     [[nodiscard]] std::vector<QByteArray> createStatements() const override;
+    [[nodiscard]] std::vector<QByteArray> upgradeStatements(int from) const override;
     [[nodiscard]] QByteArray withKeys(const QByteArray& insert, const schema::Table& table) const override;
     [[nodiscard]] QByteArray passKeys(const schema::Table& table) const override;
     [[nodiscard]] QByteArray greatestKey(const schema::Table& table) const override;

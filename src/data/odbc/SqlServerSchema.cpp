@@ -1,5 +1,6 @@
 #include "data/odbc/SqlServerDialect.h"
 #include "data/schema/Quoted.h"
+#include "data/schema/SchemaVersion.h"
 
 #include <QByteArrayList>
 
@@ -120,17 +121,23 @@ std::vector<QByteArray> SqlServerDialect::catalogSettings() const {
 }
 
 std::vector<QByteArray> SqlServerDialect::createStatements() const {
-    std::vector<QByteArray> statements;
-    for (const Table& table : schema::tables())
-        statements.push_back(createSqlServerTable(table));
-    for (const Table& table : schema::tables()) {
-        for (const schema::Index& index : table.indexes)
-            statements.push_back(createSqlServerIndex(table, index));
-        for (const QByteArray& trigger : createSqlServerYesNo(table))
-            statements.push_back(trigger);
-        statements.push_back("ALTER TABLE " + quoted(table.name) + " ENABLE CHANGE_TRACKING");
-    }
+    std::vector<QByteArray> statements = upgradeStatements(0);
     statements.push_back(createSqlServerGroupTrigger());
+    return statements;
+}
+
+std::vector<QByteArray> SqlServerDialect::upgradeStatements(int from) const {
+    std::vector<QByteArray> statements;
+    const std::vector<const Table*> added = schema::tablesSince(from);
+    for (const Table* table : added)
+        statements.push_back(createSqlServerTable(*table));
+    for (const Table* table : added) {
+        for (const schema::Index& index : table->indexes)
+            statements.push_back(createSqlServerIndex(*table, index));
+        for (const QByteArray& trigger : createSqlServerYesNo(*table))
+            statements.push_back(trigger);
+        statements.push_back("ALTER TABLE " + quoted(table->name) + " ENABLE CHANGE_TRACKING");
+    }
     return statements;
 }
 

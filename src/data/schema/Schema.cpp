@@ -2,6 +2,7 @@
 
 #include "data/schema/Quoted.h"
 #include "data/schema/SchemaTables.h"
+#include "data/schema/SchemaVersion.h"
 
 #include <algorithm>
 #include <array>
@@ -106,13 +107,17 @@ std::span<const InitialRow> initialRows() {
 }
 
 QStringList createStatements() {
+    return upgradeStatements(0) + QStringList(createGroupTrigger());
+}
+
+QStringList upgradeStatements(int from) {
     QStringList statements;
-    for (const Table& table : tables())
-        statements += createTable(table);
-    for (const Table& table : tables())
-        for (const Index& index : table.indexes)
-            statements += createIndex(table, index);
-    statements += createGroupTrigger();
+    const std::vector<const Table*> added = tablesSince(from);
+    for (const Table* table : added)
+        statements += createTable(*table);
+    for (const Table* table : added)
+        for (const Index& index : table->indexes)
+            statements += createIndex(*table, index);
     return statements;
 }
 

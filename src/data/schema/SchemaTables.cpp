@@ -8,9 +8,14 @@ Column key(const char* name) {
     return {QString::fromLatin1(name), ColumnType::Key, 0, {}, true};
 }
 
+/// A number that every row has.
+Column needed(const char* name) {
+    return {QString::fromLatin1(name), ColumnType::Long, 0, {}, true};
+}
+
 /// Refers to the row that owns this one; a row without its owner is refused.
 Column owner(const char* name) {
-    return {QString::fromLatin1(name), ColumnType::Long, 0, {}, true};
+    return needed(name);
 }
 
 /// Refers to a row, or to none with 0.
@@ -176,6 +181,10 @@ std::vector<Table> makeTables() {
     for (auto&& group : {catalogueTables(), builderTables(), jobTables(), employeeTables()})
         all.insert(all.end(), group.begin(), group.end());
     return all;
+}
+
+Table makeVersionTable() {
+    return table("SchemaVersion", {key("SchemaVersionKey"), needed("Version"), text("Program")}, {}, {});
 }
 
 } // namespace tarnwell::schema::detail

@@ -2,7 +2,6 @@
 
 #include "data/DiskPath.h"
 #include "data/RunTimeError.h"
-#include "data/schema/Schema.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -77,7 +76,9 @@ SqliteDatabase openFile(const QString& path, std::chrono::milliseconds busyTimeo
     return handle;
 }
 
+/// A later version may have other columns, so it is looked at first.
 void requireOurs(const SqliteDatabase& handle, const QString& path) {
+    schema::requireKnown(stampOf(handle, path), QStringLiteral("SQLite"), path);
     for (const schema::Table& table : schema::tables())
         for (const schema::Column& column : table.columns)
             if (!hasColumn(handle, table, column))
@@ -115,6 +116,24 @@ bool hasColumn(const SqliteDatabase& handle, const schema::Table& table, const s
     return sqlite3_table_column_metadata(handle.get(), "main", table.name.toUtf8().constData(),
                                          column.name.toUtf8().constData(), nullptr, nullptr, nullptr, nullptr,
                                          nullptr) == SQLITE_OK;
+}
+
+schema::Stamp stampOf(const SqliteDatabase& handle, const QString& path) {
+    const schema::Table& table = schema::versionTable();
+    readCatalogue(handle); // What the handle knows of the tables may be from before somebody else's upgrade.
+    if (!hasColumn(handle, table, table.columns.front()))
+        return {};
+    SqliteStatement stamps = handle.prepare(schema::readStamps());
+    if (!stamps.step())
+        raise(Failure::DatabaseForeign, QStringLiteral("%1 (%2 is empty)").arg(path, table.name));
+    return {static_cast<int>(stamps.integerAt(0)), stamps.textAt(1)};
+}
+
+void writeStamp(const SqliteDatabase& handle) {
+    const schema::Stamp stamp = schema::currentStamp();
+    SqliteStatement insert = handle.prepare(schema::insertStamp());
+    insert.bindAll(std::array<Value, 2>{stamp.version, stamp.program});
+    insert.run();
 }
 
 SqliteDatabase openDatabaseFile(const QString& path, std::chrono::milliseconds busyTimeout) {

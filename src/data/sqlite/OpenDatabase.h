@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/schema/Schema.h"
+#include "data/schema/SchemaVersion.h"
 #include "data/sqlite/SqliteDatabase.h"
 
 #include <QByteArray>
@@ -26,15 +26,22 @@ enum class Journal {
 [[nodiscard]] bool hasColumn(const SqliteDatabase& handle, const schema::Table& table,
                              const schema::Column& column);
 
+/// What the database says of its tables: the first version where it says nothing. Raises DatabaseForeign,
+/// with `path`, where it has a table for that and no row.
+[[nodiscard]] schema::Stamp stampOf(const SqliteDatabase& handle, const QString& path);
+/// Has the database say that it is of the current version.
+void writeStamp(const SqliteDatabase& handle);
+
 /// Opens any database file for reading, and for writing where that is allowed, and reads its catalogue.
 /// Raises DatabaseNotFound; DatabaseForeign, with the path, when it is damaged or not a database;
 /// PermissionDenied when it can't be read safely without write permission; DatabaseLocked.
 [[nodiscard]] SqliteDatabase openDatabaseFile(const QString& path, std::chrono::milliseconds busyTimeout);
 
-/// Opens a database of ours and never makes one: for writing, or for reading where the file cannot be
-/// written. Raises what `openDatabaseFile` raises, and DatabaseForeign when one of our columns is missing.
-/// The file is looked at before anything is written to it. Its journal is changed where it does not suit the
-/// drive; that raises DatabaseLocked while somebody else has the file open.
+/// Opens a database of ours, of this or an earlier version, and never makes one: for writing, or for reading
+/// where the file cannot be written. Raises what `openDatabaseFile` raises, and DatabaseForeign when one of
+/// our columns is missing or a later version made it. The file is looked at before anything is written to it.
+/// Its journal is changed where it does not suit the drive; that raises DatabaseLocked while somebody else
+/// has the file open.
 [[nodiscard]] SqliteDatabase openOurDatabase(const QString& path, std::chrono::milliseconds busyTimeout);
 [[nodiscard]] SqliteDatabase openOurDatabase(const QString& path, std::chrono::milliseconds busyTimeout,
                                              Journal journal);

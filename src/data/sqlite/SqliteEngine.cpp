@@ -75,7 +75,8 @@ private:
 class SqliteEngine final : public Engine {
 public:
     SqliteEngine(const QString& path, std::chrono::milliseconds busyTimeout)
-        : m_busyTimeout(busyTimeout), m_handle(openOurDatabase(path, busyTimeout)), m_cache(m_handle.get()) {
+        : m_busyTimeout(busyTimeout), m_handle(openOurDatabase(path, busyTimeout)),
+          m_schemaVersion(stampOf(m_handle, path).version), m_cache(m_handle.get()) {
         setCache(usualCache);
         sqlite3_busy_handler(m_handle.get(), waitsOn, this);
     }
@@ -84,6 +85,7 @@ public:
     SqliteEngine& operator=(const SqliteEngine&) = delete;
 
     [[nodiscard]] bool isOpen() const override { return m_open; }
+    [[nodiscard]] int schemaVersion() const override { return m_schemaVersion; }
     void close() override;
 
     [[nodiscard]] Translation translate(QStringView sql) override { return m_dialect.translate(sql); }
@@ -130,6 +132,7 @@ private:
 
     std::chrono::milliseconds m_busyTimeout;
     SqliteDatabase m_handle;
+    int m_schemaVersion;
     StatementCache m_cache;
     Dialect m_dialect;
     std::function<bool()> m_watch;

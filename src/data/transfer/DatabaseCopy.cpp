@@ -2,6 +2,7 @@
 
 #include "data/engine/Engine.h"
 #include "data/schema/Quoted.h"
+#include "data/schema/SchemaVersion.h"
 #include "data/sql/RowStatements.h"
 #include "data/transfer/NewRows.h"
 #include "data/transfer/TableRows.h"
@@ -176,12 +177,22 @@ void compareTable(Engine& source, Engine& target, const Table& table, ProgressCo
     progress.add(table, unreported);
 }
 
+void requireUpToDate(const Engine& target) {
+    if (target.schemaVersion() != schema::currentVersion)
+        throw RunTimeError(
+            makeError(Failure::NotAllowed).number(), QStringLiteral("Tarnwell"),
+            QStringLiteral("The database to be filled was made by an earlier version of Tarnwell; "
+                           "tarnwell-db migrate brings it up to date."),
+            Failure::NotAllowed);
+}
+
 } // namespace
 
 CopyResult copyDatabase(Connection& source, Connection& target,
                         const std::function<void(const CopyProgress&)>& progress) {
     Engine& from = source.engine();
     Engine& to = target.engine();
+    requireUpToDate(to);
     const ReadScope reading(from);
     Transaction writing(target);
     CopyResult result{.rows = 0, .usedTable = data::firstUsedTable(to)};

@@ -1,6 +1,8 @@
 #include "data/odbc/OdbcError.h"
+#include "data/odbc/SqlServerCatalog.h"
 #include "data/odbc/SqlServerDialect.h"
 #include "data/odbc/SqlServerDriver.h"
+#include "data/schema/SchemaVersion.h"
 #include "data/sql/Dialect.h"
 #include "data/sql/RowStatements.h"
 #include "support/RaisedNumber.h"
@@ -54,6 +56,21 @@ TEST_F(SqlServer, TheSchemaIsTheApprovedScript) {
     for (const QByteArray& statement : server.createStatements())
         script += statement + "\nGO\n";
     expectApproved("sqlserver-schema.sql", script);
+}
+
+TEST_F(SqlServer, TheUpgradeIsTheApprovedScript) {
+    const SqlServerCatalog catalog;
+    QByteArray script;
+    const auto add = [&](const std::vector<QByteArray>& statements) {
+        for (const QByteArray& statement : statements)
+            script += statement + "\nGO\n";
+    };
+    add(catalog.lockSchema(std::chrono::minutes(2)));
+    add({schema::readStamps(), catalog.findSchemaRights()});
+    add(catalog.becomeOwner());
+    add(server.upgradeStatements(schema::firstVersion));
+    add({schema::insertStamp()});
+    expectApproved("sqlserver-upgrade.sql", script);
 }
 
 /// What this server refuses to create: a row that a deletion reaches in two ways, and an index row of more

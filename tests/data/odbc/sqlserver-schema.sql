@@ -170,6 +170,12 @@ CREATE TABLE "ReportDefinition" (
   "category" SMALLINT NULL DEFAULT 0 CHECK ("category" IN (0, -1))
 )
 GO
+CREATE TABLE "SchemaVersion" (
+  "SchemaVersionKey" INTEGER IDENTITY(1, 1) NOT NULL PRIMARY KEY,
+  "Version" INTEGER NOT NULL,
+  "Program" NVARCHAR(MAX) COLLATE Latin1_General_100_CI_AS_KS_WS_SC NULL
+)
+GO
 CREATE INDEX "Code_Code1_Deleted_Description" ON "Code" ("Code1", "Deleted", "Description")
 GO
 CREATE INDEX "Code_Code1_Code2_Description" ON "Code" ("Code1", "Code2", "Description")
@@ -341,6 +347,8 @@ BEGIN
 END
 GO
 ALTER TABLE "ReportDefinition" ENABLE CHANGE_TRACKING
+GO
+ALTER TABLE "SchemaVersion" ENABLE CHANGE_TRACKING
 GO
 CREATE TRIGGER "Contractor_OptionGroups" ON "Contractor" AFTER DELETE AS
 BEGIN

@@ -33,6 +33,8 @@ constexpr auto commands = std::to_array<CommandTerms>({
      "Copy a database to a file, also while the program runs."},
     {"restore", Command::Restore, "FILE DATABASE", 2, 0, true, false,
      "Put a backup in the place of a database."},
+    {"migrate", Command::Migrate, "DATABASE FILE", 2, 1, false, false,
+     "Save a database of an earlier version to a file, then bring it up to date."},
 });
 
 QString description() {

@@ -10,7 +10,7 @@
 
 namespace tarnwell::tool {
 
-enum class Command { Create, Sample, Check, Copy, Backup, Restore };
+enum class Command { Create, Sample, Check, Copy, Backup, Restore, Migrate };
 
 /// What the user asked for, complete and checked.
 struct Request {

@@ -8,7 +8,9 @@
 #include "data/file/DatabaseCheck.h"
 #include "data/recordset/Connection.h"
 #include "data/recordset/EngineFactory.h"
+#include "data/schema/SchemaVersion.h"
 #include "data/transfer/NewRows.h"
+#include "data/upgrade/DatabaseUpgrade.h"
 #include "sample/SampleDatabase.h"
 
 #include <QFileInfo>
@@ -43,8 +45,10 @@ QString obstacle(const Request& request) {
     if (request.databases.size() > 1 && isSame(request.databases.front(), target))
         return QStringLiteral("%1 cannot be copied to itself").arg(request.databases.front().shown);
     const bool fills = request.command == Command::Copy || request.overwrite || !target.isFile();
-    return fills || !QFileInfo::exists(target.path)
-               ? QString()
+    if (fills || !QFileInfo::exists(target.path))
+        return {};
+    return request.command == Command::Migrate
+               ? QStringLiteral("%1 exists; the copy needs a name of its own").arg(target.shown)
                : QStringLiteral("%1 exists; --overwrite replaces it").arg(target.shown);
 }
 
@@ -136,12 +140,29 @@ int check(const Request& request, Output& output) {
         if (group.count > static_cast<qint64>(group.first.size()))
             output.out << "  and " << group.count - static_cast<qint64>(group.first.size()) << " more\n";
     }
+    if (result.schemaVersion != schema::currentVersion)
+        output.out
+            << "An earlier version of Tarnwell made it. The next start, or tarnwell-db migrate, brings it up "
+               "to date.\n";
     if (result.isClean())
         output.out << database.shown << " is sound.\n";
     else
         output.out << database.shown << " has " << result.count()
                    << (result.count() == 1 ? " fault.\n" : " faults.\n");
     return result.isClean() ? success : failure;
+}
+
+int migrate(const Request& request, Output& output) {
+    const DatabaseAddress& database = request.databases.front();
+    const DatabaseAddress& backup = request.databases.back();
+    const int from = upgradeDatabase(database.connectionString, backup.path);
+    if (from == schema::currentVersion) {
+        output.out << database.shown << " is up to date.\n";
+        return success;
+    }
+    output.out << "Saved " << database.shown << " as " << backup.shown << ".\nBrought it from version "
+               << from << " of the tables to version " << schema::currentVersion << ".\n";
+    return success;
 }
 
 int carryOut(const Request& request, Output& output) {
@@ -158,6 +179,8 @@ int carryOut(const Request& request, Output& output) {
         return backup(request, output);
     case Command::Restore:
         return restore(request, output);
+    case Command::Migrate:
+        return migrate(request, output);
     }
     return misuse;
 }

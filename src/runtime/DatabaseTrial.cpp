@@ -1,6 +1,7 @@
 #include "runtime/DatabaseTrial.h"
 
 #include "data/recordset/Recordset.h"
+#include "data/upgrade/DatabaseUpgrade.h"
 
 #include <QCoreApplication>
 #include <QLocale>
@@ -56,8 +57,12 @@ TrialResult look(Connection& connection) {
     for (const Figure& figure : figures)
         lines << counted(connection, figure);
     const bool isUsable = mayWrite(connection);
-    const QString first = isUsable ? QStringLiteral("Tarnwell database found.")
-                                   : QStringLiteral("Tarnwell database found, but you may only read it.");
+    QString first = isUsable ? QStringLiteral("Tarnwell database found.")
+                             : QStringLiteral("Tarnwell database found, but you may only read it.");
+    if (!isUpToDate(connection))
+        first += QStringLiteral(
+            "\nAn earlier version of Tarnwell made it: the next start saves it and brings it up to "
+            "date, if you may change its tables.");
     return {isUsable, first + QStringLiteral("\n\n") + lines.join(u'\n')};
 }
 

@@ -18,6 +18,7 @@ TEST(CommandLine, WrongArgumentsAreReportedOnOneLineWithExitCodeTwo) {
         {"copy a", "copy needs FROM TO"},
         {"backup a", "backup needs DATABASE FILE"},
         {"restore a", "restore needs FILE DATABASE"},
+        {"migrate a", "migrate needs DATABASE FILE"},
         {"backup a postgresql://office/jobs",
          "backup needs DATABASE FILE; copy works between servers as well"},
         {"restore postgresql://office/jobs a",
@@ -45,8 +46,8 @@ TEST(CommandLine, HelpNamesEveryCommandAndScale) {
     EXPECT_EQ(result.code, 0);
     EXPECT_TRUE(result.err.isEmpty());
     for (const char* word :
-         {"create", "sample", "check", "copy", "backup", "restore", "small", "office", "large", "--overwrite",
-          "--scale", "--seed", "--user", "2026-11-01", "postgresql://host/catalog"})
+         {"create", "sample", "check", "copy", "backup", "restore", "migrate", "small", "office", "large",
+          "--overwrite", "--scale", "--seed", "--user", "2026-11-01", "postgresql://host/catalog"})
         EXPECT_TRUE(result.out.contains(QLatin1String(word))) << word;
 }
 

@@ -6,6 +6,7 @@
 #include "support/TestServer.h"
 
 #include <QDir>
+#include <QFile>
 
 #include <gtest/gtest.h>
 
@@ -168,6 +169,18 @@ TEST_F(Rights, TheServerRefusesAUserEverythingElse) {
     // Somebody whom nobody let in does not even get to see it.
     (void)newUser("other");
     EXPECT_NE(complaint({"check", address("first", "other")}).find("ermission denied"), std::string::npos);
+}
+
+// Such a user can only say whom to ask; what the owner makes, users may work with.
+TEST_F(Rights, OnlyTheOwnerBringsAnOlderCatalogUpToDate) {
+    runOnServer(catalog("first"), "DROP TABLE \"SchemaVersion\"");
+    const QStringList asClerk{"migrate", address("first", "clerk"), file("not made.mdb")};
+    EXPECT_NE(complaint(asClerk).find("you may not change its tables. Ask who looks after it"),
+              std::string::npos);
+    run({"migrate", address("first"), file("before.mdb")});
+    run({"check", address("first", "clerk")});
+    run(asClerk); // There is nothing left to do.
+    EXPECT_FALSE(QFile::exists(file("not made.mdb")));
 }
 
 } // namespace

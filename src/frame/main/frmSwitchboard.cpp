@@ -5,12 +5,12 @@
 #include "frame/main/ErrorLogMenu.h"
 #include "frame/main/IconBar.h"
 #include "look/Icons.h"
-#include "runtime/DataEnvironment.h"
 #include "runtime/DatabaseSettings.h"
 #include "runtime/EventGuard.h"
 #include "runtime/ProgramFolders.h"
 #include "runtime/RunTime.h"
 #include "runtime/StartUp.h"
+#include "runtime/UpToDateDatabase.h"
 #include "runtime/modErrorRoutines.h"
 
 #include <QBoxLayout>
@@ -219,7 +219,7 @@ void frmSwitchboard::Form_Activate() {
 
 void frmSwitchboard::openDatabase() {
     try {
-        static_cast<void>(DataEnvironment::cnnConnection());
+        openDatabaseUpToDate();
     } catch (const RunTimeError& error) {
         ErrorHandler(error, {});
         endProgram();

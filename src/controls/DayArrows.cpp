@@ -53,16 +53,17 @@ DayArrows::DayArrows(QWidget* parent) : QScrollBar(Qt::Vertical, parent) {
 }
 
 QSize DayArrows::sizeHint() const {
-    return {std::max(QScrollBar::sizeHint().width(), leastWidth), fontMetrics().height() + 10};
+    return {std::max(QScrollBar::sizeHint().width(), scaledToText(leastWidth, *this)),
+            fontMetrics().height() + 10};
 }
 
 void DayArrows::paintEvent(QPaintEvent* event) {
     QScrollBar::paintEvent(event);
     QStylePainter painter(this);
     // A bar's style outlines the side towards the text only; these stand alone, beside a field.
-    constexpr int outlineChange = 140, outlineChangeOnDark = 200;
+    constexpr int outlineChange = 140;
     const QColor window = palette().color(QPalette::Window);
-    painter.setPen(isDark(window) ? window.lighter(outlineChangeOnDark) : window.darker(outlineChange));
+    painter.setPen(isDark(window) ? outlineColor(palette(), !isEnabled()) : window.darker(outlineChange));
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
     if (!hasFocus())
         return;

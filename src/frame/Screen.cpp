@@ -6,6 +6,7 @@
 #include "frame/StatusBar.h"
 #include "look/Theme.h"
 #include "look/WindowOwner.h"
+#include "look/WindowPlace.h"
 #include "runtime/EventGuard.h"
 
 #include <QApplication>
@@ -28,9 +29,7 @@ namespace tarnwell {
 
 namespace {
 
-constexpr int toolbarIconSize = 24;
-/// What the desktop draws around a window; its real size is known only when the window is shown.
-constexpr QSize frameAllowance(16, 40);
+constexpr int toolbarIconSize = 24; ///< At the usual size of text.
 
 /// The form that was active last; message boxes and other programs' windows don't count.
 QPointer<Screen>& lastActiveForm() {
@@ -100,7 +99,8 @@ void Screen::addToolbar() {
     m_toolbar->setObjectName(QStringLiteral("Toolbar1"));
     m_toolbar->setMovable(false);
     m_toolbar->setContextMenuPolicy(Qt::PreventContextMenu);
-    m_toolbar->setIconSize({toolbarIconSize, toolbarIconSize});
+    const int iconSize = scaledToText(toolbarIconSize, *m_toolbar);
+    m_toolbar->setIconSize({iconSize, iconSize});
 }
 
 void Screen::Load() {
@@ -129,6 +129,8 @@ void Screen::Show(Modality modality, QWidget* owner) {
         m_activateDue = true;
         setWindowModality(modality == Modality::Modal ? Qt::ApplicationModal : Qt::NonModal);
         placeOn(owner);
+        if (m_beside != nullptr)
+            moveBeside(*m_beside);
         // Only the desktop knows the owner: the owner's end must not delete a form that has not saved.
         setWindowOwner(*this, owner);
     }
@@ -231,6 +233,12 @@ void Screen::placeOn(const QWidget* owner) {
     place.moveTop(std::clamp(place.top(), available.top(),
                              std::max(available.top(), available.bottom() - place.height())));
     move(place.topLeft());
+}
+
+void Screen::moveBeside(const QWidget& what) {
+    const QRect place(what.mapToGlobal(QPoint()), what.size());
+    if (const auto corner = placeBeside(place, size(), what.screen()->availableGeometry()))
+        move(*corner);
 }
 
 QWidget* Screen::ActiveControl() const {

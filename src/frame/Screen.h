@@ -102,6 +102,8 @@ protected:
     /// Enter in a control that has no use for it presses the default button, Escape the cancel button.
     void setDefaultButton(QPushButton* button);
     void setCancelButton(QPushButton* button);
+    /// Where there is space, the form is shown beside this from now on, and not over its owner.
+    void openBeside(const QWidget& what) { m_beside = &what; }
     /// Size of the canvas at which the form opens; without it the layout's size.
     void setDesignSize(QSize size);
 
@@ -118,6 +120,7 @@ private:
     [[nodiscard]] QSize sizeForText(QSize usual) const;
     void takeDesign();
     void placeOn(const QWidget* owner);
+    void moveBeside(const QWidget& what);
     void waitForClose(QWidget* owner);
     void endModal();
 
@@ -130,6 +133,7 @@ private:
     QPointer<QPushButton> m_cancelButton;
     ControlPositions m_positions;
     QSize m_designSize;
+    QPointer<const QWidget> m_beside;
     QEventLoop* m_modalLoop = nullptr;
     bool m_placed = false;
     bool m_activateDue = false;

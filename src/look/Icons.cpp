@@ -94,6 +94,10 @@ QIcon barIcon(const QString& imageKey) {
     return iconAt(QStringLiteral(":/icons/bar/%1.svg").arg(imageKey));
 }
 
+QIcon messageIcon(const QString& kind) {
+    return iconAt(QStringLiteral(":/icons/message/%1.svg").arg(kind));
+}
+
 QIcon programIcon() {
     return iconAt(QStringLiteral(":/icons/tarnwell.svg"));
 }

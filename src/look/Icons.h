@@ -12,6 +12,10 @@ namespace tarnwell {
 /// An image of the icon bar by its key ("icoJob"); a null icon for an unknown key.
 [[nodiscard]] QIcon barIcon(const QString& imageKey);
 
+/// The image of a message by its kind: "Information", "Question", "Warning", "Critical"; a null icon for
+/// another one.
+[[nodiscard]] QIcon messageIcon(const QString& kind);
+
 /// The program's own icon.
 [[nodiscard]] QIcon programIcon();
 

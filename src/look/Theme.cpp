@@ -30,6 +30,12 @@ QColor markColor(const QPalette& palette) {
                : highlight;
 }
 
+QColor outlineColor(const QPalette& palette, bool isQuiet) {
+    constexpr double usual = 0.45, quiet = 0.2;
+    return mixed(palette.color(QPalette::Active, QPalette::Window),
+                 palette.color(QPalette::Active, QPalette::WindowText), isQuiet ? quiet : usual);
+}
+
 int scaledToText(int pixels, const QWidget& widget) {
     constexpr int usualAdvance = 252; // Of nine points at a hundred percent.
     const int advance =

@@ -15,6 +15,10 @@ namespace tarnwell {
 /// lighter one than the desktop lays under selected text.
 [[nodiscard]] QColor markColor(const QPalette& palette);
 
+/// The colour of an outline that can be seen on the palette's window; a quiet one stands around what is
+/// disabled or only read.
+[[nodiscard]] QColor outlineColor(const QPalette& palette, bool isQuiet = false);
+
 /// `pixels`, designed for the usual size of text, enlarged where the widget's font is larger. A smaller font
 /// changes nothing.
 [[nodiscard]] int scaledToText(int pixels, const QWidget& widget);

@@ -4,12 +4,19 @@
 #include "look/ProgramStyle.h"
 #include "look/SharedPalettes.h"
 #include "look/Theme.h"
+#include "look/WindowPlace.h"
 #include "support/ScreenDriver.h"
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QListWidget>
 #include <QMessageBox>
+#include <QPlainTextEdit>
+#include <QPushButton>
 #include <QRadioButton>
+#include <QSet>
 #include <QTest>
 
 #include <algorithm>
@@ -106,6 +113,18 @@ TEST(Icons, EveryButtonThatHasAKeyShowsItsImage) {
     EXPECT_TRUE(toolbarIcon("Wizard").isNull());
 }
 
+TEST(Icons, MessagesHaveTheProgramsOwnAtEveryScale) {
+    const ProgramStyle style;
+    QSet<QString> shades;
+    for (const auto kind : {QStyle::SP_MessageBoxInformation, QStyle::SP_MessageBoxQuestion,
+                            QStyle::SP_MessageBoxWarning, QStyle::SP_MessageBoxCritical}) {
+        const QIcon icon = style.standardIcon(kind, nullptr, nullptr);
+        EXPECT_EQ(icon.pixmap(QSize(48, 48), 2.0).size(), QSize(96, 96)) << kind;
+        shades << QString::number(lightness(icon));
+    }
+    EXPECT_EQ(shades.size(), 4);
+}
+
 TEST(Icons, LinesFollowThePalette) {
     const QPalette before = QApplication::palette();
     const QIcon icon = toolbarIcon("Lookup");
@@ -138,24 +157,64 @@ TEST(Theme, ASelectionStandsOffFromTheBaseAndItsTextFromItInAQuietWindow) {
     }
 }
 
-TEST(Theme, EmptyBoxesCanBeSeenOnADarkWindow) {
+TEST(Theme, OutlinesCanBeSeenOnADarkWindowAndTellWhatIsOnlyRead) {
     const QColor window(0x2a, 0x2e, 0x32);
     ProgramStyle style;
-    QCheckBox tick;
-    QRadioButton option;
-    for (QAbstractButton* button :
-         {static_cast<QAbstractButton*>(&tick), static_cast<QAbstractButton*>(&option)}) {
-        button->setStyle(&style);
+    const auto lightest = [&](QWidget& widget) {
+        widget.setStyle(&style);
         QPalette dark(QColor(0x31, 0x36, 0x3b), window);
         dark.setColor(QPalette::Base, QColor(0x1b, 0x1e, 0x20));
-        button->setPalette(dark);
-        button->resize(button->sizeHint());
-        const QImage image = button->grab().toImage();
-        int lightest = 0;
-        for (int x = 0; x < image.width(); ++x)
-            lightest = std::max(lightest, image.pixelColor(x, image.height() / 2).lightness());
-        EXPECT_GT(lightest, window.lightness() + 60) << button->metaObject()->className();
-    }
+        widget.setPalette(dark);
+        widget.resize(widget.sizeHint());
+        const QImage image = widget.grab().toImage();
+        int found = 0;
+        for (int x = 0; x < 10; ++x)
+            found = std::max(found, image.pixelColor(x, image.height() / 2).lightness());
+        return found - window.lightness();
+    };
+    QCheckBox tick;
+    QRadioButton option;
+    QLineEdit field;
+    QListWidget list;
+    QPlainTextEdit note;
+    QComboBox combo;
+    QPushButton button;
+    for (QWidget* widget :
+         std::initializer_list<QWidget*>{&tick, &option, &field, &list, &note, &combo, &button})
+        EXPECT_GT(lightest(*widget), 60) << widget->metaObject()->className();
+    field.setReadOnly(true);
+    combo.setEnabled(false);
+    for (QWidget* widget : std::initializer_list<QWidget*>{&field, &combo})
+        EXPECT_LT(lightest(*widget), 60) << widget->metaObject()->className();
+}
+
+TEST(Theme, TicksAndMessageIconsGrowWithTheFont) {
+    const ProgramStyle style;
+    QCheckBox tick;
+    QFont font = tick.font();
+    const auto side = [&](QStyle::PixelMetric metric, int points) {
+        font.setPointSize(points);
+        tick.setFont(font);
+        return style.pixelMetric(metric, nullptr, &tick);
+    };
+    for (const auto metric :
+         {QStyle::PM_IndicatorWidth, QStyle::PM_ExclusiveIndicatorHeight, QStyle::PM_MessageBoxIconSize})
+        EXPECT_NEAR(side(metric, 18), 2 * side(metric, 9), 3) << metric;
+}
+
+TEST(Theme, AWindowComesBesideAnotherWhereThereIsSpace) {
+    const QRect desktop(0, 0, 1920, 1080);
+    const QSize size(700, 600);
+    const struct {
+        QRect what;
+        QPoint corner;
+    } cases[] = {{{100, 200, 900, 500}, {1003, 200}},
+                 {{1000, 700, 900, 300}, {280, 440}},
+                 {{300, 10, 1300, 300}, {300, 313}},
+                 {{300, 700, 1300, 300}, {300, 56}}};
+    for (const auto& [what, corner] : cases)
+        EXPECT_EQ(placeBeside(what, size, desktop), corner) << what.left() << ' ' << what.top();
+    EXPECT_EQ(placeBeside({300, 300, 1300, 500}, size, desktop), std::nullopt);
 }
 
 TEST(Theme, WidthsGrowWithALargerFontOnly) {

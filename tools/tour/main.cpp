@@ -173,7 +173,14 @@ void darken() {
 struct Look {
     bool isDark = false;
     int scale = 1;
+    int points = 0; ///< Size of the desktop's text; 0 for its own.
 };
+
+void enlargeText(int points) {
+    QFont font = QApplication::font();
+    font.setPointSize(points);
+    QApplication::setFont(font);
+}
 
 int takePictures(const QDir& folder, const Look& look, int& argc, char** argv) {
     const QTemporaryDir place;
@@ -186,6 +193,8 @@ int takePictures(const QDir& folder, const Look& look, int& argc, char** argv) {
     Program program(argc, argv);
     if (look.isDark)
         darken();
+    if (look.points > 0)
+        enlargeText(look.points);
     standStill();
     return follow({.folder = folder, .workplace = QDir(data), .chapters = tour::pictureChapters()}, program);
 }
@@ -215,22 +224,26 @@ void silenceScreenInMemory() {
 
 /// tarnwell-tour FOLDER: walks through the whole program on a fresh sample by keys and clicks and leaves
 /// pictures and PDFs in the folder. With --pictures: the pictures of the manual; they may be made as they are
-/// on a dark desktop or on one of twice the dots. With --soak: many rounds of mixed work, which fail when the
-/// memory in use goes on growing. Exit code 0 when everything showed what it should.
+/// on a dark desktop, on one of twice the dots, or with a text of so many points. With --soak: many rounds of
+/// mixed work, which fail when the memory in use goes on growing. Exit code 0 when everything showed what it
+/// should.
 int main(int argc, char** argv) {
     QCommandLineParser line;
     const QCommandLineOption pictures(QStringLiteral("pictures"));
     const QCommandLineOption dark(QStringLiteral("dark"));
     const QCommandLineOption doubled(QStringLiteral("double"));
+    const QCommandLineOption points(QStringLiteral("points"), {}, QStringLiteral("size"),
+                                    QStringLiteral("0"));
     const QCommandLineOption soak(QStringLiteral("soak"), {}, QStringLiteral("rounds"), QStringLiteral("1"));
-    line.addOptions({pictures, dark, doubled, soak});
+    line.addOptions({pictures, dark, doubled, points, soak});
     QStringList arguments;
     for (const char* argument : std::span(argv, static_cast<std::size_t>(argc)))
         arguments << QString::fromLocal8Bit(argument);
     if (!line.parse(arguments) || line.positionalArguments().size() != 1 ||
-        (!line.isSet(pictures) && (line.isSet(dark) || line.isSet(doubled))) ||
+        (!line.isSet(pictures) && (line.isSet(dark) || line.isSet(doubled) || line.isSet(points))) ||
         (line.isSet(soak) && (line.isSet(pictures) || line.value(soak).toInt() < 2))) {
-        say(QStringLiteral("usage: tarnwell-tour [--pictures [--dark] [--double] | --soak ROUNDS] FOLDER"));
+        say(QStringLiteral("usage: tarnwell-tour [--pictures [--dark] [--double] [--points SIZE] | "
+                           "--soak ROUNDS] FOLDER"));
         return 2;
     }
     const QDir folder(QDir(line.positionalArguments().constFirst()).absolutePath());
@@ -239,7 +252,9 @@ int main(int argc, char** argv) {
         return 1;
     }
     silenceScreenInMemory();
-    const Look look{.isDark = line.isSet(dark), .scale = line.isSet(doubled) ? 2 : 1};
+    const Look look{.isDark = line.isSet(dark),
+                    .scale = line.isSet(doubled) ? 2 : 1,
+                    .points = line.value(points).toInt()};
     return line.isSet(pictures) ? takePictures(folder, look, argc, argv)
                                 : takeTour(folder, line.value(soak).toInt(), argc, argv);
 }

@@ -19,10 +19,19 @@ namespace tarnwell {
 namespace {
 
 constexpr int textMargin = 5;
-constexpr int buttonWidth = 20;
-constexpr int branchWidth = 18; ///< Pixels by which a child's text is indented.
+constexpr int leastButton = 20, leastBranch = 18;
 constexpr double activeShade = 0.30, quietShade = 0.14, quietShadeOnDark = 0.22, quietFrame = 0.55,
                  gridLine = 0.15, boxLine = 0.45, branchLine = 0.5;
+
+/// Buttons and branches grow with the rows, and so with the font.
+int buttonWidth(const QRect& cell) {
+    return std::max(leastButton, cell.height());
+}
+
+/// By which a child's text is indented.
+int branchWidth(const QRect& cell) {
+    return std::max(leastBranch, cell.height() - (leastButton - leastBranch));
+}
 
 QColor baseColor(const QStyleOptionViewItem& option) {
     const bool alternate = option.features.testFlag(QStyleOptionViewItem::Alternate);
@@ -58,7 +67,8 @@ QRect GridDelegate::buttonRect(const GridColumn& column, const QRect& cell) {
     const QRect inside = cell.adjusted(1, 1, -1, -1);
     if (column.edit == ColumnEdit::ButtonOnly)
         return inside;
-    return {inside.right() - buttonWidth + 1, inside.top(), buttonWidth, inside.height()};
+    const int width = buttonWidth(cell);
+    return {inside.right() - width + 1, inside.top(), width, inside.height()};
 }
 
 QRect GridDelegate::checkBoxRect(const QRect& cell) {
@@ -144,7 +154,7 @@ void GridDelegate::paintButton(QPainter& painter, const QStyleOptionViewItem& op
     if (index.row() == m_currentRow)
         style.drawPrimitive(QStyle::PE_PanelButtonCommand, &button, &painter, option.widget);
     QStyleOption arrow = button;
-    const int side = std::min(button.rect.height(), buttonWidth) - 8;
+    const int side = std::min(button.rect.height(), button.rect.width()) - 8;
     arrow.rect = QRect(0, 0, side, side);
     arrow.rect.moveCenter(button.rect.center());
     style.drawPrimitive(QStyle::PE_IndicatorArrowDown, &arrow, &painter, option.widget);
@@ -159,9 +169,9 @@ bool GridDelegate::offersList(const QModelIndex& index) const {
 QRect GridDelegate::textRect(const QRect& cell, const QModelIndex& index) const {
     QRect rect = cell.adjusted(textMargin, 0, -textMargin, 0);
     if (levelOf(index) == TreeLevel::Child)
-        rect.setLeft(cell.left() + branchWidth);
+        rect.setLeft(cell.left() + branchWidth(cell));
     if (offersList(index) || m_model.column(index.column() + 1).edit == ColumnEdit::TextWithButton)
-        rect.setRight(cell.right() - buttonWidth - 1);
+        rect.setRight(cell.right() - buttonWidth(cell) - 1);
     return rect;
 }
 
@@ -182,12 +192,12 @@ void GridDelegate::paintBranch(QPainter& painter, const QStyleOptionViewItem& op
     if (levelOf(index) != TreeLevel::Child)
         return;
     const QRect& cell = option.rect;
-    const int stem = cell.left() + branchWidth / 2;
+    const int stem = cell.left() + branchWidth(cell) / 2;
     const int middle = cell.center().y();
     const bool last = m_model.treeLevel(index.row() + 1, index.column() + 1) != TreeLevel::Child;
     painter.setPen(mixed(baseColor(option), option.palette.color(QPalette::Text), branchLine));
     painter.drawLine(stem, cell.top(), stem, last ? middle : cell.bottom());
-    painter.drawLine(stem, middle, cell.left() + branchWidth - textMargin, middle);
+    painter.drawLine(stem, middle, cell.left() + branchWidth(cell) - textMargin, middle);
 }
 
 void GridDelegate::paintText(QPainter& painter, const QStyleOptionViewItem& option,
@@ -244,9 +254,9 @@ void GridDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewI
                                         const QModelIndex& index) const {
     QRect rect = option.rect.adjusted(2, 2, -2, -2);
     if (levelOf(index) == TreeLevel::Child)
-        rect.setLeft(option.rect.left() + branchWidth);
+        rect.setLeft(option.rect.left() + branchWidth(option.rect));
     if (m_model.column(index.column() + 1).edit == ColumnEdit::TextWithButton)
-        rect.setRight(option.rect.right() - buttonWidth - 1);
+        rect.setRight(option.rect.right() - buttonWidth(option.rect) - 1);
     editor->setGeometry(rect);
 }
 

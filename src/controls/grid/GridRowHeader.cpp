@@ -1,6 +1,7 @@
 #include "controls/grid/GridRowHeader.h"
 
 #include "controls/grid/GridModel.h"
+#include "look/Theme.h"
 
 #include <QMouseEvent>
 #include <QPainter>
@@ -9,7 +10,7 @@ namespace tarnwell {
 
 namespace {
 
-constexpr int headerWidth = 18;
+constexpr int headerWidth = 18; ///< At the usual size of text, as the marks are drawn.
 
 void drawArrow(QPainter& painter) {
     painter.drawPolygon(QPolygonF({{-2.5, -4}, {2.5, 0}, {-2.5, 4}}));
@@ -43,7 +44,7 @@ void GridRowHeader::setCurrentRow(int modelRow) {
 }
 
 QSize GridRowHeader::sizeHint() const {
-    return {headerWidth, 0};
+    return {scaledToText(headerWidth, *this), 0};
 }
 
 void GridRowHeader::paintSection(QPainter* painter, const QRect& rect, int row) const {
@@ -53,6 +54,8 @@ void GridRowHeader::paintSection(QPainter* painter, const QRect& rect, int row) 
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
     painter->translate(QRectF(rect).center());
+    const double scale = static_cast<double>(scaledToText(headerWidth, *this)) / headerWidth;
+    painter->scale(scale, scale);
     painter->setPen(Qt::NoPen);
     painter->setBrush(palette().color(QPalette::ButtonText));
     if (row == m_model.pendingLine())

@@ -1,5 +1,7 @@
 #include "reports/preview/PreviewToolBar.h"
 
+#include "look/Theme.h"
+
 #include <QAction>
 #include <QEvent>
 #include <QToolButton>
@@ -10,7 +12,7 @@ namespace tarnwell {
 
 namespace {
 
-constexpr QSize toolIcon(20, 20);
+constexpr int toolIcon = 20; ///< At the usual size of text.
 
 void showCaption(QToolButton& button, bool on) {
     button.setToolButtonStyle(on ? Qt::ToolButtonTextBesideIcon : Qt::ToolButtonIconOnly);
@@ -26,7 +28,8 @@ void showButton(QToolButton& button, bool on) {
 PreviewToolBar::PreviewToolBar(QWidget* parent) : QToolBar(QStringLiteral("Tools"), parent) {
     setObjectName(QStringLiteral("Toolbar1"));
     setMovable(false);
-    setIconSize(toolIcon);
+    const int iconSize = scaledToText(toolIcon, *this);
+    setIconSize({iconSize, iconSize});
 }
 
 void PreviewToolBar::addTool(QAction* tool, ToolWidth kind) {

@@ -1,9 +1,11 @@
 #include "frame/help/HelpBrowser.h"
 
 #include "frame/help/HelpPages.h"
+#include "look/Theme.h"
 #include "runtime/EventGuard.h"
 
 #include <QResizeEvent>
+#include <QScrollBar>
 #include <QStyle>
 #include <QTextBlock>
 #include <QTextCursor>
@@ -21,6 +23,18 @@ constexpr double cellPadding = 4;
 constexpr double tableMargin = 8;
 constexpr double pictureMargin = 8;
 constexpr double readingScale = 1.1;
+constexpr double markedShare = 0.3;
+
+/// Long lines of commands go on in the next line.
+void breakLines(const QTextDocument& page) {
+    for (QTextBlock block = page.begin(); block.isValid(); block = block.next()) {
+        if (!block.blockFormat().nonBreakableLines())
+            continue;
+        QTextBlockFormat format = block.blockFormat();
+        format.setNonBreakableLines(false);
+        QTextCursor(block).setBlockFormat(format);
+    }
+}
 
 void setPictureMargins(const QTextDocument& page) {
     for (QTextBlock block = page.begin(); block.isValid(); block = block.next()) {
@@ -40,6 +54,8 @@ HelpBrowser::HelpBrowser(const QString& folder, QWidget* parent) : QTextBrowser(
     QFont reading = font();
     reading.setPointSizeF(reading.pointSizeF() * readingScale);
     setFont(reading);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     connect(this, &QTextBrowser::sourceChanged, this, guarded([this] { dressPage(); }));
 }
 
@@ -48,15 +64,42 @@ void HelpBrowser::markWords(const QStringList& words) {
     showMarks();
 }
 
+/// The marked row stands below the top of the page: what it belongs to can be read above it.
+void HelpBrowser::showRow(const QString& text) {
+    QTextCharFormat marked;
+    marked.setBackground(mixed(palette().color(QPalette::Base), markColor(palette()), markedShare));
+    for (QTextFrame* frame : document()->rootFrame()->childFrames()) {
+        const auto* table = qobject_cast<QTextTable*>(frame);
+        for (int row = 0; table != nullptr && row < table->rows(); ++row) {
+            QTextCursor cell = table->cellAt(row, 0).firstCursorPosition();
+            if (cell.block().text() != text)
+                continue;
+            QList<ExtraSelection> marks;
+            for (int column = 0; column < table->columns(); ++column) {
+                QTextCursor words = table->cellAt(row, column).firstCursorPosition();
+                words.setPosition(table->cellAt(row, column).lastPosition(), QTextCursor::KeepAnchor);
+                marks.append({words, marked});
+            }
+            setExtraSelections(marks);
+            setTextCursor(cell);
+            QScrollBar& bar = *verticalScrollBar();
+            bar.setValue(bar.value() + cursorRect(cell).top() - viewport()->height() / 3);
+            return;
+        }
+    }
+}
+
 /// Markdown has no table style, and the toolkit's own draws every line twice.
 void HelpBrowser::dressPage() {
     setPictureMargins(*document());
+    breakLines(*document());
     for (QTextFrame* frame : document()->rootFrame()->childFrames()) {
         auto* table = qobject_cast<QTextTable*>(frame);
         if (table == nullptr)
             continue;
         QTextTableFormat format = table->format();
         format.setBorder(0);
+        format.setWidth(QTextLength(QTextLength::PercentageLength, 100));
         format.setCellPadding(cellPadding);
         format.setTopMargin(tableMargin);
         format.setBottomMargin(tableMargin);

@@ -10,8 +10,8 @@
 
 namespace tarnwell {
 
-/// Shows a page of the manual: tables with space between their columns, pictures no wider than the page, and
-/// the words that were looked for marked. Links and pictures that lead out of the manual's folder do nothing.
+/// Shows a page of the manual: tables with space between their columns, nothing wider than the page, and the
+/// words that were looked for marked. Links and pictures that lead out of the manual's folder do nothing.
 class HelpBrowser : public QTextBrowser {
     Q_OBJECT
 
@@ -20,6 +20,8 @@ public:
 
     /// Marks every occurrence of the words, on this page and on those that are opened later.
     void markWords(const QStringList& words);
+    /// Shows the row of a table that begins with this text, marked; nothing for another text.
+    void showRow(const QString& text);
 
 protected:
     QVariant loadResource(int type, const QUrl& name) override;

@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QMessageBox>
 #include <QWidget>
 
 namespace tarnwell {
@@ -19,6 +20,20 @@ QString pageFor(const QWidget& widget) {
     return window->objectName();
 }
 
+/// A message's page says something of each of them.
+QString messageIn(const QWidget& window) {
+    const auto* box = qobject_cast<const QMessageBox*>(&window);
+    return box != nullptr ? box->text() : QString();
+}
+
+/// What a message must not hide is the form that it came from.
+const QWidget* askingWindow(const QWidget& widget) {
+    const QWidget* window = widget.window();
+    return qobject_cast<const QMessageBox*>(window) != nullptr && window->parentWidget() != nullptr
+               ? window->parentWidget()->window()
+               : window;
+}
+
 } // namespace
 
 HelpKey::HelpKey(QObject* parent) : QObject(parent) {
@@ -31,7 +46,8 @@ bool HelpKey::eventFilter(QObject* watched, QEvent* event) {
     const auto* key = static_cast<QKeyEvent*>(event);
     if (key->key() != Qt::Key_F1 || key->modifiers() != Qt::NoModifier)
         return false;
-    runEvent([&] { HelpWindow::open(pageFor(*static_cast<QWidget*>(watched))); });
+    const auto& widget = *static_cast<QWidget*>(watched);
+    runEvent([&] { HelpWindow::open(pageFor(widget), askingWindow(widget), messageIn(*widget.window())); });
     return true;
 }
 

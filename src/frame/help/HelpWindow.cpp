@@ -2,6 +2,7 @@
 
 #include "frame/help/HelpBrowser.h"
 #include "look/Icons.h"
+#include "look/WindowPlace.h"
 #include "runtime/EventGuard.h"
 #include "runtime/MsgBox.h"
 
@@ -28,8 +29,9 @@ namespace tarnwell {
 namespace {
 
 constexpr QSize openingSize(980, 720);
-constexpr int contentsWidth = 220;
-constexpr int listSpacing = 3;
+constexpr int leastWidth = 620, widthStep = 60; ///< Beside another window.
+constexpr int contentsWidth = 250;
+constexpr int listSpacing = 2, margin = 8;
 const QString contentsPage = QStringLiteral("contents");
 
 QString& helpFolder() {
@@ -70,11 +72,12 @@ HelpWindow::HelpWindow(QWidget* owner)
 
     auto* left = new QWidget;
     auto* column = new QVBoxLayout(left);
-    column->setContentsMargins(0, 0, 0, 0);
+    column->setContentsMargins(margin, margin, margin, margin);
     for (QWidget* widget : std::initializer_list<QWidget*>{m_search, m_nothing, m_contents})
         column->addWidget(widget);
     auto* splitter = new QSplitter;
     splitter->addWidget(left);
+    m_page->setFrameShape(QFrame::NoFrame);
     splitter->addWidget(m_page);
     splitter->setStretchFactor(1, 1);
     splitter->setSizes({contentsWidth, openingSize.width() - contentsWidth});
@@ -83,8 +86,8 @@ HelpWindow::HelpWindow(QWidget* owner)
     buildActions();
     fillContents();
     connect(m_contents, &QListWidget::currentRowChanged, this, guarded([this](int row) {
-                if (row >= 0)
-                    turnTo(m_pages.at(static_cast<std::size_t>(row)).name);
+                if (const HelpPage* page = pageOf(m_contents->item(row)))
+                    turnTo(page->name);
             }));
     connect(m_page, &QTextBrowser::sourceChanged, this,
             guarded([this](const QUrl& source) { followPage(source); }));
@@ -121,22 +124,58 @@ void HelpWindow::buildActions() {
             }));
 }
 
+/// The keys pass it over, since it can't be chosen.
+void HelpWindow::addHeading(const QString& text) {
+    auto* heading = new QListWidgetItem(text, m_contents);
+    heading->setFlags(Qt::NoItemFlags);
+    heading->setForeground(palette().color(QPalette::Active, QPalette::Text));
+    QFont bold = m_contents->font();
+    bold.setBold(true);
+    heading->setFont(bold);
+}
+
 void HelpWindow::fillContents() {
-    for (const HelpPage& page : m_pages)
-        m_contents->addItem(page.title);
+    QString group;
+    for (std::size_t i = 0; i < m_pages.size(); ++i) {
+        const HelpPage& page = m_pages[i];
+        if (page.group != group)
+            addHeading(page.group);
+        group = page.group;
+        auto* line = new QListWidgetItem(page.title, m_contents);
+        line->setData(Qt::UserRole, static_cast<qulonglong>(i));
+    }
+}
+
+const HelpPage* HelpWindow::pageOf(const QListWidgetItem* line) const {
+    const QVariant number = line != nullptr ? line->data(Qt::UserRole) : QVariant();
+    return number.isValid() ? &m_pages.at(number.toULongLong()) : nullptr;
+}
+
+void HelpWindow::hideHeadingsWithoutPages() {
+    bool isAnyShown = false;
+    for (int row = m_contents->count() - 1; row >= 0; --row) {
+        QListWidgetItem* line = m_contents->item(row);
+        if (pageOf(line) != nullptr)
+            isAnyShown = isAnyShown || !line->isHidden();
+        else
+            line->setHidden(!std::exchange(isAnyShown, false));
+    }
 }
 
 void HelpWindow::search() {
     const QStringList words = searchWords(m_search->text());
     int first = -1;
-    for (int row = static_cast<int>(m_pages.size()) - 1; row >= 0; --row) {
-        const HelpPage& page = m_pages.at(static_cast<std::size_t>(row));
+    for (int row = m_contents->count() - 1; row >= 0; --row) {
+        const HelpPage* page = pageOf(m_contents->item(row));
+        if (page == nullptr)
+            continue;
         // The contents only list what other pages explain.
-        const bool found = isFound(page, words) && (words.isEmpty() || page.name != contentsPage);
+        const bool found = isFound(*page, words) && (words.isEmpty() || page->name != contentsPage);
         m_contents->item(row)->setHidden(!found);
         if (found)
             first = row;
     }
+    hideHeadingsWithoutPages();
     m_nothing->setVisible(first < 0);
     const QListWidgetItem* shown = m_contents->currentItem();
     if (first >= 0 && (shown == nullptr || shown->isHidden()))
@@ -145,8 +184,10 @@ void HelpWindow::search() {
 }
 
 int HelpWindow::lineOf(const QString& page) const {
-    const auto found = std::ranges::find(m_pages, page, &HelpPage::name);
-    return found == m_pages.end() ? -1 : static_cast<int>(found - m_pages.begin());
+    for (int row = 0; row < m_contents->count(); ++row)
+        if (const HelpPage* shown = pageOf(m_contents->item(row)); shown != nullptr && shown->name == page)
+            return row;
+    return -1;
 }
 
 void HelpWindow::turnTo(const QString& page) {
@@ -182,7 +223,26 @@ bool HelpWindow::hasPage(const QString& page) {
     return QFile::exists(pageFile(page));
 }
 
-void HelpWindow::open(const QString& page) {
+/// Narrower than usual rather than over the window that asked.
+void HelpWindow::standBeside(const QWidget& asking) {
+    const QWidget& window = *asking.window();
+    const QRect available = window.screen()->availableGeometry();
+    for (int width = this->width(); width >= leastWidth; width -= widthStep)
+        if (const auto corner = placeBeside(window.frameGeometry(), QSize(width, height()), available)) {
+            resize(width, height());
+            move(*corner);
+            return;
+        }
+}
+
+void HelpWindow::showMessage(const QString& message) {
+    const auto page =
+        std::ranges::find(m_pages, QFileInfo(m_page->source().path()).completeBaseName(), &HelpPage::name);
+    if (page != m_pages.end())
+        m_page->showRow(listedMessage(page->text, message));
+}
+
+void HelpWindow::open(const QString& page, const QWidget* asking, const QString& message) {
     const QString known = hasPage(page) ? page : contentsPage;
     if (!hasPage(known)) {
         MsgBox({.text = QStringLiteral("The help pages were not found in:\n\n") + helpFolder(),
@@ -194,10 +254,15 @@ void HelpWindow::open(const QString& page) {
     QWidget* modal = QApplication::activeModalWidget();
     if (!openWindow().isNull() && openWindow()->parentWidget() != modal)
         closeOpen();
-    if (openWindow().isNull())
+    if (openWindow().isNull()) {
         openWindow() = new HelpWindow(modal);
+        if (asking != nullptr)
+            openWindow()->standBeside(*asking);
+    }
     openWindow()->turnTo(known);
     openWindow()->show();
+    if (!message.isEmpty())
+        openWindow()->showMessage(message);
     openWindow()->raise();
     openWindow()->activateWindow();
 }

@@ -11,7 +11,9 @@
 #include <QDirIterator>
 #include <QImage>
 #include <QListWidget>
+#include <QMessageBox>
 #include <QRegularExpression>
+#include <QScrollBar>
 #include <QTemporaryDir>
 #include <QTextBrowser>
 
@@ -112,13 +114,16 @@ TEST_F(HelpWindowTest, ListAndPageFollowEachOther) {
     HelpWindow::open("contents");
     auto* list = openHelp()->findChild<QListWidget*>("lstContents");
     list->setCurrentRow(3);
+    ScreenDriver(*openHelp()).focus("lstContents");
+    ScreenDriver(*openHelp()).press(Qt::Key_Down); // Past the heading of the first group.
     const QString chosen = shownPage();
-    EXPECT_EQ(chosen, readHelpPages(manual).at(3).name + ".md");
+    EXPECT_EQ(chosen, "frmPayroll.md");
+    EXPECT_EQ(list->item(4)->text(), "Paying");
     openHelp()->findChild<QTextBrowser*>()->setSource(QUrl("keyboard.md"));
     EXPECT_EQ(list->currentItem()->text(), "Keyboard");
     ScreenDriver(*openHelp()).press(Qt::Key_Left, Qt::AltModifier);
     EXPECT_EQ(shownPage(), chosen);
-    EXPECT_EQ(list->currentRow(), 3);
+    EXPECT_EQ(list->currentRow(), 5);
 }
 
 TEST_F(HelpWindowTest, SearchLeavesThePagesWithAllWordsAndMarksThem) {
@@ -148,6 +153,31 @@ TEST_F(HelpWindowTest, SearchLeavesThePagesWithAllWordsAndMarksThem) {
     EXPECT_EQ(left(), list.count());
     help.press(Qt::Key_Escape);
     EXPECT_EQ(openHelp(), nullptr);
+}
+
+TEST_F(HelpWindowTest, F1InAMessageLeadsToThatMessage) {
+    QMessageBox box;
+    box.setObjectName("msgBox");
+    box.setText("Price entered is greater than task difference.\nContinue paying task?");
+    ScreenDriver(box).press(Qt::Key_F1);
+    EXPECT_EQ(shownPage(), "msgBox.md");
+    const auto marks = openHelp()->findChild<QTextBrowser*>()->extraSelections();
+    ASSERT_FALSE(marks.isEmpty());
+    EXPECT_EQ(marks.front().cursor.selectedText(),
+              "Price entered is greater than task difference. Continue paying task?");
+}
+
+TEST_F(HelpWindowTest, NoPageScrollsSideways) {
+    HelpWindow::open("contents");
+    auto* page = openHelp()->findChild<QTextBrowser*>();
+    for (const int width : {620, 1100}) {
+        openHelp()->resize(width, 500);
+        for (const HelpPage& each : readHelpPages(manual)) {
+            page->setSource(QUrl(each.name + ".md"));
+            EXPECT_TRUE(waitFor([&] { return page->horizontalScrollBar()->maximum() == 0; }))
+                << each.name.toStdString() << ' ' << width;
+        }
+    }
 }
 
 TEST_F(HelpWindowTest, APictureIsNoWiderThanThePage) {
@@ -216,6 +246,27 @@ TEST(Manual, EveryLinkLeadsToAPageAndEveryPageIsInTheContents) {
     }
     listed.sort();
     EXPECT_EQ(QDir(manual).entryList({"*.md"}, QDir::Files, QDir::Name), listed);
+}
+
+TEST(Manual, EveryListedMessageIsOneOfTheProgramsAndIsFoundByIt) {
+    QString source;
+    for (QDirIterator file(TARNWELL_SOURCE_DIR "/src", {"*.cpp"}, QDir::Files, QDirIterator::Subdirectories);
+         file.hasNext();)
+        source += fileText(file.next());
+    static const QRegularExpression brokenLiteral(R"re("\s*")re");
+    static const QRegularExpression number(R"( \(-?\d+\)$)");
+    source = source.remove(brokenLiteral).replace("\\n", " ").simplified();
+    const QString page = fileText(manual + "/msgBox.md");
+    const QStringList messages = listedMessages(page);
+    EXPECT_GT(messages.size(), 40);
+    for (const QString& listed : messages) {
+        const QString text = QString(listed).remove(number);
+        for (const QString& part : text.split("...", Qt::SkipEmptyParts))
+            EXPECT_TRUE(source.contains(part.trimmed())) << listed.toStdString();
+        EXPECT_EQ(listedMessage(page, "Error # 1\n" + QString(text).replace("...", "\"x\"") + " More."),
+                  listed);
+    }
+    EXPECT_EQ(listedMessage(page, "Nobody says this."), "");
 }
 
 TEST(Manual, EveryWindowHasItsPageWithItsPicture) {

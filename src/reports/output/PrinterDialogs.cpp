@@ -22,6 +22,12 @@ std::unique_ptr<QPrinter>& chosenPrinter() {
     return printer;
 }
 
+/// What paper is chosen on where there is no printer: it prints nothing.
+std::unique_ptr<QPrinter>& paperOfPdfs() {
+    static std::unique_ptr<QPrinter> paper;
+    return paper;
+}
+
 PrinterDialogs& replacedDialogs() {
     static PrinterDialogs dialogs;
     return dialogs;
@@ -68,6 +74,21 @@ bool print(QPrinter& printer, PageChoice pages, QWidget* owner) {
     return execKeepingPaper(dialog);
 }
 
+bool hasPrinter() {
+    return chosenPrinter() != nullptr || !systemPrinter().isNull();
+}
+
+QPrinter& pdfPaper() {
+    std::unique_ptr<QPrinter>& paper = paperOfPdfs();
+    if (!paper) {
+        paper = std::make_unique<QPrinter>();
+        paper->setOutputFormat(QPrinter::PdfFormat);
+        paper->setPageLayout({QPageSize(QPageSize::Letter), QPageLayout::Portrait, QMarginsF()});
+        qAddPostRoutine([] { paperOfPdfs().reset(); });
+    }
+    return *paper;
+}
+
 bool pageSetUp(QPrinter& printer, QWidget* owner) {
     QPageSetupDialog dialog(&printer, owner);
     return dialog.exec() == QDialog::Accepted;
@@ -104,12 +125,14 @@ QPrinter& currentPrinter() {
     return *printer;
 }
 
-const QPrinter* printerInUse() {
-    return chosenPrinter().get();
+std::optional<QPageLayout> paperInUse() {
+    const QPrinter* const printer = chosenPrinter() != nullptr ? chosenPrinter().get() : paperOfPdfs().get();
+    return printer != nullptr ? std::optional(printer->pageLayout()) : std::nullopt;
 }
 
 void setCurrentPrinter(std::unique_ptr<QPrinter> printer) {
     chosenPrinter() = std::move(printer);
+    paperOfPdfs().reset();
 }
 
 bool showPrinterSetup(QWidget* owner) {
@@ -143,9 +166,11 @@ bool OnePrint::ask(QWidget* owner, PageChoice pages) {
     return m_isChosen;
 }
 
-bool showPageSetup(QWidget* owner) {
+std::optional<QPageLayout> choosePaper(QWidget* owner) {
     const auto& dialog = replacedDialogs().pageSetUp;
-    return dialog ? dialog(currentPrinter(), owner) : pageSetUp(currentPrinter(), owner);
+    QPrinter& printer = hasPrinter() ? currentPrinter() : pdfPaper();
+    const bool isChosen = dialog ? dialog(printer, owner) : pageSetUp(printer, owner);
+    return isChosen ? std::optional(printer.pageLayout()) : std::nullopt;
 }
 
 QString askForPdfName(const QString& proposed, QWidget* owner) {

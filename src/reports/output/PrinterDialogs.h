@@ -6,6 +6,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 class QPrinter;
 class QWidget;
@@ -32,8 +33,9 @@ PrinterDialogs setPrinterDialogs(PrinterDialogs dialogs);
 /// chosen.
 /// Raises PrinterError when there is none.
 [[nodiscard]] QPrinter& currentPrinter();
-/// The current printer once it was asked for; null before, so that nobody has to wait for the search for one.
-[[nodiscard]] const QPrinter* printerInUse();
+/// The current printer's paper once that printer was asked for, else the one that was chosen for PDFs;
+/// nothing before, so that nobody has to wait for the search for a printer.
+[[nodiscard]] std::optional<QPageLayout> paperInUse();
 /// One print on the current printer, from its dialog to its end. Then the printer prints all pages again, one
 /// copy, in order, and is a printer again where the print went into a file; which printer, its paper and its
 /// sides stay as they were chosen.
@@ -53,12 +55,14 @@ private:
     bool m_isChosen = false;
 };
 
-/// Replaces the printer, for tests; null goes back to the system's own.
+/// Replaces the printer, for tests; null goes back to the system's own. A paper that was chosen is forgotten.
 void setCurrentPrinter(std::unique_ptr<QPrinter> printer);
 
-/// The dialogs, on the current printer. All but the last raise PrinterError when there is no printer.
+/// The dialog on the current printer; raises PrinterError when there is none.
 bool showPrinterSetup(QWidget* owner);
-bool showPageSetup(QWidget* owner);
+/// The paper that was chosen: the current printer's or, where there is no printer, that of PDFs. Nothing when
+/// it was cancelled.
+[[nodiscard]] std::optional<QPageLayout> choosePaper(QWidget* owner);
 [[nodiscard]] QString askForPdfName(const QString& proposed, QWidget* owner);
 
 } // namespace tarnwell

@@ -14,6 +14,7 @@
 #include <QStandardPaths>
 
 #include <functional>
+#include <optional>
 
 namespace tarnwell {
 
@@ -94,10 +95,10 @@ QString printFromPreview(ReportDocument& pages, const ReportPages& report, const
 
 bool setUpFromPreview(ReportDocument& pages, QWidget* owner) {
     return orSay<bool>(QStringLiteral("The paper can't be chosen."), false, [&] {
-        if (!showPageSetup(owner))
-            return false;
-        pages.setPaper(currentPrinter().pageLayout());
-        return true;
+        const std::optional<QPageLayout> paper = choosePaper(owner);
+        if (paper)
+            pages.setPaper(*paper);
+        return paper.has_value();
     });
 }
 
@@ -129,8 +130,8 @@ QString ReportPreview::save(const ReportPages& report, const QString& title, con
 
 void ReportPreview::show(const ReportPages& report, const QString& title, QWidget* owner) {
     ReportDocument pages(report);
-    if (const QPrinter* printer = printerInUse())
-        pages.setPaper(printer->pageLayout());
+    if (const std::optional<QPageLayout> paper = paperInUse())
+        pages.setPaper(*paper);
     PreviewWindow window(
         pages, title,
         {.print = [&](int page,

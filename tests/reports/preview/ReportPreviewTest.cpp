@@ -9,6 +9,7 @@
 #include "support/ScreenDriver.h"
 
 #include <QAction>
+#include <QFile>
 #include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
@@ -134,17 +135,24 @@ TEST_F(ReportPreviewTest, TheNumberOfPagesIsFoundInTheHeader) {
     });
 }
 
-TEST_F(ReportPreviewTest, WithoutAPrinterTheMessageSaysSoAndThePreviewStays) {
-    MessageScript messages{Answer::Ok, Answer::Ok};
-    use(NumberedReport(2), [](const ScreenDriver& driver) {
+TEST_F(ReportPreviewTest, WithoutAPrinterNothingIsPrintedAndThePaperOfPdfsIsChosen) {
+    MessageScript messages{Answer::Ok};
+    const NumberedReport data(2, Orientation::Landscape);
+    m_path = data.pathOf("June.pdf");
+    use(data, [](const ScreenDriver& driver) {
         driver.press(Qt::Key_P, Qt::ControlModifier);
         driver.press(Qt::Key_P, Qt::ControlModifier | Qt::ShiftModifier);
+        driver.press(Qt::Key_S, Qt::ControlModifier);
     });
-    ASSERT_EQ(messages.shown().size(), 2U);
-    for (const MessageRequest& message : messages.shown()) {
-        EXPECT_EQ(message.title, "Report");
-        EXPECT_TRUE(message.text.contains("There is no printer.")) << message.text.toStdString();
-    }
+    ASSERT_EQ(messages.shown().size(), 1U);
+    EXPECT_EQ(messages.shown().front().title, "Report");
+    EXPECT_TRUE(messages.shown().front().text.contains("There is no printer."));
+    QFile pdf(m_path);
+    ASSERT_TRUE(pdf.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(pdf.readAll().contains("/MediaBox [0 0 842")) << "a landscape A4";
+    use(data, [](const ScreenDriver& driver) {
+        EXPECT_EQ(driver.find<QLabel>("lblPaper").text(), "A4, landscape");
+    });
 }
 
 TEST_F(ReportPreviewTest, APrinterThatFailsOnTheWayIsReported) {

@@ -87,9 +87,22 @@ BuilderTexts BuilderControls::texts() const {
     return texts;
 }
 
-void BuilderControls::show(const BuilderTexts& texts) const {
-    for (std::size_t i = 0; i < MskField.size(); ++i)
+void BuilderControls::show(const BuilderTexts& texts, bool hasBuilder) const {
+    for (std::size_t i = 0; i < MskField.size(); ++i) {
         MskField.at(i)->setText(texts.at(i));
+        MskField.at(i)->setEnabled(hasBuilder || i == 0);
+    }
+    lstJobs->setEnabled(hasBuilder);
+    cmdSelectAll->setEnabled(hasBuilder);
+}
+
+void BuilderControls::setHints(const std::function<bool()>& hasBuilder) const {
+    jgPlans->setEmptyHint([hasBuilder]() -> QString {
+        return hasBuilder() ? "" : "Press Add for a new builder, or Find to choose one.";
+    });
+    jgTasks->setEmptyHint([hasBuilder]() -> QString {
+        return hasBuilder() ? "Enter or choose a plan to see its tasks." : "Choose a builder first.";
+    });
 }
 
 std::vector<qint64> BuilderControls::selectedJobs() const {

@@ -6,6 +6,7 @@
 #include <QSize>
 
 #include <array>
+#include <functional>
 #include <vector>
 
 class QLayout;
@@ -42,7 +43,10 @@ public:
     [[nodiscard]] std::vector<NamedControl> named() const;
 
     [[nodiscard]] BuilderTexts texts() const;
-    void show(const BuilderTexts& texts) const;
+    /// Without a builder only the field that leads to one, the category and the grids can be used.
+    void show(const BuilderTexts& texts, bool hasBuilder) const;
+    /// What an empty grid says, with a builder and without one.
+    void setHints(const std::function<bool()>& hasBuilder) const;
     /// The keys of the jobs that are selected, from top to bottom; 0 for the header.
     [[nodiscard]] std::vector<qint64> selectedJobs() const;
     /// Selects every job but the header, or none; the list repaints once.

@@ -24,6 +24,7 @@ PlanGrids::PlanGrids(Grid& plans, Grid& tasks, Combo& category)
                           },
                       .show =
                           [this](const DetailKeys& keys) {
+                              jgTasks.setHasOwner(keys.owner != 0);
                               showRows(connection(), jgTasks, rsPlanTasks,
                                        tasksOfPlan(keys.owner, keys.category), "ContractorTasks.lyt");
                           },
@@ -58,6 +59,7 @@ void PlanGrids::LoadPlans(qint64 builderKey, int standOn) {
     {
         // The tasks are read once, after the binding.
         const auto held = m_tasks.hold();
+        jgPlans.setHasOwner(builderKey != 0);
         showRows(connection(), jgPlans, rsPlans, plansOfBuilder(builderKey), "ContractorPlans.lyt");
         m_builderOfPlans = builderKey;
         jgPlans.setRow(std::min(standOn, jgPlans.RowCount()));

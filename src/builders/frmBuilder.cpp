@@ -61,6 +61,7 @@ void frmBuilder::Form_Load() {
         nameControl(control, name, toolTip);
     m_grids = std::make_unique<PlanGrids>(*ui.jgPlans, *ui.jgTasks, *ui.cmbType);
     connectControls();
+    ui.setHints([this] { return ContractorKey != 0; });
     ui.cmbType->setItems(readTaskCategories(connection()));
     if (ui.cmbType->ListCount() > 0)
         ui.cmbType->setListIndex(0);
@@ -213,7 +214,7 @@ void frmBuilder::letBuilderGo() {
 }
 
 void frmBuilder::DisplayRecord() {
-    ui.show(readBuilder(connection(), ContractorKey));
+    ui.show(readBuilder(connection(), ContractorKey), ContractorKey != 0);
     LoadJobList();
     m_grids->LoadPlans(ContractorKey);
 }

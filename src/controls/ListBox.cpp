@@ -151,6 +151,12 @@ void ListBox::keyReleaseEvent(QKeyEvent* event) {
         Q_EMIT keyUp(keyCodeOf(*event), shiftStateOf(*event));
 }
 
+void ListBox::paintEvent(QPaintEvent* event) {
+    QListWidget::paintEvent(event);
+    if (count() == 0)
+        paintEmptyHint(*this, m_emptyHint);
+}
+
 QFont fixedPitchFont() {
     static const QString family = [] {
         const QStringList installed = QFontDatabase::families();

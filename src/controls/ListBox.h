@@ -1,9 +1,12 @@
 #pragma once
 
+#include "controls/EmptyHint.h"
 #include "controls/ItemModel.h"
 #include "controls/PressedKeys.h"
 
 #include <QListWidget>
+
+#include <utility>
 
 namespace tarnwell {
 
@@ -19,6 +22,9 @@ public:
     /// Lines that are wider than the list are read by a scroll bar below it, and by Left and Right. For lists
     /// of some hundred lines: every one is measured.
     void setScrollsSideways();
+
+    /// Shown while the list has no lines.
+    void setEmptyHint(EmptyHint hint) { m_emptyHint = std::move(hint); }
 
     /// A line at the end; what is chosen does not change.
     void AddItem(const QString& text, qint64 itemData = 0);
@@ -54,12 +60,14 @@ protected:
                                                                        const QEvent* event) const override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
 private:
     bool chooseFirst(int key);
     bool scrollSideways(int key);
 
     PressedKeys m_pressed{*this};
+    EmptyHint m_emptyHint;
 };
 
 /// "Courier New" or a font of the same metrics, at the desktop's size.

@@ -184,6 +184,20 @@ void JobControls::clear() const {
     rebCompletedDate->setText({});
 }
 
+void JobControls::setHints(const std::function<bool()>& hasJob) const {
+    jgJobLots->setEmptyHint(
+        [hasJob]() -> QString { return hasJob() ? "" : "Press Add for a new job, or Find to choose one."; });
+    jgTasks->setEmptyHint([hasJob]() -> QString {
+        return hasJob() ? "Enter or choose a lot above to see its tasks." : "Choose a job first.";
+    });
+}
+
+void JobControls::showHasJob(bool has) const {
+    for (QWidget* control : {static_cast<QWidget*>(MskField[jobName]), static_cast<QWidget*>(cmbForeman),
+                             static_cast<QWidget*>(rebCompletedDate)})
+        control->setEnabled(has);
+}
+
 void JobControls::build(QWidget& form) {
     make(form);
     MskField[jobName]->setAccessibleName("Job Name");

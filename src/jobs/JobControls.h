@@ -6,6 +6,7 @@
 #include <QSize>
 
 #include <array>
+#include <functional>
 #include <vector>
 
 namespace tarnwell {
@@ -43,6 +44,10 @@ public:
     [[nodiscard]] JobRecord record() const;
     void show(const ShownJob& job) const;
     void clear() const;
+    /// What an empty grid says, with a job and without one.
+    void setHints(const std::function<bool()>& hasJob) const;
+    /// Without a job only the field that leads to one, the category and the grids can be used.
+    void showHasJob(bool has) const;
 
     std::array<MaskedBox*, 3> MskField{}; ///< Job number, job name, builder.
     Combo* cmbForeman = nullptr;

@@ -68,6 +68,7 @@ void JobGrids::LoadJobLots(qint64 jobKey, const Value& standOn) {
     {
         // The tasks are read once, after the binding.
         const auto held = m_tasks.hold();
+        jgJobLots.setHasOwner(jobKey != 0);
         showRows(connection(), jgJobLots, rsJobLots, lotsOfJob(jobKey), "JobLot.lyt");
         m_jobOfLots = jobKey;
         for (int row = 1; row <= jgJobLots.RowCount(); ++row)
@@ -93,6 +94,7 @@ void JobGrids::cmbType_Click() {
 /// Without a category this raises InvalidPropertyIndex.
 void JobGrids::showTasks(const DetailKeys& keys) {
     const qint64 category = cmbType.ItemData(cmbType.ListIndex());
+    jgTasks.setHasOwner(keys.owner != 0);
     showRows(connection(), jgTasks, rsJobLotTasks, taskRowsOfLot(keys.owner, category), "JobTasks.lyt");
 }
 
@@ -183,6 +185,7 @@ void JobGrids::empty() {
                                                   {&jgTasks, rsJobLotTasks.get()}};
     for (const auto& [grid, rows] : grids) {
         grid->CancelUpdate();
+        grid->setHasOwner(false);
         if (rows != nullptr)
             rows->setFilter("JobLotKey=0");
         grid->Rebind();

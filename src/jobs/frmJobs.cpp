@@ -69,12 +69,14 @@ void frmJobs::Form_Load() {
     });
     connectFields();
     connectGrids();
+    ui.setHints([this] { return JobKey != 0; });
     ui.cmbForeman->setTexts(readForemen(connection()));
     ui.cmbType->setItems(readTaskCategories(connection()));
     if (ui.cmbType->ListCount() > 0)
         ui.cmbType->setListIndex(0);
     BuildToolbar(*this, builtButtons);
     setToolbarButton("AddSame", "Task", "Add Task");
+    ui.showHasJob(false);
 }
 
 void frmJobs::connectFields() {
@@ -219,6 +221,7 @@ void frmJobs::letJobGo() {
 
 void frmJobs::DisplayRecord() {
     ui.clear();
+    const auto state = qScopeGuard([this] { ui.showHasJob(JobKey != 0); });
     if (JobKey == 0)
         return;
     // A job that can't be shown must not be saved with the empty fields.

@@ -76,6 +76,7 @@ void frmAddOptionGroup::Form_Load() {
                            .show = [this](const DetailKeys& keys) { showGroup(keys.category); },
                            .reload = [this] { FilterGroup(); }});
     connectControls();
+    setHints();
     m_builderName->setText(m_builder.name);
     GroupRecordset = std::make_unique<Recordset>();
     GroupRecordset->Open(optionGroupTasks, connection(), CursorType::Static, LockType::Optimistic);
@@ -126,6 +127,14 @@ void frmAddOptionGroup::connectControls() {
     connect(lstGroups, &ListBox::doubleClick, this, guarded([this] { RenameGroup(); }));
     onGotFocus(lstGroups, [this] { lstGroups_GotFocus(); });
     onGotFocus(jgGroupOptions, [this] { jgGroupOptions_GotFocus(); });
+}
+
+void frmAddOptionGroup::setHints() {
+    lstGroups->setEmptyHint([]() -> QString { return "Press Add to make a group."; });
+    jgGroupOptions->setEmptyHint([this]() -> QString {
+        return selectedGroup() == 0 ? "Make or choose a group first."
+                                    : "Press Task to put tasks into the group.";
+    });
 }
 
 void frmAddOptionGroup::Form_Unload() {

@@ -47,6 +47,7 @@ private:
     void makeControls();
     void layOut();
     void connectControls();
+    void setHints();
 
     void LoadGroups();
     void FilterGroup();

@@ -59,6 +59,7 @@ void frmMasterTasks::Form_Load() {
                            .reload = [this] { cmbType_Click(); }});
     connectControls();
     connectGrid();
+    setHints();
     TaskRecordset.Open(allMasterTasks, connection(), CursorType::Static, LockType::Optimistic);
     jgMasterTasks->bind(&TaskRecordset);
     jgMasterTasks->LoadLayout(gLayoutPath + "MasterTasks.lyt");
@@ -70,15 +71,27 @@ void frmMasterTasks::Form_Load() {
     setStatusText("Select Category / Enter Master Tasks");
 }
 
+void frmMasterTasks::setHints() {
+    jgMasterTasks->setEmptyHint(
+        []() -> QString { return "Enter the task categories in Master Codes first."; });
+    jgDependency->setEmptyHint([this]() -> QString {
+        return cmbType->ListCount() == 0 ? ""
+                                         : "Press Add to name a category that is to be paid before this one.";
+    });
+}
+
 void frmMasterTasks::fillLists() {
     for (const char* target : cascadeTargets)
         cmbCascade->AddItem(target);
     cmbCascade->setListIndex(CascadeTarget::None);
     cmbType->setItems(readTaskCategories(connection()));
-    if (cmbType->ListCount() > 0)
+    if (cmbType->ListCount() > 0) {
         cmbType->setListIndex(0);
-    else
+    } else {
         jgMasterTasks->setEnabled(false);
+        jgMasterTasks->setHasOwner(false);
+        jgMasterTasks->Rebind();
+    }
     cmbType->lineEdit()->selectAll(); // The first key replaces it.
 }
 

@@ -43,6 +43,7 @@ private:
     void orderTabs();
 
     void connectControls();
+    void setHints();
     void connectGrid();
     void fillLists();
     void nameButtons();

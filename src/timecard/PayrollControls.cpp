@@ -170,6 +170,25 @@ std::vector<NamedControl> PayrollControls::named() const {
     };
 }
 
+void PayrollControls::setHints(const PayrollState& state) const {
+    jgJobLots->setEmptyHint([&state]() -> QString {
+        return state.isJobEmpty() ? "Type a job number above, or press Find."
+                                  : "Enter the lots of this job in Jobs.";
+    });
+    jgTasks->setEmptyHint([&state]() -> QString {
+        return state.areLotsEmpty() ? "Choose a job to see its tasks."
+                                    : "The lot has no tasks of this category: choose another one.";
+    });
+    lstTaskHistory->setEmptyHint([&state]() -> QString {
+        return state.hasTask() ? "Nothing was paid for this task yet."
+                               : "Choose a task to see what was paid for it.";
+    });
+    lstEmployeeHistory->setEmptyHint([this]() -> QString {
+        return cmbEmployees->ListIndex() > 0 ? "Nothing is noted about this employee."
+                                             : "Choose an employee to see what was noted.";
+    });
+}
+
 QLayout* PayrollControls::jobRow() {
     auto* row = spaced<QHBoxLayout>();
     jobNumber->setFixedWidth(digits(*cmdApplyTask, jobNumberDigits));

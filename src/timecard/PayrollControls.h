@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controls/NamedControl.h"
+#include "timecard/PayrollFocus.h"
 
 #include <QSize>
 
@@ -32,6 +33,8 @@ public:
     void build(QWidget& form);
     /// All that have a name, for the screen that follows their focus.
     [[nodiscard]] std::vector<NamedControl> named() const;
+    /// What an empty grid or list says; the state must outlive the controls.
+    void setHints(const PayrollState& state) const;
 
     MaskedBox* jobNumber = nullptr; // MskField(2)
     MaskedBox* jobName = nullptr;   // MskField(1)

@@ -58,6 +58,7 @@ void frmEmployee::Form_Load() {
     for (const auto& [control, name, toolTip] : ui.named())
         nameControl(control, name, toolTip);
     connectControls();
+    setHints();
     LoadForemen();
     ui.cmbType->setTexts(readEmployeeTypes(connection()));
     for (const char* state : maritalStates)
@@ -175,6 +176,13 @@ void frmEmployee::showRecord(const EmployeeRecord& record) {
     ui.rebHired->setValue(record.dateOfHire);
     ui.rebTerminated->setValue(record.dateOfTermination);
     ui.chkInActive->setChecked(record.inactive);
+}
+
+void frmEmployee::setHints() {
+    ui.lstErrorLog->setEmptyHint([this]() -> QString {
+        return EmployeeKey == 0 ? "Press Add for a new employee, or Find to choose one."
+                                : "Nothing is noted about this employee.";
+    });
 }
 
 /// Without a record only the field that leads to one can be used.

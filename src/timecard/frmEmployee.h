@@ -22,6 +22,7 @@ protected:
 
 private:
     void connectControls();
+    void setHints();
 
     void AddRecord();
     void SaveRecord();

@@ -77,6 +77,7 @@ void frmPayroll::Form_Load() {
                                         .show = [this](const DetailKeys& keys) { showTasks(keys); },
                                         .reload = [this] { cmbType_Click(); }});
     connectControls();
+    ui.setHints(*this);
     JobKey = 0;
     ui.cmbType->setItems(readTaskCategories(connection()));
     if (ui.cmbType->ListCount() > 0)

@@ -11,6 +11,8 @@ TEST_F(BuilderScreen, WithoutABuilderTheFocusStaysInTheEmptyName) {
     EXPECT_EQ(driver->focusedName(), "MskField(0)");
     EXPECT_EQ(form().statusText(), "Press Add to enter new record, Find to get record");
     EXPECT_EQ(enabled(), "Exit Add Find");
+    for (const char* grid : {"jgPlans", "jgTasks"})
+        EXPECT_EQ(driver->find<Grid>(grid).Row(), -1) << "a row of no builder can't be entered";
     driver->press(Qt::Key_Tab);
     driver->click("jgPlans");
     EXPECT_EQ(driver->focusedName(), "MskField(0)");

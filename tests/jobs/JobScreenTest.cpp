@@ -14,6 +14,10 @@ TEST_F(JobScreen, WithoutAJobTheFocusStaysInTheEmptyNumber) {
     EXPECT_EQ(driver->focusedName(), "MskField(0)");
     EXPECT_EQ(form().statusText(), "Press Add or Find to get job");
     EXPECT_EQ(enabled(), "Exit Add Find");
+    for (const char* grid : {"jgJobLots", "jgTasks"})
+        EXPECT_EQ(driver->find<Grid>(grid).Row(), -1) << "a row of no job can't be entered";
+    for (const char* control : {"cmbForeman", "MskField(1)", "rebCompletedDate"})
+        EXPECT_FALSE(driver->find(control).isEnabled()) << control;
     driver->press(Qt::Key_Tab);
     for (const char* control : {"jgJobLots", "jgTasks", "cmbForeman", "MskField(1)"}) {
         driver->click(control, {40, 8});

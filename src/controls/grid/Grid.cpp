@@ -79,6 +79,14 @@ void Grid::setAllowAdd(bool allow, NewRowPosition position) {
     m->arrange();
 }
 
+void Grid::setHasOwner(bool has) {
+    m->model->setHasOwner(has);
+}
+
+void Grid::setEmptyHint(EmptyHint hint) {
+    m->emptyHint = std::move(hint);
+}
+
 void Grid::setAllowEdit(bool allow) {
     m->model->setAllowEdit(allow);
 }
@@ -266,6 +274,12 @@ void Grid::focusOutEvent(QFocusEvent* event) {
     m->repaintRow(m->row);
 }
 
+void Grid::paintEvent(QPaintEvent* event) {
+    QTableView::paintEvent(event);
+    if (m->model->rowCount() == 0)
+        paintEmptyHint(*this, m->emptyHint);
+}
+
 void Grid::resizeEvent(QResizeEvent* event) {
     QTableView::resizeEvent(event);
     m->widths->share();
@@ -274,6 +288,7 @@ void Grid::resizeEvent(QResizeEvent* event) {
 void Grid::changeEvent(QEvent* event) {
     QTableView::changeEvent(event);
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
+        m->rowHeader->updateGeometry();
         verticalHeader()->setMinimumSectionSize(GridDelegate::rowHeight(*this));
         verticalHeader()->setDefaultSectionSize(GridDelegate::rowHeight(*this));
     }

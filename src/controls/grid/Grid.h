@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controls/EmptyHint.h"
 #include "controls/grid/GridColumn.h"
 #include "data/RunTimeError.h"
 #include "data/Value.h"
@@ -34,6 +35,11 @@ public:
     void setColumns(std::vector<GridColumn> columns);
     [[nodiscard]] const std::vector<GridColumn>& columns() const;
     void setAllowAdd(bool allow, NewRowPosition position = NewRowPosition::Last);
+    /// Whether the rows of the next binding belong to something: those of no job or plan have no new-row
+    /// line, also where adding is allowed. True at first.
+    void setHasOwner(bool has);
+    /// Shown while there is no row and no new-row line.
+    void setEmptyHint(EmptyHint hint);
     void setAllowEdit(bool allow);
     void setAllowDelete(bool allow);
 
@@ -126,6 +132,7 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
 

@@ -93,7 +93,7 @@ void GridModel::takeRows(int count) {
     m_pending.clear();
     const Recordset* rows = recordset();
     m_count = count;
-    m_line = m_allowAdd && rows != nullptr;
+    m_line = m_allowAdd && m_hasOwner && rows != nullptr;
     m_fields.assign(m_columns.size(), -1);
     for (std::size_t i = 0; rows != nullptr && i < m_columns.size(); ++i) {
         if (!m_columns[i].key.isEmpty())

@@ -40,6 +40,8 @@ public:
     [[nodiscard]] TreeLevel treeLevel(int modelRow, int column) const;
 
     void setAllowAdd(bool allow, NewRowPosition position);
+    /// Counts from the next `bind` on.
+    void setHasOwner(bool has) { m_hasOwner = has; }
     void setAllowEdit(bool allow) { m_allowEdit = allow; }
     /// The cell may be changed by the user.
     [[nodiscard]] bool isEditable(int modelRow, int column) const;
@@ -110,6 +112,7 @@ private:
     PendingRow m_pending;
     TreeRule m_tree;
     int m_treeColumn = 0;
+    bool m_hasOwner = true; ///< The rows belong to something that a new one can belong to.
     bool m_allowAdd = false;
     bool m_allowEdit = true;
     NewRowPosition m_position = NewRowPosition::Last;

@@ -100,6 +100,7 @@ struct Grid::Parts {
     QTimer* refusal; ///< Runs while a refusal waits for the focus to have settled.
     int row = -1;
     int column = 0;
+    EmptyHint emptyHint;
     bool allowDelete = false;
     bool moving = false;   ///< The view's current index is being set by us.
     bool writing = false;  ///< Between beforeUpdate and afterUpdate.

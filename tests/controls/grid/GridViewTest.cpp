@@ -52,6 +52,30 @@ TEST_F(GridTest, TheCurrentRowShowsWithoutTheFocusOnLightAndDark) {
     }
 }
 
+TEST_F(GridTest, RowsOfNothingHaveNoNewRowLineAndSayWhatToDo) {
+    grid->setAllowAdd(true);
+    grid->setEmptyHint([] { return QStringLiteral("Choose a lot."); });
+    grid->setHasOwner(false);
+    open("1=0");
+    EXPECT_EQ(grid->Row(), -1);
+    EXPECT_EQ(grid->model()->rowCount(), 0);
+    const QImage image = grid->viewport()->grab().toImage();
+    EXPECT_EQ(image.pixelColor(2, 2), grid->palette().color(QPalette::Disabled, QPalette::Base));
+    grid->setHasOwner(true);
+    open("1=0");
+    EXPECT_EQ(grid->Row(), 1);
+}
+
+TEST_F(GridTest, RowMarksGrowWithTheFont) {
+    const auto width = [this](int points) {
+        QFont font = grid->font();
+        font.setPointSize(points);
+        grid->setFont(font);
+        return grid->verticalHeader()->sizeHint().width();
+    };
+    EXPECT_GT(width(18), width(9) * 3 / 2);
+}
+
 TEST_F(GridTest, AScreenMayTakeAKeyOrReplaceIt) {
     start();
     QObject::connect(grid, &Grid::keyDown, grid, [](int& code, int) {

@@ -126,6 +126,7 @@ void Grid::Parts::showRows(std::shared_ptr<Recordset> rows, int number, const QS
     const int text = textColumn(endColumn(-1));
     const int toColumn = keeps ? column : text != 0 ? text : startColumn(toRow);
     stand(toRow, toRow >= 0 ? toColumn : 0);
+    widths->fitTexts();
     if (model->recordset() != nullptr)
         Q_EMIT grid.rowColChange(-1, 0);
 }

@@ -12,8 +12,9 @@ class QTableView;
 namespace tarnwell {
 
 /// Order and widths of a grid's columns: fixed ones keep their width (which grows with the font), the
-/// others share what is left of the view; when none shares, the last one takes it. A column that the user
-/// resizes is fixed from then on.
+/// others share what is left of the view; when none shares, the last one takes it. A fixed column whose texts
+/// are longer takes what they need, as far as the sharing ones can spare it. A column that the user resizes
+/// keeps that width.
 class GridWidths : public QObject {
     Q_OBJECT
 
@@ -26,15 +27,22 @@ public:
     void apply(const std::vector<LayoutColumn>& layout, const std::vector<GridColumn>& columns);
     /// Fits the columns into the view's present width.
     void share();
+    /// The same for other rows: measures the texts of the first ones.
+    void fitTexts();
 
 private:
     void sectionResized(int section, int oldSize, int newSize);
     void setWidth(int section, int width);
+    [[nodiscard]] int widthOfTexts(int section) const;
+    /// What the fixed columns take beyond their widths, of what `sharers` have left.
+    [[nodiscard]] std::vector<int> widened(int left, const std::vector<int>& shown) const;
     /// From left to right.
     [[nodiscard]] std::vector<int> visibleSections() const;
 
     QTableView& m_view;
     std::vector<int> m_widths; ///< By section; 0 shares.
+    std::vector<int> m_needs;  ///< By section: what its texts take. 0 where that does not count.
+    std::vector<bool> m_holdsText, m_hasButton, m_isResized; ///< By section; the last one: by the user.
     bool m_sharing = false;
 };
 

@@ -66,6 +66,21 @@ TEST_F(GridTest, RowsOfNothingHaveNoNewRowLineAndSayWhatToDo) {
     EXPECT_EQ(grid->Row(), 1);
 }
 
+TEST_F(GridTest, ALongTextTakesWhatTheSharingColumnsCanSpare) {
+    std::vector<GridColumn> columns = grid->columns();
+    for (GridColumn& column : columns)
+        column.visible = column.key == "Name" || column.key == "CustomTask";
+    columns[Name - 1].width = 40;
+    columns[Custom - 1].width = 0;
+    window.resize(600, 300);
+    grid->setColumns(columns);
+    open();
+    EXPECT_GT(grid->columnWidth(Name - 1), grid->fontMetrics().horizontalAdvance("Brick"));
+    grid->setColumnWidth(Name - 1, 30);
+    open();
+    EXPECT_EQ(grid->columnWidth(Name - 1), 30) << "the user's own width stays";
+}
+
 TEST_F(GridTest, RowMarksGrowWithTheFont) {
     const auto width = [this](int points) {
         QFont font = grid->font();

@@ -18,6 +18,7 @@
 #include "runtime/EventGuard.h"
 #include "runtime/RunTime.h"
 #include "runtime/modErrorRoutines.h"
+#include "runtime/modFormatFunctions.h"
 #include "timecard/EmployeeLog.h"
 #include "timecard/TimeCardJob.h"
 #include "timecard/frmTaskNotes.h"
@@ -291,12 +292,18 @@ void frmPayroll::vscrCompleted_Change() {
     ui.vscrCompleted->setValue(DayArrows::Rest);
 }
 
+QString frmPayroll::chosenTask() const {
+    return QStringLiteral("%1, lot %2 of job %3")
+        .arg(FieldText(ui.jgTasks->value("Name")), FieldText(ui.jgJobLots->value("LotBlock")),
+             ui.jobNumber->text());
+}
+
 void frmPayroll::lstTaskHistory_DblClick() {
     const int line = ui.lstTaskHistory->ListIndex();
     if (line < 0)
         return;
     const qint64 paymentKey = ui.lstTaskHistory->ItemData(line);
-    theForm<frmTaskNotes>().openFor(paymentKey, this);
+    theForm<frmTaskNotes>().openFor(paymentKey, chosenTask(), *ui.lstTaskHistory);
     LoadTaskHistory();
     reselect(*ui.lstTaskHistory, line, paymentKey);
 }

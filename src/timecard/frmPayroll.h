@@ -46,6 +46,7 @@ private:
     void showTasks(const DetailKeys& keys);
     void jgJobLots_RowColChange();
     void jgTasks_RowColChange();
+    [[nodiscard]] QString chosenTask() const;
     void lstTaskHistory_DblClick();
     void MskField_KeyUp(int keyCode);
     void vscrCompleted_Change();

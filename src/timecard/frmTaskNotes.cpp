@@ -17,16 +17,18 @@ namespace tarnwell {
 
 namespace {
 
-constexpr QSize designSize(560, 320);
+constexpr QSize designSize(560, 350);
 constexpr int priceWidth = 120, buttonGap = 32;
 
 } // namespace
 
 frmTaskNotes::frmTaskNotes() : Screen("frmTaskNotes", "Task Notes", {Part::StatusBar}) {}
 
-void frmTaskNotes::openFor(qint64 paymentKey, QWidget* owner) {
+void frmTaskNotes::openFor(qint64 paymentKey, const QString& task, QWidget& list) {
     m_paymentKey = paymentKey;
-    Show(Modality::Modal, owner);
+    m_task = task;
+    openBeside(list);
+    Show(Modality::Modal, list.window());
 }
 
 void frmTaskNotes::Form_Load() {
@@ -45,6 +47,13 @@ void frmTaskNotes::Form_Load() {
 }
 
 void frmTaskNotes::makeControls() {
+    lblTask = label({}, "lblTask");
+    QFont bold = lblTask->font();
+    bold.setBold(true);
+    lblTask->setFont(bold);
+    lblPaidTo = label({}, "lblPaidTo");
+    for (QLabel* line : {lblTask, lblPaidTo})
+        line->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     cmbEmployees = new Combo(canvas());
     nameControl(cmbEmployees, "cmbEmployees", "Select employee to add to task");
     m_price = new MaskedBox(0, canvas());
@@ -64,6 +73,8 @@ void frmTaskNotes::makeControls() {
 void frmTaskNotes::layOut() {
     setDesignSize(designSize);
     auto* form = filling<QVBoxLayout>(canvas());
+    form->addWidget(lblTask);
+    form->addWidget(lblPaidTo);
 
     auto* fields = spaced<QGridLayout>();
     m_price->setFixedWidth(priceWidth);
@@ -86,6 +97,8 @@ void frmTaskNotes::layOut() {
 
 void frmTaskNotes::Form_Activate() {
     clear();
+    lblTask->setText(m_task);
+    lblTask->setToolTip(m_task);
     SetFocus(m_price);
     try {
         showPayment();
@@ -106,6 +119,7 @@ void frmTaskNotes::showPayment() {
     while (cmbEmployees->ItemData(index) != payment.employeeKey)
         ++index;
     cmbEmployees->setListIndex(index);
+    lblPaidTo->setText(QStringLiteral("Paid to %1").arg(cmbEmployees->Text()));
 }
 
 /// Nothing of the payment before may be left to be saved.
@@ -113,6 +127,7 @@ void frmTaskNotes::clear() {
     m_shown = {};
     m_price->clear();
     rchNote->clear();
+    lblPaidTo->clear();
     cmbEmployees->setListIndex(-1);
 }
 

@@ -3,6 +3,7 @@
 #include "frame/Screen.h"
 #include "timecard/PaymentCorrection.h"
 
+class QLabel;
 class QPushButton;
 
 namespace tarnwell {
@@ -19,9 +20,10 @@ class frmTaskNotes : public Screen {
 public:
     frmTaskNotes();
 
-    /// Shows the payment of that key modally; returns when the dialog is hidden. A payment that can't be read
-    /// is reported, and shows as empty.
-    void openFor(qint64 paymentKey, QWidget* owner);
+    /// Shows the payment of that key modally, beside the list that it was chosen in; returns when the dialog
+    /// is hidden. `task` names what was paid for. A payment that can't be read is reported, and shows as
+    /// empty.
+    void openFor(qint64 paymentKey, const QString& task, QWidget& list);
 
 protected:
     void Form_Load() override;
@@ -39,6 +41,8 @@ private:
     void cmdAccept_Click();
     void cmdRemove_Click();
 
+    QLabel* lblTask = nullptr;
+    QLabel* lblPaidTo = nullptr; ///< Whom the payment belongs to, also while another one is chosen.
     Combo* cmbEmployees = nullptr;
     MaskedBox* m_price = nullptr; // txtField(0)
     NoteBox* rchNote = nullptr;
@@ -47,6 +51,7 @@ private:
     QPushButton* cmdCancel = nullptr;
 
     qint64 m_paymentKey = 0;
+    QString m_task;
     RowSnapshot m_shown; ///< Nothing after a failed reading.
 };
 

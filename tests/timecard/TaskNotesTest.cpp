@@ -10,6 +10,7 @@
 #include "timecard/frmTaskNotes.h"
 
 #include <QApplication>
+#include <QLabel>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -65,6 +66,8 @@ TEST_F(TaskNotes, ACorrectionMovesHistoryFiguresAndPrice) {
     openHistory();
     open(1, [](const ScreenDriver& dialog) {
         EXPECT_EQ(dialog.window().windowTitle(), "Task Notes");
+        EXPECT_EQ(dialog.find<QLabel>("lblTask").text(), "Walls, lot A-1 of job 1001");
+        EXPECT_EQ(dialog.find<QLabel>("lblPaidTo").text(), "Paid to 111-11-1111/Archer,Ann");
         EXPECT_EQ(text(dialog, "txtField(0)"), "40.00");
         EXPECT_EQ(dialog.find<Combo>("cmbEmployees").Text(), "111-11-1111/Archer,Ann");
         dialog.retype("txtField(0)", "50");

@@ -21,10 +21,13 @@ QString withoutMnemonic(const QString& text) {
     return plain;
 }
 
-/// The words of a check box that stands beside them: a click on them ticks it, as on words of its own.
+/// The words of a check box that stands beside them, also in a larger window: a click on them ticks it, as on
+/// words of its own.
 class CheckBoxLabel : public QLabel {
 public:
-    CheckBoxLabel(const QString& text, QCheckBox& box) : QLabel(text), m_box(box) {}
+    CheckBoxLabel(const QString& text, QCheckBox& box) : QLabel(text), m_box(box) {
+        setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    }
 
 protected:
     void mousePressEvent(QMouseEvent* event) override {

@@ -102,7 +102,9 @@ QWidget* EmployeeControls::information() {
     const auto add = [grid](int row, int side, int labelIndex, const char* text, QWidget* control,
                             int width = 0) {
         const int column = side * 3;
-        grid->addWidget(fieldLabel(labelIndex, text, control), row, column);
+        auto* words = fieldLabel(labelIndex, text, control);
+        words->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+        grid->addWidget(words, row, column);
         if (width > 0)
             control->setFixedWidth(scaledToText(width, *control));
         grid->addWidget(control, row, column + 1, width > 0 ? Qt::AlignLeft : Qt::Alignment());

@@ -7,6 +7,7 @@
 #include "timecard/PayrollScreen.h"
 #include "timecard/TimeCardData.h"
 
+#include <QCheckBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -163,6 +164,15 @@ TEST_F(Payroll, TheEmployeesLogIsReplacedAndReadWhole) {
     EXPECT_EQ(bar->value(), bar->maximum());
     choose("2");
     EXPECT_TRUE(lines("lstEmployeeHistory").isEmpty());
+}
+
+TEST_F(Payroll, ATicksWordsEndBesideItInALargeWindow) {
+    open();
+    driver->window().resize(1900, 1000);
+    const auto& words = driver->find<QLabel>("lblFieldLabel(14)");
+    const auto& tick = driver->find<QCheckBox>("chkUseTaskEmployee");
+    EXPECT_TRUE(words.alignment().testFlag(Qt::AlignRight));
+    EXPECT_LT(tick.x() - words.geometry().right(), 2 * words.fontMetrics().height());
 }
 
 TEST_F(Payroll, TheArrowsGoOverTheEndOfTheYear) {

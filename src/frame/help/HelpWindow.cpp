@@ -224,15 +224,16 @@ bool HelpWindow::hasPage(const QString& page) {
 }
 
 /// Narrower than usual rather than over the window that asked.
-void HelpWindow::standBeside(const QWidget& asking) {
+bool HelpWindow::standBeside(const QWidget& asking) {
     const QWidget& window = *asking.window();
     const QRect available = window.screen()->availableGeometry();
     for (int width = this->width(); width >= leastWidth; width -= widthStep)
         if (const auto corner = placeBeside(window.frameGeometry(), QSize(width, height()), available)) {
             resize(width, height());
             move(*corner);
-            return;
+            return true;
         }
+    return false;
 }
 
 void HelpWindow::showMessage(const QString& message) {
@@ -256,8 +257,10 @@ void HelpWindow::open(const QString& page, const QWidget* asking, const QString&
         closeOpen();
     if (openWindow().isNull()) {
         openWindow() = new HelpWindow(modal);
-        if (asking != nullptr)
-            openWindow()->standBeside(*asking);
+        // At least the message must stay in sight.
+        const bool isBeside = asking != nullptr && openWindow()->standBeside(*asking);
+        if (!isBeside && modal != nullptr)
+            openWindow()->standBeside(*modal);
     }
     openWindow()->turnTo(known);
     openWindow()->show();

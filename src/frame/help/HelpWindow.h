@@ -55,7 +55,8 @@ private:
     [[nodiscard]] int lineOf(const QString& page) const;
     void hideHeadingsWithoutPages();
     void showMessage(const QString& message);
-    void standBeside(const QWidget& asking);
+    /// False where there is no space for that.
+    bool standBeside(const QWidget& asking);
     /// Nothing when the page is shown already, so that list and page can follow each other.
     void turnTo(const QString& page);
     void followPage(const QUrl& source);

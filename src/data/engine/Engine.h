@@ -9,6 +9,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -75,6 +76,9 @@ public:
 
     /// Another number once anybody has written to the database, this connection included.
     [[nodiscard]] virtual quint32 dataVersion() = 0;
+
+    /// How many programs have the database open, this one among them; nothing where that can't be known.
+    [[nodiscard]] virtual std::optional<int> workstations() { return std::nullopt; }
 
     /// Transactions do not nest: a second begin, and an end without one, raise NotAllowed. A begin waits for
     /// another user's write, up to the busy timeout, and then raises DatabaseLocked.

@@ -76,6 +76,7 @@ public:
     void passKeys(const schema::Table& table, qint64 key) override;
 
     [[nodiscard]] quint32 dataVersion() override;
+    [[nodiscard]] std::optional<int> workstations() override;
 
     void begin() override { beginSeeing(OdbcConnection::Sees::Latest); }
     void beginReading() override { beginSeeing(OdbcConnection::Sees::OneState); }
@@ -238,6 +239,19 @@ quint32 OdbcEngine::dataVersion() {
     if (!statement->rows().next())
         return 0;
     return static_cast<quint32>(qHash(valueOf(statement->rows().cell(0, {}, texts)).toText(), 0));
+}
+
+std::optional<int> OdbcEngine::workstations() {
+    const QByteArray count = m_server.workstations();
+    if (count.isEmpty())
+        return std::nullopt;
+    completeReaders();
+    OdbcLease statement = lease(count);
+    run(*statement);
+    TextArena texts;
+    if (!statement->rows().next())
+        return std::nullopt;
+    return static_cast<int>(statement->rows().cell(0, schema::ColumnType::Long, texts).number);
 }
 
 void OdbcEngine::beginSeeing(OdbcConnection::Sees sees) {

@@ -179,6 +179,11 @@ QByteArray PostgresDialect::dataVersion() const {
     return "SELECT CAST(pg_current_snapshot() AS text)";
 }
 
+QByteArray PostgresDialect::workstations() const {
+    return "SELECT CAST(count(*) AS integer) FROM pg_catalog.pg_stat_activity WHERE datname = "
+           "current_database() AND application_name = current_setting('application_name')";
+}
+
 QByteArray PostgresDialect::columns() const {
     return "SELECT CAST(t.relname AS text), CAST(c.attname AS text) FROM pg_catalog.pg_class t "
            "JOIN pg_catalog.pg_attribute c ON c.attrelid = t.oid "

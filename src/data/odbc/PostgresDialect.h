@@ -27,6 +27,7 @@ public:
     [[nodiscard]] QByteArray locked(const QByteArray& select) const override;
     [[nodiscard]] QByteArray firstRows(const QByteArray& select, int most) const override;
     [[nodiscard]] QByteArray dataVersion() const override;
+    [[nodiscard]] QByteArray workstations() const override;
     [[nodiscard]] QByteArray columns() const override;
     [[nodiscard]] std::vector<QByteArray> createStatements() const override;
     [[nodiscard]] std::vector<QByteArray> upgradeStatements(int from) const override;

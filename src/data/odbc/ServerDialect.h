@@ -42,6 +42,9 @@ public:
     }
     /// A select whose one text changes with each write that anybody has finished.
     [[nodiscard]] virtual QByteArray dataVersion() const = 0;
+    /// A select of one number: the connections to the catalog that are made as this one is, this one among
+    /// them. Empty for a server that does not say it to every user.
+    [[nodiscard]] virtual QByteArray workstations() const { return {}; }
     /// A select of the tables and columns that there are, one row each.
     [[nodiscard]] virtual QByteArray columns() const = 0;
 

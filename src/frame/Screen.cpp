@@ -1,6 +1,8 @@
 #include "frame/Screen.h"
 
 #include "controls/FormLayout.h"
+#include "controls/WindowPlace.h"
+#include "controls/grid/GridWidths.h"
 #include "data/RunTimeError.h"
 #include "frame/ActiveControl.h"
 #include "frame/StatusBar.h"
@@ -117,6 +119,8 @@ void Screen::Load() {
         throw;
     }
     takeDesign();
+    for (auto* widths : m_canvas->findChildren<GridWidths*>())
+        widths->rememberAs(objectName() + u'.' + widths->parent()->objectName());
     m_life = Life::Loaded;
 }
 
@@ -218,7 +222,8 @@ void Screen::takeDesign() {
     m_canvas->setMinimumSize(0, 0);
 }
 
-/// Before the first show: in the middle of the owner and inside the screen, no larger than the screen.
+/// Before the first show: in the middle of the owner and inside the screen, no larger than the screen; or
+/// where the user left it.
 void Screen::placeOn(const QWidget* owner) {
     if (std::exchange(m_placed, true))
         return;
@@ -233,6 +238,7 @@ void Screen::placeOn(const QWidget* owner) {
     place.moveTop(std::clamp(place.top(), available.top(),
                              std::max(available.top(), available.bottom() - place.height())));
     move(place.topLeft());
+    new WindowPlace(*this, m_designSize);
 }
 
 void Screen::moveBeside(const QWidget& what) {

@@ -2,6 +2,7 @@
 #include "frame/Screen.h"
 #include "look/Theme.h"
 #include "runtime/RunTime.h"
+#include "support/RememberedSettings.h"
 #include "support/ScreenDriver.h"
 
 #include <QApplication>
@@ -9,6 +10,7 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
 #include <QTest>
 #include <QVBoxLayout>
 #include <QWindow>
@@ -231,6 +233,56 @@ TEST_F(ScreenLifeTest, StatusBarShowsCapsLockAndTheClock) {
     EXPECT_EQ(caps->text(), "CAPS");
     QTest::keyClick(form.windowHandle(), 'a');
     EXPECT_EQ(caps->text(), "");
+}
+
+TEST_F(ScreenLifeTest, AWindowComesBackAsTheUserLeftIt) {
+    const RememberedSettings settings;
+    const QRect usual = shown<1>().geometry();
+    theForm<frmLife<1>>().Unload();
+    EXPECT_EQ(remembered("Window frmLife1"), "") << "nobody moved it: it follows the design";
+    const QRect moved(usual.x() + 30, usual.y() - 20, usual.width() + 40, usual.height() + 10);
+    shown<1>().setGeometry(moved);
+    theForm<frmLife<1>>().Hide();
+    theForm<frmLife<1>>().Unload();
+    RememberedSettings::endProgram();
+    EXPECT_EQ(shown<1>().geometry(), moved);
+    theForm<frmLife<1>>().showMaximized();
+    theForm<frmLife<1>>().Unload();
+    RememberedSettings::endProgram();
+    EXPECT_TRUE(shown<1>().isMaximized());
+    EXPECT_EQ(theForm<frmLife<1>>().normalGeometry(), moved);
+    EXPECT_EQ(shown<2>().geometry().size(), usual.size()) << "each has its own";
+}
+
+TEST_F(ScreenLifeTest, AWindowIsWhollyOnADisplayWhateverWasKept) {
+    const RememberedSettings settings;
+    const QRect usual = shown<1>().geometry();
+    const QString design =
+        QStringLiteral("%1x%2 ").arg(usual.width()).arg(theForm<frmLife<1>>().canvas()->height());
+    theForm<frmLife<1>>().Unload();
+    const auto kept = [](const QRect& place) {
+        QWidget window;
+        window.setGeometry(place);
+        return QString::fromLatin1(window.saveGeometry().toBase64());
+    };
+    const QString whole = kept({20, 20, 300, 250});
+    const std::pair<QString, QSize> cases[] = {
+        {design + whole, {300, 250}},
+        {design + kept({5000, -4000, 300, 250}), {300, 250}},
+        {"10x10 " + whole, usual.size()},
+        {design + whole.left(whole.size() / 2), usual.size()},
+        {design + "AdnQywADAAA/////////////////////////////", usual.size()},
+        {whole, usual.size()},
+        {design, usual.size()},
+        {"no place", usual.size()},
+    };
+    for (const auto& [text, size] : cases) {
+        remember("Window frmLife1", text);
+        const frmLife<1>& form = shown<1>();
+        EXPECT_EQ(form.size(), size) << text.toStdString();
+        EXPECT_TRUE(form.screen()->availableGeometry().contains(form.geometry())) << text.toStdString();
+        theForm<frmLife<1>>().Unload();
+    }
 }
 
 } // namespace tarnwell::test

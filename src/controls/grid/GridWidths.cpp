@@ -2,9 +2,12 @@
 
 #include "look/Theme.h"
 #include "runtime/EventGuard.h"
+#include "runtime/Remembered.h"
 
+#include <QAction>
 #include <QHeaderView>
 #include <QScopedValueRollback>
+#include <QStringList>
 #include <QTableView>
 
 #include <algorithm>
@@ -14,31 +17,57 @@ namespace tarnwell {
 namespace {
 /// Below this a shared column would show nothing of use: the grid scrolls instead.
 constexpr int leastCharacters = 16;
+/// What a remembered width may be; anything else was damaged.
+constexpr int narrowestDragged = 8, widestDragged = 4000;
+/// Widths are kept as they would be with text of the usual size.
+constexpr int scaleSteps = 1000;
+
+/// "Name=220;MasterPrice=100".
+std::map<QString, int> widthsFrom(const QString& text) {
+    std::map<QString, int> widths;
+    for (const QString& entry : text.split(u';', Qt::SkipEmptyParts)) {
+        const qsizetype sign = entry.lastIndexOf(u'=');
+        const int width = sign < 1 ? 0 : entry.mid(sign + 1).toInt();
+        if (width >= narrowestDragged && width <= widestDragged)
+            widths[entry.left(sign)] = width;
+    }
+    return widths;
+}
+
 constexpr int rowsMeasured = 64;
 constexpr int besideText = 12; ///< Between a text and the edges of its cell.
 } // namespace
 
-GridWidths::GridWidths(QTableView& view) : QObject(&view), m_view(view) {
-    connect(view.horizontalHeader(), &QHeaderView::sectionResized, this,
+GridWidths::GridWidths(QTableView& view)
+    : QObject(&view), m_view(view),
+      m_standardAction(new QAction(QStringLiteral("Standard column widths"), view.horizontalHeader())) {
+    QHeaderView& header = *view.horizontalHeader();
+    m_standardAction->setObjectName(QStringLiteral("mnuStandardWidths"));
+    m_standardAction->setEnabled(false);
+    connect(m_standardAction, &QAction::triggered, this, guarded([this] { restoreStandard(); }));
+    connect(&header, &QHeaderView::sectionResized, this,
             guarded([this](int section, int before, int after) { sectionResized(section, before, after); }));
 }
 
 void GridWidths::reset(const std::vector<GridColumn>& columns) {
     QHeaderView& header = *m_view.horizontalHeader();
-    m_widths.clear();
+    m_keys.clear();
+    m_standard.clear();
     m_holdsText.clear();
     m_hasButton.clear();
     m_needs.assign(columns.size(), 0);
     m_isResized.assign(columns.size(), false);
     for (std::size_t i = 0; i < columns.size(); ++i) {
         const int section = static_cast<int>(i);
-        m_widths.push_back(scaledToText(columns[i].width, m_view));
+        m_keys.push_back(columns[i].key.isEmpty() ? QStringLiteral("#%1").arg(section) : columns[i].key);
+        m_standard.push_back(scaledToText(columns[i].width, m_view));
         m_holdsText.push_back(takesText(columns[i]) && columns[i].format == ColumnFormat::General);
         m_hasButton.push_back(hasButton(columns[i]));
         header.moveSection(header.visualIndex(section), section);
+        const QScopedValueRollback<bool> ours(m_sharing, true);
         m_view.setColumnHidden(section, !columns[i].visible);
     }
-    share();
+    overlay();
 }
 
 void GridWidths::apply(const std::vector<LayoutColumn>& layout, const std::vector<GridColumn>& columns) {
@@ -51,13 +80,34 @@ void GridWidths::apply(const std::vector<LayoutColumn>& layout, const std::vecto
         if (found == columns.end())
             continue;
         const auto section = static_cast<int>(found - columns.begin());
-        m_widths[static_cast<std::size_t>(section)] = scaledToText(stored.width, m_view);
+        m_standard[static_cast<std::size_t>(section)] = scaledToText(stored.width, m_view);
         header.moveSection(header.visualIndex(section), place++);
     }
+    overlay();
+}
+
+void GridWidths::overlay() {
+    m_widths = m_standard;
+    for (std::size_t i = 0; i < m_keys.size(); ++i)
+        if (const auto dragged = m_dragged.find(m_keys[i]); dragged != m_dragged.end())
+            m_widths[i] = scaledToText(dragged->second, m_view);
+    m_standardAction->setEnabled(!m_dragged.empty());
+}
+
+void GridWidths::rememberAs(const QString& name) {
+    m_name = name;
+    m_dragged = widthsFrom(remembered(QStringLiteral("Columns ") + name));
+    m_view.horizontalHeader()->addAction(m_standardAction);
+    m_view.horizontalHeader()->setContextMenuPolicy(Qt::ActionsContextMenu);
+    overlay();
     m_isResized.assign(columns.size(), false);
     share();
 }
 
+void GridWidths::restoreStandard() {
+    m_dragged.clear();
+    keep();
+    overlay();
 int GridWidths::widthOfTexts(int section) const {
     const QAbstractItemModel& rows = *m_view.model();
     const QFontMetrics letters = m_view.fontMetrics();
@@ -68,6 +118,11 @@ int GridWidths::widthOfTexts(int section) const {
     return widest + besideText + (hasButton ? m_view.verticalHeader()->defaultSectionSize() : 0);
 }
 
+void GridWidths::keep() const {
+    QStringList entries;
+    for (const auto& [key, width] : m_dragged)
+        entries << QStringLiteral("%1=%2").arg(key).arg(width);
+    remember(QStringLiteral("Columns ") + m_name, entries.join(u';'));
 void GridWidths::fitTexts() {
     m_needs.assign(m_widths.size(), 0);
     for (const int section : visibleSections())
@@ -145,7 +200,13 @@ std::vector<int> GridWidths::visibleSections() const {
 void GridWidths::sectionResized(int section, int /*oldSize*/, int newSize) {
     if (m_sharing || newSize == 0 || section >= static_cast<int>(m_widths.size()))
         return;
-    m_widths[static_cast<std::size_t>(section)] = newSize;
+    const auto index = static_cast<std::size_t>(section);
+    m_widths[index] = newSize;
+    if (!m_name.isEmpty()) {
+        m_dragged[m_keys[index]] = qRound(newSize * 1.0 * scaleSteps / scaledToText(scaleSteps, m_view));
+        m_standardAction->setEnabled(true);
+        keep();
+    }
     m_isResized[static_cast<std::size_t>(section)] = true;
     share();
 }

@@ -1,8 +1,11 @@
 #include "GridFixture.h"
+#include "controls/grid/GridWidths.h"
 #include "look/Theme.h"
 #include "runtime/modGeneral.h"
+#include "support/RememberedSettings.h"
 
 #include <QAbstractItemView>
+#include <QAction>
 #include <QComboBox>
 #include <QHeaderView>
 #include <QTemporaryFile>
@@ -200,6 +203,47 @@ TEST_F(GridTest, ALayoutOrdersAndSizesTheColumnsUntilTheUserDoes) {
     EXPECT_EQ(header.length(), grid->viewport()->width());
     grid->LoadLayout("missing.lyt");
     EXPECT_EQ(header.visualIndex(Name - 1), 0);
+}
+
+TEST_F(GridTest, DraggedWidthsComeBackOverTheLayoutUntilTheStandardIsChosen) {
+    const RememberedSettings settings;
+    start();
+    QTemporaryFile layout;
+    ASSERT_TRUE(layout.open());
+    layout.write("column Name width 150\ncolumn MasterPrice width 80\n");
+    layout.close();
+    grid->findChild<GridWidths*>()->rememberAs("frmTest.grid");
+    grid->LoadLayout(layout.fileName());
+    QHeaderView& header = *grid->horizontalHeader();
+    auto* standard = header.findChild<QAction*>("mnuStandardWidths");
+    EXPECT_FALSE(standard->isEnabled());
+    const QPoint edge(header.sectionViewportPosition(Name - 1) + 150 - 1, header.height() / 2);
+    QTest::mousePress(header.viewport(), Qt::LeftButton, {}, edge);
+    QTest::mouseMove(header.viewport(), edge + QPoint(40, 0));
+    QTest::mouseRelease(header.viewport(), Qt::LeftButton, {}, edge + QPoint(40, 0));
+    const int dragged = grid->columnWidth(Name - 1);
+    ASSERT_GT(dragged, scaledToText(150, *grid));
+    RememberedSettings::endProgram();
+
+    const auto again = [&] {
+        auto* made = new Grid(&window);
+        made->setColumns(grid->columns());
+        made->LoadLayout(layout.fileName());
+        made->findChild<GridWidths*>()->rememberAs("frmTest.grid");
+        return made;
+    };
+    EXPECT_EQ(again()->columnWidth(Name - 1), dragged);
+    EXPECT_EQ(again()->columnWidth(Price - 1), scaledToText(80, *grid)) << "as the layout has it";
+    EXPECT_EQ(header.actions(), QList<QAction*>{standard});
+    standard->trigger();
+    EXPECT_EQ(grid->columnWidth(Name - 1), scaledToText(150, *grid));
+    EXPECT_FALSE(standard->isEnabled());
+    RememberedSettings::endProgram();
+    EXPECT_EQ(again()->columnWidth(Name - 1), scaledToText(150, *grid));
+    for (const char* damaged : {"Name=;Name", "Name=99999;=;MasterPrice", "Name=-5", ";;=120"}) {
+        remember("Columns frmTest.grid", damaged);
+        EXPECT_EQ(again()->columnWidth(Name - 1), scaledToText(150, *grid)) << damaged;
+    }
 }
 
 } // namespace tarnwell::test

@@ -6,6 +6,7 @@
 #include "jobs/JobGrids.h"
 #include "jobs/frmAddJobOptionGroup.h"
 #include "jobs/frmAddJobTasks.h"
+#include "runtime/MsgBox.h"
 
 #include <utility>
 
@@ -52,6 +53,13 @@ CurrentLot LotDialogs::currentLot() const {
 
 PickingTarget LotDialogs::pickingTarget() const {
     return {.ownerKey = jgJobLots.value(LotColumn::JobLotKey)};
+}
+
+bool isCopyConfirmed(const QString& plan) {
+    return MsgBox({.text = "Copy the " + plan + " Lot/Block?",
+                   .title = "Confirm Copy",
+                   .buttons = MessageButtons::YesNo,
+                   .icon = MessageIcon::Question}) == Answer::Yes;
 }
 
 } // namespace tarnwell

@@ -44,4 +44,7 @@ private:
     std::function<LoadedJob()> m_job;
 };
 
+/// Asks before a lot is copied, by the name of its plan; true for Yes.
+[[nodiscard]] bool isCopyConfirmed(const QString& plan);
+
 } // namespace tarnwell

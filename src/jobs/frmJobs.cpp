@@ -18,6 +18,7 @@
 #include "runtime/DataEnvironment.h"
 #include "runtime/EventGuard.h"
 #include "runtime/MsgBox.h"
+#include "runtime/RecentJobs.h"
 #include "runtime/modErrorRoutines.h"
 #include "runtime/modFormatFunctions.h"
 
@@ -44,13 +45,6 @@ constexpr ButtonMask newLotButtons = Button::Exit | Button::Help;
 constexpr ButtonMask taskButtons =
     Button::Exit | Button::Remove | Button::AddSame | Button::Save | Button::Group | Button::Help;
 constexpr int nameField = 1;
-
-bool isCopyConfirmed(const QString& question) {
-    return MsgBox({.text = question,
-                   .title = "Confirm Copy",
-                   .buttons = MessageButtons::YesNo,
-                   .icon = MessageIcon::Question}) == Answer::Yes;
-}
 
 } // namespace
 
@@ -116,9 +110,22 @@ void frmJobs::closeRequested() {
 }
 
 void frmJobs::Toolbar1_ButtonClick(const QString& caption) {
+    trapped([&] { pressButton(caption); });
+}
+
+void frmJobs::ShowJob(qint64 jobKey) {
+    trapped([&] {
+        SuppressVerify = true;
+        if (writeAll())
+            loadJob(jobKey);
+    });
+}
+
+/// Leaving a field is asked about again behind the routine, also when it failed.
+void frmJobs::trapped(const std::function<void()>& routine) {
     const auto verifyAgain = qScopeGuard([this] { SuppressVerify = false; });
     try {
-        pressButton(caption);
+        routine();
     } catch (const RunTimeError& error) {
         ErrorHandler(error, {});
     }
@@ -133,7 +140,7 @@ void frmJobs::pressButton(const QString& caption) {
         {"Copy",
          [this] {
              const QString plan = FieldText(ui.jgJobLots->value(LotColumn::PlanName));
-             if (isCopyConfirmed("Copy the " + plan + " Lot/Block?") && ActiveControl() == ui.jgJobLots)
+             if (isCopyConfirmed(plan) && ActiveControl() == ui.jgJobLots)
                  CopyLot();
          }},
         {"Del", [this] { deleteActive(); }},
@@ -171,9 +178,7 @@ void frmJobs::FindRecord() {
     auto& search = theForm<frmFastSearch>();
     search.searchType = SearchType::Job;
     search.Show(Modality::Modal, this);
-    if (search.selectedKey().isEmpty())
-        return;
-    if (writeAll())
+    if (!search.selectedKey().isEmpty() && writeAll())
         loadJob(selectedKeyNumber(search.selectedKey()));
 }
 
@@ -193,6 +198,7 @@ void frmJobs::loadJob(qint64 jobKey) {
         m_grids->empty();
         throw;
     }
+    rememberJob(JobKey);
     LoadedJobNumber = ui.MskField[0]->text();
     m_grids->LoadJobLots(JobKey);
     if (QWidget* active = ActiveControl())
@@ -291,12 +297,11 @@ void frmJobs::MskField_KeyDown(int& keyCode, int shift) {
     if (JobKey != 0 || !isEntryKey(keyCode, shift))
         return;
     keyCode = 0;
-    const bool add = MsgBox({.text = "Do you want to add a new job?",
-                             .title = "Add Record",
-                             .buttons = MessageButtons::YesNo,
-                             .icon = MessageIcon::Question,
-                             .defaultButton = 2}) == Answer::Yes;
-    if (!add)
+    if (MsgBox({.text = "Do you want to add a new job?",
+                .title = "Add Record",
+                .buttons = MessageButtons::YesNo,
+                .icon = MessageIcon::Question,
+                .defaultButton = 2}) != Answer::Yes)
         return;
     const auto verifyAgain = qScopeGuard([this] { SuppressVerify = false; });
     AddRecord();

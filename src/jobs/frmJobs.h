@@ -3,6 +3,7 @@
 #include "frame/Screen.h"
 #include "jobs/JobControls.h"
 
+#include <functional>
 #include <memory>
 
 namespace tarnwell {
@@ -22,6 +23,9 @@ public:
     qint64 ContractorKey = 0; ///< The builder of the loaded job; 0 until one was loaded.
     qint64 JobKey = 0;        ///< The loaded job; 0 for none.
 
+    /// Brings another job onto the loaded screen, as Find does: the one on it is saved before, and stays
+    /// when it can't be. What fails is shown.
+    void ShowJob(qint64 jobKey);
     [[nodiscard]] bool showChanges() override;
 
 protected:
@@ -34,6 +38,7 @@ protected:
 private:
     void connectFields();
     void connectGrids();
+    void trapped(const std::function<void()>& routine);
     void pressButton(const QString& caption);
 
     void AddRecord();

@@ -16,6 +16,7 @@
 #include "master/frmFastSearch.h"
 #include "runtime/DataEnvironment.h"
 #include "runtime/EventGuard.h"
+#include "runtime/RecentJobs.h"
 #include "runtime/RunTime.h"
 #include "runtime/modErrorRoutines.h"
 #include "runtime/modFormatFunctions.h"
@@ -349,6 +350,7 @@ void frmPayroll::showPayment(PaymentResult result) {
     case PaymentResult::Refused:
         break;
     case PaymentResult::Paid:
+        rememberJob(JobKey);
         // Lot, task, employee, tick and date stand, so that the same employee's next task is two keys away.
         LoadTaskHistory();
         ui.rchNote->clear();

@@ -5,6 +5,8 @@
 #include "jobs/frmAddJobOptionGroup.h"
 #include "jobs/frmJobAdd.h"
 #include "runtime/MousePointer.h"
+#include "runtime/RecentJobs.h"
+#include "support/RememberedSettings.h"
 
 using namespace tarnwell;
 using namespace tarnwell::test;
@@ -238,6 +240,21 @@ TEST_F(JobScreen, FindWritesTheJobFirstAndOneThatCannotBeReadIsNotKept) {
     driver->clickToolbar("Exit");
     EXPECT_EQ(stored("JobNumber"), "J-1") << "the empty fields were written over nothing";
     driver.reset();
+}
+
+TEST_F(JobScreen, AJobOfTheMainWindowIsShownAsAFoundOneIsAndRemembered) {
+    const RememberedSettings settings;
+    const qint64 oak = data.addJob("J-2", "Oak");
+    openJob();
+    driver->retype("MskField(0)", "J-9");
+    form().ShowJob(oak);
+    EXPECT_EQ(field(0).text(), "J-2");
+    EXPECT_EQ(stored("JobNumber"), "J-9") << "the one before was saved, unasked";
+    EXPECT_EQ(rememberedJobs(), (std::vector<qint64>{oak, data.job}));
+    script.expect(Answer::Ok);
+    form().ShowJob(999);
+    EXPECT_EQ(form().JobKey, 0);
+    EXPECT_EQ(rememberedJobs().front(), oak);
 }
 
 TEST_F(JobScreen, DelMeansWhatIsActive) {

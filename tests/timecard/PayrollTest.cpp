@@ -1,9 +1,11 @@
 #include "controls/DateBox.h"
 #include "controls/ListBox.h"
 #include "controls/NoteBox.h"
+#include "runtime/RecentJobs.h"
 #include "frame/ChangeWatch.h"
 #include "runtime/RunTime.h"
 #include "support/DrivenScreen.h"
+#include "support/RememberedSettings.h"
 #include "timecard/PayrollScreen.h"
 #include "timecard/TimeCardData.h"
 
@@ -19,7 +21,9 @@ using namespace tarnwell;
 using namespace tarnwell::test;
 
 TEST_F(Payroll, APaymentMovesTheFiguresAndKeepsTheSelection) {
+    const RememberedSettings settings;
     openJob();
+    EXPECT_TRUE(rememberedJobs().empty()) << "typing passes over many";
     EXPECT_EQ(text("txtField(0)"), "40.00");
     choose("2");
     driver->retype("txtField(0)", "15");
@@ -34,6 +38,8 @@ TEST_F(Payroll, APaymentMovesTheFiguresAndKeepsTheSelection) {
     EXPECT_EQ(employees().Text(), "222-22-2222/Baker,Bob");
     EXPECT_EQ(driver->focusedName(), "jgTasks");
     EXPECT_EQ(ask("SELECT Note FROM JobTaskEmployee"), Value("rear"));
+    EXPECT_EQ(rememberedJobs(),
+              std::vector<qint64>{ask("SELECT JobKey FROM Job WHERE JobNumber='1001'").toLong()});
 }
 
 TEST_F(Payroll, APressMeetsAllThreeWarnings) {

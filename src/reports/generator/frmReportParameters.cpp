@@ -5,6 +5,7 @@
 #include "frame/ToolbarButtons.h"
 #include "reports/drawing/ReportList.h"
 #include "reports/generator/JobList.h"
+#include "reports/generator/LastReport.h"
 #include "reports/generator/frmReport.h"
 #include "reports/output/PrinterDialogs.h"
 #include "reports/preview/ctlAHPrintPreview.h"
@@ -53,6 +54,7 @@ void frmReportParameters::Form_Load() {
     ctlAHPrintPreview1->setConnectionString(reportConnectionString());
     LoadReports();
     cmbReports->setListIndex(0);
+    offerLastReport();
     cmbForeman->setItems(readForemanLines(connection()));
     cmbSSN->setItems(readEmployeeLines(connection()));
     cmbCategory->setItems(readCategoryLines(connection()));
@@ -75,6 +77,7 @@ void frmReportParameters::makeMenu() {
 void frmReportParameters::connectControls() {
     connect(cmbReports, &Combo::clicked, this, guarded([this] { ShowReportParameters(); }));
     connect(cmbReports->lineEdit(), &QLineEdit::textEdited, this, guarded([this] { chooseTypedReport(); }));
+    connect(cmdLast, &QPushButton::clicked, this, guarded([this] { chooseLastReport(); }));
     connect(cmdClear, &QPushButton::clicked, this, guarded([this] { lstJobs->clearSelection(); }));
     connect(cmdSelectAll, &QPushButton::clicked, this, guarded([this] { lstJobs->selectAll(); }));
     for (QRadioButton* option : optJobType)
@@ -198,10 +201,32 @@ void frmReportParameters::startReport(bool preview) {
     const Report* report = findReport(chosen->objectName);
     if (report == nullptr)
         return;
+    rememberReport({.name = cmbReports->List(cmbReports->ListIndex()),
+                    .startDate = MskField[0]->text(),
+                    .stopDate = MskField[1]->text()});
+    offerLastReport();
     auto* form = new frmReport(*report, parameters());
     form->CalendarMode = calendarModeOf(*chosen);
     form->Preview = preview;
     form->Show(Modality::Modal, this);
+}
+
+/// The screen always opens on the first report and all dates; the last ones are a press away.
+void frmReportParameters::offerLastReport() {
+    const std::optional<LastReport> last = lastReport();
+    cmdLast->setEnabled(last && cmbReports->findText(last->name) >= 0);
+    cmdLast->setToolTip(cmdLast->isEnabled() ? QStringLiteral("Press to choose %1 from %2 to %3 again")
+                                                   .arg(last->name, last->startDate, last->stopDate)
+                                             : QString());
+}
+
+void frmReportParameters::chooseLastReport() {
+    const std::optional<LastReport> last = lastReport();
+    if (!last)
+        return;
+    cmbReports->setListIndex(cmbReports->findText(last->name));
+    MskField[0]->setText(last->startDate);
+    MskField[1]->setText(last->stopDate);
 }
 
 void frmReportParameters::MskField_LostFocus(std::size_t index) {

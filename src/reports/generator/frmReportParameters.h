@@ -52,6 +52,8 @@ private:
     void chooseTypedReport();
     void ShowReportParameters();
     void startReport(bool preview);
+    void offerLastReport();
+    void chooseLastReport();
     void MskField_LostFocus(std::size_t index);
     void mnuPrintSetup_Click();
     /// Null while no report is chosen.
@@ -59,6 +61,7 @@ private:
 
     ctlAHPrintPreview* ctlAHPrintPreview1 = nullptr; ///< Never drawn on here.
     Combo* cmbReports = nullptr;
+    QPushButton* cmdLast = nullptr; ///< Chooses the report that was started last, with its dates.
     JobList* lstJobs = nullptr;
     QPushButton* cmdClear = nullptr;
     QPushButton* cmdSelectAll = nullptr;

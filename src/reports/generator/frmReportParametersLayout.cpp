@@ -65,6 +65,7 @@ void frmReportParameters::makeControls() {
         field = new MaskedBox(0, canvas());
         field->setMask("##/##/##");
     }
+    cmdLast = new QPushButton("&Last Report", canvas());
     cmdClear = new QPushButton("&Clear", canvas());
     cmdSelectAll = new QPushButton("&Select All", canvas());
     nameControls();
@@ -79,6 +80,7 @@ void frmReportParameters::nameControls() {
     const ControlText texts[] = {
         {cmbReports, "cmbReports", "Select the foreman to filter report by"},
         {lstJobs, "lstJobs", "Select the report to print"},
+        {cmdLast, "cmdLast", ""},
         {cmdClear, "cmdClear", ""},
         {cmdSelectAll, "cmdSelectAll", ""},
         {optJobType[0], indexed("optJobType", 0), "Select to add all detail to report"},
@@ -108,6 +110,7 @@ void frmReportParameters::layOut() {
     report->setSpacing(spacing);
     report->addWidget(label("Report:", "lblFieldLabel(0)", cmbReports));
     report->addWidget(cmbReports, 1);
+    report->addWidget(cmdLast);
     form->addLayout(report);
     auto* halves = new QHBoxLayout;
     halves->setSpacing(margin);
@@ -174,10 +177,10 @@ QGroupBox* frmReportParameters::jobs() {
 }
 
 void frmReportParameters::orderTabs() {
-    const std::array<QWidget*, 16> order{cmbReports,    cmbCategory,  cmbGroupBy,   chkSummary,
-                                         cmbSSN,        cmbForeman,   MskField[0],  MskField[1],
-                                         optDetail[0],  optDetail[1], optDetail[2], optJobType[0],
-                                         optJobType[1], lstJobs,      cmdClear,     cmdSelectAll};
+    const std::array<QWidget*, 17> order{
+        cmbReports,    cmdLast,       cmbCategory, cmbGroupBy,   chkSummary,   cmbSSN,
+        cmbForeman,    MskField[0],   MskField[1], optDetail[0], optDetail[1], optDetail[2],
+        optJobType[0], optJobType[1], lstJobs,     cmdClear,     cmdSelectAll};
     for (std::size_t i = 1; i < order.size(); ++i)
         setTabOrder(order[i - 1], order[i]);
 }

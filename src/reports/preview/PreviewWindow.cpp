@@ -1,6 +1,7 @@
 #include "reports/preview/PreviewWindow.h"
 
 #include "controls/Label.h"
+#include "controls/WindowPlace.h"
 #include "look/WindowOwner.h"
 #include "reports/drawing/PageSurface.h"
 #include "reports/preview/PreviewFindBar.h"
@@ -322,11 +323,15 @@ void PreviewWindow::say(const QString& text) {
         statusBar()->showMessage(text, statusMilliseconds);
 }
 
-/// At first as wide as the paper at its true size asks for, in the middle of the screen.
+/// As the user left the one before, else fitting the paper.
 void PreviewWindow::placeOn(const QWidget* owner) {
-    if (restoreGeometry(m_look.geometry))
-        return;
-    const QRect screenArea = (owner != nullptr ? owner->screen() : screen())->availableGeometry();
+    if (!restoreGeometry(m_look.geometry))
+        fitToPaper((owner != nullptr ? owner->screen() : screen())->availableGeometry());
+    new WindowPlace(*this, {});
+}
+
+/// In the middle of the screen, as wide as a page at its true size.
+void PreviewWindow::fitToPaper(const QRect& screenArea) {
     const double trueWidth = m_pages.paperSize().width() / twipsPerInch * logicalDpiX();
     const int paper = qRound(trueWidth) + 4 * PreviewLayout::margin;
     const QSize wanted(std::max(leastOpeningWidth, paper), qRound(screenArea.height() * shareOfHeight));

@@ -63,6 +63,7 @@ private:
     void addPageBox(QToolBar* bar);
     void addZoomBox(QToolBar* bar);
     void placeOn(const QWidget* owner);
+    void fitToPaper(const QRect& screenArea);
     void connectView();
 
     void print();

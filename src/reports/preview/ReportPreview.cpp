@@ -4,6 +4,7 @@
 #include "reports/output/PrinterDialogs.h"
 #include "reports/preview/ReportDocument.h"
 #include "runtime/MsgBox.h"
+#include "runtime/Remembered.h"
 #include "runtime/RunTime.h"
 
 #include <QDir>
@@ -21,6 +22,7 @@ namespace tarnwell {
 namespace {
 
 const QString messageTitle = QStringLiteral("Report");
+const QString folderName = QStringLiteral("PDF folder"); ///< Where the last PDF went.
 const QString notPrinted = QStringLiteral("The report was not printed.");
 constexpr int progressAfterMilliseconds = 400;
 constexpr int progressWidth = 360;
@@ -102,17 +104,17 @@ bool setUpFromPreview(ReportDocument& pages, QWidget* owner) {
     });
 }
 
-} // namespace
-
 /// "Lot Budget 2002-05-17.pdf" in the folder of the PDF before, else among the documents.
-QString ReportPreview::proposedName(const QString& title) const {
-    QString folder = m_folder;
+QString proposedName(const QString& title) {
+    QString folder = remembered(folderName);
     for (const auto place : {QStandardPaths::DocumentsLocation, QStandardPaths::HomeLocation})
         if (folder.isEmpty() || !QFileInfo(folder).isDir())
             folder = QStandardPaths::writableLocation(place);
     const QString day = Format(Today(), QStringLiteral("yyyy-mm-dd"));
     return QDir(folder).filePath(QStringLiteral("%1 %2.pdf").arg(title, day));
 }
+
+} // namespace
 
 QString ReportPreview::save(const ReportPages& report, const QString& title, const QPageSize& paper,
                             QWidget* owner) {
@@ -123,7 +125,7 @@ QString ReportPreview::save(const ReportPages& report, const QString& title, con
         PageProgress progress(QStringLiteral("Saving %1").arg(title), owner);
         if (!savePdf(report, path, title, paper, progress.follow()))
             return QStringLiteral("Saving was cancelled.");
-        m_folder = QFileInfo(path).absolutePath();
+        remember(folderName, QFileInfo(path).absolutePath());
         return QStringLiteral("Saved as %1").arg(QDir::toNativeSeparators(path));
     });
 }

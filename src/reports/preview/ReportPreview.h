@@ -17,12 +17,10 @@ public:
     void show(const ReportPages& report, const QString& title, QWidget* owner);
 
 private:
-    [[nodiscard]] QString proposedName(const QString& title) const;
     [[nodiscard]] QString save(const ReportPages& report, const QString& title, const QPageSize& paper,
                                QWidget* owner);
 
     PreviewLook m_look;
-    QString m_folder; ///< Where the last PDF went; the next one is proposed beside it.
 };
 
 /// Prints a finished report on the current printer; a message says what failed. Without pages nothing is

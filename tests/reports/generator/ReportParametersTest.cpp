@@ -9,6 +9,7 @@
 #include "runtime/modGlobalVariables.h"
 #include "support/MessageScript.h"
 #include "support/RaisedNumber.h"
+#include "support/RememberedSettings.h"
 #include "support/ScreenDriver.h"
 #include "support/ScreenTest.h"
 
@@ -113,6 +114,36 @@ TEST_F(ReportScreen, OpensOnTheFirstReportWithItsDefaults) {
     EXPECT_EQ(parameters.groupBy, GroupBy::Date);
     EXPECT_FALSE(parameters.allJobsMarked || parameters.summary);
     EXPECT_TRUE(parameters.markedJobs.empty());
+}
+
+TEST_F(ReportScreen, TheReportStartedLastIsAPressAwayAfterTheNextStart) {
+    const RememberedSettings settings;
+    open();
+    EXPECT_FALSE(enabled("cmdLast"));
+    driver->choose("cmbReports", "Gantt Chart");
+    driver->retype("MskField(0)", "030124");
+    driver->retype("MskField(1)", "033124");
+    mark({0});
+    driver->clickToolbar("Prevw");
+    EXPECT_EQ(shown.size(), 1);
+    form().Unload();
+    RememberedSettings::endProgram();
+    open();
+    EXPECT_EQ(text("cmbReports"), "Calendar by Day") << "it opens as ever";
+    EXPECT_EQ(form().parameters().startDate, "01/01/02");
+    EXPECT_EQ(driver->find("cmdLast").toolTip(),
+              "Press to choose Gantt Chart from 03/01/24 to 03/31/24 again");
+    driver->press(Qt::Key_L, Qt::AltModifier);
+    EXPECT_EQ(text("cmbReports"), "Gantt Chart");
+    EXPECT_EQ(form().parameters().startDate, "03/01/24");
+    EXPECT_EQ(form().parameters().stopDate, "03/31/24");
+    for (const char* damaged : {"03/01/24 Gantt Chart", "Gantt Chart", "13/45/24 03/31/24 Gantt Chart",
+                                "03/01/24 03/31/24 No such report"}) {
+        form().Unload();
+        remember("Last report", damaged);
+        open();
+        EXPECT_FALSE(enabled("cmdLast")) << damaged;
+    }
 }
 
 TEST_F(ReportScreen, EachReportEnablesWhatItsDefinitionAllows) {

@@ -6,6 +6,7 @@
 #include "reports/preview/PreviewView.h"
 #include "runtime/RunTime.h"
 #include "support/MessageScript.h"
+#include "support/RememberedSettings.h"
 #include "support/ScreenDriver.h"
 
 #include <QAction>
@@ -231,6 +232,7 @@ TEST_F(ReportPreviewTest, AChosenPaperIsShownByThisPreviewAndTheNext) {
 }
 
 TEST_F(ReportPreviewTest, APdfIsNamedByReportAndDayAndTheNextGoesBesideIt) {
+    const test::RememberedSettings settings;
     const NumberedReport data(2);
     m_path = data.pathOf("June.pdf");
     use(data, [this](const ScreenDriver& driver) {
@@ -241,6 +243,15 @@ TEST_F(ReportPreviewTest, APdfIsNamedByReportAndDayAndTheNextGoesBesideIt) {
         EXPECT_EQ(QFileInfo(m_proposed).path(), QFileInfo(m_path).path());
     });
     EXPECT_EQ(data.files(), QStringList("June.pdf"));
+    test::RememberedSettings::endProgram();
+    m_preview = {};
+    use(data, [this](const ScreenDriver& driver) {
+        driver.press(Qt::Key_S, Qt::ControlModifier);
+        EXPECT_EQ(QFileInfo(m_proposed).path(), QFileInfo(m_path).path());
+        remember("PDF folder", m_path + "/no longer there");
+        driver.press(Qt::Key_S, Qt::ControlModifier);
+        EXPECT_TRUE(QFileInfo(QFileInfo(m_proposed).path()).isDir());
+    });
 }
 
 TEST_F(ReportPreviewTest, AFileThatCantBeWrittenIsReportedAndACancelledNameIsNothing) {

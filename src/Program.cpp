@@ -16,26 +16,30 @@
 #include "reports/generator/frmReportParameters.h"
 #include "runtime/DataEnvironment.h"
 #include "runtime/EventGuard.h"
+#include "runtime/Remembered.h"
 #include "runtime/Version.h"
 #include "timecard/frmEmployee.h"
 #include "timecard/frmPayroll.h"
 
 #include <exception>
+#include <functional>
+#include <utility>
 
 namespace tarnwell {
 
 namespace {
 
 template <class Form>
-void registerScreen(const char* key, Screen::Modality modality) {
+void registerScreen(const char* key, Screen::Modality modality, std::function<void(qint64)> showRecord = {}) {
     frmSwitchboard::registerScreen(
-        {QLatin1String(key), modality, []() -> Screen& { return theForm<Form>(); }});
+        {QLatin1String(key), modality, []() -> Screen& { return theForm<Form>(); }, std::move(showRecord)});
 }
 
 /// Every screen that the main window can show.
 void registerScreens() {
     registerScreen<frmBuilder>("frmBuilder", Screen::Modality::Modeless);
-    registerScreen<frmJobs>("frmJobs", Screen::Modality::Modeless);
+    registerScreen<frmJobs>("frmJobs", Screen::Modality::Modeless,
+                            [](qint64 jobKey) { theForm<frmJobs>().ShowJob(jobKey); });
     registerScreen<frmMasterCodes>("frmMasterCodes", Screen::Modality::Modal);
     registerScreen<frmMasterTasks>("frmMasterTasks", Screen::Modality::Modal);
     registerScreen<frmEmployee>("frmEmployee", Screen::Modality::Modeless);
@@ -58,6 +62,11 @@ Program::Program(int& argc, char** argv) : QApplication(argc, argv) {
     setPalette(refinements(palette()));
     installPresenters();
     registerScreens();
+    // Nobody waits for the disk while the user is busy elsewhere.
+    connect(this, &QGuiApplication::applicationStateChanged, this, guarded([](Qt::ApplicationState state) {
+                if (state != Qt::ApplicationActive)
+                    writeRemembered();
+            }));
 }
 
 int Program::run() {
@@ -70,6 +79,7 @@ int Program::run() {
     WaitNotice waitNotice;
     DataEnvironment::setWaitWatcher(&waitNotice);
     const int exitCode = exec();
+    writeRemembered();
     DataEnvironment::setWaitWatcher(nullptr);
     DataEnvironment::close();
     return exitCode;

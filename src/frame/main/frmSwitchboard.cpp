@@ -1,12 +1,16 @@
 #include "frame/main/frmSwitchboard.h"
 
+#include "data/recordset/Workstations.h"
 #include "frame/help/HelpKey.h"
 #include "frame/help/HelpWindow.h"
 #include "frame/main/ErrorLogMenu.h"
+#include "frame/main/HomeLink.h"
+#include "frame/main/HomePage.h"
 #include "frame/main/IconBar.h"
-#include "look/Icons.h"
+
 #include "runtime/DatabaseSettings.h"
 #include "runtime/EventGuard.h"
+#include "runtime/RecentJobs.h"
 #include "runtime/ProgramFolders.h"
 #include "runtime/RunTime.h"
 #include "runtime/StartUp.h"
@@ -29,11 +33,10 @@ namespace tarnwell {
 
 namespace {
 
-constexpr QSize designSize(840, 460);
-constexpr int welcomeMargin = 40;
-constexpr int programIconExtent = 64;
-constexpr int pathLines = 3; ///< What a long path of the database takes.
+constexpr QSize designSize(860, 540);
 const QString exitKey = QStringLiteral("mnuExit");
+const QString backupsKey = QStringLiteral("frmBackups");
+const QString jobsKey = QStringLiteral("frmJobs");
 
 /// `label` is the caption with its underlined letter; the letters of the menus are taken.
 struct BarItem {
@@ -104,15 +107,23 @@ QString placeOf(const DatabaseSettings& database) {
                                      : QStringLiteral("%1 on %2").arg(database.catalog, database.server);
 }
 
-/// A text in `scale` times the desktop's size.
-QLabel* label(double scale, bool strong = false) {
-    auto* made = new QLabel;
-    QFont font = made->font();
-    font.setPointSizeF(font.pointSizeF() * scale);
-    font.setWeight(strong ? QFont::DemiBold : QFont::Normal);
-    made->setFont(font);
-    made->setTextFormat(Qt::PlainText);
-    return made;
+/// Empty where the engine doesn't know.
+QString workstationsText(std::optional<int> workstations) {
+    if (!workstations || *workstations < 1)
+        return {};
+    return *workstations == 1
+               ? QStringLiteral("Open at this workstation only.")
+               : QStringLiteral("Open at %1 workstations, this one among them.").arg(*workstations);
+}
+
+HomeState readHome() {
+    HomeState state{.steps = readFirstSteps(connection()),
+                    .figures = {},
+                    .workstations = workstationsText(workstations(connection())),
+                    .backup = {}};
+    if (state.steps.empty())
+        state.figures = readHomeFigures(connection(), Today(), rememberedJobs());
+    return state;
 }
 
 } // namespace
@@ -170,47 +181,42 @@ void frmSwitchboard::buildIconBar() {
 }
 
 void frmSwitchboard::layOut() {
+    m_home = new HomePage;
+    m_database = m_home->database();
+    m_home->offerBackups(screenFor(backupsKey) != nullptr);
+    for (HomeLink* link : m_home->links())
+        nameControl(link, link->objectName(), link->toolTip());
+    connect(m_home, &HomePage::due, this, guarded([this] { showHome(); }));
+    connect(m_home, &HomePage::screenChosen, this, guarded([this](const QString& key) { choose(key); }));
+    connect(m_home, &HomePage::jobChosen, this, guarded([this](qint64 jobKey) { chooseJob(jobKey); }));
     auto* row = new QHBoxLayout(canvas());
     row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(0);
     row->addWidget(m_iconBar);
-    row->addLayout(welcome(), 1);
+    row->addWidget(m_home, 1);
 }
 
-QVBoxLayout* frmSwitchboard::welcome() {
-    QLabel* icon = label(1);
-    icon->setPixmap(programIcon().pixmap(QSize(programIconExtent, programIconExtent), devicePixelRatioF()));
-    QLabel* program = label(2.6, true);
-    program->setText(QStringLiteral("Tarnwell"));
-    m_today = label(1.25);
-    nameControl(m_today, QStringLiteral("lblToday"));
-    QLabel* databaseCaption = label(1, true);
-    databaseCaption->setText(QStringLiteral("Database"));
-    m_database = label(1);
-    nameControl(m_database, QStringLiteral("lblDatabase"));
-    m_database->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    m_database->setWordWrap(true);
-    m_database->setAlignment(Qt::AlignTop);
-    m_database->setMinimumHeight(pathLines * m_database->fontMetrics().lineSpacing());
-    QLabel* keys = label(1);
-    keys->setText(QStringLiteral("Press Alt and an underlined letter to open an item, F1 for help."));
-    keys->setWordWrap(true);
+/// Figures that can't be read are no reason to stop: the next time the window is active they may be.
+void frmSwitchboard::showHome() {
+    if (!isLoaded())
+        return;
+    try {
+        m_home->showState(readHome());
+    } catch (const RunTimeError& error) {
+        m_home->showFailure(error.description());
+    }
+}
 
-    auto* column = new QVBoxLayout;
-    column->setContentsMargins(welcomeMargin, welcomeMargin, welcomeMargin, welcomeMargin);
-    column->addStretch(1);
-    for (QWidget* widget : std::initializer_list<QWidget*>{icon, program, m_today})
-        column->addWidget(widget);
-    column->addSpacing(32);
-    column->addWidget(databaseCaption);
-    column->addWidget(m_database);
-    column->addStretch(2);
-    column->addWidget(keys);
-    return column;
+bool frmSwitchboard::event(QEvent* event) {
+    const bool handled = Screen::event(event);
+    if (event->type() == QEvent::WindowActivate && m_activatedBefore)
+        m_home->askAfterPaint();
+    return handled;
 }
 
 void frmSwitchboard::Form_Activate() {
     // The date may have changed while another form was in front.
-    m_today->setText(QLocale().toString(Today().date, QLocale::LongFormat));
+    m_home->showDay(QLocale().toString(Today().date, QLocale::LongFormat));
     if (m_activatedBefore)
         return;
     openDatabase();
@@ -250,6 +256,12 @@ void frmSwitchboard::choose(const QString& key) {
         closeRequested();
     else if (const ScreenEntry* screen = screenFor(key); screen != nullptr)
         screen->form().Show(screen->modality, this);
+}
+
+void frmSwitchboard::chooseJob(qint64 jobKey) {
+    choose(jobsKey);
+    if (const ScreenEntry* jobs = screenFor(jobsKey); jobs != nullptr && jobs->showRecord)
+        jobs->showRecord(jobKey);
 }
 
 } // namespace tarnwell

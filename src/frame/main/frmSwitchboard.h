@@ -8,10 +8,10 @@
 
 class QAction;
 class QLabel;
-class QVBoxLayout;
 
 namespace tarnwell {
 
+class HomePage;
 class IconBar;
 
 /// A screen that the main window can show: the key of its item or menu entry, how it is shown and its one
@@ -20,11 +20,14 @@ struct ScreenEntry {
     QString key;
     Screen::Modality modality;
     std::function<Screen&()> form;
+    /// Brings the record of a key onto the shown screen; empty where the main window offers no records.
+    std::function<void(qint64 key)> showRecord = {};
 };
 
 /// The start-up object and main window: reads the settings, opens the database when it first becomes active,
-/// and shows the screens by its icon bar and menus. What no screen is registered for is disabled. Unloading
-/// it unloads every form.
+/// and shows the screens by its icon bar and menus. What no screen is registered for is disabled. Its free
+/// half says how the data stand; that is read whenever the window becomes active, behind its painting.
+/// Unloading it unloads every form.
 class frmSwitchboard : public Screen {
     Q_OBJECT
 
@@ -39,20 +42,23 @@ protected:
     void Form_Activate() override;
     void Form_Unload() override;
     void closeRequested() override;
+    bool event(QEvent* event) override;
 
 private:
     /// Menus and icon bar are built from tables; both end in `choose` or in an action of their own.
     void buildMenus();
     void buildIconBar();
     void layOut();
-    [[nodiscard]] QVBoxLayout* welcome();
+    void showHome();
     /// Ends the program when the connection fails: without one no screen can work.
     void openDatabase();
     /// Shows the screen that is registered for the key, or closes the window for "mnuExit".
     void choose(const QString& key);
+    /// Shows the jobs screen with this job on it.
+    void chooseJob(qint64 jobKey);
 
     IconBar* m_iconBar = nullptr;
-    QLabel* m_today = nullptr;
+    HomePage* m_home = nullptr;
     QLabel* m_database = nullptr;
     /// The window's only state: the first activation has run.
     bool m_activatedBefore = false;

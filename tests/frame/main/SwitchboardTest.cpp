@@ -1,5 +1,6 @@
 #include "frame/main/frmSwitchboard.h"
 #include "runtime/DataEnvironment.h"
+#include "runtime/RunTime.h"
 #include "runtime/modGlobalVariables.h"
 #include "runtime/modRegistry.h"
 #include "support/DeathFolder.h"
@@ -12,6 +13,7 @@
 #include <QFile>
 #include <QLabel>
 #include <QMenuBar>
+#include <QPushButton>
 #include <QToolButton>
 
 #include <gtest/gtest.h>
@@ -21,6 +23,7 @@ namespace tarnwell::test {
 namespace {
 
 QStringList unloaded;
+qint64 shownJob = 0;
 
 template <int Number>
 class frmEntry : public Screen {
@@ -42,7 +45,7 @@ void setting(const char* name, const QString& value) {
                        QLatin1String(name), RegistryType::Text, value);
 }
 
-/// Time Card, Builder and Reports stand; the other screens do not.
+/// Time Card, Builder, Jobs and Reports stand; the other screens do not.
 struct SwitchboardTest : ::testing::Test {
     static void SetUpTestSuite() {
         using enum Screen::Modality;
@@ -50,6 +53,9 @@ struct SwitchboardTest : ::testing::Test {
             {"frmPayroll", Modeless, []() -> Screen& { return theForm<frmEntry<1>>(); }});
         frmSwitchboard::registerScreen(
             {"frmBuilder", Modeless, []() -> Screen& { return theForm<frmEntry<2>>(); }});
+        frmSwitchboard::registerScreen({"frmJobs", Modeless,
+                                        []() -> Screen& { return theForm<frmEntry<4>>(); },
+                                        [](qint64 job) { shownJob = job; }});
         frmSwitchboard::registerScreen(
             {"mnuReport", Modal, []() -> Screen& { return theForm<frmEntry<3>>(); }});
     }
@@ -73,6 +79,31 @@ struct SwitchboardTest : ::testing::Test {
         EXPECT_TRUE(waitFor([&] { return window.isActiveWindow(); }));
         return window;
     }
+    /// A window that has read how the data stand; something of it is on show then.
+    static frmSwitchboard& startAndRead(const char* shown) {
+        auto& window = start();
+        EXPECT_TRUE(waitFor([&] { return window.findChild<QWidget*>(shown)->isVisible(); })) << shown;
+        return window;
+    }
+    static bool isShown(const QWidget& window, const char* name) {
+        return window.findChild<QWidget*>(name)->isVisible();
+    }
+    static QString shownText(const QWidget& window, const char* name) {
+        return window.findChild<QLabel*>(name)->text();
+    }
+    /// An open job with a payment of today.
+    qint64 addPaidJob(const char* number) {
+        const qint64 builder = database.add("Contractor", {{"Name", "Smith"}});
+        const qint64 job =
+            database.add("Job", {{"JobNumber", number}, {"Name", "Elm"}, {"ContractorKey", builder}});
+        const qint64 lot = database.add("JobLot", {{"JobKey", job}, {"LotBlock", "A"}});
+        const qint64 task = database.add("JobLotTask", {{"JobLotKey", lot}, {"Name", "Walls"}});
+        const qint64 employee = database.add("Employee", {{"SSN", "1"}});
+        database.add(
+            "JobTaskEmployee",
+            {{"JobLotTaskKey", task}, {"EmployeeKey", employee}, {"Price", 1234.5}, {"Completed", Today()}});
+        return job;
+    }
     static QString shownDatabase(const QWidget& window) {
         return window.findChild<QLabel*>("lblDatabase")->text();
     }
@@ -92,7 +123,7 @@ TEST_F(SwitchboardTest, OnlyWhatStandsCanBeChosen) {
         if (item->isEnabled())
             items << item->objectName();
     }
-    EXPECT_EQ(items, (QStringList{"mnuExit", "frmBuilder", "mnuReport", "frmPayroll"}));
+    EXPECT_EQ(items, (QStringList{"mnuExit", "frmBuilder", "frmJobs", "mnuReport", "frmPayroll"}));
     QStringList entries;
     for (const QAction* menu : window.menuBar()->actions())
         for (const QAction* entry : window.findChild<QMenu*>(menu->objectName())->actions())
@@ -138,7 +169,7 @@ TEST_F(SwitchboardTest, ArrowsPassOverWhatIsDisabledAndEnterOpens) {
     const ScreenDriver driver(window);
     EXPECT_EQ(driver.focusedName(), "frmBuilder") << "Enter on a fresh window must not end the program";
     driver.press(Qt::Key_Down);
-    EXPECT_EQ(driver.focusedName(), "mnuReport");
+    EXPECT_EQ(driver.focusedName(), "frmJobs");
     driver.press(Qt::Key_End);
     EXPECT_EQ(driver.focusedName(), "frmPayroll");
     driver.press(Qt::Key_Down);
@@ -164,6 +195,61 @@ TEST_F(SwitchboardTest, ClosingUnloadsEveryForm) {
     EXPECT_EQ(unloaded, (QStringList{"frmEntry1", "frmEntry2"}));
     EXPECT_TRUE(loadedForms().empty());
     EXPECT_TRUE(waitFor([&] { return closed.isNull(); }));
+}
+
+TEST_F(SwitchboardTest, AnEmptyDatabaseBeginsWithTheStepsToItsFirstPayment) {
+    auto& window = startAndRead("homeSteps");
+    const ScreenDriver driver(window);
+    EXPECT_FALSE(isShown(window, "homeFigures") || isShown(window, "homeJobs"));
+    EXPECT_FALSE(isShown(window, "lnkBackups")) << "no such screen is registered";
+    driver.focus("frmPayroll");
+    driver.press(Qt::Key_Tab, {}, 3);
+    EXPECT_EQ(driver.focusedName(), "lnkStep(2)");
+    database.add("ContractorPlan",
+                 {{"ContractorKey", database.add("Contractor", {{"Name", "Smith"}})}, {"PlanName", "Aspen"}});
+    driver.press(Qt::Key_Return);
+    EXPECT_EQ(loadedForms().back()->objectName(), "frmEntry2");
+    theForm<frmEntry<2>>().Unload();
+    window.activateWindow();
+    const auto& step = driver.find<QPushButton>("lnkStep(2)");
+    EXPECT_TRUE(waitFor([&] { return step.accessibleName() == "A builder and a plan, done"; }));
+    EXPECT_EQ(driver.find<QPushButton>("lnkStep(3)").accessibleName(), "A job and a lot");
+    driver.click("lnkStep(3)");
+    EXPECT_EQ(loadedForms().back()->objectName(), "frmEntry4");
+}
+
+TEST_F(SwitchboardTest, SaysHowTheDataStandAndOpensTheLastJobs) {
+    const qint64 first = addPaidJob("J-1");
+    auto& window = startAndRead("homeFigures");
+    const ScreenDriver driver(window);
+    EXPECT_FALSE(isShown(window, "homeSteps") || isShown(window, "lnkJob(1)") ||
+                 isShown(window, "lblWorkstations"));
+    EXPECT_EQ(shownText(window, "lblOpenJobs"), "1");
+    EXPECT_EQ(shownText(window, "lblPayments"), "1");
+    EXPECT_EQ(shownText(window, "lblPaid"), "1,234.50");
+    EXPECT_EQ(driver.find<QPushButton>("lnkJob(0)").text(), "J-1  Elm");
+    const qint64 second = addPaidJob("J-2");
+    driver.focus("lnkJob(0)");
+    driver.press(Qt::Key_Space);
+    EXPECT_EQ(loadedForms().back()->objectName(), "frmEntry4");
+    EXPECT_EQ(shownJob, first);
+    window.activateWindow();
+    EXPECT_TRUE(waitFor([&] { return isShown(window, "lnkJob(1)"); }));
+    EXPECT_EQ(shownText(window, "lblPaid"), "2,469.00");
+    driver.click("lnkJob(0)");
+    EXPECT_EQ(shownJob, second);
+}
+
+TEST_F(SwitchboardTest, FiguresThatCantBeReadEndNothing) {
+    addPaidJob("J-1");
+    auto& window = startAndRead("homeFigures");
+    DataEnvironment::cnnConnection().Close();
+    frmEntry<2>& front = theForm<frmEntry<2>>();
+    front.Show(Screen::Modality::Modeless, &window);
+    ASSERT_TRUE(waitFor([&] { return front.isActiveWindow(); }));
+    window.activateWindow();
+    EXPECT_TRUE(waitFor([&] { return isShown(window, "lblFailure"); }));
+    EXPECT_FALSE(isShown(window, "homeFigures"));
 }
 
 TEST_F(SwitchboardTest, DeletesTheErrorLogOfTheSettingsFolder) {

@@ -17,6 +17,8 @@ namespace tarnwell {
 namespace {
 /// Below this a shared column would show nothing of use: the grid scrolls instead.
 constexpr int leastCharacters = 16;
+constexpr int rowsMeasured = 64;
+constexpr int besideText = 12; ///< Between a text and the edges of its cell.
 /// What a remembered width may be; anything else was damaged.
 constexpr int narrowestDragged = 8, widestDragged = 4000;
 /// Widths are kept as they would be with text of the usual size.
@@ -34,8 +36,6 @@ std::map<QString, int> widthsFrom(const QString& text) {
     return widths;
 }
 
-constexpr int rowsMeasured = 64;
-constexpr int besideText = 12; ///< Between a text and the edges of its cell.
 } // namespace
 
 GridWidths::GridWidths(QTableView& view)
@@ -56,7 +56,6 @@ void GridWidths::reset(const std::vector<GridColumn>& columns) {
     m_holdsText.clear();
     m_hasButton.clear();
     m_needs.assign(columns.size(), 0);
-    m_isResized.assign(columns.size(), false);
     for (std::size_t i = 0; i < columns.size(); ++i) {
         const int section = static_cast<int>(i);
         m_keys.push_back(columns[i].key.isEmpty() ? QStringLiteral("#%1").arg(section) : columns[i].key);
@@ -86,21 +85,23 @@ void GridWidths::apply(const std::vector<LayoutColumn>& layout, const std::vecto
     overlay();
 }
 
-void GridWidths::overlay() {
-    m_widths = m_standard;
-    for (std::size_t i = 0; i < m_keys.size(); ++i)
-        if (const auto dragged = m_dragged.find(m_keys[i]); dragged != m_dragged.end())
-            m_widths[i] = scaledToText(dragged->second, m_view);
-    m_standardAction->setEnabled(!m_dragged.empty());
-}
-
 void GridWidths::rememberAs(const QString& name) {
     m_name = name;
     m_dragged = widthsFrom(remembered(QStringLiteral("Columns ") + name));
     m_view.horizontalHeader()->addAction(m_standardAction);
     m_view.horizontalHeader()->setContextMenuPolicy(Qt::ActionsContextMenu);
     overlay();
-    m_isResized.assign(columns.size(), false);
+}
+
+void GridWidths::overlay() {
+    m_widths = m_standard;
+    m_isResized.assign(m_keys.size(), false);
+    for (std::size_t i = 0; i < m_keys.size(); ++i)
+        if (const auto dragged = m_dragged.find(m_keys[i]); dragged != m_dragged.end()) {
+            m_widths[i] = scaledToText(dragged->second, m_view);
+            m_isResized[i] = true;
+        }
+    m_standardAction->setEnabled(!m_dragged.empty());
     share();
 }
 
@@ -108,6 +109,15 @@ void GridWidths::restoreStandard() {
     m_dragged.clear();
     keep();
     overlay();
+}
+
+void GridWidths::keep() const {
+    QStringList entries;
+    for (const auto& [key, width] : m_dragged)
+        entries << QStringLiteral("%1=%2").arg(key).arg(width);
+    remember(QStringLiteral("Columns ") + m_name, entries.join(u';'));
+}
+
 int GridWidths::widthOfTexts(int section) const {
     const QAbstractItemModel& rows = *m_view.model();
     const QFontMetrics letters = m_view.fontMetrics();
@@ -118,11 +128,6 @@ int GridWidths::widthOfTexts(int section) const {
     return widest + besideText + (hasButton ? m_view.verticalHeader()->defaultSectionSize() : 0);
 }
 
-void GridWidths::keep() const {
-    QStringList entries;
-    for (const auto& [key, width] : m_dragged)
-        entries << QStringLiteral("%1=%2").arg(key).arg(width);
-    remember(QStringLiteral("Columns ") + m_name, entries.join(u';'));
 void GridWidths::fitTexts() {
     m_needs.assign(m_widths.size(), 0);
     for (const int section : visibleSections())
@@ -202,12 +207,12 @@ void GridWidths::sectionResized(int section, int /*oldSize*/, int newSize) {
         return;
     const auto index = static_cast<std::size_t>(section);
     m_widths[index] = newSize;
+    m_isResized[index] = true;
     if (!m_name.isEmpty()) {
         m_dragged[m_keys[index]] = qRound(newSize * 1.0 * scaleSteps / scaledToText(scaleSteps, m_view));
         m_standardAction->setEnabled(true);
         keep();
     }
-    m_isResized[static_cast<std::size_t>(section)] = true;
     share();
 }
 

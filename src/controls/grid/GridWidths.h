@@ -15,11 +15,10 @@ class QTableView;
 namespace tarnwell {
 
 /// Order and widths of a grid's columns: fixed ones keep their width (which grows with the font), the
-/// resizes is fixed from then on; with a name to remember it by also over later layouts and starts, until
-/// "Standard column widths" is chosen from the headings' menu.
 /// others share what is left of the view; when none shares, the last one takes it. A fixed column whose texts
 /// are longer takes what they need, as far as the sharing ones can spare it. A column that the user resizes
-/// keeps that width.
+/// keeps that width from then on; with a name to remember it by also over later layouts and starts, until
+/// "Standard column widths" is chosen from the headings' menu.
 class GridWidths : public QObject {
     Q_OBJECT
 
@@ -32,11 +31,11 @@ public:
     void apply(const std::vector<LayoutColumn>& layout, const std::vector<GridColumn>& columns);
     /// Fits the columns into the view's present width.
     void share();
+    /// The same for other rows: measures the texts of the first ones.
+    void fitTexts();
     /// Takes over the widths that were dragged under this name ("frmJobs.jgTasks"), also at an earlier start,
     /// and keeps those that are dragged from here on.
     void rememberAs(const QString& name);
-    /// The same for other rows: measures the texts of the first ones.
-    void fitTexts();
 
 private:
     void sectionResized(int section, int oldSize, int newSize);
@@ -58,7 +57,7 @@ private:
     std::vector<int> m_standard;      ///< Of the columns or the layout; 0 shares.
     std::vector<int> m_widths;        ///< In force; 0 shares.
     std::map<QString, int> m_dragged; ///< By key, for the usual size of text.
-    std::vector<int> m_needs;  ///< By section: what its texts take. 0 where that does not count.
+    std::vector<int> m_needs;         ///< By section: what its texts take. 0 where that does not count.
     std::vector<bool> m_holdsText, m_hasButton, m_isResized; ///< By section; the last one: by the user.
     bool m_sharing = false;
 };

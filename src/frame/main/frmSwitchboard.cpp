@@ -7,11 +7,10 @@
 #include "frame/main/HomeLink.h"
 #include "frame/main/HomePage.h"
 #include "frame/main/IconBar.h"
-
 #include "runtime/DatabaseSettings.h"
 #include "runtime/EventGuard.h"
-#include "runtime/RecentJobs.h"
 #include "runtime/ProgramFolders.h"
+#include "runtime/RecentJobs.h"
 #include "runtime/RunTime.h"
 #include "runtime/StartUp.h"
 #include "runtime/UpToDateDatabase.h"

@@ -20,6 +20,9 @@ using namespace std::chrono_literals;
 constexpr auto interval = 1s;
 /// Who types goes on within this time, as a rule, and must not wait for a list.
 constexpr std::chrono::milliseconds rest = 700ms;
+/// A network that is down holds the program up until an attempt is given up. The next one waits so many times
+/// as long.
+constexpr int pausePerAttempt = 30;
 
 /// All screens, or the one dialog that keeps the user from the others. None behind a message.
 std::vector<Screen*> reachableScreens() {
@@ -45,8 +48,10 @@ ChangeWatch::ChangeWatch(QObject* parent) : QObject(parent) {
 
 void ChangeWatch::look() {
     const std::vector<Screen*> screens = reachableScreens();
+    const auto begin = std::chrono::steady_clock::now();
     try {
         const quint32 version = connection().dataVersion();
+        setPause(interval);
         if (version == m_shown)
             return;
         const auto shows = [](Screen* screen) { return !screen->isVisible() || screen->showChanges(); };
@@ -55,7 +60,16 @@ void ChangeWatch::look() {
             m_shown = version;
     } catch (const RunTimeError&) {
         m_shown.reset();
+        setPause(pausePerAttempt * (std::chrono::steady_clock::now() - begin));
     }
+}
+
+/// Setting an interval, even the same one, would begin the present one again.
+void ChangeWatch::setPause(std::chrono::nanoseconds pause) {
+    const auto wanted = std::max<std::chrono::milliseconds>(
+        interval, std::chrono::duration_cast<std::chrono::milliseconds>(pause));
+    if (m_timer.intervalAsDuration() != wanted)
+        m_timer.setInterval(wanted);
 }
 
 bool ChangeWatch::eventFilter(QObject* watched, QEvent* event) {

@@ -247,7 +247,7 @@ std::optional<int> OdbcEngine::workstations() {
         return std::nullopt;
     completeReaders();
     OdbcLease statement = lease(count);
-    run(*statement);
+    run(statement);
     TextArena texts;
     if (!statement->rows().next())
         return std::nullopt;

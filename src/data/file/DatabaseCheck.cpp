@@ -89,8 +89,9 @@ CheckResult checkRows(const SqliteDatabase& handle, const QString& path, int sho
 
 } // namespace
 
-CheckResult checkDatabase(const QString& path, int shownPerRule) {
+CheckResult checkDatabase(const QString& path, int shownPerRule, const GoesOn& goesOn) {
     const SqliteDatabase handle = data::openDatabaseFile(path, usualBusyTimeout);
+    const data::SqliteWatch watch(handle, goesOn);
     try {
         return checkRows(handle, path, shownPerRule);
     } catch (const RunTimeError&) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/check/CheckResult.h"
+#include "data/file/DatabaseFile.h"
 
 #include <QString>
 
@@ -10,7 +11,8 @@ namespace tarnwell {
 /// types and ranges of what is stored, relations and links, the rules of payments, and the task tree.
 /// At most `shownPerRule` findings a rule are listed; all are counted. Raises DatabaseNotFound, and
 /// DatabaseForeign when the file is not a database, its list of tables can't be read, or a later version made
-/// it.
-[[nodiscard]] CheckResult checkDatabase(const QString& path, int shownPerRule = 50);
+/// it; Cancelled.
+[[nodiscard]] CheckResult checkDatabase(const QString& path, int shownPerRule = 50,
+                                        const GoesOn& goesOn = {});
 
 } // namespace tarnwell

@@ -9,6 +9,7 @@
 #include "data/sqlite/OpenDatabase.h"
 
 #include <QByteArrayList>
+#include <QFile>
 #include <QFileInfo>
 
 namespace tarnwell {
@@ -74,24 +75,40 @@ QStringList relationProblems(const SqliteDatabase& handle) {
     return lines;
 }
 
-void requireSound(const QString& path) {
-    const QStringList problems = integrityProblems(path);
+void requireSound(const QString& path, const GoesOn& goesOn) {
+    const QStringList problems = integrityProblems(path, goesOn);
     if (!problems.isEmpty())
         raise(Failure::DatabaseForeign, QStringLiteral("%1 (%2)").arg(path, problems.front()));
 }
 
 /// A copy as of one moment, whatever others write meanwhile. The engine's own words for a damaged source say
 /// neither which file nor where.
-void copyInto(const QString& target, const SqliteDatabase& handle, const QString& source) {
+void copyInto(const QString& target, const SqliteDatabase& handle, const QString& source,
+              const GoesOn& goesOn) {
+    const data::SqliteWatch watch(handle, goesOn);
     SqliteStatement copy = handle.prepare("VACUUM INTO ?1");
     copy.bind(1, target);
     try {
         copy.run();
     } catch (const RunTimeError&) {
         if (handle.foundDamage())
-            requireSound(source);
+            requireSound(source, goesOn);
         throw;
     }
+}
+
+bool isSameFile(const QString& one, const QString& other) {
+    return QFileInfo::exists(other) &&
+           QFileInfo(one).canonicalFilePath() == QFileInfo(other).canonicalFilePath();
+}
+
+/// Makes the file in the making a copy that was found sound.
+void copySoundly(const QString& source, const data::FileReplacement& file, const GoesOn& goesOn) {
+    const SqliteDatabase handle = data::openOurDatabase(source, usualBusyTimeout);
+    copyInto(file.temporaryPath(), handle, source, goesOn);
+    requireSound(file.temporaryPath(), goesOn);
+    if (goesOn && !goesOn()) // A small file has its copy before anybody is asked.
+        raise(Failure::Cancelled);
 }
 
 } // namespace
@@ -106,27 +123,37 @@ void createDatabase(const QString& path) {
     file.moveIntoPlace(data::FileReplacement::Existing::Keep);
 }
 
-void backupDatabase(const QString& source, const QString& target, bool overwrite) {
+void backupDatabase(const QString& source, const QString& target, bool overwrite, const GoesOn& goesOn) {
     const QString from = pathOnDisk(source);
     const QString to = pathOnDisk(target);
-    const bool exists = QFileInfo::exists(to);
-    const bool same = exists && QFileInfo(from).canonicalFilePath() == QFileInfo(to).canonicalFilePath();
-    if (same || (exists && !overwrite))
+    if (isSameFile(from, to) || (QFileInfo::exists(to) && !overwrite))
         raise(Failure::FileAccess, to);
-    const SqliteDatabase handle = data::openOurDatabase(from, usualBusyTimeout);
     data::FileReplacement file(to);
-    copyInto(file.temporaryPath(), handle, from);
-    requireSound(file.temporaryPath());
+    copySoundly(from, file, goesOn);
+    // Who may not read the wages may not read their copy either.
+    QFile::setPermissions(file.temporaryPath(), QFileInfo(from).permissions() | QFileDevice::WriteOwner);
     file.moveIntoPlace(overwrite ? data::FileReplacement::Existing::Replace
                                  : data::FileReplacement::Existing::Keep);
+}
+
+void restoreDatabase(const QString& saved, const QString& target, const QString& keptAs,
+                     const GoesOn& goesOn) {
+    const QString from = pathOnDisk(saved);
+    const QString to = pathOnDisk(target);
+    if (isSameFile(from, to))
+        raise(Failure::FileAccess, to);
+    data::FileReplacement file(to);
+    copySoundly(from, file, goesOn);
+    file.moveIntoPlace(data::FileReplacement::Existing::Replace, pathOnDisk(keptAs));
 }
 
 void updateStatistics(const QString& path) {
     data::openOurDatabase(path, usualBusyTimeout).run("ANALYZE");
 }
 
-QStringList integrityProblems(const QString& path) {
+QStringList integrityProblems(const QString& path, const GoesOn& goesOn) {
     const SqliteDatabase handle = data::openOurDatabase(path, usualBusyTimeout);
+    const data::SqliteWatch watch(handle, goesOn);
     try {
         const data::EngineReport report = data::askEngine(handle, shownProblems);
         const QStringList problems = report.damage + report.constraints;

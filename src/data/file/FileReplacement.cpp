@@ -12,7 +12,9 @@
 #include <array>
 #include <filesystem>
 #include <optional>
+#include <sqlite3.h>
 #include <string_view>
+#include <vector>
 
 #ifndef _WIN32
 #include <fcntl.h>
@@ -37,6 +39,11 @@ constexpr bool canReplaceOpenFile = true;
         const QString log = path + QLatin1String(suffix);
         return QFileInfo::exists(log) && !QFile::remove(log);
     });
+}
+
+void removeWithLogs(const QString& path) {
+    QFile::remove(path);
+    (void)removeLogs(path);
 }
 
 /// Waits until the disk holds the file or folder, so that a power cut finds the old file or the new one.
@@ -86,6 +93,52 @@ bool isMoved(const QString& from, const QString& to, FileReplacement::Existing e
     return !error;
 }
 
+/// A copy of an old file that nobody else has open. While this lives the old one is not closed: on Unix
+/// closing it would let go of every lock that this program has on it. A second name for the same file would
+/// cost nothing, but a kill before the first name leads elsewhere would leave a database under two names,
+/// each with a log of its own.
+class KeptCopy {
+public:
+    /// Raises FileAccess or DiskFull; no file is left then.
+    KeptCopy(const QString& old, const QString& path) : m_old(old) {
+        FileReplacement copy(path);
+        copyBytes(copy.temporaryPath(), path);
+        QFile::setPermissions(copy.temporaryPath(), QFileInfo(old).permissions());
+        if (!isSynchronized(copy.temporaryPath()) ||
+            !isMoved(copy.temporaryPath(), path, FileReplacement::Existing::Keep))
+            raise(Failure::FileAccess, path);
+    }
+
+private:
+    void copyBytes(const QString& temporaryPath, const QString& path) {
+        constexpr qint64 atOnce = qint64{1024} * 1024;
+        QFile copy(temporaryPath);
+        bool isWhole =
+            m_old.open(QIODevice::ReadOnly) && copy.open(QIODevice::WriteOnly | QIODevice::Unbuffered);
+        while (isWhole && !m_old.atEnd()) {
+            const QByteArray bytes = m_old.read(atOnce);
+            isWhole = !bytes.isEmpty() && copy.write(bytes) == bytes.size();
+        }
+        if (!isWhole)
+            raise(copy.error() == QFileDevice::ResourceError ? Failure::DiskFull : Failure::FileAccess, path);
+    }
+
+    QFile m_old;
+};
+
+/// Keeps an old database, and of one that is damaged what its log still holds. Into a sound one the log was
+/// folded when it was locked.
+std::vector<std::unique_ptr<KeptCopy>> keep(const QString& old, const QString& path,
+                                            const SqliteDatabase& lock) {
+    std::vector<std::unique_ptr<KeptCopy>> copies;
+    const bool isFolded = sqlite3_get_autocommit(lock.get()) == 0;
+    for (const char* suffix : {"-wal", "-journal"})
+        if (const QLatin1String ending(suffix); !isFolded && QFileInfo::exists(old + ending))
+            copies.push_back(std::make_unique<KeptCopy>(old + ending, path + ending));
+    copies.push_back(std::make_unique<KeptCopy>(old, path));
+    return copies;
+}
+
 const QString lockSuffix = QStringLiteral(".lock");
 
 /// Null while another program has it.
@@ -95,11 +148,6 @@ std::unique_ptr<QLockFile> lockFor(const QString& temporaryPath) {
     if (!lock->tryLock(0))
         return nullptr;
     return lock;
-}
-
-void removeWithLogs(const QString& temporaryPath) {
-    QFile::remove(temporaryPath);
-    (void)removeLogs(temporaryPath);
 }
 
 /// Somebody else's file may have such a name.
@@ -153,19 +201,24 @@ FileReplacement::~FileReplacement() {
     removeWithLogs(m_temporaryPath);
 }
 
-void FileReplacement::moveIntoPlace(Existing existing) {
+void FileReplacement::moveIntoPlace(Existing existing, const QString& keptAs) {
     const QFileInfo old(m_target);
     if ((old.exists() && existing == Existing::Keep) || !isSynchronized(m_temporaryPath))
         raise(Failure::FileAccess, m_target);
     std::optional<SqliteDatabase> lock;
+    std::vector<std::unique_ptr<KeptCopy>> kept;
     if (old.exists()) {
         lock = lockAgainstUse(m_target);
+        if (!keptAs.isEmpty())
+            kept = keep(m_target, keptAs, *lock);
         QFile::setPermissions(m_temporaryPath, old.permissions());
     }
     if (!removeLogs(m_target))
         raise(Failure::FileAccess, m_target);
-    if (!canReplaceOpenFile)
+    if (!canReplaceOpenFile) {
         lock.reset();
+        kept.clear();
+    }
     if (!isMoved(m_temporaryPath, m_target, existing) || !isSynchronized(old.absolutePath()))
         raise(Failure::FileAccess, m_target);
 }

@@ -26,7 +26,11 @@ public:
     /// DatabaseLocked while somebody has the old one open, and FileAccess when the file can't be moved or
     /// another one that is to be kept has its name, even if that was made a moment ago; nothing has changed
     /// then.
-    void moveIntoPlace(Existing existing);
+    ///
+    /// With `keptAs` the old file, sound or damaged, gets that name and is kept as it stood when it was
+    /// replaced: what somebody wrote a moment before is in it. Raises FileAccess or DiskFull when it can't be
+    /// kept or that name is taken; the old file is in its place then.
+    void moveIntoPlace(Existing existing, const QString& keptAs = {});
 
 private:
     QString m_target;

@@ -158,4 +158,17 @@ bool SqliteDatabase::foundBusy() const {
     return (sqlite3_errcode(get()) & 0xFF) == SQLITE_BUSY;
 }
 
+SqliteWatch::SqliteWatch(const SqliteDatabase& database, std::function<bool()> goesOn)
+    : m_database(database), m_goesOn(std::move(goesOn)) {
+    constexpr int stepsBetweenQuestions = 10'000; // some tenths of a millisecond
+    if (m_goesOn)
+        sqlite3_progress_handler(
+            database.get(), stepsBetweenQuestions,
+            [](void* watch) { return static_cast<SqliteWatch*>(watch)->m_goesOn() ? 0 : 1; }, this);
+}
+
+SqliteWatch::~SqliteWatch() {
+    sqlite3_progress_handler(m_database.get(), 0, nullptr, nullptr);
+}
+
 } // namespace tarnwell::data

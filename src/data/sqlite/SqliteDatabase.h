@@ -7,6 +7,7 @@
 #include <QByteArrayView>
 #include <QString>
 
+#include <functional>
 #include <memory>
 #include <span>
 
@@ -77,6 +78,21 @@ private:
         void operator()(sqlite3* handle) const noexcept;
     };
     std::unique_ptr<sqlite3, Closer> m_handle;
+};
+
+/// While it lives, the statements of a database ask again and again whether to go on, and raise Cancelled
+/// once the answer is no. Must not outlive the database.
+class SqliteWatch {
+public:
+    /// Empty: nobody is asked. `goesOn` must not throw.
+    SqliteWatch(const SqliteDatabase& database, std::function<bool()> goesOn);
+    ~SqliteWatch();
+    SqliteWatch(const SqliteWatch&) = delete;
+    SqliteWatch& operator=(const SqliteWatch&) = delete;
+
+private:
+    const SqliteDatabase& m_database;
+    std::function<bool()> m_goesOn;
 };
 
 } // namespace tarnwell::data

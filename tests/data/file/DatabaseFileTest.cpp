@@ -75,7 +75,10 @@ TEST_F(DatabaseFiles, BackupCopiesWhileInUse) {
     const auto other = database.secondWorkstation();
     const Transaction unfinished(*other);
     (void)other->Execute("DELETE FROM MasterTask");
+    constexpr auto ownerOnly = QFileDevice::ReadOwner | QFileDevice::WriteOwner;
+    ASSERT_TRUE(QFile::setPermissions(database.path(), ownerOnly));
     backupDatabase(database.path(), copy, false);
+    EXPECT_FALSE(QFile::permissions(copy).testAnyFlags(QFileDevice::ReadGroup | QFileDevice::ReadOther));
     EXPECT_EQ(ask(copy, "SELECT Name FROM MasterTask"), Value("kept"));
     EXPECT_EQ(raisedNumber([&] { backupDatabase(database.path(), copy, false); }), 75);
     EXPECT_EQ(raisedNumber([&] { backupDatabase(database.path(), database.path(), true); }), 75);
@@ -114,6 +117,33 @@ TEST_F(DatabaseFiles, BackupTakesNoDamagedSource) {
     EXPECT_FALSE(integrityProblems(database.path()).isEmpty());
     EXPECT_NE(raisedNumber([&] { backupDatabase(database.path(), beside("copy.mdb"), false); }), 0);
     EXPECT_FALSE(QFile::exists(beside("copy.mdb")));
+}
+
+TEST_F(DatabaseFiles, WhatARestoreReplacesIsKeptAsItStood) {
+    database.add("MasterTask", {{"Name", "saved"}});
+    backupDatabase(database.path(), beside("saved.mdb"), false);
+    database.run("UPDATE MasterTask SET Name='present'");
+    const auto restore = [&](const char* kept, const GoesOn& goesOn = {}) {
+        return raisedNumber(
+            [&] { restoreDatabase(beside("saved.mdb"), database.path(), beside(kept), goesOn); });
+    };
+    EXPECT_NE(restore("kept.mdb"), 0) << "in use";
+    database.connection().Close();
+    EXPECT_EQ(restore("kept.mdb", [] { return false; }), 3712);
+    EXPECT_EQ(restore("no/such/folder/kept.mdb"), 76);
+    EXPECT_EQ(restore("saved.mdb"), 75) << "the name is taken";
+    EXPECT_EQ(ask(database.path(), "SELECT Name FROM MasterTask"), Value("present"));
+    EXPECT_FALSE(QFile::exists(beside("kept.mdb")));
+    EXPECT_EQ(restore("kept.mdb"), 0);
+    EXPECT_EQ(ask(database.path(), "SELECT Name FROM MasterTask"), Value("saved"));
+    EXPECT_EQ(ask(beside("kept.mdb"), "SELECT Name FROM MasterTask"), Value("present"));
+    EXPECT_TRUE(QDir(database.folder()).entryList({"kept.mdb-*"}, QDir::Files).isEmpty());
+    damage(database.path(), 0, QByteArray(200, '#'));
+    EXPECT_EQ(restore("damaged.mdb"), 0) << "what is damaged is kept too";
+    EXPECT_EQ(ask(database.path(), "SELECT Name FROM MasterTask"), Value("saved"));
+    QFile kept(beside("damaged.mdb"));
+    EXPECT_TRUE(kept.open(QIODevice::ReadOnly) && kept.read(1) == "#");
+    EXPECT_TRUE(QDir(database.folder()).entryList({"*.tmp*"}, QDir::Files).isEmpty());
 }
 
 TEST_F(DatabaseFiles, OfTwoThatAreMadeAtOnceOnlyOneTakesTheName) {

@@ -2,8 +2,8 @@
 
 #include "CommandLine.h"
 #include "CopyCommands.h"
-#include "DatabaseTarget.h"
 #include "data/RunTimeError.h"
+#include "data/backup/DatabaseTarget.h"
 #include "data/check/CatalogCheck.h"
 #include "data/file/DatabaseCheck.h"
 #include "data/recordset/Connection.h"

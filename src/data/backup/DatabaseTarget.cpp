@@ -1,4 +1,4 @@
-#include "DatabaseTarget.h"
+#include "data/backup/DatabaseTarget.h"
 
 #include "data/RunTimeError.h"
 #include "data/engine/ConnectionString.h"
@@ -8,7 +8,7 @@
 
 #include <QFileInfo>
 
-namespace tarnwell::tool {
+namespace tarnwell {
 
 namespace {
 
@@ -106,4 +106,4 @@ void refuse(const QString& text) {
                        Failure::NotAllowed);
 }
 
-} // namespace tarnwell::tool
+} // namespace tarnwell

@@ -6,7 +6,7 @@
 
 #include <memory>
 
-namespace tarnwell::tool {
+namespace tarnwell {
 
 /// A new database in the making, or one that waits to be filled.
 class DatabaseTarget {
@@ -39,4 +39,4 @@ enum class ExistingFile { Keep, Replace };
 /// Raises an error that says nothing but the text.
 [[noreturn]] void refuse(const QString& text);
 
-} // namespace tarnwell::tool
+} // namespace tarnwell

@@ -16,6 +16,7 @@
 #include "reports/generator/frmReportParameters.h"
 #include "runtime/DataEnvironment.h"
 #include "runtime/EventGuard.h"
+#include "runtime/ExitBackup.h"
 #include "runtime/Remembered.h"
 #include "runtime/Version.h"
 #include "timecard/frmEmployee.h"
@@ -92,6 +93,17 @@ bool Program::notify(QObject* receiver, QEvent* event) {
         runEvent([error = std::current_exception()] { std::rethrow_exception(error); });
         return true;
     }
+}
+
+int runProgram(int argc, char** argv) {
+    int exitCode = 0;
+    {
+        Program program(argc, argv);
+        exitCode = program.run();
+    }
+    // By now the desktop counts the program as ended.
+    backUpAtExit();
+    return exitCode;
 }
 
 } // namespace tarnwell

@@ -23,4 +23,8 @@ private:
     HelpKey m_helpKey;
 };
 
+/// The program from its start to its end, the daily backup behind its last window included; returns the exit
+/// code.
+[[nodiscard]] int runProgram(int argc, char** argv);
+
 } // namespace tarnwell

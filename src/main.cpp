@@ -1,6 +1,5 @@
 #include "Program.h"
 
 int main(int argc, char** argv) {
-    tarnwell::Program program(argc, argv);
-    return program.run();
+    return tarnwell::runProgram(argc, argv);
 }

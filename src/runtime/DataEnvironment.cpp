@@ -17,6 +17,11 @@ std::unique_ptr<Connection>& shared() {
 
 WaitWatcher* waitWatcher = nullptr;
 
+bool& openedOnce() {
+    static bool opened = false;
+    return opened;
+}
+
 std::unique_ptr<Connection> openConnection() {
     const HourGlass hourGlass;
     auto connection = std::make_unique<Connection>();
@@ -24,6 +29,7 @@ std::unique_ptr<Connection> openConnection() {
     connection->setWaitWatcher(waitWatcher);
     if (connection->State() == ObjectState::Closed)
         connection->Open();
+    openedOnce() = true;
     return connection;
 }
 
@@ -40,6 +46,10 @@ void DataEnvironment::setWaitWatcher(WaitWatcher* watcher) {
     waitWatcher = watcher;
     if (shared())
         shared()->setWaitWatcher(watcher);
+}
+
+bool DataEnvironment::wasOpened() {
+    return openedOnce();
 }
 
 void DataEnvironment::close() noexcept {

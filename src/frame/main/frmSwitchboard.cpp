@@ -9,6 +9,7 @@
 #include "frame/main/IconBar.h"
 #include "runtime/DatabaseSettings.h"
 #include "runtime/EventGuard.h"
+#include "runtime/ExitBackup.h"
 #include "runtime/ProgramFolders.h"
 #include "runtime/RecentJobs.h"
 #include "runtime/RunTime.h"
@@ -220,6 +221,7 @@ void frmSwitchboard::Form_Activate() {
         return;
     openDatabase();
     m_activatedBefore = true;
+    reportFailedBackup();
 }
 
 void frmSwitchboard::openDatabase() {

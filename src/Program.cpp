@@ -5,6 +5,7 @@
 #include "frame/MessagePresenter.h"
 #include "frame/WaitNotice.h"
 #include "frame/main/frmAbout.h"
+#include "frame/main/frmBackups.h"
 #include "frame/main/frmOptions.h"
 #include "frame/main/frmSwitchboard.h"
 #include "jobs/frmJobs.h"
@@ -48,6 +49,7 @@ void registerScreens() {
     registerScreen<frmPayroll>("frmPayroll", Screen::Modality::Modeless);
     registerScreen<frmOptions>("mnuOptions", Screen::Modality::Modal);
     registerScreen<frmAbout>("mnuAbout", Screen::Modality::Modal);
+    registerScreen<frmBackups>("frmBackups", Screen::Modality::Modal);
 }
 
 } // namespace

@@ -1,5 +1,7 @@
 #include "look/Theme.h"
 
+#include "look/Contrast.h"
+
 #include <algorithm>
 
 namespace tarnwell {
@@ -10,6 +12,18 @@ namespace {
 constexpr int darkLightness = 128;
 constexpr QColor linkOnLight(0x1d, 0x6f, 0x93);
 constexpr QColor linkOnDark(0x6f, 0xc0, 0xe8);
+
+/// A selection, hints and what is disabled, none of them fainter than who chose such a desktop can see.
+void strengthen(QPalette& palette, const QPalette& desktop) {
+    constexpr double hintShade = 0.3, disabledShade = 0.4;
+    const QColor base = desktop.color(QPalette::Active, QPalette::Base);
+    const QColor text = desktop.color(QPalette::Active, QPalette::Text);
+    palette.setColor(QPalette::PlaceholderText, mixed(text, base, hintShade));
+    for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, mixed(text, base, disabledShade));
+    for (const auto role : {QPalette::Highlight, QPalette::HighlightedText})
+        palette.setColor(QPalette::Inactive, role, desktop.color(QPalette::Active, role));
+}
 
 } // namespace
 
@@ -60,6 +74,8 @@ QPalette refinements(const QPalette& desktop) {
                          refined.color(QPalette::Disabled, QPalette::Window));
     // Lists without the keyboard draw with it. Some desktops make it as faint as what is disabled.
     refined.setColor(QPalette::Inactive, QPalette::Text, text);
+    if (isHighContrast(desktop))
+        strengthen(refined, desktop);
     return refined;
 }
 

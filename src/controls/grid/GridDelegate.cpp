@@ -2,6 +2,7 @@
 
 #include "controls/grid/GridEditor.h"
 #include "controls/grid/GridModel.h"
+#include "look/Contrast.h"
 #include "look/Theme.h"
 
 #include <QAbstractItemView>
@@ -21,7 +22,7 @@ namespace {
 constexpr int textMargin = 5;
 constexpr int leastButton = 20, leastBranch = 18;
 constexpr double activeShade = 0.30, quietShade = 0.14, quietShadeOnDark = 0.22, quietFrame = 0.55,
-                 gridLine = 0.15, boxLine = 0.45, branchLine = 0.5;
+                 gridLine = 0.15, strongLine = 0.5, boxLine = 0.45, branchLine = 0.5;
 
 /// Buttons and branches grow with the rows, and so with the font.
 int buttonWidth(const QRect& cell) {
@@ -105,8 +106,8 @@ void GridDelegate::paintBackground(QPainter& painter, const QStyleOptionViewItem
         color = mixed(color, markColor(option.palette), currentShade(option));
     painter.fillRect(option.rect, color);
     // The styles' own lines can't be seen on a dark base.
-    painter.setPen(
-        mixed(option.palette.color(QPalette::Base), option.palette.color(QPalette::Text), gridLine));
+    painter.setPen(mixed(option.palette.color(QPalette::Base), option.palette.color(QPalette::Text),
+                         isHighContrast(option.palette) ? strongLine : gridLine));
     painter.drawLine(option.rect.topRight(), option.rect.bottomRight());
     painter.drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
 }

@@ -1,6 +1,7 @@
 #include "Program.h"
 
 #include "builders/frmBuilder.h"
+#include "frame/Accessibility.h"
 #include "frame/ChangeWatch.h"
 #include "frame/MessagePresenter.h"
 #include "frame/WaitNotice.h"
@@ -64,6 +65,7 @@ Program::Program(int& argc, char** argv) : QApplication(argc, argv) {
     // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks): the application has taken the style.
     setPalette(refinements(palette()));
     installPresenters();
+    installAccessibility();
     registerScreens();
     // Nobody waits for the disk while the user is busy elsewhere.
     connect(this, &QGuiApplication::applicationStateChanged, this, guarded([](Qt::ApplicationState state) {

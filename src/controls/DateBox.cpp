@@ -29,6 +29,7 @@ DateBox::DateBox(Arrows arrows, QWidget* parent) : QWidget(parent), m_edit(new Q
     keepOnOneLine(*m_edit);
     m_edit->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     m_edit->installEventFilter(this);
+    installEventFilter(this);
     setFocusProxy(m_edit);
     setFocusPolicy(Qt::StrongFocus); // A label's mnemonic passes over a buddy without.
     connect(m_edit, &QLineEdit::textChanged, this, &DateBox::changed);
@@ -93,6 +94,9 @@ void DateBox::turn(int days) {
 }
 
 bool DateBox::eventFilter(QObject* watched, QEvent* event) {
+    // Assistive tools meet the line, not the box around it.
+    if (watched == this && event->type() == QEvent::ToolTipChange)
+        m_edit->setAccessibleDescription(toolTip());
     if (watched == m_edit && event->type() == QEvent::KeyPress) {
         const auto* key = static_cast<QKeyEvent*>(event);
         if (key->key() == Qt::Key_Up || key->key() == Qt::Key_Down) {

@@ -1,5 +1,6 @@
 #include "controls/Label.h"
 
+#include "controls/AccessibleName.h"
 #include "runtime/EventGuard.h"
 
 #include <QCheckBox>
@@ -8,18 +9,6 @@
 namespace tarnwell {
 
 namespace {
-
-/// The text without the mark of its mnemonic; a doubled mark stands for itself.
-QString withoutMnemonic(const QString& text) {
-    QString plain;
-    for (qsizetype at = 0; at < text.size(); ++at) {
-        if (text[at] == u'&')
-            ++at;
-        if (at < text.size())
-            plain += text[at];
-    }
-    return plain;
-}
 
 /// The words of a check box that stands beside them, also in a larger window: a click on them ticks it, as on
 /// words of its own.
@@ -57,10 +46,7 @@ QLabel* label(const QString& text, const QString& name, QWidget* buddy) {
     if (buddy == nullptr)
         return made;
     made->setBuddy(buddy);
-    const QString accessibleName = withoutMnemonic(text);
-    buddy->setAccessibleName(accessibleName);
-    if (QWidget* editor = buddy->focusProxy())
-        editor->setAccessibleName(accessibleName);
+    setSpokenName(*buddy, text);
     return made;
 }
 

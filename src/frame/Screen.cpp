@@ -1,6 +1,8 @@
 #include "frame/Screen.h"
 
+#include "controls/AccessibleName.h"
 #include "controls/FormLayout.h"
+#include "controls/ShortcutTips.h"
 #include "controls/WindowPlace.h"
 #include "controls/grid/GridWidths.h"
 #include "data/RunTimeError.h"
@@ -19,6 +21,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLayout>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScreen>
@@ -99,6 +102,7 @@ Screen::~Screen() {
 void Screen::addToolbar() {
     m_toolbar = addToolBar(QString());
     m_toolbar->setObjectName(QStringLiteral("Toolbar1"));
+    m_toolbar->setAccessibleName(QStringLiteral("Toolbar"));
     m_toolbar->setMovable(false);
     m_toolbar->setContextMenuPolicy(Qt::PreventContextMenu);
     const int iconSize = scaledToText(toolbarIconSize, *m_toolbar);
@@ -118,6 +122,9 @@ void Screen::Load() {
         deleteLater();
         throw;
     }
+    setSpokenNamesOfButtons(*m_canvas);
+    if (auto* menus = findChild<QMenuBar*>({}, Qt::FindDirectChildrenOnly))
+        menus->setAccessibleName(QStringLiteral("Menu"));
     takeDesign();
     for (auto* widths : m_canvas->findChildren<GridWidths*>())
         widths->rememberAs(objectName() + u'.' + widths->parent()->objectName());
@@ -290,6 +297,7 @@ void Screen::setToolbarButton(const QString& key, const QString& caption, const 
         tarnwell::raise(Failure::NoSuchMember, key);
     button->setText(caption);
     button->setToolTip(toolTip);
+    button->setAccessibleDescription(shownToolTip(*button));
 }
 
 void Screen::setDefaultButton(QPushButton* button) {

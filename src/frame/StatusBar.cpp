@@ -1,5 +1,6 @@
 #include "frame/StatusBar.h"
 
+#include "frame/Accessibility.h"
 #include "frame/CapsLock.h"
 #include "runtime/EventGuard.h"
 #include "runtime/RunTime.h"
@@ -38,6 +39,7 @@ StatusBar::StatusBar(QWidget* parent)
     : QStatusBar(parent), m_text(new ElidedLabel(this)), m_capsLock(fixedPanel(QStringLiteral("CAPS"), this)),
       m_clock(fixedPanel(QStringLiteral("00:00 AM"), this)) {
     setObjectName(QStringLiteral("StatusBar1"));
+    setAccessibleName(QStringLiteral("Status"));
     setSizeGripEnabled(false);
     m_text->setTextFormat(Qt::PlainText);
     m_text->setIndent(0);
@@ -48,6 +50,8 @@ StatusBar::StatusBar(QWidget* parent)
     int number = 0;
     for (QLabel* panel : {static_cast<QLabel*>(m_text), m_capsLock, m_clock})
         panel->setObjectName(QStringLiteral("StatusBar1(%1)").arg(++number));
+    m_capsLock->setAccessibleDescription(QStringLiteral("Caps Lock"));
+    m_clock->setAccessibleDescription(QStringLiteral("Time"));
     m_nextMinute.setSingleShot(true);
     connect(&m_nextMinute, &QTimer::timeout, this, guarded([this] { showTime(); }));
     m_nextMinute.setTimerType(Qt::PreciseTimer);
@@ -57,7 +61,10 @@ StatusBar::StatusBar(QWidget* parent)
 }
 
 void StatusBar::setText(const QString& text) {
+    if (text == m_text->text())
+        return;
     m_text->setText(text);
+    announce(*m_text);
 }
 
 void StatusBar::showTime() {

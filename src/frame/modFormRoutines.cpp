@@ -1,5 +1,6 @@
 #include "frame/modFormRoutines.h"
 
+#include "controls/ShortcutTips.h"
 #include "data/RunTimeError.h"
 #include "frame/Screen.h"
 #include "frame/ToolbarButtons.h"
@@ -74,6 +75,8 @@ QToolButton* makeButton(const ToolbarButton& row, QToolBar& toolbar) {
     button->setText(QLatin1String(row.caption));
     button->setIcon(toolbarIcon(QLatin1String(row.imageKey)));
     button->setToolTip(QLatin1String(row.toolTip));
+    setTipKeys(*button, QKeySequence(QLatin1String(row.shortcut)));
+    button->setAccessibleDescription(shownToolTip(*button));
     button->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
     button->setAutoRaise(true);
     button->setFocusPolicy(Qt::NoFocus);

@@ -1,5 +1,6 @@
 #include "timecard/PayrollControls.h"
 
+#include "controls/AccessibleName.h"
 #include "controls/Combo.h"
 #include "controls/DateBox.h"
 #include "controls/DayArrows.h"
@@ -125,7 +126,7 @@ void PayrollControls::make(QWidget& form) {
     // The date's own keys do their work; a click leaves the focus where it is.
     vscrCompleted = new DayArrows(&form);
     vscrCompleted->setFocusPolicy(Qt::NoFocus);
-    vscrCompleted->setAccessibleName("Completed: day on or back");
+    vscrCompleted->setAccessibleName("Completed, a day on or back");
     price = new MaskedBox(0, &form);
     price->setText("0.00");
     price->setAlignment(Qt::AlignRight);
@@ -273,9 +274,13 @@ QLayout* PayrollControls::figures() {
         figure->setFont(font);
         figure->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     }
-    grid->addWidget(fieldLabel(11, "Total paid for task:"), 0, 0);
+    auto* paidCaption = fieldLabel(11, "Total paid for task:");
+    auto* differenceCaption = fieldLabel(6, "Difference paid for task:");
+    setSpokenCaption(*totalPaid, paidCaption->text());
+    setSpokenCaption(*difference, differenceCaption->text());
+    grid->addWidget(paidCaption, 0, 0);
     grid->addWidget(totalPaid, 0, 1);
-    grid->addWidget(fieldLabel(6, "Difference paid for task:"), 1, 0);
+    grid->addWidget(differenceCaption, 1, 0);
     grid->addWidget(difference, 1, 1);
     grid->setColumnStretch(1, 1);
     return grid;

@@ -1,5 +1,6 @@
 #include "controls/grid/Grid.h"
 
+#include "controls/grid/GridAccessible.h"
 #include "controls/grid/GridEditor.h"
 #include "controls/grid/GridParts.h"
 #include "data/recordset/Recordset.h"
@@ -225,8 +226,11 @@ QString Grid::columnTag(int column) const {
 
 void Grid::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
     runEvent([&] { m->followView(current); });
-    if (currentIndex() == current) // else the move was refused, or led elsewhere
-        QTableView::currentChanged(current, previous);
+    if (currentIndex() != current)
+        return; // the move was refused, or led elsewhere
+    // The table's own would tell assistive tools of a place that counts the hidden columns.
+    QAbstractItemView::currentChanged(current, previous); // NOLINT(bugprone-parent-virtual-call)
+    tellCurrentCell(*this);
 }
 
 void Grid::keyPressEvent(QKeyEvent* event) {
@@ -267,6 +271,9 @@ void Grid::focusInEvent(QFocusEvent* event) {
     QTableView::focusInEvent(event);
     m->clickedInto = event->reason() == Qt::MouseFocusReason;
     m->repaintRow(m->row);
+    // Behind the toolkit's own word, which is that the grid has the focus.
+    if (QAccessible::isActive())
+        QTimer::singleShot(0, this, guarded([this] { tellCurrentCell(*this); }));
 }
 
 void Grid::focusOutEvent(QFocusEvent* event) {

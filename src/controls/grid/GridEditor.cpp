@@ -1,6 +1,7 @@
 #include "controls/grid/GridEditor.h"
 
 #include "controls/SingleLine.h"
+#include "controls/grid/GridCellAccessible.h"
 
 #include <QComboBox>
 #include <QCompleter>
@@ -45,7 +46,9 @@ QWidget* makeCellEditor(const GridColumn& column, QWidget* parent) {
     QWidget* editor =
         column.edit == ColumnEdit::ValueList ? makeList(column, parent) : makeLine(column, parent);
     editor->setAutoFillBackground(true);
-    editor->setAccessibleName(column.caption);
+    // The focus is in the one, what is typed in the other.
+    for (QWidget* part : {editor, static_cast<QWidget*>(lineOf(editor))})
+        part->setAccessibleName(columnName(column));
     return editor;
 }
 

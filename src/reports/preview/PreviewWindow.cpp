@@ -1,5 +1,6 @@
 #include "reports/preview/PreviewWindow.h"
 
+#include "controls/AccessibleName.h"
 #include "controls/Label.h"
 #include "controls/WindowPlace.h"
 #include "look/WindowOwner.h"
@@ -161,7 +162,7 @@ void PreviewWindow::addZoomBox(QToolBar* bar) {
     m_zoom->setCompleter(nullptr);
     m_zoom->setInsertPolicy(QComboBox::NoInsert);
     m_zoom->setToolTip(QStringLiteral("Zoom in percent; 100 % is the size on paper (Ctrl+0)"));
-    m_zoom->setAccessibleName(QStringLiteral("Zoom"));
+    setSpokenName(*m_zoom, QStringLiteral("Zoom"));
     m_zoom->addItems({fitWidthText, fitPageText});
     for (const int percent : zoomsOffered)
         m_zoom->addItem(percentText(percent / 100.0));

@@ -3,7 +3,7 @@
 BUILD_PACKAGES="g++ cmake ninja-build mold qt6-base-dev qt6-svg-dev libsqlite3-dev unixodbc-dev"
 RUN_PACKAGES="libqt6svg6 qt6-qpa-plugins fonts-liberation"
 TEST_PACKAGES="clang-format git libgtest-dev libbenchmark-dev poppler-utils odbc-postgresql postgresql tdsodbc \
-    appstream desktop-file-utils file"
+    appstream desktop-file-utils file xvfb dbus at-spi2-core python3-pyatspi"
 FULL_TEST_PACKAGES="clang-tidy-22"
 PACKAGE_PACKAGES="dpkg-dev file"
 PACKAGE_CHECK_PACKAGES="debootstrap lintian openbox xdotool xvfb"

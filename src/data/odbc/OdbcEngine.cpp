@@ -190,7 +190,8 @@ int OdbcEngine::runBeside(const std::function<int()>& call, const std::function<
             cancel();
     }
     const int code = work.get();
-    if (!goesOn) // it may have come to its end all the same
+    // A reading that came to its end all the same is given up. A write is then done, and is reported so.
+    if (!goesOn && m_watch)
         raise(Failure::Cancelled);
     return code;
 }

@@ -169,7 +169,8 @@ bool isUnreachable(QStringView state) {
 
 void raiseOdbcError(const OdbcDiagnosis& diagnosis, const QString& server, const QByteArray& sql) {
     const Failure failure = failureOf(diagnosis);
-    const QString detail = failure == Failure::Constraint ? brokenRuleText(diagnosis, sql)
+    const QString detail = failure == Failure::Constraint  ? brokenRuleText(diagnosis, sql)
+                           : failure == Failure::Cancelled ? QString()
                            : failure == Failure::DatabaseLocked && !sql.isEmpty() ? lockText(sql)
                                                                                   : diagnosis.words;
     const RunTimeError error = makeError(failure, detail);

@@ -188,6 +188,32 @@ TEST_F(Server, AWatchEndsAStatement) {
     EXPECT_EQ(database.ask("SELECT COUNT(*) FROM MasterTask"), Value(0));
 }
 
+TEST_F(Server, AWriteThatWasDoneBeforeItWasGivenUpIsNoFailure) {
+    class LateWatcher : public WaitWatcher {
+    public:
+        explicit LateWatcher(Connection& holder) : m_holder(holder) {}
+        [[nodiscard]] bool goesOn(std::chrono::milliseconds /*waited*/) override {
+            m_holder.CommitTrans();
+            while (firstValue(m_holder, "SELECT Name FROM MasterTask") != Value("held, mine")) {
+            }
+            return false;
+        }
+        void ended() noexcept override {}
+
+    private:
+        Connection& m_holder;
+    };
+    addTasks({"A"});
+    const auto holder = database.secondWorkstation();
+    LateWatcher watcher(*holder);
+    database.connection().setWaitWatcher(&watcher);
+    holder->BeginTrans();
+    holder->Execute("UPDATE MasterTask SET Name='held'");
+    EXPECT_EQ(raisedText([&] { database.run("UPDATE MasterTask SET Name=Name+', mine'"); }).toStdString(),
+              "");
+    EXPECT_EQ(names(""), "held, mine");
+}
+
 // A report over a million payments is read for seconds after the statement has found them.
 TEST_F(Server, AWatchIsAskedBetweenRowsAndEndsTheReading) {
     const QString sql = "SELECT a.CodeKey FROM Code a, Code b, Code c, Code d";

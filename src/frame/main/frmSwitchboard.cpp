@@ -7,6 +7,7 @@
 #include "frame/main/HomeLink.h"
 #include "frame/main/HomePage.h"
 #include "frame/main/IconBar.h"
+#include "runtime/DataEnvironment.h"
 #include "runtime/DatabaseSettings.h"
 #include "runtime/EventGuard.h"
 #include "runtime/ExitBackup.h"

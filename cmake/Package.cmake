@@ -86,9 +86,10 @@ set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION misc)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
-# Beside the libraries that the programs are linked with: fonts as wide as those that screens and reports name.
+# Beside the libraries that the programs are linked with: fonts as wide as those that reports name, and one for screens.
+# Without the latter everything is written in the typewriter's.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_DEPENDS fonts-liberation)
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "fonts-dejavu-core, fonts-liberation")
 # Printing, and the drivers of servers.
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "cups-client, odbc-postgresql, tdsodbc")
 include(CPack)

@@ -1,7 +1,7 @@
 # Sourced by ./run, ./test, ./package and tools/package: the Debian packages that they need, and how to get them.
 
 BUILD_PACKAGES="g++ cmake ninja-build mold qt6-base-dev qt6-svg-dev libsqlite3-dev unixodbc-dev"
-RUN_PACKAGES="libqt6svg6 qt6-qpa-plugins fonts-liberation"
+RUN_PACKAGES="libqt6svg6 qt6-qpa-plugins fonts-dejavu-core fonts-liberation"
 TEST_PACKAGES="clang-format git libgtest-dev libbenchmark-dev poppler-utils odbc-postgresql postgresql tdsodbc \
     appstream desktop-file-utils file xvfb dbus at-spi2-core python3-pyatspi"
 FULL_TEST_PACKAGES="clang-tidy-22"

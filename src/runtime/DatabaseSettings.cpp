@@ -101,7 +101,7 @@ QString composeConnectionString(const DatabaseSettings& settings) {
                                    settings.server, miscOf(settings.engine));
 }
 
-void saveDatabaseSettings(const DatabaseSettings& settings) {
+void writeDatabaseSettings(const DatabaseSettings& settings) {
     std::vector<RegistryValue> values = lostFolders();
     values.insert(
         values.end(),
@@ -110,8 +110,12 @@ void saveDatabaseSettings(const DatabaseSettings& settings) {
          {.name = QStringLiteral("DataServer"), .data = settings.isFile() ? QString() : settings.server},
          {.name = QStringLiteral("ConnectionMisc"), .data = miscOf(settings.engine)},
          {.name = QStringLiteral("ReportDataPath"), .data = settings.reportFile}});
+    writeRegistryValues(RegistryRoot::LocalMachine, gRegistryKey, values);
+}
+
+void saveDatabaseSettings(const DatabaseSettings& settings) {
     try {
-        writeRegistryValues(RegistryRoot::LocalMachine, gRegistryKey, values);
+        writeDatabaseSettings(settings);
     } catch (const RunTimeError&) {
         // The old values stay in force together, and the dialog shows them when it is opened again.
         return;

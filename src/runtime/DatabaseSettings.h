@@ -29,10 +29,12 @@ struct DatabaseSettings {
 [[nodiscard]] QString composeConnectionString(const DatabaseSettings& settings);
 
 /// Stores the settings as they are, with no test, for the next start; nothing changes for the running
-/// program. They are stored together: when the store can't be written, it returns silently and all the old
-/// ones stay. Where the stored settings were damaged or removed meanwhile, the folders in use are stored too.
-/// What was entered by hand in "ConnectionMisc" stays while PostgreSQL stays; any other choice writes it
-/// anew.
+/// program. They are stored together: when the store can't be written, all the old ones stay, and DiskFull or
+/// FileAccess is raised. Where the stored settings were damaged or removed meanwhile, the folders in use are
+/// stored too. What was entered by hand in "ConnectionMisc" stays while PostgreSQL stays; any other choice
+/// writes it anew.
+void writeDatabaseSettings(const DatabaseSettings& settings);
+/// The same, but it returns silently when the store can't be written.
 void saveDatabaseSettings(const DatabaseSettings& settings);
 
 } // namespace tarnwell

@@ -1,12 +1,13 @@
 #include "runtime/StartUp.h"
 
+#include "data/DiskPath.h"
 #include "data/engine/ConnectionString.h"
 #include "runtime/MsgBox.h"
 #include "runtime/ProgramFolders.h"
 #include "runtime/Version.h"
 #include "runtime/modGlobalVariables.h"
-#include "runtime/modRegistry.h"
 
+#include <QFileInfo>
 #include <QSysInfo>
 
 #ifdef Q_OS_UNIX
@@ -35,7 +36,7 @@ struct DefaultSetting {
 /// The value whose absence marks a first start.
 const QString firstStartMark = QStringLiteral("Provider");
 
-constexpr std::array<DefaultSetting, 9> defaultSettings{{
+constexpr std::array<DefaultSetting, 10> defaultSettings{{
     {u"DataSource", &ProgramFolders::database},
     {u"DataServer", nullptr},
     {u"ConnectionMisc", nullptr, u";Persist Security Info=False"},
@@ -44,6 +45,7 @@ constexpr std::array<DefaultSetting, 9> defaultSettings{{
     {u"LayoutPath", &ProgramFolders::layouts},
     {u"DataPath", &ProgramFolders::data},
     {u"ReportDataPath", &ProgramFolders::reportFile},
+    {databaseChoice, nullptr, choiceOpen},
     {u"Provider", nullptr, fileProvider.utf16()},
 }};
 
@@ -115,6 +117,20 @@ void ReadSettings(const QString& programFolder) {
     gLayoutPath = settings.text(QStringLiteral("LayoutPath"));
     gDataPath = settings.text(QStringLiteral("DataPath"));
     gReportDataPath = settings.text(QStringLiteral("ReportDataPath"));
+}
+
+std::vector<RegistryValue> lostPlaces() {
+    const RegistryKey stored(RegistryRoot::LocalMachine, gRegistryKey);
+    std::vector<RegistryValue> lost;
+    for (const DefaultSetting& setting : defaultSettings) {
+        if (setting.place == nullptr || setting.place == &ProgramFolders::database)
+            continue;
+        const QString name = QString::fromUtf16(setting.name);
+        const QString place = stored.text(name);
+        if (!place.isEmpty() && !QFileInfo(QFileInfo(pathOnDisk(place)).path()).isDir())
+            lost.push_back({.name = name, .data = programFolders().*setting.place});
+    }
+    return lost;
 }
 
 QString composeConnectionString(const QString& provider, const QString& dataSource, const QString& dataServer,

@@ -2,8 +2,8 @@
 
 #include "data/schema/SchemaVersion.h"
 #include "data/upgrade/DatabaseUpgrade.h"
+#include "runtime/BackupSettings.h"
 #include "runtime/DataEnvironment.h"
-#include "runtime/DatabaseSettings.h"
 #include "runtime/MousePointer.h"
 #include "runtime/MsgBox.h"
 #include "runtime/RunTime.h"
@@ -16,18 +16,12 @@ namespace tarnwell {
 
 namespace {
 
-/// Beside the database file; of a catalog beside the report database, which is this computer's own.
-QString backupFolder() {
-    const DatabaseSettings database = databaseInUse();
-    const QString neighbour = database.isFile() ? database.file : gReportDataPath;
-    return QFileInfo(neighbour).absoluteDir().filePath(QStringLiteral("backups"));
-}
-
 /// A file that does not exist: "before-version-2-2026-11-25.mdb", with a number behind it where need be.
-/// Makes the folder where it can.
+/// Raises what `requireBackupFolder` raises.
 QString backupBeforeUpgrade() {
-    const QDir folder(backupFolder());
-    (void)folder.mkpath(QStringLiteral("."));
+    const BackupPlace place = backupPlace();
+    requireBackupFolder(place);
+    const QDir folder(place.folder);
     const QString name =
         QStringLiteral("before-version-%1-%2")
             .arg(QString::number(schema::currentVersion), Today().date.toString(Qt::ISODate));

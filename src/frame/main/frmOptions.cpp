@@ -5,21 +5,17 @@
 #include "controls/SingleLine.h"
 #include "frame/FileDialog.h"
 #include "runtime/EventGuard.h"
-#include "runtime/MousePointer.h"
 #include "runtime/MsgBox.h"
 
-#include <QCoreApplication>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QScopedValueRollback>
 #include <QTabWidget>
 #include <QVBoxLayout>
 
 #include <algorithm>
-#include <utility>
 
 namespace tarnwell {
 
@@ -59,6 +55,7 @@ frmOptions::frmOptions()
 void frmOptions::Form_Load() {
     makeControls();
     layOut();
+    m_trial.emplace(*this, std::vector<QWidget*>{m_page, cmdOK}, cmdCancel);
     setDefaultButton(cmdOK);
     setCancelButton(cmdCancel);
     for (QRadioButton* option : optEngine)
@@ -178,34 +175,12 @@ DatabaseSettings frmOptions::shownSettings() const {
 }
 
 void frmOptions::cmdTest_Click() {
-    const std::optional<TrialResult> result = tryShownDatabase();
-    if (!result) {
-        setStatusText(QStringLiteral("Test cancelled"));
+    const auto result = m_trial->run(composeConnectionString(shownSettings()), cmdTest);
+    if (!result)
         return;
-    }
     MsgBox({.text = result->text,
             .title = QStringLiteral("Database Test"),
             .icon = result->isUsable ? MessageIcon::Information : MessageIcon::Exclamation});
-}
-
-/// A server may keep one waiting: the window stays alive and can be left.
-std::optional<TrialResult> frmOptions::tryShownDatabase() {
-    const QScopedValueRollback testing(m_testing, true);
-    const HourGlass hourGlass;
-    const auto setEnabled = [this](bool enabled) {
-        m_page->setEnabled(enabled);
-        cmdOK->setEnabled(enabled);
-    };
-    SetFocus(cmdCancel);
-    setEnabled(false);
-    setStatusText(QStringLiteral("Opening the database. Cancel ends the test."));
-    const std::optional<TrialResult> result = tryDatabase(composeConnectionString(shownSettings()), [this] {
-        QCoreApplication::processEvents();
-        return m_testing;
-    });
-    setEnabled(true);
-    SetFocus(cmdTest);
-    return result;
 }
 
 void frmOptions::cmdOK_Click() {
@@ -217,7 +192,7 @@ void frmOptions::cmdOK_Click() {
 }
 
 void frmOptions::cmdCancel_Click() {
-    if (std::exchange(m_testing, false))
+    if (m_trial->end())
         return;
     const Answer answer = MsgBox({.text = QStringLiteral("Quit without saving changes?"),
                                   .title = QStringLiteral("Cancel Verification"),

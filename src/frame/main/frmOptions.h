@@ -1,8 +1,7 @@
 #pragma once
 
-#include "frame/Screen.h"
+#include "frame/main/DatabaseTrialRun.h"
 #include "runtime/DatabaseSettings.h"
-#include "runtime/DatabaseTrial.h"
 
 #include <array>
 #include <optional>
@@ -38,7 +37,6 @@ private:
     /// While a test runs it ends that alone.
     void cmdCancel_Click();
     [[nodiscard]] DatabaseSettings shownSettings() const;
-    [[nodiscard]] std::optional<TrialResult> tryShownDatabase();
 
     QLineEdit* txtReportPath = nullptr;
     QPushButton* cmdReportPath = nullptr;
@@ -51,7 +49,7 @@ private:
     QPushButton* cmdOK = nullptr;
     QPushButton* cmdCancel = nullptr;
     QWidget* m_page = nullptr; ///< All but the buttons below.
-    bool m_testing = false;
+    std::optional<DatabaseTrialRun> m_trial;
 };
 
 } // namespace tarnwell

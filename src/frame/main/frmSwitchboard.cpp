@@ -3,10 +3,12 @@
 #include "data/recordset/Workstations.h"
 #include "frame/help/HelpKey.h"
 #include "frame/help/HelpWindow.h"
+#include "frame/main/DatabaseStart.h"
 #include "frame/main/ErrorLogMenu.h"
 #include "frame/main/HomeLink.h"
 #include "frame/main/HomePage.h"
 #include "frame/main/IconBar.h"
+#include "runtime/BackupSettings.h"
 #include "runtime/DataEnvironment.h"
 #include "runtime/DatabaseSettings.h"
 #include "runtime/EventGuard.h"
@@ -15,8 +17,6 @@
 #include "runtime/RecentJobs.h"
 #include "runtime/RunTime.h"
 #include "runtime/StartUp.h"
-#include "runtime/UpToDateDatabase.h"
-#include "runtime/modErrorRoutines.h"
 
 #include <QBoxLayout>
 #include <QCoreApplication>
@@ -28,6 +28,7 @@
 #include <algorithm>
 #include <array>
 #include <map>
+#include <utility>
 #include <vector>
 
 namespace tarnwell {
@@ -117,11 +118,19 @@ QString workstationsText(std::optional<int> workstations) {
                : QStringLiteral("Open at %1 workstations, this one among them.").arg(*workstations);
 }
 
+/// A backup gets its name only when it was found sound.
+QString backupText() {
+    const std::optional<QDateTime> made = lastBackupTime();
+    return made ? QStringLiteral("Last backup, checked: %1.")
+                      .arg(QLocale().toString(*made, QLocale::ShortFormat))
+                : QString();
+}
+
 HomeState readHome() {
     HomeState state{.steps = readFirstSteps(connection()),
                     .figures = {},
                     .workstations = workstationsText(workstations(connection())),
-                    .backup = {}};
+                    .backup = backupText()};
     if (state.steps.empty())
         state.figures = readHomeFigures(connection(), Today(), rememberedJobs());
     return state;
@@ -199,7 +208,7 @@ void frmSwitchboard::layOut() {
 
 /// Figures that can't be read are no reason to stop: the next time the window is active they may be.
 void frmSwitchboard::showHome() {
-    if (!isLoaded())
+    if (!isLoaded() || !m_isDatabaseOpen)
         return;
     try {
         m_home->showState(readHome());
@@ -210,7 +219,7 @@ void frmSwitchboard::showHome() {
 
 bool frmSwitchboard::event(QEvent* event) {
     const bool handled = Screen::event(event);
-    if (event->type() == QEvent::WindowActivate && m_activatedBefore)
+    if (event->type() == QEvent::WindowActivate && m_isDatabaseOpen)
         m_home->askAfterPaint();
     return handled;
 }
@@ -218,22 +227,21 @@ bool frmSwitchboard::event(QEvent* event) {
 void frmSwitchboard::Form_Activate() {
     // The date may have changed while another form was in front.
     m_home->showDay(QLocale().toString(Today().date, QLocale::LongFormat));
-    if (m_activatedBefore)
+    // The window becomes active again while a choice or a message at the start comes and goes.
+    if (std::exchange(m_activatedBefore, true))
         return;
     openDatabase();
-    m_activatedBefore = true;
-    reportFailedBackup();
 }
 
 void frmSwitchboard::openDatabase() {
-    try {
-        openDatabaseUpToDate();
-    } catch (const RunTimeError& error) {
-        ErrorHandler(error, {});
-        endProgram();
+    if (!openDatabaseAtStart(this)) {
+        Unload();
+        return;
     }
     // The settings may name another one by now, for the next start.
     m_database->setText(placeOf(databaseInUse()));
+    m_isDatabaseOpen = true;
+    reportFailedBackup();
 }
 
 void frmSwitchboard::Form_Unload() {

@@ -50,7 +50,7 @@ private:
     void buildIconBar();
     void layOut();
     void showHome();
-    /// Ends the program when the connection fails: without one no screen can work.
+    /// Unloads the window, or ends the program, when there is no connection: without one no screen can work.
     void openDatabase();
     /// Shows the screen that is registered for the key, or closes the window for "mnuExit".
     void choose(const QString& key);
@@ -60,8 +60,8 @@ private:
     IconBar* m_iconBar = nullptr;
     HomePage* m_home = nullptr;
     QLabel* m_database = nullptr;
-    /// The window's only state: the first activation has run.
-    bool m_activatedBefore = false;
+    bool m_activatedBefore = false; ///< The database was opened, or a choice at the start is under way.
+    bool m_isDatabaseOpen = false;
 };
 
 } // namespace tarnwell

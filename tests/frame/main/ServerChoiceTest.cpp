@@ -1,3 +1,4 @@
+#include "frame/main/DatabaseStart.h"
 #include "frame/main/frmOptions.h"
 #include "runtime/DataEnvironment.h"
 #include "runtime/StartUp.h"
@@ -184,6 +185,22 @@ TEST_F(ServerChoice, ATestSaysWhatTheDatabaseHoldsAndSavesNothing) {
         EXPECT_EQ(screen.focusedName(), "cmdTest");
         theForm<frmOptions>().Unload();
     }
+}
+
+TEST_F(ServerChoice, AFirstStartMayBeginWithACatalog) {
+    ReadSettings(home.filePath("Tarnwell"));
+    MessageScript messages{Answer::Ok};
+    whenShown([](const ScreenDriver& form) {
+        form.click("optChoice(5)");
+        form.retype("txtServer", folder + ':' + port);
+        form.retype("txtCatalog", ours);
+        form.press(Qt::Key_E, Qt::AltModifier);
+        form.press(Qt::Key_S, Qt::AltModifier);
+    });
+    EXPECT_TRUE(openDatabaseAtStart(nullptr));
+    EXPECT_TRUE(messages.shown().front().text.startsWith("Tarnwell database found."));
+    EXPECT_EQ(readDatabaseSettings().catalog, ours);
+    DataEnvironment::close();
 }
 
 TEST_F(ServerChoice, ATestOfASilentServerCanBeLeft) {

@@ -36,9 +36,12 @@ QString freeName(const QString& file) {
     return name;
 }
 
-/// Where the settings say, while that folder is there; else where this program keeps its own.
+/// Where the settings say, while that folder is there; else where this program keeps its own. Nobody's own
+/// work takes the place of the sample.
 QString placeOfDatabase() {
     const QString file = databaseInUse().file;
+    if (file == programFolders().sample)
+        return programFolders().database;
     const bool hasFolder = !file.isEmpty() && QFileInfo(QFileInfo(pathOnDisk(file)).path()).isDir();
     return hasFolder ? file : programFolders().database;
 }
@@ -76,8 +79,14 @@ private:
     bool m_stays = false;
 };
 
-void restore(const QString& backup) {
-    const QString target = pathOnDisk(placeOfDatabase());
+/// What the settings name is to be replaced; another file of that name is somebody's work.
+QString placeToRestore() {
+    const QString place = placeOfDatabase();
+    return place == databaseInUse().file ? place : freeName(place);
+}
+
+void restore(const QString& backup, const QString& place) {
+    const QString target = pathOnDisk(place);
     makeOwnFolder(target);
     if (!isThere(target)) {
         backupDatabase(backup, target, false);
@@ -88,9 +97,10 @@ void restore(const QString& backup) {
     unreadable.keep();
 }
 
-void makeDatabase(const StartSelection& selection) {
+/// `place`: where the settings will say.
+void makeDatabase(const StartSelection& selection, const QString& place) {
     if (selection.choice == StartChoice::Restore)
-        restore(selection.file);
+        restore(selection.file, place);
     if (selection.choice != StartChoice::Empty && selection.choice != StartChoice::Sample)
         return;
     makeOwnFolder(selection.file);
@@ -160,7 +170,7 @@ DatabaseSettings settingsFor(const StartSelection& selection) {
         settings.server = selection.server;
         settings.catalog = selection.catalog;
     } else {
-        settings.file = selection.choice == StartChoice::Restore ? placeOfDatabase() : selection.file;
+        settings.file = selection.choice == StartChoice::Restore ? placeToRestore() : selection.file;
     }
     return settings;
 }
@@ -169,7 +179,7 @@ void carryOut(const StartSelection& selection) {
     if (selection.choice == StartChoice::Retry)
         return;
     const DatabaseSettings settings = settingsFor(selection);
-    makeDatabase(selection);
+    makeDatabase(selection, settings.file);
     try {
         writeDatabaseSettings(settings);
     } catch (const RunTimeError&) {

@@ -201,11 +201,14 @@ void frmFirstStart::optChoice_Click() {
 }
 
 void frmFirstStart::browse() {
-    const bool isBackup = shownSelection().choice == StartChoice::Restore;
-    if (const auto chosen = chooseFile(this, {.title = isBackup ? QStringLiteral("Select Backup")
-                                                                : QStringLiteral("Select Program Database"),
+    const StartChoice choice = shownSelection().choice;
+    const bool isMade = choice == StartChoice::Empty || choice == StartChoice::Sample;
+    if (const auto chosen = chooseFile(this, {.title = choice == StartChoice::Restore
+                                                           ? QStringLiteral("Select Backup")
+                                                           : QStringLiteral("Select Program Database"),
                                               .filter = QStringLiteral("*.mdb"),
-                                              .start = txtFile->text()}))
+                                              .start = txtFile->text(),
+                                              .wanted = isMade ? FileWanted::New : FileWanted::Existing}))
         txtFile->setText(*chosen);
 }
 

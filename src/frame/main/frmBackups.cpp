@@ -12,6 +12,7 @@
 #include "runtime/EventGuard.h"
 #include "runtime/MsgBox.h"
 #include "runtime/RunTime.h"
+#include "runtime/UpToDateDatabase.h"
 #include "runtime/modErrorRoutines.h"
 #include "runtime/modGlobalVariables.h"
 
@@ -83,7 +84,7 @@ bool closeForms(const Screen& stays) {
 /// As at the start of the program: without a database no screen can work.
 void connectAgain() {
     try {
-        static_cast<void>(DataEnvironment::cnnConnection());
+        openDatabaseUpToDate(); // The backup may be an earlier version's.
     } catch (const RunTimeError& error) {
         ErrorHandler(error, {});
         endProgram();

@@ -47,6 +47,8 @@ ChangeWatch::ChangeWatch(QObject* parent) : QObject(parent) {
 }
 
 void ChangeWatch::look() {
+    if (!DataEnvironment::isOpen()) // Whoever closed it, as a restore does, must find it closed.
+        return;
     const std::vector<Screen*> screens = reachableScreens();
     const auto begin = std::chrono::steady_clock::now();
     try {

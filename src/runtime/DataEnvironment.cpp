@@ -48,6 +48,10 @@ void DataEnvironment::setWaitWatcher(WaitWatcher* watcher) {
         shared()->setWaitWatcher(watcher);
 }
 
+bool DataEnvironment::isOpen() {
+    return shared() != nullptr;
+}
+
 bool DataEnvironment::wasOpened() {
     return openedOnce();
 }

@@ -12,6 +12,8 @@ public:
     /// Who is asked while a write of the connection waits for another user (see `Connection`), also of those
     /// opened later.
     static void setWaitWatcher(WaitWatcher* watcher);
+    /// False before the first reference and after `close`.
+    [[nodiscard]] static bool isOpen();
     /// Whether the connection was ever opened: the program had a database to work on.
     [[nodiscard]] static bool wasOpened();
     /// Closes the connection; the next reference opens it again. An error is written to standard error.

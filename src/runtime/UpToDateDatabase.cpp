@@ -17,11 +17,12 @@ namespace tarnwell {
 namespace {
 
 /// A file that does not exist: "before-version-2-2026-11-25.mdb", with a number behind it where need be.
-/// Raises what `requireBackupFolder` raises.
+/// Makes the folder where it can, unless it was chosen.
 QString backupBeforeUpgrade() {
     const BackupPlace place = backupPlace();
-    requireBackupFolder(place);
     const QDir folder(place.folder);
+    if (!place.isChosen)
+        (void)folder.mkpath(QStringLiteral("."));
     const QString name =
         QStringLiteral("before-version-%1-%2")
             .arg(QString::number(schema::currentVersion), Today().date.toString(Qt::ISODate));

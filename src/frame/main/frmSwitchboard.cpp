@@ -119,11 +119,12 @@ QString workstationsText(std::optional<int> workstations) {
                : QStringLiteral("Open at %1 workstations, this one among them.").arg(*workstations);
 }
 
-/// A backup gets its name only when it was found sound.
-QString backupText() {
+/// "Last backup: 11/25/26 17:43"; empty where there is none. Every backup was checked when it was made.
+QString lastBackupText() {
     const std::optional<QDateTime> made = lastBackupTime();
-    return made ? QStringLiteral("Last backup, checked: %1.")
-                      .arg(QLocale().toString(*made, QLocale::ShortFormat))
+    return made ? QStringLiteral("Last backup: %1 %2")
+                      .arg(Format(DateTime{made->date()}, QStringLiteral("mm/dd/yy")),
+                           made->time().toString(QStringLiteral("HH:mm")))
                 : QString();
 }
 
@@ -131,7 +132,7 @@ HomeState readHome() {
     HomeState state{.steps = readFirstSteps(connection()),
                     .figures = {},
                     .workstations = workstationsText(workstations(connection())),
-                    .backup = backupText()};
+                    .backup = lastBackupText()};
     if (state.steps.empty())
         state.figures = readHomeFigures(connection(), Today(), rememberedJobs());
     return state;
@@ -229,8 +230,11 @@ void frmSwitchboard::Form_Activate() {
     // The date may have changed while another form was in front.
     m_home->showDay(QLocale().toString(Today().date, QLocale::LongFormat));
     // The window becomes active again while a choice or a message at the start comes and goes.
-    if (std::exchange(m_activatedBefore, true))
+    if (std::exchange(m_activatedBefore, true)) {
+        if (m_isDatabaseOpen)
+            m_database->setText(placeOf(databaseInUse())); // Another one may have been made and chosen.
         return;
+    }
     openDatabase();
 }
 

@@ -15,6 +15,15 @@ constexpr std::array mainWindow{
     Step{Do::Picture, "frmSwitchboard"},
 };
 
+constexpr std::array backups{
+    Step{Do::Click, "lnkBackups"},
+    Step{Do::See, "frmBackups"},
+    Step{Do::Press, "Alt+U"},
+    Step{Do::Show, "lblWork", "1 backup"},
+    Step{Do::Picture, "frmBackups"},
+    Step{Do::Press, "Esc"},
+};
+
 constexpr std::array timeCard{
     Step{Do::Press, "Alt+C"},
     Step{Do::See, "frmPayroll"},
@@ -187,8 +196,9 @@ void takeAll(Driver& driver) {
 } // namespace
 
 std::span<const Chapter> pictureChapters() {
-    static constexpr std::array<Chapter, 9> all{{
+    static constexpr std::array<Chapter, 10> all{{
         {"Main window", takeAll<mainWindow>},
+        {"Backups", takeAll<backups>},
         {"Time card", takeAll<timeCard>},
         {"Employees", takeAll<employees>},
         {"Master codes", takeAll<masterCodes>},

@@ -1,5 +1,6 @@
 #include "look/ProgramStyle.h"
 
+#include "look/Contrast.h"
 #include "look/Icons.h"
 #include "look/PaletteSwap.h"
 #include "look/Theme.h"
@@ -73,7 +74,7 @@ ProgramStyle::ProgramStyle() : m_isPlain(baseStyle()->name() == QStringLiteral("
 /// swallows them. It is handed the window's colour of which that shade is the outline.
 QPalette ProgramStyle::outlined(const QStyleOption& option) const {
     constexpr int shade = 140; // In percent, as the style darkens.
-    if (!isDark(option.palette.color(QPalette::Window)))
+    if (!isDark(option.palette.color(QPalette::Window)) && !isHighContrast(option.palette))
         return option.palette;
     const bool isQuiet = !option.state.testFlag(State_Enabled) || option.state.testFlag(State_ReadOnly);
     QPalette palette = option.palette;

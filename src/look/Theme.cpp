@@ -46,6 +46,8 @@ QColor markColor(const QPalette& palette) {
 
 QColor outlineColor(const QPalette& palette, bool isQuiet) {
     constexpr double usual = 0.45, quiet = 0.2;
+    if (isHighContrast(palette))
+        isQuiet = false; // What is disabled shows by its text.
     return mixed(palette.color(QPalette::Active, QPalette::Window),
                  palette.color(QPalette::Active, QPalette::WindowText), isQuiet ? quiet : usual);
 }

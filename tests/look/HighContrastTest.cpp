@@ -40,7 +40,7 @@ TEST(HighContrast, IsADesktopOfOneColourAndTextThatStandsOff) {
 }
 
 TEST(HighContrast, WhatIsFaintElsewhereCanBeRead) {
-    constexpr double readable = 4.5, seen = 1.7;
+    constexpr double readable = 4.5, outline = 3, seen = 1.7;
     for (const Desktop& desktop : desktops) {
         SCOPED_TRACE(desktop.name);
         const QPalette palette = desktop.palette();
@@ -48,6 +48,8 @@ TEST(HighContrast, WhatIsFaintElsewhereCanBeRead) {
             EXPECT_GE(contrastOf(palette.color(QPalette::Disabled, role), desktop.base), readable) << role;
         for (const auto role : {QPalette::PlaceholderText, QPalette::Link})
             EXPECT_GE(contrastOf(palette.color(role), desktop.base), readable) << role;
+        for (const bool isQuiet : {false, true})
+            EXPECT_GE(contrastOf(outlineColor(palette, isQuiet), desktop.base), outline) << isQuiet;
         // A selection in a window that is not in front.
         const QColor quiet = palette.color(QPalette::Inactive, QPalette::Highlight);
         EXPECT_GE(contrastOf(quiet, desktop.base), seen);

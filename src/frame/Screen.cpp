@@ -8,9 +8,9 @@
 #include "data/RunTimeError.h"
 #include "frame/ActiveControl.h"
 #include "frame/StatusBar.h"
+#include "look/PlaceBeside.h"
 #include "look/Theme.h"
 #include "look/WindowOwner.h"
-#include "look/WindowPlace.h"
 #include "runtime/EventGuard.h"
 
 #include <QApplication>

@@ -1,10 +1,10 @@
 #include "frame/MessagePresenter.h"
 #include "frame/modFormRoutines.h"
 #include "look/Icons.h"
+#include "look/PlaceBeside.h"
 #include "look/ProgramStyle.h"
 #include "look/SharedPalettes.h"
 #include "look/Theme.h"
-#include "look/WindowPlace.h"
 #include "support/ScreenDriver.h"
 
 #include <QApplication>

@@ -2,7 +2,7 @@
 
 #include "frame/help/HelpBrowser.h"
 #include "look/Icons.h"
-#include "look/WindowPlace.h"
+#include "look/PlaceBeside.h"
 #include "runtime/EventGuard.h"
 #include "runtime/MsgBox.h"
 

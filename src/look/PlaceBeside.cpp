@@ -1,4 +1,4 @@
-#include "look/WindowPlace.h"
+#include "look/PlaceBeside.h"
 
 #include <algorithm>
 

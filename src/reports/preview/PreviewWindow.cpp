@@ -62,6 +62,7 @@ PreviewWindow::PreviewWindow(const PreviewDocument& pages, const QString& title,
     m_findBar->hide();
     setCentralWidget(middle);
     m_paper->setObjectName(QStringLiteral("lblPaper"));
+    statusBar()->setAccessibleName(QStringLiteral("Status"));
     statusBar()->addPermanentWidget(m_paper);
     buildTools();
     connectView();

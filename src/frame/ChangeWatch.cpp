@@ -4,6 +4,7 @@
 #include "frame/Forms.h"
 #include "frame/Screen.h"
 #include "runtime/DataEnvironment.h"
+#include "runtime/EventGuard.h"
 
 #include <QApplication>
 #include <QEvent>
@@ -37,11 +38,11 @@ std::vector<Screen*> reachableScreens() {
 
 ChangeWatch::ChangeWatch(QObject* parent) : QObject(parent) {
     m_sinceInput.start();
-    connect(&m_timer, &QTimer::timeout, this, [this] {
+    connect(&m_timer, &QTimer::timeout, this, guarded([this] {
         if (m_sinceInput.hasExpired(rest.count()) && QApplication::activePopupWidget() == nullptr &&
             QApplication::mouseButtons() == Qt::NoButton)
             look();
-    });
+    }));
     m_timer.start(interval);
     qApp->installEventFilter(this);
 }

@@ -1,5 +1,7 @@
 #include "frame/WaitNotice.h"
 
+#include "runtime/EventGuard.h"
+
 #include <QApplication>
 #include <QMessageBox>
 #include <QPushButton>
@@ -36,7 +38,7 @@ void WaitNotice::show() {
         QStringLiteral("Another user is writing at this moment. What you did goes on as soon as he "
                        "is done."));
     m_box->addButton(QMessageBox::Cancel)->setText(QStringLiteral("Cancel"));
-    QObject::connect(m_box, &QMessageBox::finished, m_box, [this] { m_cancelled = true; });
+    QObject::connect(m_box, &QMessageBox::finished, m_box, guarded([this] { m_cancelled = true; }));
     m_box->setModal(true);
     m_box->show();
 }

@@ -53,7 +53,7 @@ struct BuilderCounts : BuilderScreen {
 };
 
 TEST_F(BuilderCounts, OfTheDialogs) {
-    EXPECT_EQ(servedStatements(data.db, [this] { open(); }), 13) << "opening the builders screen";
+    EXPECT_EQ(servedStatements(data.db, [this] { open(); }), 15) << "opening the builders screen";
     openBuilder();
     expectServed(data.db, {{"finding a builder", [this] { driver->clickToolbar("Find"); }, 0}});
     driver->focus("jgTasks");
@@ -69,7 +69,7 @@ struct JobDialogCounts : JobScreen {
 };
 
 TEST_F(JobDialogCounts, OfTheDialogs) {
-    EXPECT_EQ(servedStatements(data.db, [this] { open(); }), 14) << "opening the jobs screen";
+    EXPECT_EQ(servedStatements(data.db, [this] { open(); }), 16) << "opening the jobs screen";
     expectServed(data.db, {{"a new job", [this] { driver->clickToolbar("Add"); }, 2}});
     openJob();
     expectServed(data.db, {{"finding a job", [this] { driver->clickToolbar("Find"); }, 0}});
@@ -92,7 +92,7 @@ TEST_F(OtherCounts, OfTheOtherScreens) {
     const auto opening = [this]<class Form>(Form& form) {
         return servedStatements(data.db, [&] { ScreenDriver shown(form); });
     };
-    EXPECT_EQ(opening(theForm<frmMasterCodes>()), 8) << "master codes";
+    EXPECT_EQ(opening(theForm<frmMasterCodes>()), 10) << "master codes";
     EXPECT_EQ(opening(theForm<frmMasterTasks>()), 5) << "master tasks";
     EXPECT_EQ(opening(theForm<frmEmployee>()), 2) << "employees";
     EXPECT_EQ(opening(theForm<frmReportParameters>()), 8) << "reports";

@@ -19,11 +19,11 @@ OdbcSession::OdbcSession(const ServerDialect& dialect, QString connectionString,
                          std::chrono::milliseconds busyTimeout)
     : m_server(dialect), m_connectionString(std::move(connectionString)),
       m_settings(dialect.settings(busyTimeout)) {
-    connect();
+    requireConnection();
 }
 
 /// Does nothing on a live connection.
-void OdbcSession::connect() {
+void OdbcSession::requireConnection() {
     requireTransactionWhole();
     if (m_connection != nullptr)
         return;
@@ -37,7 +37,7 @@ void OdbcSession::connect() {
 
 bool OdbcSession::connectsAgain() noexcept {
     try {
-        connect();
+        requireConnection();
         return true;
     } catch (const RunTimeError&) { // that the connection was lost is reported in its place
         return false;
@@ -47,7 +47,7 @@ bool OdbcSession::connectsAgain() noexcept {
 /// `repeatable`: the call may be made twice, as far as what it sends is concerned.
 template <class Call>
 auto OdbcSession::onLiveConnection(bool repeatable, Call call) -> decltype(call()) {
-    connect();
+    requireConnection();
     for (bool mayRepeat = repeatable && hasWrittenNothing();; mayRepeat = false) {
         const auto begin = std::chrono::steady_clock::now();
         try {
@@ -134,7 +134,7 @@ void OdbcSession::noteEndedTransaction() noexcept {
 }
 
 void OdbcSession::begin(OdbcConnection::Sees sees) {
-    connect();
+    requireConnection();
     m_connection->begin(sees);
     m_sees = sees;
     m_inTransaction = true;

@@ -43,7 +43,7 @@ public:
     void end() noexcept;
 
 private:
-    void connect();
+    void requireConnection();
     [[nodiscard]] bool connectsAgain() noexcept;
     [[nodiscard]] OdbcLease prepared(const QByteArray& sql);
     void renew(OdbcLease& statement);

@@ -60,12 +60,14 @@ TEST_F(GridTest, RowsOfNothingHaveNoNewRowLineAndSayWhatToDo) {
     grid->setEmptyHint([] { return QStringLiteral("Choose a lot."); });
     grid->setHasOwner(false);
     open("1=0");
+    grid->bind(&rows);
     EXPECT_EQ(grid->Row(), -1);
     EXPECT_EQ(grid->model()->rowCount(), 0);
     const QImage image = grid->viewport()->grab().toImage();
     EXPECT_EQ(image.pixelColor(2, 2), grid->palette().color(QPalette::Disabled, QPalette::Base));
     grid->setHasOwner(true);
     open("1=0");
+    grid->bind(&rows);
     EXPECT_EQ(grid->Row(), 1);
 }
 

@@ -1,5 +1,6 @@
 #include "DatabaseTool.h"
 #include "OldDatabase.h"
+#include "runtime/BackupSettings.h"
 #include "runtime/DataEnvironment.h"
 #include "runtime/DatabaseTrial.h"
 #include "runtime/RunTime.h"
@@ -45,9 +46,10 @@ TEST_F(OlderAndNewer, AStartSavesAnOlderOneBringsItUpToDateAndSaysSoOnce) {
     gReportDataPath = old.file("Report.mdb");
     EXPECT_TRUE(tryDatabase(gConnectionString).text.contains("An earlier version of Tarnwell made it:"));
     const QString rows = allRows(gConnectionString);
-    const QString backup =
-        old.file("backups/before-version-2-") + Today().date.toString(Qt::ISODate) + ".mdb";
-    ASSERT_TRUE(QDir().mkpath(old.file("backups")));
+    const QString folder = backupPlace().folder;
+    const QString backup = folder + "/before-version-2-" + Today().date.toString(Qt::ISODate) + ".mdb";
+    QDir(folder).removeRecursively();
+    ASSERT_TRUE(QDir().mkpath(folder));
     QFile earlier(backup);
     ASSERT_TRUE(earlier.open(QIODevice::WriteOnly));
     MessageScript messages{Answer::Ok};

@@ -23,15 +23,17 @@ namespace tarnwell::test {
 
 namespace {
 
-QAccessibleInterface& read(QWidget& control) {
-    installAccessibleControls();
-    return *QAccessible::queryAccessibleInterface(&control);
-}
+/// The toolkit keeps what it made for a control before.
+struct AccessibleControls : ::testing::Test {
+    AccessibleControls() { installAccessibleControls(); }
+    static QAccessibleInterface& read(QWidget& control) {
+        return *QAccessible::queryAccessibleInterface(&control);
+    }
+};
 
 } // namespace
 
-TEST(AccessibleControls, AComboIsKnownByItsLabelAndSaysItsText) {
-    installAccessibleControls(); // The toolkit keeps what it made for a control before.
+TEST_F(AccessibleControls, AComboIsKnownByItsLabelAndSaysItsText) {
     QWidget window;
     auto* column = new QVBoxLayout(&window);
     auto* combo = new Combo;
@@ -60,7 +62,7 @@ TEST(AccessibleControls, AComboIsKnownByItsLabelAndSaysItsText) {
     EXPECT_FALSE(combo->view()->isVisible());
 }
 
-TEST(AccessibleControls, AToolButtonIsPressedWithoutKeepingItsCallerWaiting) {
+TEST_F(AccessibleControls, AToolButtonIsPressedWithoutKeepingItsCallerWaiting) {
     QToolButton button;
     button.setText("&Find");
     setTipKeys(button, QKeySequence("Ctrl+F"));
@@ -75,7 +77,7 @@ TEST(AccessibleControls, AToolButtonIsPressedWithoutKeepingItsCallerWaiting) {
     EXPECT_TRUE(waitFor([&] { return pressed; }));
 }
 
-TEST(AccessibleControls, ADateSaysWhatToDoAndItsArrowsTurnIt) {
+TEST_F(AccessibleControls, ADateSaysWhatToDoAndItsArrowsTurnIt) {
     DateBox date(DateBox::Arrows::Beside);
     date.setToolTip("Enter completed date of job");
     EXPECT_EQ(read(*date.focusProxy()).text(QAccessible::Description), "Enter completed date of job");

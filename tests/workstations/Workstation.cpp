@@ -27,7 +27,6 @@ public:
     explicit Workstation(const WorkOrder& order)
         : m_name(order.name), m_left(order.actions), m_random(order.seed), m_journal(order.journal) {
         m_connection.setConnectionString(order.connectionString);
-        m_connection.Open();
         if (!m_journal.open(QIODevice::WriteOnly | QIODevice::Append))
             throw std::runtime_error("the journal can't be written");
     }
@@ -150,7 +149,7 @@ private:
 
     void applyGroup() {
         const Value lot = anyLot();
-        if (tasksOf(lot) > mostTasksOfLot)
+        if (lot == firstLot() || tasksOf(lot) > mostTasksOfLot)
             return;
         Recordset rows;
         rows.Open(optionGroupTasks, m_connection, CursorType::Static, LockType::Optimistic);
@@ -159,11 +158,13 @@ private:
         applyOptionGroup(m_connection, rows, "Deck", lot);
     }
 
+    /// The first lot has no options. Others are not copied: a copy takes a parent apart whose options do not
+    /// follow it by name, as they don't where two stations filled a lot from the plan at once.
     void copyALot() {
         if (firstValue(m_connection, "SELECT COUNT(*) FROM JobLot")->toLong() > mostLots)
             return;
         Recordset lot;
-        lot.Open("SELECT * FROM JobLot WHERE JobLotKey=" + anyLot().toText(), m_connection);
+        lot.Open("SELECT * FROM JobLot WHERE JobLotKey=" + firstLot().toText(), m_connection);
         const LotToCopy source{lot["JobLotKey"], lot["JobKey"],  lot["LotBlock"],
                                lot["PlanName"],  lot["Address"], lot["ContractorPlanKey"]};
         lookAtIt();
@@ -182,9 +183,12 @@ private:
     }
 
     void deleteLot() {
+        const Value chosen = anyLot();
+        if (chosen == firstLot())
+            return;
         Recordset lot;
-        lot.Open("SELECT * FROM JobLot WHERE JobLotKey=" + anyLot().toText(), m_connection,
-                 CursorType::Keyset, LockType::Optimistic);
+        lot.Open("SELECT * FROM JobLot WHERE JobLotKey=" + chosen.toText(), m_connection, CursorType::Keyset,
+                 LockType::Optimistic);
         lookAtIt();
         lot.Delete();
     }
@@ -206,6 +210,7 @@ private:
     qint64 recentPayment() {
         return anyOf("SELECT JobTaskEmployee FROM JobTaskEmployee ORDER BY JobTaskEmployee DESC", 6).toLong();
     }
+    Value firstLot() { return anyOf("SELECT JobLotKey FROM JobLot ORDER BY JobLotKey", 1); }
     Value anyLot() { return anyOf("SELECT JobLotKey FROM JobLot"); }
     qint64 anyEmployee() { return anyOf("SELECT EmployeeKey FROM Employee").toLong(); }
     QString newNote() { return m_name + '-' + QString::number(m_left); }

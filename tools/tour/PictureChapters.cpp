@@ -16,12 +16,8 @@ constexpr std::array mainWindow{
 };
 
 constexpr std::array backups{
-    Step{Do::Click, "lnkBackups"},
-    Step{Do::See, "frmBackups"},
-    Step{Do::Press, "Alt+U"},
-    Step{Do::Show, "lblWork", "1 backup"},
-    Step{Do::Picture, "frmBackups"},
-    Step{Do::Press, "Esc"},
+    Step{Do::Click, "lnkBackups"},         Step{Do::See, "frmBackups"},     Step{Do::Press, "Alt+U"},
+    Step{Do::Show, "lblWork", "1 backup"}, Step{Do::Picture, "frmBackups"}, Step{Do::Press, "Esc"},
 };
 
 constexpr std::array timeCard{

@@ -28,9 +28,9 @@ struct CopyResult {
 /// The source is read in one state, also while others write. Rows keep their keys, and new keys of the target
 /// lie behind all that the source ever gave out. Every row is read back and compared before the one
 /// transaction of the target ends: on any failure, and after a kill, the target is as it was. Raises what the
-/// engines raise, with the row's table and key in front where a row was refused, NotAllowed for a target of an
-/// earlier version, and DatabaseFailure for a row that did not arrive as it is. Memory does not grow with the
-/// number of rows.
+/// engines raise, with the row's table and key in front where a row was refused, NotAllowed for a target of
+/// an earlier version, and DatabaseFailure for a row that did not arrive as it is. Memory does not grow with
+/// the number of rows.
 [[nodiscard]] CopyResult copyDatabase(
     Connection& source, Connection& target,
     const std::function<void(const CopyProgress&)>& progress = [](const CopyProgress&) {});

@@ -4,15 +4,21 @@
 
 namespace tarnwell {
 
-KeyBatch::KeyBatch(const Recordset& rows, const QString& keyColumn, int size)
-    : m_rows(rows), m_keyColumn(rows.FieldIndex(keyColumn)), m_size(size) {}
+namespace {
+
+constexpr int rowsOfBatch = 100;
+
+} // namespace
+
+KeyBatch::KeyBatch(const Recordset& rows, const QString& keyColumn)
+    : m_rows(rows), m_keyColumn(rows.FieldIndex(keyColumn)) {}
 
 bool KeyBatch::beginsBatch() {
     const int row = m_rows.AbsolutePosition();
     if (row < m_end)
         return false;
     m_begin = row;
-    m_end = row + m_size;
+    m_end = row + rowsOfBatch;
     return true;
 }
 

@@ -10,13 +10,13 @@
 
 namespace tarnwell {
 
-/// The keys of a report's next rows, so that what belongs to these rows is read for many of them at once.
+/// The keys of a report's next rows, so that what belongs to these rows is read for many of them at once. A
+/// batch is large enough to cost few statements and small enough that neither the first page nor Cancel waits
+/// for it.
 class KeyBatch {
 public:
-    /// `rows` must outlive the batch; `keyColumn` is the name of one of its columns. `size` is the number of
-    /// rows: enough to cost few statements, and so few, by what belongs to each, that neither the first page
-    /// nor Cancel waits for a batch.
-    KeyBatch(const Recordset& rows, const QString& keyColumn, int size);
+    /// `rows` must outlive the batch; `keyColumn` is the name of one of its columns.
+    KeyBatch(const Recordset& rows, const QString& keyColumn);
 
     /// Whether the current row is beyond the batch; the next batch then begins with the current row.
     [[nodiscard]] bool beginsBatch();
@@ -26,7 +26,6 @@ public:
 private:
     const Recordset& m_rows;
     int m_keyColumn;
-    int m_size;
     int m_begin = 0; // row numbers from 1; the end is the first row after the batch
     int m_end = 0;
 };

@@ -2,14 +2,8 @@
 
 namespace tarnwell {
 
-namespace {
-
-constexpr int lotsOfBatch = 100; // with some dozens of tasks each, and their payments
-
-} // namespace
-
 LotBudgetTasks::LotBudgetTasks(Connection& connection, const Recordset& lots, bool withPayments)
-    : m_connection(connection), m_batch(lots, "JobLotKey", lotsOfBatch), m_withPayments(withPayments) {}
+    : m_connection(connection), m_batch(lots, "JobLotKey"), m_withPayments(withPayments) {}
 
 void LotBudgetTasks::prepare() {
     if (!m_batch.beginsBatch())

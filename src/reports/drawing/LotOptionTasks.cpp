@@ -2,14 +2,8 @@
 
 namespace tarnwell {
 
-namespace {
-
-constexpr int parentsOfBatch = 500; // with a few options each
-
-} // namespace
-
 LotOptionTasks::LotOptionTasks(Connection& connection, const Recordset& parents)
-    : m_connection(connection), m_batch(parents, "JobLotTaskKey", parentsOfBatch) {}
+    : m_connection(connection), m_batch(parents, "JobLotTaskKey") {}
 
 void LotOptionTasks::prepare() {
     if (!m_batch.beginsBatch())

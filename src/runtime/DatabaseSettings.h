@@ -32,7 +32,7 @@ struct DatabaseSettings {
 /// program. They are stored together: when the store can't be written, all the old ones stay, and DiskFull or
 /// FileAccess is raised. Where the stored settings were damaged or removed meanwhile, the folders in use are
 /// stored too. What was entered by hand in "ConnectionMisc" stays while PostgreSQL stays; any other choice
-/// writes it anew.
+/// writes it again.
 void writeDatabaseSettings(const DatabaseSettings& settings);
 /// The same, but it returns silently when the store can't be written.
 void saveDatabaseSettings(const DatabaseSettings& settings);

@@ -64,7 +64,7 @@ def described(node):
 
 
 class Screens(unittest.TestCase):
-    """Each test starts the program anew on one sample."""
+    """Each test starts the program again on one sample."""
 
     @classmethod
     def setUpClass(cls):

@@ -31,4 +31,9 @@ window() {
     xdotool search --onlyvisible --name "$1" windowactivate
 }
 
+# Until no such window is left: what is typed next is for another one.
+window_closed() {
+    wait_until "closed window \"$1\"" sh -c '! xdotool search --onlyvisible --name "$1" >/dev/null 2>&1' - "$1"
+}
+
 keys() { xdotool key --clearmodifiers --delay 60 "$@"; }

@@ -68,6 +68,7 @@ ended_with() {
 begin_with_sample() {
     window '^Tarnwell$'
     keys alt+l Return
+    window_closed '^Tarnwell$'
 }
 
 end_program() {

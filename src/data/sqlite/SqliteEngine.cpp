@@ -186,12 +186,15 @@ int SqliteEngine::waitsOn(void* engine, int calls) {
     constexpr auto longestSleep = static_cast<int>(Wait::betweenQuestions.count());
     SqliteEngine& self = *static_cast<SqliteEngine*>(engine);
     if (calls == 0)
+        self.m_wait.reset();
+    if (!self.m_wait)
         self.m_wait.emplace(self.m_mayAsk ? self.waitWatcher() : nullptr);
-    if (self.m_wait->waited() >= self.m_busyTimeout)
+    Wait& wait = *self.m_wait;
+    if (wait.waited() >= self.m_busyTimeout)
         return 0;
     QThread::msleep(static_cast<unsigned long>(std::min(calls + 1, longestSleep)));
     self.m_askingWatch = true;
-    const bool goesOn = self.m_wait->goesOn();
+    const bool goesOn = wait.goesOn();
     self.m_askingWatch = false;
     self.m_gaveUp = !goesOn || !self.m_open;
     return self.m_gaveUp ? 0 : 1;

@@ -1,10 +1,9 @@
-#include "runtime/ExitBackup.h"
-
 #include "data/backup/BackupFiles.h"
 #include "data/file/DatabaseFigures.h"
 #include "data/file/DatabaseFile.h"
 #include "runtime/BackupSettings.h"
 #include "runtime/DataEnvironment.h"
+#include "runtime/ExitBackupFixture.h"
 #include "runtime/RunTime.h"
 #include "runtime/modGlobalVariables.h"
 #include "runtime/modRegistry.h"
@@ -20,42 +19,6 @@
 
 namespace tarnwell::test {
 namespace {
-
-/// A program that works on a database, and whose backups come into a chosen folder.
-class ExitBackup : public testing::Test {
-protected:
-    ExitBackup() {
-        setSettingsFile(database.folder() + "/settings.json");
-        gRegistryKey = "Software\\Brenmoor\\Tarnwell";
-        gProgramFolder = database.folder() + '/';
-        gConnectionString = database.connectionString();
-        EXPECT_TRUE(QDir().mkpath(folder));
-        saveBackupFolder(folder);
-        setClock([this] { return DateTime{today, QTime(18, 0)}; });
-        (void)DataEnvironment::cnnConnection();
-        DataEnvironment::close();
-    }
-    ~ExitBackup() override {
-        setClock({});
-        setSettingsFile({});
-        gProgramFolder.clear();
-        gConnectionString.clear();
-    }
-
-    [[nodiscard]] QStringList backups() const {
-        return QDir(folder).entryList(QDir::Files | QDir::NoDotAndDotDot, QDir::Name);
-    }
-    /// What the next start shows.
-    QString report() {
-        MessageScript script{Answer::Ok};
-        reportFailedBackup();
-        return script.shown().empty() ? QString() : script.shown().front().text;
-    }
-
-    TemporaryDatabase database;
-    QString folder = database.folder() + "/chosen";
-    QDate today{2026, 11, 25};
-};
 
 TEST_F(ExitBackup, TheFirstEndOfADayMakesOneAndRemovesOldOnes) {
     for (int day = 0; day < 3; ++day) {
@@ -107,28 +70,6 @@ TEST_F(ExitBackup, AFolderThatIsNotThereIsReportedOnceAndNeverMade) {
     backUpAtExit();
     EXPECT_EQ(report(), "") << "it succeeded in the end";
     EXPECT_EQ(backups().size(), 1);
-}
-
-TEST_F(ExitBackup, DamagedDataAreReportedAndLeaveNoBackup) {
-    if (!testServer().isEmpty())
-        GTEST_SKIP() << "about files";
-    database.connection().Close();
-    QFile file(database.path());
-    ASSERT_TRUE(file.open(QIODevice::ReadWrite) && file.seek(file.size() / 2));
-    file.write(QByteArray(static_cast<int>(file.size() / 2), '#'));
-    file.close();
-    backUpAtExit();
-    EXPECT_TRUE(backups().isEmpty());
-    EXPECT_TRUE(report().contains("damaged")) << report().toStdString();
-}
-
-TEST_F(ExitBackup, TheUsualFolderIsBesideTheDatabaseAndIsMade) {
-    if (!testServer().isEmpty())
-        GTEST_SKIP() << "a catalog's is in the user's data folder";
-    saveBackupFolder({});
-    EXPECT_EQ(backupPlace().folder, database.folder() + "/backups");
-    backUpAtExit();
-    EXPECT_TRUE(QFile::exists(database.folder() + "/backups/daily-Tarnwell-2026-11-25.mdb"));
 }
 
 } // namespace
